@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/agent.h"
+#include "platform/clipboard.h"
+#include "platform/combo_box.h"
+#include "platform/command_button.h"
+#include "platform/elastic_frame.h"
+#include "platform/file_system.h"
+#include "platform/form.h"
+#include "platform/list_box.h"
+#include "platform/menu.h"
+#include "platform/message_box.h"
+#include "platform/rebar_window.h"
+#include "platform/registry.h"
+#include "platform/rich_text_box.h"
+#include "platform/settings_store.h"
+#include "platform/status_bar.h"
+#include "platform/text_box.h"
+#include "platform/timer.h"
+#include "platform/tree_view.h"
+#include "platform/web_browser.h"
+#include "platform/windows.h"
+
+namespace corvane {
+
+/// Indexes of the desktop's own colours, as its colour query numbers them.
+enum SystemColor : int { kColorButtonFace = 15, kColorButtonText = 18 };
+
+/// All that the product needs of a desktop: it makes windows and controls and
+/// holds the services. Everything runs on the user-interface thread.
+class Desktop {
+ public:
+  virtual ~Desktop() = default;
+
+  virtual std::unique_ptr<Form> CreateForm(const std::string& name) = 0;
+  virtual std::unique_ptr<Menu> CreateMenu() = 0;
+  virtual std::unique_ptr<ElasticFrame> CreateElasticFrame(const std::string& name) = 0;
+  virtual std::unique_ptr<ComboBox> CreateComboBox(const std::string& name, ComboBox::Style style) = 0;
+  virtual std::unique_ptr<CommandButton> CreateCommandButton(const std::string& name) = 0;
+  virtual std::unique_ptr<StatusBar> CreateStatusBar(const std::string& name) = 0;
+  virtual std::unique_ptr<RichTextBox> CreateRichTextBox(const std::string& name) = 0;
+  virtual std::unique_ptr<ListBox> CreateListBox(const std::string& name) = 0;
+  virtual std::unique_ptr<TextBox> CreateTextBox(const std::string& name) = 0;
+  virtual std::unique_ptr<TreeView> CreateTreeView(const std::string& name) = 0;
+  virtual std::unique_ptr<WebBrowser> CreateWebBrowser(const std::string& name) = 0;
+  virtual std::unique_ptr<Timer> CreateTimer() = 0;
+  /// Makes the strip inside `parent`; empty when it cannot be made.
+  virtual std::unique_ptr<RebarWindow> CreateRebarWindow(ElasticFrame& parent, std::uint32_t style,
+                                                         int width, int height) = 0;
+  virtual std::unique_ptr<Agent> CreateAgent() = 0;
+  virtual std::unique_ptr<ActivationHook> CreateActivationHook() = 0;
+
+  virtual Windows& GetWindows() = 0;
+  virtual MessageBox& GetMessageBox() = 0;
+  virtual SettingsStore& GetSettings() = 0;
+  virtual Registry& GetRegistry() = 0;
+  virtual FileSystem& GetFileSystem() = 0;
+  virtual Clipboard& GetClipboard() = 0;
+
+  /// Lets events that are already waiting run, then returns. Handlers may
+  /// re-enter the caller. May pass when it was called a moment ago.
+  virtual void DoEvents() = 0;
+  /// Twips that one pixel measures.
+  virtual float TwipsPerPixel() const = 0;
+  virtual std::uint32_t SysColor(SystemColor index) const = 0;
+  /// Seconds on a clock that only runs forward.
+  virtual double Now() const = 0;
+  /// Whether an automation client, not a person, started the process.
+  virtual bool StartedByAutomation() const = 0;
+};
+
+}  // namespace corvane

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/event.h"
+
+namespace corvane {
+
+/// What an element's event brings along about the caret, counted in characters.
+struct ElementCaret {
+  int selection_length = 0;  ///< characters selected in the focused field
+  int text_after = 0;        ///< characters from the caret to the field's end
+};
+
+/// One element of a page, filled from the page record. Texts are UTF-8. The
+/// values are those at the time of the record or of the element's last event.
+class HTMLElement {
+ public:
+  /// The class name that the element reports of itself, such as
+  /// "HTMLAnchorElement", "HTMLInputElement" or "HTMLButtonElement".
+  std::string type_name;
+  std::string innerText;
+  std::string href;   ///< absolute address; empty where there is none
+  std::string name;
+  std::string type;   ///< "text", "checkbox", "select-one", "textarea" ...
+  std::string value;
+  bool status = false;  ///< a check box or radio button is checked
+  int selectedIndex = -1;
+  std::vector<std::string> options;  ///< the texts of a select's options
+  std::string text_before_begin;     ///< page text just before the start tag
+  std::string text_after_end;        ///< page text just after the end tag
+  ElementCaret caret;
+
+  Event<> onfocus;
+  Event<> onkeyup;
+  Event<> onchange;
+};
+
+using HTMLElementPtr = std::shared_ptr<HTMLElement>;
+
+struct HTMLForm {
+  std::vector<HTMLElementPtr> elements;
+};
+
+/// A loaded page, or a frame's page, as it was when its record was made.
+class HTMLDocument {
+ public:
+  std::string Title;
+  std::string nameProp;  ///< the page's name for people; often the title
+  std::string location;  ///< the page's own address
+  /// Whether the page has a body; without one there is no innerText to read.
+  bool has_body = false;
+  std::string body_innerText;
+  std::vector<HTMLElementPtr> links;  ///< every anchor and area with an address, in order
+  std::vector<HTMLElementPtr> anchors;  ///< every named anchor
+  std::vector<HTMLForm> forms;
+  std::vector<std::shared_ptr<HTMLDocument>> frames;
+};
+
+using HTMLDocumentPtr = std::shared_ptr<HTMLDocument>;
+
+}  // namespace corvane

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "base/event.h"
+
+namespace corvane {
+
+/// A repeating timer of the user-interface thread. Created disabled.
+class Timer {
+ public:
+  virtual ~Timer() = default;
+  virtual int Interval() const = 0;
+  /// Milliseconds between ticks; takes effect at the next start.
+  virtual void SetInterval(int milliseconds) = 0;
+  virtual bool Enabled() const = 0;
+  /// Enabling an enabled timer changes nothing: its next tick comes when it
+  /// would have come.
+  virtual void SetEnabled(bool enabled) = 0;
+
+  Event<> Tick;
+};
+
+}  // namespace corvane

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+
+#include "platform/control.h"
+#include "platform/html_document.h"
+
+namespace corvane {
+
+/// The control that renders pages. One navigation raises, in this order,
+/// DownloadBegin, any number of StatusTextChange, DownloadComplete. A failed
+/// load ends in a readable page of the program's own that is read like any
+/// other; a page process that crashes or hangs does too, and Refresh then loads
+/// the page again.
+class WebBrowser : public Control {
+ public:
+  /// Command identifiers and options of ExecWB.
+  enum Command : int { OLECMDID_SAVEAS = 4, OLECMDID_PRINT = 6 };
+  enum CommandOption : int { OLECMDEXECOPT_PROMPTUSER = 1, OLECMDEXECOPT_DONTPROMPTUSER = 2 };
+
+  /// Goes to what a person typed: an address with or without scheme, a host with
+  /// or without port, a file's path. Nothing usable leads to an error page.
+  virtual void Navigate2(const std::string& url) = 0;
+  /// GoBack and GoForward do nothing where there is no such page.
+  virtual void GoBack() = 0;
+  virtual void GoForward() = 0;
+  /// Goes to the start page of the engine's options.
+  virtual void GoHome() = 0;
+  virtual void Stop() = 0;
+  virtual void Refresh() = 0;
+  virtual void ExecWB(Command command, CommandOption option) = 0;
+
+  /// The address of the present page; empty before the first.
+  virtual std::string LocationURL() const = 0;
+  /// The page's title or, without one, its address.
+  virtual std::string LocationName() const = 0;
+  /// True from a navigation's start until its page record has arrived: whoever
+  /// sees false has a complete Document.
+  virtual bool Busy() const = 0;
+  /// The present page's document; empty before the first page.
+  virtual HTMLDocumentPtr Document() const = 0;
+
+  Event<> DownloadBegin;
+  Event<> DownloadComplete;
+  /// What a status bar shows: the link under pointer or focus, loading, whether
+  /// the connection is secure.
+  Event<const std::string&> StatusTextChange;
+};
+
+}  // namespace corvane

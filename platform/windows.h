@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "base/event.h"
+#include "platform/control.h"
+
+namespace corvane {
+
+/// The registry of this process's windows, hidden ones too, in place of a
+/// desktop-wide window enumeration. A handle that is gone answers with empty
+/// values.
+class Windows {
+ public:
+  virtual ~Windows() = default;
+
+  /// The first top-level window of the program on the current thread, or 0.
+  virtual WindowHandle FirstThreadWindow() const = 0;
+  /// The id of the process that owns the window.
+  virtual std::uint32_t ProcessId(WindowHandle window) const = 0;
+  /// A top-level window with exactly this caption, or 0.
+  virtual WindowHandle FindWindow(const std::string& caption) const = 0;
+  virtual std::string Text(WindowHandle window) const = 0;
+  virtual std::string ClassName(WindowHandle window) const = 0;
+  virtual WindowHandle FirstChild(WindowHandle window) const = 0;
+  virtual WindowHandle NextSibling(WindowHandle window) const = 0;
+  /// Moves a child window into another window.
+  virtual void SetParent(WindowHandle child, WindowHandle parent) = 0;
+  /// Asks the window to close, after the present event has been handled.
+  virtual void PostClose(WindowHandle window) = 0;
+
+  /// Style bits of a window and their change.
+  virtual std::uint32_t Style(WindowHandle window) const = 0;
+  virtual void SetStyle(WindowHandle window, std::uint32_t style) = 0;
+  /// The window's height in pixels; 0 for a handle that is gone.
+  virtual int PixelHeight(WindowHandle window) const = 0;
+  /// Stops (true) and resumes (false) the window's repainting.
+  virtual void LockUpdate(WindowHandle window, bool locked) = 0;
+};
+
+/// Tells of top-level windows of this program that become active, before they
+/// take the first key. The program's own kind of system hook: it never sees
+/// another program's windows.
+class ActivationHook {
+ public:
+  virtual ~ActivationHook() = default;
+  virtual void SetEnabled(bool enabled) = 0;
+  virtual bool Enabled() const = 0;
+
+  Event<WindowHandle> Activated;
+};
+
+}  // namespace corvane
