@@ -1,8 +1,11 @@
 #pragma once
 
+#include <gtkmm/enums.h>
 #include <gtkmm/widget.h>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/control.h"
@@ -13,26 +16,42 @@ namespace corvane::desktop {
 /// Twips in a pixel: 1440 to the inch, 96 pixels to the inch.
 inline constexpr float kTwipsPerPixel = 15.0F;
 
+/// The nearest whole number of pixels.
+int PixelsOf(float twips);
+
+class WidgetBinding;
+
 /// Whatever can be put into a frame: the GTK side of every control.
 class WidgetHolder {
  public:
   virtual ~WidgetHolder() = default;
   /// The outermost widget, for packing.
   virtual Gtk::Widget& widget() = 0;
+  /// What ties the widget to the control: the sizes it was given, its handle.
+  virtual WidgetBinding& binding() = 0;
 };
 
 /// The widget of a control that this desktop made.
 Gtk::Widget& WidgetOf(Control& control);
 
+/// The holder of a control that this desktop made.
+WidgetHolder& HolderOf(Control& control);
+
 /// Ties a widget to a control's events and to the window table: focus, key down
 /// (before the widget acts), key up and key press, with virtual-key codes. One
 /// per control; disconnects when it goes.
+///
+/// A key goes to the widget only when the handlers of KeyDown and KeyPress leave
+/// its code, the focus and the control as they are: a handler that moves the
+/// focus has used the key. A code changed to another one becomes that key.
 class WidgetBinding {
  public:
   /// `outer` is what is packed and sized, `focus` takes focus and keys (often
-  /// the same). Names the outer widget after the control.
+  /// the same). Names the outer widget after the control. `text` answers for the
+  /// control's text in the window table.
   WidgetBinding(Control& control, Gtk::Widget& outer, Gtk::Widget& focus, const std::string& name,
-                const std::string& class_name, WindowTable& windows);
+                const std::string& class_name, WindowTable& windows,
+                std::function<std::string()> text = {});
   ~WidgetBinding();
   WidgetBinding(const WidgetBinding&) = delete;
   WidgetBinding& operator=(const WidgetBinding&) = delete;
@@ -49,9 +68,17 @@ class WidgetBinding {
   void SetHeight(float twips);
   void SetAccessibleName(const std::string& name);
 
+  /// The size that SetWidth or SetHeight asked for, in pixels, if ever.
+  std::optional<int> Wish(Gtk::Orientation orientation) const;
+  /// The size that the layout is about to give, so that Width and Height answer
+  /// it before the widget has it.
+  void TakeSize(Gtk::Orientation orientation, int pixels);
+  /// SetWidth (horizontal) or SetHeight was called, with so many pixels.
+  Event<Gtk::Orientation, int> Wished;
+
  private:
   struct State;
-  std::unique_ptr<State> state_;
+  std::shared_ptr<State> state_;
 };
 
 /// Implements the Control part of a port over a WidgetBinding. A derived class
@@ -70,11 +97,14 @@ class WidgetControl : public Port, public WidgetHolder {
   float Height() const override { return binding_->Height(); }
   void SetHeight(float twips) override { binding_->SetHeight(twips); }
   void SetAccessibleName(const std::string& name) override { binding_->SetAccessibleName(name); }
+  WidgetBinding& binding() override { return *binding_; }
 
  protected:
   void Bind(Gtk::Widget& outer, Gtk::Widget& focus, const std::string& name,
-            const std::string& class_name, WindowTable& windows) {
-    binding_ = std::make_unique<WidgetBinding>(*this, outer, focus, name, class_name, windows);
+            const std::string& class_name, WindowTable& windows,
+            std::function<std::string()> text = {}) {
+    binding_ = std::make_unique<WidgetBinding>(*this, outer, focus, name, class_name, windows,
+                                               std::move(text));
   }
 
  private:

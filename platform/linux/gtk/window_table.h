@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "platform/windows.h"
@@ -23,11 +25,27 @@ class WindowTable : public Windows {
     std::function<std::string()> text;
     std::function<void()> close;
     Gtk::Widget* widget = nullptr;
+    /// A control: no top-level window, not even while it has no parent.
+    bool child = false;
+    /// Takes a child's widget into this window's own widget. Without it a child
+    /// that SetParent moves here is entered as a child but not shown.
+    std::function<void(Gtk::Widget&)> accept;
   };
 
-  /// Enters a window; children are ordered by entry. Never returns 0.
+  WindowTable();
+  ~WindowTable() override;
+  WindowTable(const WindowTable&) = delete;
+  WindowTable& operator=(const WindowTable&) = delete;
+
+  /// Enters a window; children are ordered by when they joined their parent.
+  /// Never returns 0.
   WindowHandle Add(Entry entry);
+  /// The window is gone; its children stay, without a parent.
   void Remove(WindowHandle window);
+  /// Enters a child under a parent without moving its widget: for containers
+  /// that have placed the widget themselves.
+  void Place(WindowHandle child, WindowHandle parent);
+  WindowHandle Parent(WindowHandle window) const;
   Gtk::Widget* WidgetOf(WindowHandle window) const;
 
   WindowHandle FirstThreadWindow() const override;
@@ -52,9 +70,16 @@ class WindowTable : public Windows {
   struct Window {
     Entry entry;
     std::uint32_t style = 0;
+    std::uint64_t joined = 0;  ///< rises with every change of parent
+    std::shared_ptr<void> frozen;
   };
+  const Window* Find(WindowHandle window) const;
+  WindowHandle FirstChildAfter(WindowHandle parent, std::uint64_t joined) const;
+
   std::map<WindowHandle, Window> windows_;  // handles rise: order of entry
   WindowHandle last_ = 0;
+  std::uint64_t joins_ = 0;
+  std::shared_ptr<WindowTable*> self_;  // lets a posted request see that the table is gone
 };
 
 }  // namespace corvane::desktop

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <functional>
+
+namespace corvane::desktop {
+
+/// Runs `action` once from the main loop, after the present event has been
+/// handled and before anything is drawn or another key is taken.
+void PostToLoop(std::function<void()> action);
+
+}  // namespace corvane::desktop

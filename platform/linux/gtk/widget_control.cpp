@@ -1,0 +1,177 @@
+#include "platform/linux/gtk/widget_control.h"
+
+#include <atkmm/object.h>
+#include <gtkmm/menushell.h>
+#include <gtkmm/window.h>
+
+#include <cmath>
+#include <utility>
+
+#include "base/error.h"
+#include "platform/linux/gtk/text.h"
+#include "platform/linux/gtk/virtual_key.h"
+
+namespace corvane::desktop {
+
+int PixelsOf(float twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
+
+WidgetHolder& HolderOf(Control& control) {
+  auto* holder = dynamic_cast<WidgetHolder*>(&control);
+  if (!holder) throw RunTimeError(kErrTypeMismatch, "", "Not a control of this desktop");
+  return *holder;
+}
+
+Gtk::Widget& WidgetOf(Control& control) { return HolderOf(control).widget(); }
+
+struct WidgetBinding::State {
+  Control* control = nullptr;  // null once the binding is gone
+  Gtk::Widget& outer;
+  Gtk::Widget& focus;
+  WindowTable& windows;
+  WindowHandle handle = 0;
+  struct Size {
+    float twips = 0;  // as asked for or given, whichever came last
+    std::optional<int> wish;
+  } width, height;
+  bool menu_took_focus = false;
+  std::vector<sigc::connection> signals;
+
+  State(Control& owner, Gtk::Widget& outside, Gtk::Widget& inside, WindowTable& table)
+      : control(&owner), outer(outside), focus(inside), windows(table) {}
+
+  Size& Of(Gtk::Orientation orientation) {
+    return orientation == Gtk::ORIENTATION_HORIZONTAL ? width : height;
+  }
+  static void Take(Size& size, int pixels) {
+    if (PixelsOf(size.twips) != pixels) size.twips = static_cast<float>(pixels) * kTwipsPerPixel;
+  }
+  Gtk::Widget* Focused() const {
+    auto* top = dynamic_cast<Gtk::Window*>(focus.get_toplevel());
+    return top ? top->get_focus() : nullptr;
+  }
+  void FocusChanged();
+  bool KeyDown(GdkEventKey* event);
+  bool KeyUp(GdkEventKey* event);
+};
+
+// A menu takes the focus for as long as it is open; its return is no news.
+void WidgetBinding::State::FocusChanged() {
+  if (!focus.has_focus()) {
+    auto* grab = gtk_grab_get_current();
+    menu_took_focus = grab && GTK_IS_MENU_SHELL(grab);
+    return;
+  }
+  if (!std::exchange(menu_took_focus, false)) control->GotFocus.Raise();
+}
+
+bool WidgetBinding::State::KeyDown(GdkEventKey* event) {
+  const auto* before = Focused();
+  KeyEvent key{VirtualKey(*event), ShiftState(event->state)};
+  const int code = key.KeyCode;
+  control->KeyDown.Raise(key);
+  if (!control || (code != 0 && key.KeyCode == 0) || Focused() != before) return true;
+  if (key.KeyCode != code) {
+    if (const guint other = KeyvalOf(key.KeyCode)) event->keyval = other;
+  }
+  int character = CharacterCode(*event);
+  if (character == 0) return false;
+  const int typed = character;
+  control->KeyPress.Raise(character);
+  if (!control || character == 0 || Focused() != before) return true;
+  if (character != typed) event->keyval = gdk_unicode_to_keyval(static_cast<guint32>(character));
+  return false;
+}
+
+bool WidgetBinding::State::KeyUp(GdkEventKey* event) {
+  KeyEvent key{VirtualKey(*event), ShiftState(event->state)};
+  const int code = key.KeyCode;
+  control->KeyUp.Raise(key);
+  return !control || (code != 0 && key.KeyCode == 0);
+}
+
+WidgetBinding::WidgetBinding(Control& control, Gtk::Widget& outer, Gtk::Widget& focus,
+                             const std::string& name, const std::string& class_name,
+                             WindowTable& windows, std::function<std::string()> text)
+    : state_(std::make_shared<State>(control, outer, focus, windows)) {
+  WindowTable::Entry entry;
+  entry.class_name = class_name;
+  entry.text = std::move(text);
+  entry.widget = &outer;
+  entry.child = true;
+  state_->handle = windows.Add(std::move(entry));
+
+  outer.set_name(name);
+  outer.show();
+  focus.add_events(Gdk::KEY_PRESS_MASK | Gdk::KEY_RELEASE_MASK | Gdk::FOCUS_CHANGE_MASK);
+  // Each handler holds the state: its own control may be destroyed from inside it.
+  auto& signals = state_->signals;
+  const std::weak_ptr<State> weak = state_;
+  signals.push_back(focus.property_has_focus().signal_changed().connect([weak] {
+    if (auto state = weak.lock(); state && state->control) state->FocusChanged();
+  }));
+  signals.push_back(focus.signal_key_press_event().connect(
+      [weak](GdkEventKey* event) {
+        auto state = weak.lock();
+        return state && state->control && state->KeyDown(event);
+      },
+      false));
+  signals.push_back(focus.signal_key_release_event().connect(
+      [weak](GdkEventKey* event) {
+        auto state = weak.lock();
+        return state && state->control && state->KeyUp(event);
+      },
+      false));
+  signals.push_back(outer.signal_size_allocate().connect([weak](const Gtk::Allocation& place) {
+    if (auto state = weak.lock()) {
+      State::Take(state->width, place.get_width());
+      State::Take(state->height, place.get_height());
+    }
+  }));
+}
+
+// The widgets may be gone already: they belong to the derived control.
+WidgetBinding::~WidgetBinding() {
+  state_->control = nullptr;
+  for (auto& signal : state_->signals) signal.disconnect();
+  state_->windows.Remove(state_->handle);
+}
+
+WindowHandle WidgetBinding::hwnd() const { return state_->handle; }
+
+void WidgetBinding::SetFocus() { state_->focus.grab_focus(); }
+
+bool WidgetBinding::Visible() const { return state_->outer.get_visible(); }
+
+void WidgetBinding::SetVisible(bool visible) { state_->outer.set_visible(visible); }
+
+bool WidgetBinding::Enabled() const { return state_->outer.get_sensitive(); }
+
+void WidgetBinding::SetEnabled(bool enabled) { state_->outer.set_sensitive(enabled); }
+
+float WidgetBinding::Width() const { return state_->width.twips; }
+
+float WidgetBinding::Height() const { return state_->height.twips; }
+
+void WidgetBinding::SetWidth(float twips) {
+  state_->width = {twips, std::max(0, PixelsOf(twips))};
+  Wished.Raise(Gtk::ORIENTATION_HORIZONTAL, *state_->width.wish);
+}
+
+void WidgetBinding::SetHeight(float twips) {
+  state_->height = {twips, std::max(0, PixelsOf(twips))};
+  Wished.Raise(Gtk::ORIENTATION_VERTICAL, *state_->height.wish);
+}
+
+void WidgetBinding::SetAccessibleName(const std::string& name) {
+  state_->focus.get_accessible()->set_name(Valid(name));
+}
+
+std::optional<int> WidgetBinding::Wish(Gtk::Orientation orientation) const {
+  return state_->Of(orientation).wish;
+}
+
+void WidgetBinding::TakeSize(Gtk::Orientation orientation, int pixels) {
+  State::Take(state_->Of(orientation), pixels);
+}
+
+}  // namespace corvane::desktop
