@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "app/Multithread.h"
+
+namespace corvane {
+
+/// The automation class: opens one browser window, closes it and makes it
+/// speak. Letting go of it leaves its window open.
+class Application {
+ public:
+  explicit Application(Multithread& process) : process_(process) {}
+
+  /// Opens a window that shares the given speech service.
+  void StartBrowser(const std::shared_ptr<MainApp>& service);
+  /// Unloads the window; without one, and the second time, does nothing.
+  void KillBrowser();
+  /// Speaks through the window's service.
+  void Say(const std::string& Text, const bool& blnInterrupt);
+
+ private:
+  Multithread& process_;
+  std::shared_ptr<frmCorvane> window_;
+};
+
+}  // namespace corvane

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <memory>
+
+#include "controls/MenuArray.h"
+#include "platform/desktop.h"
+
+namespace corvane {
+
+/// Indexes of menu items that code refers to.
+enum FileItem : int { kFileNewWindow, kFileOpenWebSite, kFileOpen, kFileSaveAs, kFilePrint = 5, kFileExit = 7 };
+enum SettingsItem : int {
+  kSettingsEngine = 0,
+  kSettingsSideBar = 2,
+  kSettingsTextHistory,
+  kSettingsHome,
+  kSettingsFocus,
+  kSettingsStatusFeedback = 7,
+};
+enum SpeechItem : int { kSpeechEnable = 0, kSpeechKeyEcho = 1, kSpeechRate = 3, kSpeechPitch = 4 };
+
+/// The menu bar of a browser window: its arrays with their captions, in the
+/// order in which the items count. No behaviour.
+class MainMenu {
+ public:
+  explicit MainMenu(Desktop& desktop);
+
+  Menu& Bar() { return *bar_; }
+
+ private:
+  std::unique_ptr<Menu> bar_;
+
+ public:
+  MenuArray mnuFile;  ///< the titles of the bar
+  MenuArray mnuFileItem;
+  MenuArray mnuEdit;
+  MenuArray mnuGo;
+  MenuArray mnuSettings;
+  MenuArray mnuSideBarContent;
+  MenuArray mnuTextHistory;
+  MenuArray mnuHome;
+  MenuArray mnuFocus;
+  MenuArray mnuView;
+  MenuArray mnuSpeech;
+  MenuArray mnuRate;
+  MenuArray mnuPitch;
+  MenuArray mnuHelp;
+};
+
+}  // namespace corvane

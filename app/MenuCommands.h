@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "app/MainMenu.h"
+#include "browser/ctlWebBrowser.h"
+
+namespace corvane {
+
+class MainApp;
+
+/// What the menu bar's commands do. They forward to the browser pane and drive
+/// the speech service; the check marks are the state.
+class MenuCommands {
+ public:
+  /// What the commands need of their window.
+  class Host {
+   public:
+    virtual ~Host() = default;
+    virtual std::shared_ptr<corvane::MainApp> MainApp() const = 0;
+    /// Stores one of the window's own settings.
+    virtual void SaveSetting(const std::string& key, const std::string& value) = 0;
+    virtual void Unload() = 0;
+  };
+
+  MenuCommands(MainMenu& menu, ctlWebBrowser& pane, Host& host);
+
+  void mnuFileItem_Click(int index);
+  void mnuSettings_Click(int index);
+  void mnuSideBarContent_Click(int index);
+  void mnuTextHistory_Click(int index);
+  void mnuHome_Click(int index);
+  void mnuFocus_Click(int index);
+  void mnuSpeech_Click(int index);
+  void mnuRate_Click(int index);
+  void mnuPitch_Click(int index);
+
+ private:
+  void DisableWhatIsMissing();
+  /// Inverts an item's check mark, stores it under `key` and returns it.
+  bool Toggle(MenuItem& item, const std::string& key);
+  bool SpeechEnabled() const { return menu_.mnuSpeech(kSpeechEnable).Checked(); }
+
+  MainMenu& menu_;
+  ctlWebBrowser& pane_;
+  Host& host_;
+  Connections connections_;
+};
+
+}  // namespace corvane

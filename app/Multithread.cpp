@@ -1,0 +1,61 @@
+#include "app/Multithread.h"
+
+#include <algorithm>
+
+#include "app/frmCorvane.h"
+#include "base/handling.h"
+#include "speech/MainApp.h"
+
+namespace corvane {
+namespace {
+
+constexpr const char* kMarkerCaption = "ApartmentProcessWindow";
+constexpr int kErrStartingThread = kObjectError + 1536;
+constexpr int kErrStartedByAutomation = kObjectError + 1537;
+
+}  // namespace
+
+Multithread::Multithread(Desktop& desktop) : desktop_(desktop) {}
+
+Multithread::~Multithread() = default;
+
+void Multithread::Main() {
+  ErrorsShown(desktop_.GetMessageBox(), "Main Error: ", [&] { StartApartment(); });
+}
+
+void Multithread::StartApartment() {
+  hThreadWindow_ = desktop_.GetWindows().FirstThreadWindow();
+  if (hThreadWindow_ == 0) {
+    throw RunTimeError(kErrStartingThread, "Multithread", "Internal error starting thread");
+  }
+  lngProcessId_ = desktop_.GetWindows().ProcessId(hThreadWindow_);
+  const std::string marker = kMarkerCaption + std::to_string(lngProcessId_);
+  if (desktop_.GetWindows().FindWindow(marker) != 0) return;
+  if (desktop_.StartedByAutomation()) {
+    throw RunTimeError(kErrStartedByAutomation, "Multithread",
+                       "Application can't be started with Automation");
+  }
+  process_window_ = std::make_unique<frmProcess>(desktop_);
+  process_window_->SetCaption(marker);
+  // The service and its window hold each other; nobody else needs to.
+  MainApp::Create(
+      desktop_, [this] { return CreateWindow(); }, [this] { UnloadProcessWindow(); });
+}
+
+void Multithread::UnloadProcessWindow() { process_window_.reset(); }
+
+std::shared_ptr<frmCorvane> Multithread::CreateWindow() {
+  return std::make_shared<frmCorvane>(desktop_, *this);
+}
+
+void Multithread::Loaded(std::shared_ptr<frmCorvane> window) {
+  forms_.push_back(std::move(window));
+}
+
+void Multithread::Unloaded(const frmCorvane& window) {
+  forms_.erase(std::remove_if(forms_.begin(), forms_.end(),
+                              [&](const auto& form) { return form.get() == &window; }),
+               forms_.end());
+}
+
+}  // namespace corvane

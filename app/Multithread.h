@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/frmProcess.h"
+#include "platform/desktop.h"
+
+namespace corvane {
+
+class Application;
+class frmCorvane;
+class MainApp;
+
+/// The start-up module: the process entry, the marker window and the windows
+/// that are loaded.
+class Multithread {
+ public:
+  explicit Multithread(Desktop& desktop);
+  ~Multithread();
+  Multithread(const Multithread&) = delete;
+  Multithread& operator=(const Multithread&) = delete;
+
+  /// Runs at the start of every apartment. The first one marks the process and
+  /// creates the speech service with its window; later ones find the marker and
+  /// leave everything as it is. Shows its own errors.
+  void Main();
+  /// Takes the marker away, so that the process can end.
+  void UnloadProcessWindow();
+  /// A new browser window, hidden and without a service.
+  std::shared_ptr<frmCorvane> CreateWindow();
+
+  /// Keeps a loaded window alive until it is unloaded.
+  void Loaded(std::shared_ptr<frmCorvane> window);
+  void Unloaded(const frmCorvane& window);
+  const std::vector<std::shared_ptr<frmCorvane>>& Forms() const { return forms_; }
+
+ private:
+  void StartApartment();
+
+  Desktop& desktop_;
+  WindowHandle hThreadWindow_ = 0;
+  std::uint32_t lngProcessId_ = 0;
+  std::unique_ptr<frmProcess> process_window_;
+  std::vector<std::shared_ptr<frmCorvane>> forms_;
+};
+
+}  // namespace corvane

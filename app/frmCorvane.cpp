@@ -1,0 +1,136 @@
+#include "app/frmCorvane.h"
+
+#include "app/Multithread.h"
+#include "base/handling.h"
+#include "base/number.h"
+#include "speech/MSAgent.h"
+#include "speech/MainApp.h"
+
+namespace corvane {
+namespace {
+
+constexpr const char* kTrue = "True";
+
+}  // namespace
+
+frmCorvane::Parts::Parts(Desktop& desktop, MenuCommands::Host& host)
+    : form(desktop.CreateForm("frmCorvane")),
+      ELAMain(desktop.CreateElasticFrame("ELAMain")),
+      sbStatusBar(desktop.CreateStatusBar("sbStatusBar")),
+      menu(desktop),
+      ctlWebBrowser1(desktop),
+      commands(menu, ctlWebBrowser1, host) {
+  form->SetCaption(kApplicationTitle);
+  form->SetMenu(menu.Bar());
+  form->SetContent(*ELAMain);
+  form->SetStatusBar(*sbStatusBar);
+  ELAMain->Add(ctlWebBrowser1.Frame());
+  ctlWebBrowser1.MirrorFocusMenu(menu.mnuFocus);
+}
+
+frmCorvane::frmCorvane(Desktop& desktop, Multithread& process)
+    : desktop_(desktop), process_(process) {}
+
+frmCorvane::~frmCorvane() = default;
+
+void frmCorvane::ISpeechWindow_SetMainApp(std::shared_ptr<corvane::MainApp> service) {
+  echo_status_.Disconnect();
+  service_ = std::move(service);
+  if (!service_) return;
+  echo_status_ = service_->KeyboardEchoStatus.Connect(
+      [this](bool blnKeyboardEcho) { MainApp_KeyboardEchoStatus(blnKeyboardEcho); });
+}
+
+void frmCorvane::ISpeechWindow_Show() {
+  if (!parts_) Load();
+  parts_->form->Show();
+  parts_->ctlWebBrowser1.Show();
+}
+
+MenuItem& frmCorvane::ISpeechWindow_EnableSpeechItem() {
+  return Required(parts_).menu.mnuSpeech(kSpeechEnable);
+}
+
+corvane::Form& frmCorvane::ISpeechWindow_Window() { return *Required(parts_).form; }
+
+void frmCorvane::Load() {
+  parts_ = std::make_unique<Parts>(desktop_, *this);
+  parts_->connections += parts_->form->Unload.Connect([this] { Form_Unload(); });
+  process_.Loaded(shared_from_this());
+  Form_Load();
+}
+
+std::string frmCorvane::Setting(const std::string& key, const std::string& fallback) const {
+  return desktop_.GetSettings().GetSetting(kApplicationTitle, kSettingsSection, key, fallback);
+}
+
+void frmCorvane::SaveSetting(const std::string& key, const std::string& value) {
+  desktop_.GetSettings().SaveSetting(kApplicationTitle, kSettingsSection, key, value);
+}
+
+std::int16_t frmCorvane::PaneChoice(const std::string& key, const std::string& fallback) const {
+  return number::to_integer(
+      desktop_.GetSettings().GetSetting(kPaneApplication, kSettingsSection, key, fallback));
+}
+
+void frmCorvane::Form_Load() {
+  ErrorsShown(desktop_.GetMessageBox(), "FormLoad Error: ", [&] {
+    corvane::Form& form = *parts_->form;
+    parts_->ELAMain->SetLayout(ElasticFrame::Layout::Stack);
+    parts_->ELAMain->SetAlign(ElasticFrame::Align::Fill);
+    form.SetLeft(number::to_single(Setting("MainLeft", "500")));
+    form.SetTop(number::to_single(Setting("MainTop", "350")));
+    form.SetWidth(number::to_single(Setting("MainWidth", "8500")));
+    form.SetHeight(number::to_single(Setting("MainHeight", "6500")));
+    parts_->ctlWebBrowser1.SetStatusBar(parts_->sbStatusBar.get());
+    parts_->ctlWebBrowser1.SetSpeechNotify(this);
+    LoadSettings();
+  });
+}
+
+void frmCorvane::LoadSettings() {
+  MenuCommands& commands = parts_->commands;
+  commands.mnuSideBarContent_Click(PaneChoice("SideBar", "5"));
+  commands.mnuTextHistory_Click(PaneChoice("TextHistory", "0"));
+  commands.mnuHome_Click(PaneChoice("Home", "3"));
+  commands.mnuFocus_Click(PaneChoice("Focus", "3"));
+  if (Setting("Speech", "False") == kTrue) commands.mnuSpeech_Click(kSpeechEnable);
+  if (Setting("KeyEcho", "False") == kTrue) commands.mnuSpeech_Click(kSpeechKeyEcho);
+  commands.mnuRate_Click(number::to_integer(Setting("Rate", "2")));
+  commands.mnuPitch_Click(number::to_integer(Setting("Pitch", "2")));
+  if (Setting("StatusChange", "False") == kTrue) commands.mnuSettings_Click(kSettingsStatusFeedback);
+}
+
+void frmCorvane::ISpeechNotify_Say(const std::string& Text, const bool& blnUrgent) {
+  ErrorsIgnored([&] {
+    if (!Required(parts_).menu.mnuSpeech(kSpeechEnable).Checked()) return;
+    Required(Required(service_).gMSAgent()).Say(Text, blnUrgent);
+  });
+}
+
+void frmCorvane::MainApp_KeyboardEchoStatus(bool blnKeyboardEcho) {
+  if (parts_) parts_->menu.mnuSpeech(kSpeechKeyEcho).SetChecked(blnKeyboardEcho);
+}
+
+void frmCorvane::Unload() {
+  if (parts_) parts_->form->Close(Form::UnloadMode::Code);
+}
+
+void frmCorvane::Form_Unload() {
+  const auto alive = shared_from_this();
+  const corvane::Form& form = *parts_->form;
+  ErrorsIgnored([&] { parts_->ctlWebBrowser1.Terminate(); },
+                [&] {
+                  if (form.State() == Form::WindowState::Minimized) return;
+                  SaveSetting("MainLeft", number::from_single(form.Left()));
+                  SaveSetting("MainTop", number::from_single(form.Top()));
+                  SaveSetting("MainWidth", number::from_single(form.Width()));
+                  SaveSetting("MainHeight", number::from_single(form.Height()));
+                },
+                [&] { Required(service_).ReleaseForm(*this); },
+                [&] { ISpeechWindow_SetMainApp(nullptr); });
+  parts_.reset();
+  process_.Unloaded(*this);
+}
+
+}  // namespace corvane

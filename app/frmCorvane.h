@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "app/MainMenu.h"
+#include "app/MenuCommands.h"
+#include "browser/ctlWebBrowser.h"
+#include "platform/desktop.h"
+#include "speech/ISpeechNotify.h"
+#include "speech/ISpeechWindow.h"
+
+namespace corvane {
+
+class MainApp;
+class Multithread;
+
+/// The title under which a window's own settings are stored.
+inline constexpr const char* kApplicationTitle = "Corvane";
+
+/// The browser window: hosts the browser pane, menu bar and status bar, keeps
+/// its placement and the speech settings, and is where all speech of its
+/// components goes through.
+class frmCorvane : public ISpeechNotify,
+                   public ISpeechWindow,
+                   public MenuCommands::Host,
+                   public std::enable_shared_from_this<frmCorvane> {
+ public:
+  frmCorvane(Desktop& desktop, Multithread& process);
+  ~frmCorvane() override;
+
+  /// The shared speech service, null once the window is unloaded.
+  std::shared_ptr<corvane::MainApp> MainApp() const override { return service_; }
+  /// Closes the window; without effect when it is not loaded.
+  void Unload() override;
+  /// Replays the stored menu choices. Once, while loading: the speech items toggle.
+  void LoadSettings();
+
+  /// The window's inside, for tests. Null while it is not loaded.
+  struct Parts {
+    Parts(Desktop& desktop, MenuCommands::Host& host);
+    std::unique_ptr<corvane::Form> form;
+    std::unique_ptr<ElasticFrame> ELAMain;
+    std::unique_ptr<StatusBar> sbStatusBar;
+    MainMenu menu;
+    ctlWebBrowser ctlWebBrowser1;
+    MenuCommands commands;
+    Connections connections;
+  };
+  Parts* Inside() { return parts_.get(); }
+
+ private:
+  void ISpeechNotify_Say(const std::string& Text, const bool& blnUrgent) override;
+  void ISpeechWindow_SetMainApp(std::shared_ptr<corvane::MainApp> service) override;
+  void ISpeechWindow_Show() override;
+  MenuItem& ISpeechWindow_EnableSpeechItem() override;
+  corvane::Form& ISpeechWindow_Window() override;
+  void SaveSetting(const std::string& key, const std::string& value) override;
+
+  void Load();
+  void Form_Load();
+  void Form_Unload();
+  void MainApp_KeyboardEchoStatus(bool blnKeyboardEcho);
+  std::string Setting(const std::string& key, const std::string& fallback) const;
+  std::int16_t PaneChoice(const std::string& key, const std::string& fallback) const;
+
+  Desktop& desktop_;
+  Multithread& process_;
+  std::shared_ptr<corvane::MainApp> service_;
+  Connection echo_status_;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace corvane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+#include "base/handling.h"
+#include "controls/ctlText.h"
+#include "speech/ISpeechNotify.h"
+
+namespace corvane {
+
+inline constexpr const char* kLineBreak = "\r\n";
+
+/// How the pane speaks: through the sink that its host gave it, and into the
+/// text pane for those who read along.
+class Announcer {
+ public:
+  Announcer(MessageBox& box, ctlText& pane) : box_(box), pane_(pane) {}
+
+  void SetSpeechNotify(ISpeechNotify* sink) { sink_ = sink; }
+
+  /// Speaks; silent while there is no sink.
+  void Say(const std::string& text, bool urgent = false) {
+    ErrorsShown(box_, "Say Error: ", [&] {
+      if (sink_ != nullptr) sink_->Say(text, urgent);
+    });
+  }
+
+  /// Adds the text as a line to the text pane and speaks it.
+  void AddAndSay(const std::string& text) {
+    ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true); }, [&] { Say(text); });
+  }
+
+ private:
+  MessageBox& box_;
+  ctlText& pane_;
+  ISpeechNotify* sink_ = nullptr;
+};
+
+}  // namespace corvane

@@ -1,0 +1,49 @@
+#include "browser/HelpOutline.h"
+
+#include <algorithm>
+#include <array>
+
+namespace corvane {
+namespace {
+
+constexpr std::size_t kDepths = 5;  // 0 to 4 leading tabs
+
+std::string trimmed(const std::string& text) {
+  const auto first = text.find_first_not_of(" \t");
+  if (first == std::string::npos) return "";
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+// The deepest of the positions 4 to 1 that holds a tab tells the depth.
+std::size_t depth_of(const std::string& line) {
+  for (std::size_t position = kDepths - 1; position > 0; --position) {
+    if (line.size() >= position && line[position - 1] == '\t') return position;
+  }
+  return 0;
+}
+
+}  // namespace
+
+void HelpOutline::GetHelp(const std::string& file) {
+  ErrorsShown(pane_.desktop.GetMessageBox(), "GetHelp Error: ", [&] {
+    const FileSystem& files = pane_.desktop.GetFileSystem();
+    if (!files.Exists(file)) return;
+    const auto lines = files.ReadLines(file);
+    TreeView& tree = *pane_.controls.TreeView1;
+    tree.Clear();
+    std::array<TreeNode*, kDepths> last{};
+    for (const auto& line : lines) {
+      if (trimmed(line).empty()) continue;
+      const std::size_t depth = depth_of(line);
+      TreeNode* parent = nullptr;
+      for (std::size_t above = depth; above > 0 && parent == nullptr; --above) parent = last[above - 1];
+      const auto colon = line.find(':');
+      TreeNode& node = tree.Add(parent, trimmed(line.substr(0, colon)));
+      if (colon != std::string::npos) node.SetTag(trimmed(line.substr(colon + 1)));
+      last[depth] = &node;
+      std::fill(last.begin() + static_cast<std::ptrdiff_t>(depth) + 1, last.end(), nullptr);
+    }
+  });
+}
+
+}  // namespace corvane

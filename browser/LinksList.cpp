@@ -1,0 +1,53 @@
+#include "browser/LinksList.h"
+
+namespace corvane {
+
+LinksList::LinksList(PaneContext& pane) : pane_(pane) {
+  ComboBox& list = *pane_.controls.cmbListLinks;
+  connections_ += list.Click.Connect([this, &list] { pane_.announcer.Say(list.Text()); });
+  connections_ +=
+      list.GotFocus.Connect([this, &list] { pane_.announcer.Say(list.Text() + " Links List"); });
+  connections_ += list.KeyDown.Connect([this](KeyEvent& key) { cmbListLinks_KeyDown(key); });
+  connections_ += list.DblClick.Connect([this] { cmbListLinks_DblClick(); });
+}
+
+void LinksList::Fill(const HTMLDocument& document, const std::function<bool()>& still_wanted) {
+  ComboBox& list = *pane_.controls.cmbListLinks;
+  list.Clear();
+
+  std::string name = document.nameProp;
+  if (name.empty()) name = document.Title;
+  if (name.empty()) name = document.location;
+
+  const auto links = document.links;
+  addresses_.assign(1, document.location);
+  addresses_.reserve(links.size() + 1);
+  list.AddItem(std::to_string(links.size()) + " Links in " + name);
+  for (const auto& link : links) {
+    pane_.desktop.DoEvents();
+    if (!still_wanted()) return;
+    addresses_.push_back(link->href);
+    list.AddItem(link->innerText.empty() ? link->href : link->innerText);
+  }
+  list.SetListIndex(0);
+}
+
+void LinksList::cmbListLinks_KeyDown(const KeyEvent& key) {
+  if (key.KeyCode == kKeyReturn && (key.Shift & kShiftMask) == 0) cmbListLinks_DblClick();
+}
+
+void LinksList::cmbListLinks_DblClick() {
+  ErrorsShown(pane_.desktop.GetMessageBox(), "cmbListLinksDblClick Error: ", [&] {
+    const int index = pane_.controls.cmbListLinks->ListIndex();
+    if (index < 0 || static_cast<std::size_t>(index) >= addresses_.size()) {
+      throw RunTimeError(kErrSubscriptOutOfRange, "cmbListLinks_DblClick",
+                         "Subscript out of range");
+    }
+    const std::string address = addresses_[static_cast<std::size_t>(index)];
+    if (address.empty()) return;
+    pane_.StartReading();
+    pane_.controls.brwWebBrowser->Navigate2(address);
+  });
+}
+
+}  // namespace corvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "browser/PaneContext.h"
+
+namespace corvane {
+
+/// The page's links as one list: a header that says how many there are, then a
+/// line for each link. Choosing a line follows it.
+class LinksList {
+ public:
+  explicit LinksList(PaneContext& pane);
+
+  /// Fills the list from a document. Waiting events run before every link; when
+  /// `still_wanted` then says no, the rest is left to whoever refills the list.
+  void Fill(const HTMLDocument& document, const std::function<bool()>& still_wanted);
+  void cmbListLinks_DblClick();
+
+ private:
+  void cmbListLinks_KeyDown(const KeyEvent& key);
+
+  PaneContext& pane_;
+  std::vector<std::string> addresses_;  // parallel to the list; 0 is the page itself
+  Connections connections_;
+};
+
+}  // namespace corvane

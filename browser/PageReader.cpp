@@ -1,0 +1,113 @@
+#include "browser/PageReader.h"
+
+#include "base/number.h"
+#include "platform/button_image.h"
+
+namespace corvane {
+namespace {
+
+constexpr const char* kWorking = "Working...";
+constexpr const char* kDone = "Done";
+constexpr std::int16_t kTicksBetweenWorking = 7;
+
+}  // namespace
+
+PageReader::PageReader(PaneContext& pane, Navigation& navigation, LinksList& links,
+                       SideBar& side_bar)
+    : pane_(pane),
+      navigation_(navigation),
+      links_(links),
+      side_bar_(side_bar),
+      stopIcon_(kImageStop) {
+  connections_ += pane_.controls.timTimer->Tick.Connect([this] { timTimer_Timer(); });
+}
+
+void PageReader::timTimer_Timer() {
+  if (!firstTick_) {
+    firstTick_ = true;
+    ErrorsIgnored([&] { navigation_.StartPage(); });
+  }
+  if (pane_.controls.brwWebBrowser->Busy()) {
+    StillLoading();
+  } else {
+    ReadPage();
+  }
+}
+
+void PageReader::StillLoading() {
+  CommandButton& stop = pane_.controls.Toolbar(kStop);
+  stopIcon_ = stopIcon_ != kImageLoading ? kImageLoading : kImageStop;
+  ErrorsIgnored([&] { stop.SetPicture(stopIcon_); });
+  if (busyTicks_ >= kTicksBetweenWorking) {
+    busyTicks_ = 0;
+    pane_.announcer.AddAndSay(kWorking);
+    ErrorsIgnored([&] { pane_.status.Show(kWorking); });
+  } else {
+    busyTicks_ = number::checked_add(busyTicks_, 1);
+  }
+}
+
+// Several steps let waiting events run, and one of those may complete another
+// page and read it from its beginning. Then the rest of this reading is about a
+// page that is gone, and ends.
+void PageReader::ReadPage() {
+  const unsigned mine = ++reading_;
+  const auto current = [this, mine] { return reading_ == mine; };
+  PaneControls& c = pane_.controls;
+  WebBrowser& browser = *c.brwWebBrowser;
+  Announcer& announcer = pane_.announcer;
+  const PaneMenu& menu = pane_.menu;
+
+  c.timTimer->SetEnabled(false);
+  ErrorsIgnored([&] { c.Toolbar(kStop).SetPicture(kImageStop); },
+                [&] { pane_.state.strAddress = browser.LocationURL(); },
+                [&] { pane_.status.Show(pane_.state.strAddress); },
+                [&] { c.ctlText1.AddText(kLineBreak, true); }, [&] { announcer.AddAndSay(kDone); },
+                [&] { pane_.status.Show(browser.LocationName()); });
+  if (!current()) return;
+  const HTMLDocumentPtr document = browser.Document();
+
+  if (menu.mnuSideBarContent(kSideBarPageStructure).Checked() ||
+      menu.mnuSideBarContent(kSideBarAccessibility).Checked()) {
+    announcer.AddAndSay("Extracting Data ...");
+  }
+  announcer.AddAndSay("Extracting Forms ...");
+  announcer.AddAndSay("Extracting Links ...");
+  if (!current()) return;
+  ErrorsIgnored([&] { links_.Fill(Required(document), current); });
+  if (!current()) return;
+  announcer.AddAndSay(kDone);
+  if (!current()) return;
+  ErrorsIgnored([&] { ReadTitleAndText(Required(document)); });
+  if (current()) AutoFocus();
+}
+
+void PageReader::ReadTitleAndText(const HTMLDocument& document) {
+  ctlText& text = pane_.controls.ctlText1;
+  if (pane_.menu.mnuTextHistory(kClearWithNewPage).Checked()) text.ClearText();
+  const unsigned mine = reading_;
+  text.AddText(document.Title + kLineBreak + document.body_innerText, false);
+  if (reading_ == mine) pane_.announcer.Say(document.Title);
+}
+
+// Each item is tested by itself: one that the menu does not have fails and sets
+// no focus.
+void PageReader::AutoFocus() {
+  const auto chosen = [&](int index) {
+    bool checked = false;
+    ErrorsIgnored([&] { checked = pane_.menu.mnuFocus()(index).Checked(); });
+    return checked;
+  };
+  PaneControls& c = pane_.controls;
+  if (chosen(kFocusLinks)) {
+    c.cmbListLinks->SetFocus();
+  } else if (chosen(kFocusSideBar)) {
+    side_bar_.FocusAfterReading();
+  } else if (chosen(kFocusWebBrowser)) {
+    c.brwWebBrowser->SetFocus();
+  } else if (chosen(kFocusTextBox)) {
+    c.ctlText1.SetFocus();
+  }
+}
+
+}  // namespace corvane

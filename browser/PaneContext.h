@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "browser/Announcer.h"
+#include "browser/PaneControls.h"
+#include "browser/PaneMenu.h"
+#include "browser/StatusPanel.h"
+
+namespace corvane {
+
+/// Plain state of the pane that several of its collaborators use.
+struct PaneState {
+  std::string strAddress;            ///< the present page; saved as "StartingAddress"
+  float sngSplitter = 0.25F;         ///< side bar width / container width
+  float sngSplitterH = 0.25F;        ///< text pane height / container height
+  bool blnStatusFeedback = false;    ///< status texts are spoken
+};
+
+/// What the pane's collaborators share.
+struct PaneContext {
+  explicit PaneContext(Desktop& platform)
+      : desktop(platform),
+        controls(platform),
+        menu(platform),
+        announcer(platform.GetMessageBox(), controls.ctlText1) {}
+  PaneContext(const PaneContext&) = delete;
+  PaneContext& operator=(const PaneContext&) = delete;
+
+  Desktop& desktop;
+  PaneControls controls;
+  PaneMenu menu;
+  PaneState state;
+  StatusPanel status;
+  Announcer announcer;
+
+  /// Starts the reading cycle.
+  void StartReading() { controls.timTimer->SetEnabled(true); }
+};
+
+}  // namespace corvane

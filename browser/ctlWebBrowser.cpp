@@ -1,0 +1,67 @@
+#include "browser/ctlWebBrowser.h"
+
+#include "base/number.h"
+#include "base/text.h"
+#include "browser/EngineVersion.h"
+
+namespace corvane {
+namespace {
+
+constexpr double kLeastEngineVersion = 4.0;
+constexpr const char* kEngineMissing =
+    "Internet Explorer 4.01 or greater was not found on this machine";
+constexpr std::size_t kProfileBuffer = 128;
+
+}  // namespace
+
+ctlWebBrowser::ctlWebBrowser(Desktop& desktop)
+    : pane_(desktop),
+      settings_(pane_),
+      layout_(pane_, settings_),
+      navigation_(pane_, settings_),
+      links_(pane_),
+      side_bar_(pane_, settings_, layout_),
+      help_(pane_),
+      reader_(pane_, navigation_, links_, side_bar_) {
+  PaneMenu& menu = pane_.menu;
+  connections_ += menu.mnuTextHistory.Click.Connect([this](int i) { mnuTextHistory_Click(i); });
+  connections_ += menu.mnuHome.Click.Connect([this](int i) { mnuHome_Click(i); });
+  connections_ += menu.mnuFocus().Click.Connect([this](int i) { mnuFocus_Click(i); });
+  UserControl_Initialize();
+}
+
+void ctlWebBrowser::UserControl_Initialize() {
+  Desktop& desktop = pane_.desktop;
+  ErrorsIgnored(
+      [&] {
+        const std::string version = GetExplorerVersion(desktop.GetRegistry());
+        if (number::leading(text::left(version, 4)) < kLeastEngineVersion) {
+          desktop.GetMessageBox().Show(kEngineMissing, MessageBox::Icon::Critical);
+        }
+      },
+      [&] { pane_.controls.ELAMain->SetVisible(true); }, [&] { layout_.SetElastics(); },
+      [&] { layout_.PopulateButtons(); }, [&] { settings_.LoadSettings(); },
+      [&] { layout_.CreateRebar(); });
+}
+
+void ctlWebBrowser::Terminate() {
+  ErrorsIgnored([&] { layout_.DestroyRebar(); }, [&] { layout_.ReleaseRebar(); },
+                [&] { pane_.status.Release(); }, [&] { pane_.announcer.SetSpeechNotify(nullptr); });
+}
+
+ctlWebBrowser::~ctlWebBrowser() {
+  ErrorsIgnored([&] { settings_.Save("StartingAddress", pane_.state.strAddress); },
+                [&] { layout_.DestroyRebar(); }, [&] { layout_.ReleaseRebar(); },
+                [&] { pane_.status.Release(); });
+}
+
+// The buffer's size minus one goes to the system call, which keeps one more for
+// its own terminator.
+std::string ctlWebBrowser::VBGetPrivateProfileString(const std::string& section,
+                                                     const std::string& key,
+                                                     const std::string& file) const {
+  return pane_.desktop.GetFileSystem().GetPrivateProfileString(section, key, kProfileBuffer - 1,
+                                                               file);
+}
+
+}  // namespace corvane

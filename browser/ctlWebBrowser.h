@@ -1,0 +1,73 @@
+#pragma once
+
+#include <string>
+
+#include "browser/HelpOutline.h"
+#include "browser/LinksList.h"
+#include "browser/Navigation.h"
+#include "browser/PageReader.h"
+#include "browser/PaneContext.h"
+#include "browser/PaneLayout.h"
+#include "browser/PaneSettings.h"
+#include "browser/SideBar.h"
+
+namespace corvane {
+
+/// The browser pane: the working area of a browser window. Its host drives it
+/// through these operations; the work is done by its collaborators.
+class ctlWebBrowser {
+ public:
+  explicit ctlWebBrowser(Desktop& desktop);
+  /// Saves the start address.
+  ~ctlWebBrowser();
+  ctlWebBrowser(const ctlWebBrowser&) = delete;
+  ctlWebBrowser& operator=(const ctlWebBrowser&) = delete;
+
+  /// The frame that fills the pane, for the host's window.
+  ElasticFrame& Frame() { return *pane_.controls.ELAMain; }
+  /// The host has become visible; the first time starts the page-reading tick.
+  void Show() { layout_.UserControl_Show(); }
+  /// Takes the host's status bar, or null when it has none (any more).
+  void SetStatusBar(StatusBar* bar) { pane_.status.SetStatusBar(bar); }
+  /// The sink through which the pane speaks; null silences it.
+  void SetSpeechNotify(ISpeechNotify* sink) { pane_.announcer.SetSpeechNotify(sink); }
+  /// Lets the host's auto focus menu decide instead of the pane's own.
+  void MirrorFocusMenu(MenuArray& host) { pane_.menu.MirrorFocus(host); }
+  /// Shut-down; the host calls it before it unloads.
+  void Terminate();
+
+  void Navigate(const std::string& url) { navigation_.Navigate(url); }
+  void cmdAction(int action) { navigation_.cmdAction(action); }
+  void Edit(int action) { navigation_.Edit(action); }
+  void cmdToolbar_Click(int index) { navigation_.cmdToolbar_Click(index); }
+  void HideButtonToolBar(bool hide) { layout_.HideButtonToolBar(hide); }
+  void GetHelp(const std::string& file) { help_.GetHelp(file); }
+  void MenuToggleCheck(int index, MenuArray& menu) { settings_.MenuToggleCheck(menu, index); }
+  void mnuSideBarContent_Click(int index) { side_bar_.mnuSideBarContent_Click(index); }
+  void mnuTextHistory_Click(int index) { settings_.mnuTextHistory_Click(index); }
+  void mnuHome_Click(int index) { settings_.mnuHome_Click(index); }
+  void mnuFocus_Click(int index) { settings_.mnuFocus_Click(index); }
+
+  /// One value of an Internet shortcut or other profile file, at most 126
+  /// characters; empty when it is not there.
+  std::string VBGetPrivateProfileString(const std::string& section, const std::string& key,
+                                        const std::string& file) const;
+
+  /// The pane's inside, for tests.
+  PaneContext& Inside() { return pane_; }
+
+ private:
+  void UserControl_Initialize();
+
+  PaneContext pane_;
+  PaneSettings settings_;
+  PaneLayout layout_;
+  Navigation navigation_;
+  LinksList links_;
+  SideBar side_bar_;
+  HelpOutline help_;
+  PageReader reader_;
+  Connections connections_;
+};
+
+}  // namespace corvane

@@ -1,0 +1,116 @@
+#include "controls/ctlText.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+
+namespace corvane {
+namespace {
+
+constexpr std::size_t kPieceLength = 127;      // characters of one mirror entry
+constexpr int kListResetThreshold = 101;       // entries at which the mirror starts anew
+constexpr std::size_t kMirrorBound = 12700;    // no piece starts at or behind this position
+
+}  // namespace
+
+ctlText::ctlText(Desktop& desktop)
+    : desktop_(desktop),
+      Text1_(desktop.CreateRichTextBox("Text1")),
+      List1_(desktop.CreateListBox("List1")),
+      lngTextWindow_(Text1_->hwnd()) {
+  connections_ += Text1_->KeyPress.Connect([this](int& KeyAscii) { KeyPress.Raise(KeyAscii); });
+  connections_ += Text1_->KeyDown.Connect([this](KeyEvent& key) { KeyDown.Raise(key); });
+  connections_ += Text1_->KeyUp.Connect([this](KeyEvent& key) { KeyUp.Raise(key); });
+  connections_ += Text1_->SelChange.Connect([this] { SelChange.Raise(); });
+}
+
+void ctlText::AddText(const std::string& strText, const bool& blnMoveCur) {
+  if (strText.empty()) return;
+  int end = 0;
+  ErrorsIgnored([&] { end = Text1_->TextLength(); }, [&] { Text1_->SetSelStart(end); },
+                [&] { Text1_->SetSelText(strText); });
+  if (blnMoveCur) {
+    ErrorsIgnored([&] { Text1_->SetSelStart(Text1_->TextLength()); });
+  } else {
+    ErrorsIgnored([&] { Text1_->SetSelStart(end); }, [&] { Text1_->SetSelText(""); });
+  }
+  Mirror(strText);
+}
+
+// The loop's test is strict on purpose: the last character of a text whose
+// length is one more than a multiple of the piece length is not mirrored.
+void ctlText::Mirror(const std::string& strText) {
+  ErrorsIgnored([&] {
+    if (List1_->ListCount() >= kListResetThreshold) List1_->Clear();
+  });
+  const std::size_t length = text::length(strText);
+  std::size_t offset = 0;
+  std::size_t p = 1;
+  do {
+    const std::size_t next = text::offset_of(strText, kPieceLength, offset);
+    ErrorsIgnored([&] { List1_->AddItem(strText.substr(offset, next - offset)); },
+                  [&] { List1_->SetListIndex(List1_->ListCount() - 1); });
+    offset = next;
+    p += kPieceLength;
+    ErrorsIgnored([&] { desktop_.DoEvents(); });
+  } while (p < length && p < kMirrorBound);
+}
+
+void ctlText::ClearText() {
+  ErrorsIgnored([&] { Text1_->SetText(""); });
+}
+
+void ctlText::SaveFile(const std::string& bstrFilename,
+                       std::optional<RichTextBox::FileFormat> vFlags) {
+  ErrorsIgnored([&] {
+    const FileSystem& files = desktop_.GetFileSystem();
+    std::string path = files.ProgramFolder();
+    if (path.empty() || path.back() != files.Separator()) path += files.Separator();
+    Text1_->SaveFile(path + bstrFilename, vFlags.value_or(RichTextBox::FileFormat::Rtf));
+  });
+}
+
+int ctlText::GetLineFromChar(int IChar) const {
+  int line = 0;
+  ErrorsIgnored([&] { line = Text1_->GetLineFromChar(IChar); });
+  return line;
+}
+
+void ctlText::SetSelStrikeThru(bool on) {
+  Write(&Format::strike_thru, on);
+  PropertyChanged.Raise("SelStrikeThru");
+}
+
+void ctlText::SetSelTabCount(int count) {
+  auto tabs = Read(&Format::tabs);
+  tabs.resize(static_cast<std::size_t>(std::clamp(count, 0, 32767)));
+  Write(&Format::tabs, tabs);
+}
+
+int ctlText::SelTabs(std::int16_t Index) const {
+  const auto tabs = Read(&Format::tabs);
+  return Index >= 0 && static_cast<std::size_t>(Index) < tabs.size()
+             ? tabs[static_cast<std::size_t>(Index)]
+             : 0;
+}
+
+void ctlText::SetSelTabs(std::int16_t Index, int twips) {
+  auto tabs = Read(&Format::tabs);
+  if (Index < 0 || static_cast<std::size_t>(Index) >= tabs.size()) return;
+  tabs[static_cast<std::size_t>(Index)] = twips;
+  Write(&Format::tabs, tabs);
+}
+
+void ctlText::SetForeColor(Color color) {
+  const std::string saved = Text();
+  SetText("");
+  SetSelColor(color);
+  SetText(saved);
+}
+
+void ctlText::Resize(float width, float height) {
+  ErrorsIgnored([&] { Text1_->SetWidth(width); }, [&] { Text1_->SetHeight(height); },
+                [&] { List1_->Move(2 * width, 2 * width); });
+}
+
+}  // namespace corvane

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <memory>
+
+#include "platform/form.h"
+
+namespace corvane {
+
+class MainApp;
+
+/// A browser window as the speech service sees it.
+class ISpeechWindow {
+ public:
+  virtual ~ISpeechWindow() = default;
+  /// Gives the window the service that it shares with the others. Before Show.
+  void SetMainApp(std::shared_ptr<MainApp> service) { ISpeechWindow_SetMainApp(std::move(service)); }
+  void Show() { ISpeechWindow_Show(); }
+  /// The menu item by which the user switches speech on and off.
+  MenuItem& EnableSpeechItem() { return ISpeechWindow_EnableSpeechItem(); }
+  /// The window on the screen.
+  Form& Window() { return ISpeechWindow_Window(); }
+
+ private:
+  virtual void ISpeechWindow_SetMainApp(std::shared_ptr<MainApp> service) = 0;
+  virtual void ISpeechWindow_Show() = 0;
+  virtual MenuItem& ISpeechWindow_EnableSpeechItem() = 0;
+  virtual Form& ISpeechWindow_Window() = 0;
+};
+
+}  // namespace corvane

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/desktop.h"
+#include "speech/ISpeechWindow.h"
+
+namespace corvane {
+
+/// The agent speech form: owns the speaking character, decides when new speech
+/// cuts off old speech, and is the speaking message box in which page script
+/// messages are shown again. Destroying it unloads it: silence, hooks off.
+class MSAgent {
+ public:
+  explicit MSAgent(Desktop& desktop);
+  ~MSAgent();
+  MSAgent(const MSAgent&) = delete;
+  MSAgent& operator=(const MSAgent&) = delete;
+
+  /// Starts loading the character. While that lasts the owner's "Enable Speech"
+  /// item is disabled. Without an owner the character is loaded all the same.
+  void Load_Init(const std::shared_ptr<ISpeechWindow>& frmCV);
+  /// Rate menu index 0 to 4 gives the speed 50, 100, 150, 200, 250.
+  void SetRate(int Rate);
+  /// Pitch menu index 0 to 4 gives the pitch 50, 70, 90, 110, 130.
+  void SetPitch(int Pitch);
+  int Speed() const { return speed_; }
+  int Pitch() const { return pitch_; }
+
+  /// Speaks `Text`; dropped while the character is not ready.
+  void Say(const std::string& Text, const bool& blnUrgent);
+
+  /// Keyboard echo is on.
+  bool blnKeyboardEcho = false;
+
+ private:
+  enum RequestIndex : std::size_t { kLoad, kShow, kWelcome, kRequestCount };
+
+  void Form_Load();
+  void Form_Unload();
+  void Form_QueryUnload(bool& Cancel, Form::UnloadMode UnloadMode);
+  void Timer1_Timer();
+  void LoadLimit_Timer();
+  void Timer2_Timer();
+  void Agent1_RequestComplete(const AgentRequest& Request);
+  void WinHook2_CBTProc(WindowHandle activated);
+  void cmdOK_Click();
+  void GiveUp(const std::string& description);
+  void StopSpeak();
+
+  Desktop& desktop_;
+  std::unique_ptr<ElasticFrame> ELAMain_;
+  std::unique_ptr<TextBox> Text1_;
+  std::unique_ptr<CommandButton> cmdOK_;
+  std::unique_ptr<Timer> Timer1_;
+  std::unique_ptr<Timer> Timer2_;
+  std::unique_ptr<Timer> timLoadLimit_;
+  std::unique_ptr<ActivationHook> WinHook2_;
+  std::unique_ptr<Agent> Agent1_;
+  std::unique_ptr<Form> form_;
+  std::shared_ptr<AgentCharacter> character_;
+  std::array<AgentRequest, kRequestCount> requests_{};
+  std::weak_ptr<ISpeechWindow> owner_;
+  std::string strInterceptedMessage_;
+  int speed_ = 0;
+  int pitch_ = 0;
+  std::int16_t intProtect_ = 0;
+  Connections connections_;
+};
+
+}  // namespace corvane

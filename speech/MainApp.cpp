@@ -1,0 +1,62 @@
+#include "speech/MainApp.h"
+
+#include "base/handling.h"
+#include "base/number.h"
+#include "speech/MSAgent.h"
+
+namespace corvane {
+
+std::shared_ptr<MainApp> MainApp::Create(Desktop& desktop, const WindowMaker& make_window,
+                                         std::function<void()> terminated) {
+  auto service = std::make_shared<MainApp>(Private{}, desktop, std::move(terminated));
+  service->Class_Initialize(make_window);
+  return service;
+}
+
+MainApp::MainApp(Private, Desktop& desktop, std::function<void()> terminated)
+    : desktop_(desktop), terminated_(std::move(terminated)) {}
+
+MainApp::~MainApp() { terminated_(); }
+
+void MainApp::Class_Initialize(const WindowMaker& make_window) {
+  own_window_ = make_window();
+  own_window_->SetMainApp(shared_from_this());
+  own_window_->Show();
+}
+
+void MainApp::ReleaseForm(const ISpeechWindow& window) {
+  SpeechTerminate();
+  if (own_window_.get() == &window) own_window_.reset();
+}
+
+void MainApp::SpeechInit() {
+  ErrorsShown(desktop_.GetMessageBox(), "SpeechInit Error: ", [&] {
+    intInitCount_ = number::checked_add(intInitCount_, 1);
+    if (blnSpeechEnabled_) return;
+    blnSpeechEnabled_ = true;
+    agent_form_ = std::make_unique<MSAgent>(desktop_);
+    agent_form_->Load_Init(own_window_);
+  });
+}
+
+void MainApp::SpeechTerminate() {
+  ErrorsShown(desktop_.GetMessageBox(), "SpeechTerminate Error: ", [&] {
+    intInitCount_ = number::checked_add(intInitCount_, -1);
+    if (intInitCount_ != 0 || !blnSpeechEnabled_) return;
+    blnSpeechEnabled_ = false;
+    agent_form_.reset();
+  });
+}
+
+void MainApp::KeyBoardEcho(const bool& blnEnable) {
+  ErrorsShown(desktop_.GetMessageBox(), "KeyBoardEcho Error: ", [&] {
+    Required(agent_form_).blnKeyboardEcho = blnEnable;
+    KeyboardEchoStatus.Raise(blnEnable);
+  });
+}
+
+void MainApp::Say(const std::string& Text, const bool& blnUrgent) {
+  if (agent_form_ && blnSpeechEnabled_) agent_form_->Say(Text, blnUrgent);
+}
+
+}  // namespace corvane
