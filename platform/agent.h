@@ -20,9 +20,10 @@ class AgentCharacter {
   virtual ~AgentCharacter() = default;
   /// Shows the character on the screen, without taking the focus.
   virtual AgentRequest Show() = 0;
-  /// Speaks text (UTF-8). Tags `\Pit=n\` and `\Spd=n\` in it set pitch and speed
-  /// (words a minute) and are not spoken.
-  virtual AgentRequest Speak(const std::string& text) = 0;
+  /// Speaks text (UTF-8). Tags `\Pit=n\` and `\Spd=n\` at its start set pitch and
+  /// speed (words a minute) and are not spoken; without a number they mean the
+  /// character's own. `urgent` is only noted in the transcript of what was spoken.
+  virtual AgentRequest Speak(const std::string& text, bool urgent = false) = 0;
   /// Drops all requests to speak, the one being spoken too: silence at once.
   virtual void StopSpeak() = 0;
 };
