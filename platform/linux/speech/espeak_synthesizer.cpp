@@ -1,0 +1,91 @@
+#include "platform/linux/speech/espeak_synthesizer.h"
+
+#include <espeak-ng/speak_lib.h>
+
+#include <algorithm>
+#include <atomic>
+
+#include "base/error.h"
+#include "platform/linux/speech/speech_text.h"
+#include "platform/linux/speech/time_stretch.h"
+
+namespace corvane::desktop {
+namespace {
+
+constexpr const char* kDefaultVoice = "en";
+constexpr int kChunkMilliseconds = 20;
+
+/// Whether the library's one state is taken.
+std::atomic<bool> in_use{false};
+
+int HandOver(short* samples, int count, espeak_EVENT* events) {
+  if (samples == nullptr || count <= 0) return 0;
+  const auto& sink = *static_cast<const Synthesizer::Sink*>(events->user_data);
+  return sink({samples, static_cast<std::size_t>(count)}) ? 0 : 1;
+}
+
+/// The menu's middle (90) is the library's middle (50); one step of 20 is 20, so
+/// that the ends (10 and 90) stay natural.
+int LibraryPitch(int pitch) {
+  return std::clamp(pitch, kPitchLowest, kPitchHighest) - kPitchDefault + 50;
+}
+
+}  // namespace
+
+EspeakSynthesizer::EspeakSynthesizer() {
+  if (in_use.exchange(true)) {
+    throw RunTimeError(kErrRefused, "Speech", "The speech synthesizer is already in use.");
+  }
+  const int rate = espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, kChunkMilliseconds, nullptr,
+                                     espeakINITIALIZE_DONT_EXIT);
+  if (rate != kSampleRate) {
+    if (rate > 0) espeak_Terminate();
+    in_use = false;
+    throw RunTimeError(kErrDeviceIo, "Speech", "The speech synthesizer could not be started.");
+  }
+  espeak_SetSynthCallback(HandOver);
+  UseVoice(kDefaultVoice);
+}
+
+EspeakSynthesizer::~EspeakSynthesizer() {
+  espeak_Terminate();
+  in_use = false;
+}
+
+void EspeakSynthesizer::UseVoice(const std::string& voice) {
+  if (voice == voice_) return;
+  // An unknown voice must not silence anybody: the default one speaks instead.
+  if (espeak_SetVoiceByName(voice.c_str()) != EE_OK) espeak_SetVoiceByName(kDefaultVoice);
+  voice_ = voice;
+}
+
+void EspeakSynthesizer::Synthesize(const std::string& text, const VoiceStyle& style,
+                                   const Sink& sink) {
+  UseVoice(style.voice.empty() ? kDefaultVoice : style.voice);
+  const int speed = std::clamp(style.speed, kSpeedLowest, kSpeedHighest);
+  espeak_SetParameter(espeakRATE, std::max(speed, espeakRATE_MINIMUM), 0);
+  espeak_SetParameter(espeakPITCH, LibraryPitch(style.pitch), 0);
+
+  TimeStretch stretch(std::max(1.0, static_cast<double>(espeakRATE_MINIMUM) / speed));
+  const bool stretched = speed < espeakRATE_MINIMUM;
+  bool refused = false;
+  const Sink guarded = [&](std::span<const std::int16_t> samples) {
+    refused = refused || !(stretched ? stretch.Push(samples, sink) : sink(samples));
+    return !refused;
+  };
+
+  TextPieces pieces(text);
+  std::string piece;
+  std::string following;
+  bool more = pieces.Next(piece);
+  while (more && !refused) {
+    more = pieces.Next(following);
+    const unsigned int flags = espeakCHARS_UTF8 | (more ? espeakENDPAUSE : 0);
+    espeak_Synth(piece.c_str(), piece.size() + 1, 0, POS_CHARACTER, 0, flags, nullptr,
+                 const_cast<Sink*>(&guarded));
+    piece.swap(following);
+  }
+  if (stretched && !refused) stretch.Finish(sink);
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+
+#include "base/event.h"
+#include "platform/linux/speech/audio_output.h"
+#include "platform/linux/speech/loop_queue.h"
+#include "platform/linux/speech/synthesizer.h"
+#include "platform/linux/speech/transcript.h"
+
+namespace corvane::desktop {
+
+/// One text to be spoken.
+struct Utterance {
+  std::string text;  ///< UTF-8; shown in the transcript as it is
+  int pitch = kPitchDefault;
+  int speed = kSpeedDefault;
+  bool urgent = false;      ///< only noted in the transcript
+  std::string voice = {};   ///< the synthesizer's name for it; empty for its default
+  int pitch_shift = 0;      ///< the character's own, added to what was asked
+  int speed_shift = 0;      ///< words a minute, added to what was asked
+};
+
+/// How a request to speak ended.
+enum class SpeechEnd { kSpoken, kCut };
+
+/// Speaks one text after the other. Belongs to the user-interface thread: it is
+/// made, called and destroyed there, and reports there, from the main loop.
+/// Synthesis and sound run on a thread of their own. One a process.
+class SpeechOutput {
+ public:
+  using Begun = std::function<void()>;
+  using Ended = std::function<void(SpeechEnd)>;
+
+  /// Requests that may wait; one more cuts the one that has waited longest.
+  static constexpr std::size_t kMostWaiting = 256;
+
+  /// `transcript` as for Transcript; a file that cannot be opened is a notice.
+  SpeechOutput(SynthesizerMaker make_synthesizer, AudioMaker make_audio,
+               const std::string& transcript = "");
+  ~SpeechOutput();
+  SpeechOutput(const SpeechOutput&) = delete;
+  SpeechOutput& operator=(const SpeechOutput&) = delete;
+
+  /// A number for a request that is not speech, from the same count.
+  int NextRequest() { return ++last_request_; }
+
+  /// Queues the text and returns at once with its request number. `begun` is
+  /// called when its first samples were handed to the device, `ended` once when it
+  /// is over; never from inside this call or Stop.
+  int Speak(Utterance utterance, Begun begun = nullptr, Ended ended = nullptr);
+
+  /// Silences everything and speaks `text` with the voice, pitch and speed last
+  /// used: for message boxes, which speak without any character.
+  int SpeakNow(const std::string& text);
+
+  /// Silence at once: empties the queue and what the device holds.
+  void Stop();
+
+  /// Something the user should be told once, in a sentence (no sound server, no
+  /// synthesizer): for the log and the status bar.
+  Event<const std::string&> Notified;
+
+ private:
+  struct Request;
+
+  void Run();
+  bool Render(Synthesizer& synthesizer, Request& request);
+  bool Hand(std::span<const std::int16_t> samples, Request& request);
+  void FinishLocked(Request& request, SpeechEnd end);
+
+  std::mutex mutex_;
+  std::condition_variable wake_;
+  bool closing_ = false;
+  std::deque<std::shared_ptr<Request>> waiting_;
+  std::shared_ptr<Request> current_;
+
+  int last_request_ = 0;
+  Utterance last_style_;
+  SynthesizerMaker make_synthesizer_;
+  LoopQueue loop_;
+  std::unique_ptr<Transcript> transcript_;
+  std::unique_ptr<AudioOutput> audio_;
+  std::thread worker_;
+};
+
+/// The program's speech: espeak-ng, the output that CORVANE_AUDIO names and the
+/// transcript that CORVANE_TRANSCRIPT names.
+std::unique_ptr<SpeechOutput> MakeSpeechOutput();
+
+}  // namespace corvane::desktop

@@ -1,0 +1,50 @@
+#include "platform/linux/speech/speech_tags.h"
+
+#include <charconv>
+#include <string_view>
+
+namespace corvane::desktop {
+namespace {
+
+constexpr std::size_t kMostDigits = 6;
+
+char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool StartsWithLower(std::string_view text, std::string_view lower_case) {
+  if (text.size() < lower_case.size()) return false;
+  for (std::size_t i = 0; i < lower_case.size(); ++i) {
+    if (Lower(text[i]) != lower_case[i]) return false;
+  }
+  return true;
+}
+
+/// Takes one tag off the text and keeps its number; false when there is none.
+bool TakeTag(std::string_view& text, std::string_view start, std::optional<int>& value) {
+  if (!StartsWithLower(text, start)) return false;
+  const std::string_view rest = text.substr(start.size());
+  const std::size_t end = rest.find('\\');
+  if (end == std::string_view::npos || end > kMostDigits) return false;
+  const std::string_view digits = rest.substr(0, end);
+  if (digits.find_first_not_of("0123456789") != std::string_view::npos) return false;
+  value.reset();
+  if (!digits.empty()) {
+    int number = 0;
+    std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    value = number;
+  }
+  text = rest.substr(end + 1);
+  return true;
+}
+
+}  // namespace
+
+TaggedText ReadSpeechTags(const std::string& text) {
+  TaggedText tagged;
+  std::string_view rest = text;
+  while (TakeTag(rest, "\\pit=", tagged.pitch) || TakeTag(rest, "\\spd=", tagged.speed)) {
+  }
+  tagged.text = rest;
+  return tagged;
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace corvane::desktop {
+
+/// What the tags at the start of a text ask for, and the text without them.
+struct TaggedText {
+  std::optional<int> pitch;  ///< empty: the character's own
+  std::optional<int> speed;  ///< words a minute; empty: the character's own
+  std::string text;
+};
+
+/// Takes the tags `\Pit=n\` and `\Spd=n\` (capitals or not) off the start of a
+/// text. Without a number a tag asks for the character's own. Whatever is no
+/// such tag is text.
+TaggedText ReadSpeechTags(const std::string& text);
+
+}  // namespace corvane::desktop

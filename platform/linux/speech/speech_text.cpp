@@ -1,0 +1,149 @@
+#include "platform/linux/speech/speech_text.h"
+
+namespace corvane::desktop {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+bool Between(char32_t c, char32_t first, char32_t last) { return c >= first && c <= last; }
+
+bool IsLineEnd(char32_t c) { return c == '\n' || c == 0x2029; }
+
+bool IsBlank(char32_t c) {
+  return Between(c, 0x09, 0x0D) || c == ' ' || c == 0x85 || c == 0xA0 || c == 0x1680 ||
+         Between(c, 0x2000, 0x200A) || c == 0x2028 || c == 0x2029 || c == 0x202F || c == 0x205F ||
+         c == 0x3000;
+}
+
+/// Characters that are nothing to speak. espeak-ng takes U+0001 as the start of a
+/// command and uses private characters inside.
+bool IsUnspeakable(char32_t c) {
+  return c < 0x20 || Between(c, 0x7F, 0x9F) || c == 0xAD || c == 0x200B || c == 0x200E ||
+         c == 0x200F || Between(c, 0x202A, 0x202E) || Between(c, 0x2060, 0x206F) ||
+         Between(c, 0xE000, 0xF8FF) || c == 0xFEFF || (c & 0xFFFE) == 0xFFFE ||
+         Between(c, 0xE0000, 0xE0FFF) || c >= 0xF0000;
+}
+
+/// Marks that belong to the character before them.
+bool IsJoined(char32_t c) {
+  return Between(c, 0x300, 0x36F) || c == 0x200C || c == 0x200D || Between(c, 0xFE00, 0xFE0F) ||
+         Between(c, 0x20D0, 0x20FF) || Between(c, 0x1F3FB, 0x1F3FF);
+}
+
+bool EndsSentence(char32_t c) {
+  return c == '.' || c == '!' || c == '?' || c == ':' || c == ';' || c == 0x2026;
+}
+
+/// Ends a sentence in scripts that put no blank behind it.
+bool EndsWideSentence(char32_t c) { return c == 0x3002 || c == 0xFF01 || c == 0xFF1F; }
+
+/// A place where a piece may end: so much of the piece, and what follows it.
+struct Cut {
+  std::size_t length = 0;
+  std::string_view rest;
+};
+
+}  // namespace
+
+char32_t TakeCharacter(std::string_view& text) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned char first = byte(0);
+  std::size_t more = 0;
+  char32_t value = first;
+  char32_t least = 0;
+  if (first >= 0xF0 && first <= 0xF4) {
+    more = 3, value = first & 0x07, least = 0x10000;
+  } else if (first >= 0xE0 && first < 0xF0) {
+    more = 2, value = first & 0x0F, least = 0x800;
+  } else if (first >= 0xC2 && first < 0xE0) {
+    more = 1, value = first & 0x1F, least = 0x80;
+  } else if (first >= 0x80) {
+    text.remove_prefix(1);
+    return kReplacement;
+  }
+  bool whole = text.size() > more;
+  for (std::size_t i = 1; whole && i <= more; ++i) {
+    whole = (byte(i) & 0xC0) == 0x80;
+    value = value << 6 | (byte(i) & 0x3F);
+  }
+  if (!whole || value < least || value > 0x10FFFF || Between(value, 0xD800, 0xDFFF)) {
+    text.remove_prefix(1);
+    return kReplacement;
+  }
+  text.remove_prefix(more + 1);
+  return value;
+}
+
+void AppendCharacter(std::string& text, char32_t c) {
+  if (c < 0x80) {
+    text += static_cast<char>(c);
+    return;
+  }
+  if (c < 0x800) {
+    text += static_cast<char>(0xC0 | c >> 6);
+  } else {
+    if (c < 0x10000) {
+      text += static_cast<char>(0xE0 | c >> 12);
+    } else {
+      text += static_cast<char>(0xF0 | c >> 18);
+      text += static_cast<char>(0x80 | (c >> 12 & 0x3F));
+    }
+    text += static_cast<char>(0x80 | (c >> 6 & 0x3F));
+  }
+  text += static_cast<char>(0x80 | (c & 0x3F));
+}
+
+bool TextPieces::Next(std::string& piece) {
+  piece.clear();
+  std::size_t count = 0;
+  Cut sentence;
+  Cut blank;
+  Cut character;
+  char32_t before = 0;
+  while (!rest_.empty()) {
+    const std::string_view here = rest_;
+    const char32_t c = TakeCharacter(rest_);
+    if (IsBlank(c)) {
+      if (piece.empty()) continue;
+      bool blank_line = false;
+      bool line_end = IsLineEnd(c);
+      while (!rest_.empty()) {
+        std::string_view next = rest_;
+        const char32_t follower = TakeCharacter(next);
+        if (!IsBlank(follower) && !IsUnspeakable(follower)) break;
+        blank_line = blank_line || (line_end && IsLineEnd(follower));
+        line_end = line_end || IsLineEnd(follower);
+        rest_ = next;
+      }
+      if (rest_.empty()) break;
+      blank = {piece.size(), rest_};
+      if (blank_line || EndsSentence(before)) sentence = blank;
+      if (count >= most_) {
+        character = blank;
+        break;
+      }
+      piece += blank_line ? "\n\n" : " ";
+      ++count;
+      before = ' ';
+      continue;
+    }
+    if (IsUnspeakable(c)) continue;
+    // A few marks may go past the limit with their letter; endless ones may not.
+    if (count >= most_ && (!IsJoined(c) || count >= most_ + 16)) {
+      character = {piece.size(), here};
+      break;
+    }
+    AppendCharacter(piece, c);
+    ++count;
+    if (EndsWideSentence(c)) sentence = {piece.size(), rest_};
+    before = c;
+  }
+  if (character.length > 0) {  // more follows: choose the best place
+    const Cut cut = sentence.length > 0 ? sentence : blank.length > 0 ? blank : character;
+    piece.resize(cut.length);
+    rest_ = cut.rest;
+  }
+  return !piece.empty();
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace corvane::desktop {
+
+/// Reads a text of any length and origin as pieces that a synthesizer may be
+/// given: valid UTF-8 without control, formatting and private-use characters,
+/// every run of blanks one blank (a blank line stays one), at most `most`
+/// characters each. Cuts behind a sentence where it can, else at a blank, never
+/// inside a character. Reads only as far as the piece needs, so that a long text
+/// starts at once.
+class TextPieces {
+ public:
+  static constexpr std::size_t kMost = 400;
+
+  /// `text` must stay alive and unchanged while pieces are read.
+  explicit TextPieces(std::string_view text, std::size_t most = kMost)
+      : rest_(text), most_(most) {}
+
+  /// Puts the next piece into `piece`; false at the end of the text.
+  bool Next(std::string& piece);
+
+ private:
+  std::string_view rest_;
+  std::size_t most_;
+};
+
+/// The first character of `text` (not empty), taken off it; U+FFFD for each byte
+/// that belongs to no valid character.
+char32_t TakeCharacter(std::string_view& text);
+
+/// Appends one character to UTF-8 text.
+void AppendCharacter(std::string& text, char32_t character);
+
+}  // namespace corvane::desktop
