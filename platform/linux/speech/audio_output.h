@@ -7,6 +7,8 @@
 #include <span>
 #include <string>
 
+#include "platform/linux/speech/sound_format.h"
+
 namespace corvane::desktop {
 
 /// Tells the user something once, in a sentence. May be called on any thread, and

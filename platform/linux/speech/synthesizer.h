@@ -6,10 +6,9 @@
 #include <span>
 #include <string>
 
-namespace corvane::desktop {
+#include "platform/linux/speech/sound_format.h"
 
-/// Samples a second of all sound here: espeak-ng's own rate. One channel, 16 bits.
-inline constexpr int kSampleRate = 22050;
+namespace corvane::desktop {
 
 /// The ends of the pitch menu and what is used when nobody asks for a pitch.
 inline constexpr int kPitchLowest = 50;
