@@ -12,6 +12,11 @@
 #include "platform/linux/gtk/virtual_key.h"
 
 namespace corvane::desktop {
+namespace {
+
+constexpr const char* kBindingKey = "corvane-binding";
+
+}  // namespace
 
 int PixelsOf(float twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
 
@@ -30,9 +35,10 @@ struct WidgetBinding::State {
   WindowTable& windows;
   WindowHandle handle = 0;
   struct Size {
-    float twips = 0;  // as asked for or given, whichever came last
+    float twips = -1;  // as asked for or given, whichever came last; below 0: neither yet
     std::optional<int> wish;
   } width, height;
+  std::optional<Point> place;
   bool menu_took_focus = false;
   std::vector<sigc::connection> signals;
 
@@ -43,7 +49,7 @@ struct WidgetBinding::State {
     return orientation == Gtk::ORIENTATION_HORIZONTAL ? width : height;
   }
   static void Take(Size& size, int pixels) {
-    if (PixelsOf(size.twips) != pixels) size.twips = static_cast<float>(pixels) * kTwipsPerPixel;
+    if (size.twips < 0 || PixelsOf(size.twips) != pixels) size.twips = static_cast<float>(pixels) * kTwipsPerPixel;
   }
   Gtk::Widget* Focused() const {
     auto* top = dynamic_cast<Gtk::Window*>(focus.get_toplevel());
@@ -100,6 +106,7 @@ WidgetBinding::WidgetBinding(Control& control, Gtk::Widget& outer, Gtk::Widget& 
   entry.child = true;
   state_->handle = windows.Add(std::move(entry));
 
+  outer.set_data(kBindingKey, this);
   outer.set_name(name);
   outer.show();
   focus.add_events(Gdk::KEY_PRESS_MASK | Gdk::KEY_RELEASE_MASK | Gdk::FOCUS_CHANGE_MASK);
@@ -136,6 +143,12 @@ WidgetBinding::~WidgetBinding() {
   state_->windows.Remove(state_->handle);
 }
 
+WidgetBinding* WidgetBinding::Of(Gtk::Widget& outer) {
+  return static_cast<WidgetBinding*>(outer.get_data(kBindingKey));
+}
+
+Control& WidgetBinding::control() const { return *state_->control; }
+
 WindowHandle WidgetBinding::hwnd() const { return state_->handle; }
 
 void WidgetBinding::SetFocus() { state_->focus.grab_focus(); }
@@ -148,17 +161,31 @@ bool WidgetBinding::Enabled() const { return state_->outer.get_sensitive(); }
 
 void WidgetBinding::SetEnabled(bool enabled) { state_->outer.set_sensitive(enabled); }
 
-float WidgetBinding::Width() const { return state_->width.twips; }
+float WidgetBinding::Width() const {
+  if (state_->width.twips >= 0) return state_->width.twips;
+  int minimum = 0;
+  int natural = 0;
+  state_->outer.get_preferred_width(minimum, natural);
+  return static_cast<float>(natural) * kTwipsPerPixel;
+}
 
-float WidgetBinding::Height() const { return state_->height.twips; }
+float WidgetBinding::Height() const {
+  if (state_->height.twips >= 0) return state_->height.twips;
+  int minimum = 0;
+  int natural = 0;
+  state_->outer.get_preferred_height(minimum, natural);
+  return static_cast<float>(natural) * kTwipsPerPixel;
+}
 
 void WidgetBinding::SetWidth(float twips) {
-  state_->width = {twips, std::max(0, PixelsOf(twips))};
+  twips = std::max(0.0F, twips);
+  state_->width = {twips, PixelsOf(twips)};
   Wished.Raise(Gtk::ORIENTATION_HORIZONTAL, *state_->width.wish);
 }
 
 void WidgetBinding::SetHeight(float twips) {
-  state_->height = {twips, std::max(0, PixelsOf(twips))};
+  twips = std::max(0.0F, twips);
+  state_->height = {twips, PixelsOf(twips)};
   Wished.Raise(Gtk::ORIENTATION_VERTICAL, *state_->height.wish);
 }
 
@@ -168,6 +195,13 @@ void WidgetBinding::SetAccessibleName(const std::string& name) {
 
 std::optional<int> WidgetBinding::Wish(Gtk::Orientation orientation) const {
   return state_->Of(orientation).wish;
+}
+
+std::optional<WidgetBinding::Point> WidgetBinding::Place() const { return state_->place; }
+
+void WidgetBinding::SetPlace(Point place) {
+  state_->place = place;
+  state_->outer.queue_resize();
 }
 
 void WidgetBinding::TakeSize(Gtk::Orientation orientation, int pixels) {

@@ -56,13 +56,18 @@ class WidgetBinding {
   WidgetBinding(const WidgetBinding&) = delete;
   WidgetBinding& operator=(const WidgetBinding&) = delete;
 
+  /// The binding of a control's outer widget; null for any other widget.
+  static WidgetBinding* Of(Gtk::Widget& outer);
+  Control& control() const;
+
   WindowHandle hwnd() const;
   void SetFocus();
   bool Visible() const;
   void SetVisible(bool visible);
   bool Enabled() const;
   void SetEnabled(bool enabled);
-  float Width() const;  ///< twips, as allocated (as requested before the first layout)
+  /// Twips, as last asked for or allocated; before either the natural size.
+  float Width() const;
   void SetWidth(float twips);
   float Height() const;
   void SetHeight(float twips);
@@ -75,6 +80,15 @@ class WidgetBinding {
   void TakeSize(Gtk::Orientation orientation, int pixels);
   /// SetWidth (horizontal) or SetHeight was called, with so many pixels.
   Event<Gtk::Orientation, int> Wished;
+
+  /// A place in the parent, in pixels. A control that has one floats: its frame
+  /// leaves it out of the layout.
+  struct Point {
+    int left = 0;
+    int top = 0;
+  };
+  std::optional<Point> Place() const;
+  void SetPlace(Point place);
 
  private:
   struct State;
@@ -98,6 +112,7 @@ class WidgetControl : public Port, public WidgetHolder {
   void SetHeight(float twips) override { binding_->SetHeight(twips); }
   void SetAccessibleName(const std::string& name) override { binding_->SetAccessibleName(name); }
   WidgetBinding& binding() override { return *binding_; }
+  const WidgetBinding& binding() const { return *binding_; }
 
  protected:
   void Bind(Gtk::Widget& outer, Gtk::Widget& focus, const std::string& name,

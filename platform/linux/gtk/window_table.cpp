@@ -37,6 +37,11 @@ void WindowTable::Place(WindowHandle child, WindowHandle parent) {
   found->second.joined = ++joins_;
 }
 
+void WindowTable::SetAccept(WindowHandle window, std::function<void(Gtk::Widget&)> accept) {
+  const auto found = windows_.find(window);
+  if (found != windows_.end()) found->second.entry.accept = std::move(accept);
+}
+
 WindowHandle WindowTable::Parent(WindowHandle window) const {
   const auto* found = Find(window);
   return found ? found->entry.parent : 0;

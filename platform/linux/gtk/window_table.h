@@ -45,6 +45,8 @@ class WindowTable : public Windows {
   /// Enters a child under a parent without moving its widget: for containers
   /// that have placed the widget themselves.
   void Place(WindowHandle child, WindowHandle parent);
+  /// Sets how a window takes the widgets of its children (Entry::accept).
+  void SetAccept(WindowHandle window, std::function<void(Gtk::Widget&)> accept);
   WindowHandle Parent(WindowHandle window) const;
   Gtk::Widget* WidgetOf(WindowHandle window) const;
 

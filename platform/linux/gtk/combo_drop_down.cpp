@@ -1,0 +1,42 @@
+#include "platform/linux/gtk/combo_drop_down.h"
+
+#include <gdk/gdkkeysyms.h>
+#include <gtkmm/cssprovider.h>
+#include <gtkmm/stylecontext.h>
+
+namespace corvane::desktop {
+
+DropDownCombo::DropDownCombo(const std::string& name, WindowTable& windows) : combo_(true) {
+  // As a list, not as a menu: a menu has a widget for every entry.
+  const auto style = Gtk::CssProvider::create();
+  style->load_from_data("combobox { -GtkComboBox-appears-as-list: 1; }");
+  combo_.get_style_context()->add_provider(style, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+  combo_.set_model(lines_.Model());
+  combo_.set_entry_text_column(0);
+  auto& field = Field();
+  field.set_width_chars(10);
+  Bind(combo_, field, name, "ComboBox", windows, [this] { return Text(); });
+  combo_.signal_changed().connect([this] {
+    if (showing_) return;
+    const int chosen = combo_.get_active_row_number();
+    if (chosen < 0) {
+      Typed();
+    } else {
+      Choose(chosen);
+    }
+  });
+  field.signal_key_press_event().connect([this](GdkEventKey* event) { return Key(*event); }, false);
+}
+
+void DropDownCombo::ShowModel() {
+  combo_.set_model(lines_.Model());
+}
+
+bool DropDownCombo::Key(const GdkEventKey& event) {
+  if (event.keyval != GDK_KEY_F4 || (event.state & gtk_accelerator_get_default_mod_mask()) != 0)
+    return false;
+  combo_.popup();
+  return true;
+}
+
+}  // namespace corvane::desktop

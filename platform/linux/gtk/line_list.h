@@ -1,0 +1,35 @@
+#pragma once
+
+#include <gtkmm/liststore.h>
+#include <gtkmm/treeview.h>
+
+#include <string>
+#include <vector>
+
+namespace corvane::desktop {
+
+/// The lines of a list: the texts as they were added and the model that shows
+/// them, each on one line. Adding is quick however many lines there are.
+class LineList {
+ public:
+  LineList();
+
+  int Count() const { return static_cast<int>(texts_.size()); }
+  /// The line at `index`; RunTimeError when there is none.
+  const std::string& At(int index) const;
+  bool Has(int index) const { return index >= 0 && index < Count(); }
+  void Append(const std::string& text);
+  /// Empties the list. The model is a new one: show it again.
+  void Clear();
+  const Glib::RefPtr<Gtk::ListStore>& Model() const { return model_; }
+
+ private:
+  std::vector<std::string> texts_;
+  Glib::RefPtr<Gtk::ListStore> model_;
+};
+
+/// Sets a view up to show a LineList: one column without a title, rows of one
+/// height so that long lists stay quick.
+void ShowLines(Gtk::TreeView& view, const LineList& lines);
+
+}  // namespace corvane::desktop

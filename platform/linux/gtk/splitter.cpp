@@ -1,0 +1,67 @@
+#include "platform/linux/gtk/splitter.h"
+
+#include <gdkmm/window.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace corvane::desktop {
+
+Splitter::Splitter(Gtk::Orientation orientation) : Gtk::Paned(orientation) {
+  pack1(first_, false, true);
+  pack2(second_, true, true);
+  first_.show();
+  second_.show();
+  property_position().signal_changed().connect([this] {
+    if (own_change_) return;
+    pending_.reset();
+    holder_.reset();
+    Moved.Raise();
+  });
+}
+
+Splitter::~Splitter() {
+  own_change_ = true;
+  remove(first_);
+  remove(second_);
+}
+
+int Splitter::BarSize() const {
+  int size = 0;
+  get_style_property("handle-size", size);
+  return size;
+}
+
+int Splitter::SecondSize() const { return std::max(0, total_ - BarSize() - FirstSize()); }
+
+void Splitter::WishSize(int area, int pixels) {
+  if (holder_ && *holder_ != area && total_ > 0) {
+    // Where the bar is, or is about to be.
+    int first = FirstSize();
+    if (pending_) first = pending_->area == 0 ? pending_->pixels : total_ - BarSize() - pending_->pixels;
+    const int wished = area == 0 ? pixels : total_ - BarSize() - pixels;
+    if (std::abs(wished - first) <= BarSize()) return;
+  }
+  pending_ = Wish{area, pixels};
+  holder_ = area;
+  queue_resize();
+}
+
+void Splitter::Apply(int total) {
+  total_ = total;
+  const auto wish = std::exchange(pending_, std::nullopt);
+  if (!wish) return;
+  const int place = wish->area == 0 ? wish->pixels : total - BarSize() - wish->pixels;
+  set_position(std::clamp(place, 0, std::max(0, total - BarSize())));
+}
+
+void Splitter::on_size_allocate(Gtk::Allocation& allocation) {
+  const bool before = std::exchange(own_change_, true);
+  Apply(get_orientation() == Gtk::ORIENTATION_HORIZONTAL ? allocation.get_width()
+                                                         : allocation.get_height());
+  Gtk::Paned::on_size_allocate(allocation);
+  own_change_ = before;
+}
+
+}  // namespace corvane::desktop
