@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace corvane::desktop {
+
+/// Scheme of the pages that the program serves itself.
+inline constexpr const char* kCorvaneScheme = "corvane";
+inline constexpr const char* kHomePage = "corvane://home/cv/";
+
+/// A favourite or a page of the history that fits the words searched.
+struct SearchMatch {
+  std::string title;
+  std::string address;
+};
+
+/// Whether the address is a search of the fixed form
+/// "corvane://search/cgi-bin/query?pg=q&text=yes&kl=XX&q=WORDS".
+bool IsSearch(const std::string& address);
+
+/// The words that a search address asks for. They reach to its end: the form
+/// leaves all but blanks, quotes and plus signs as they are.
+std::string SearchedWords(const std::string& address);
+
+/// The address at the search service for the words; `service` holds "%s" where
+/// they go. Empty without a usable service.
+std::string ServiceAddress(const std::string& service, const std::string& words);
+
+/// The start page.
+std::string RenderHome();
+
+/// The page that answers a search here; `service_failed` tells whether a service
+/// is set (and could not be reached).
+std::string RenderSearch(const std::string& words, const std::vector<SearchMatch>& matches,
+                         bool service_failed);
+
+}  // namespace corvane::desktop

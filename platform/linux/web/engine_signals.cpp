@@ -1,0 +1,172 @@
+// What the engine's view reports, translated for EngineView.
+#include <utility>
+
+#include "platform/linux/web/engine_view.h"
+#include "platform/linux/web/web_text.h"
+
+namespace corvane::desktop {
+namespace {
+
+EngineView& ViewOf(gpointer self) { return *static_cast<EngineView*>(self); }
+
+}  // namespace
+
+void EngineView::ConnectView() {
+  const auto connect = [this](gpointer object, const char* signal, GCallback handler) {
+    g_signal_connect(object, signal, handler, this);
+  };
+  gpointer view = view_.get();
+  connect(view, "load-changed", G_CALLBACK(+[](WebKitWebView*, WebKitLoadEvent event, gpointer self) {
+            ViewOf(self).OnLoadChanged(event);
+          }));
+  connect(view, "load-failed",
+          G_CALLBACK(+[](WebKitWebView*, WebKitLoadEvent event, const char* address, GError* error,
+                         gpointer self) -> gboolean {
+            ViewOf(self).OnLoadFailed(event, Text(address), *error);
+            return TRUE;
+          }));
+  connect(view, "load-failed-with-tls-errors",
+          G_CALLBACK(+[](WebKitWebView*, const char* address, GTlsCertificate*,
+                         GTlsCertificateFlags faults, gpointer self) -> gboolean {
+            ViewOf(self).ShowProblem(CertificateProblem(Text(address), faults));
+            return TRUE;
+          }));
+  connect(view, "notify::uri", G_CALLBACK(+[](GObject*, GParamSpec*, gpointer self) {
+            ViewOf(self).OnAddressChanged();
+          }));
+  connect(view, "notify::is-loading", G_CALLBACK(+[](GObject*, GParamSpec*, gpointer self) {
+            ViewOf(self).OnIdle();
+          }));
+  connect(view, "decide-policy",
+          G_CALLBACK(+[](WebKitWebView*, WebKitPolicyDecision* decision,
+                         WebKitPolicyDecisionType type, gpointer self) -> gboolean {
+            return ViewOf(self).OnPolicy(decision, type);
+          }));
+  connect(view, "create",
+          G_CALLBACK(+[](WebKitWebView*, WebKitNavigationAction* action,
+                         gpointer self) -> WebKitWebView* {
+            // A script opens a window. Where the user asked for it, it opens here.
+            WebKitURIRequest* request = webkit_navigation_action_get_request(action);
+            const std::string address = Text(webkit_uri_request_get_uri(request));
+            const bool is_web = address.starts_with("http:") || address.starts_with("https:");
+            if (is_web && webkit_navigation_action_is_user_gesture(action)) {
+              webkit_web_view_load_request(ViewOf(self).View(), request);
+            }
+            return nullptr;
+          }));
+  connect(view, "script-dialog",
+          G_CALLBACK(+[](WebKitWebView*, WebKitScriptDialog* dialog, gpointer self) -> gboolean {
+            ViewOf(self).dialogs_->Show(dialog);
+            return TRUE;
+          }));
+  connect(view, "permission-request",
+          G_CALLBACK(+[](WebKitWebView*, WebKitPermissionRequest* request, gpointer) -> gboolean {
+            webkit_permission_request_deny(request);
+            return TRUE;
+          }));
+  connect(view, "web-process-terminated",
+          G_CALLBACK(+[](WebKitWebView*, WebKitWebProcessTerminationReason reason, gpointer self) {
+            ViewOf(self).OnProcessGone(reason);
+          }));
+  connect(view, "mouse-target-changed",
+          G_CALLBACK(+[](WebKitWebView*, WebKitHitTestResult* target, guint, gpointer self) {
+            ViewOf(self).OnPointer(target);
+          }));
+  const auto watch = G_CALLBACK(+[](GtkWidget*, GdkEvent*, gpointer self) -> gboolean {
+    if (!ViewOf(self).dialog_open_) ViewOf(self).watchdog_.Watch();
+    return FALSE;
+  });
+  connect(view, "key-press-event", watch);
+  connect(view, "button-press-event", watch);
+}
+
+void EngineView::OnLoadChanged(WebKitLoadEvent event) {
+  switch (event) {
+    case WEBKIT_LOAD_STARTED:
+      navigation_.Started();
+      watchdog_.Reset();
+      watchdog_.Watch();
+      reader_->Cancel();
+      base_status_ = "Loading " + Text(webkit_web_view_get_uri(view_.get()));
+      ShowStatus(base_status_);
+      break;
+    case WEBKIT_LOAD_REDIRECTED:
+      break;
+    case WEBKIT_LOAD_COMMITTED:
+      navigation_.Committed();
+      // Another page, often in another process: what was asked of the old one
+      // may never be answered.
+      watchdog_.Reset();
+      watchdog_.Watch();
+      reader_->Forget();
+      dialogs_->Reset();
+      document_is_present_ = false;
+      problem_ = std::exchange(coming_problem_, std::nullopt);
+      address_ = Text(webkit_web_view_get_uri(view_.get()));
+      break;
+    case WEBKIT_LOAD_FINISHED:
+      if (navigation_.Finished()) StartReading();
+      break;
+  }
+}
+
+void EngineView::OnLoadFailed(WebKitLoadEvent event, const std::string& address,
+                              const GError& error) {
+  const auto is = [&error](GQuark domain, int code) { return g_error_matches(&error, domain, code); };
+  if (is(WEBKIT_NETWORK_ERROR, WEBKIT_NETWORK_ERROR_CANCELLED)) return;
+  if (is(WEBKIT_POLICY_ERROR, WEBKIT_POLICY_ERROR_FRAME_LOAD_INTERRUPTED_BY_POLICY_CHANGE)) return;
+  if (is(WEBKIT_PLUGIN_ERROR, WEBKIT_PLUGIN_ERROR_WILL_HANDLE_LOAD)) return;
+  if (event != WEBKIT_LOAD_STARTED && event != WEBKIT_LOAD_REDIRECTED) {
+    ShowStatus("The page is not complete: " + Text(error.message));
+    return;  // what has come is read
+  }
+  const std::string fallback = std::exchange(fallback_, "");
+  if (!fallback.empty() && (IsSearch(fallback) || IsConnectionFailure(error))) {
+    navigation_.Replaced();
+    return Load(fallback);
+  }
+  ShowProblem(LoadProblem(address, error));
+}
+
+void EngineView::OnAddressChanged() {
+  if (navigation_.Waiting()) return;  // not the page shown yet
+  const std::string address = Text(webkit_web_view_get_uri(view_.get()));
+  if (!address.empty() && !address_.empty()) address_ = address;
+}
+
+void EngineView::OnIdle() {
+  if (webkit_web_view_is_loading(view_.get())) return idle_.Cancel();
+  // Looks again once everything that is on its way has arrived: a load that
+  // takes the place of another is idle for a moment between the two.
+  idle_.Start(0, [this] {
+    if (webkit_web_view_is_loading(view_.get())) return;
+    if (navigation_.Idle()) StartReading();
+  });
+}
+
+bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type) {
+  const Verdict verdict = Judge(decision, type, {address_, requested_});
+  const bool searches = type == WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION &&
+                        verdict.kind == Verdict::Kind::Use && verdict.address != requested_ &&
+                        !engine_.SearchAddress(verdict.address).empty();
+  if (verdict.kind == Verdict::Kind::Use && !searches) return false;
+  webkit_policy_decision_ignore(decision);
+  if (searches) {
+    LoadSearch(verdict.address);
+  } else if (verdict.kind == Verdict::Kind::LoadHere) {
+    webkit_web_view_load_uri(view_.get(), verdict.address.c_str());
+  } else if (verdict.kind == Verdict::Kind::NotAPage) {
+    ShowProblem(FileProblem(verdict.address, verdict.content_type));
+  }
+  return true;
+}
+
+void EngineView::OnPointer(WebKitHitTestResult* target) {
+  if (webkit_hit_test_result_context_is_link(target)) {
+    ShowStatus(Text(webkit_hit_test_result_get_link_uri(target)));
+  } else if (!base_status_.empty()) {
+    ShowStatus(base_status_);
+  }
+}
+
+}  // namespace corvane::desktop

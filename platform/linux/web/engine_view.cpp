@@ -1,0 +1,256 @@
+#include "platform/linux/web/engine_view.h"
+
+#include <gtk/gtk.h>
+
+#include <utility>
+
+#include "platform/linux/web/save_page.h"
+#include "platform/linux/web/typed_address.h"
+#include "platform/linux/web/web_text.h"
+
+namespace corvane::desktop {
+namespace {
+
+constexpr int kMostCrashes = 3;
+constexpr std::size_t kLongestStatus = 300;
+
+std::string WithoutFragment(const std::string& address) {
+  return address.substr(0, address.find('#'));
+}
+
+WebKitWebView* MakeView(WebEngine& engine) {
+  const ObjectPtr<WebKitUserContentManager> content(webkit_user_content_manager_new());
+  return WEBKIT_WEB_VIEW(g_object_ref_sink(g_object_new(
+      WEBKIT_TYPE_WEB_VIEW, "web-context", engine.Context(), "settings", engine.Settings(),
+      "user-content-manager", content.get(), nullptr)));
+}
+
+}  // namespace
+
+EngineView::EngineView(WebEngine& engine, Listener listener)
+    : engine_(engine),
+      listener_(std::move(listener)),
+      view_(MakeView(engine)),
+      navigation_([this] { listener_.begin(); }, [this] { listener_.complete(); }),
+      reader_(std::make_unique<PageReader>(
+          view_.get(), [this](const std::string& href) { ShowStatus(href); })),
+      dialogs_(std::make_unique<PageDialogs>(
+          engine.Options().dialogs,
+          [this](bool open) {
+            dialog_open_ = open;  // a page that waits for the user does not hang
+            watchdog_.Reset();
+            if (!open) watchdog_.Watch();
+          },
+          [this](const std::string& text) { ShowStatus(text); })),
+      watchdog_(
+          engine.Options().hang,
+          [this](Watchdog::Answer answer) {
+            Evaluate(view_.get(), "1", nullptr,
+                     [answer = std::move(answer)](const auto&) { answer(); });
+          },
+          [this] { return Busy() && !dialog_open_; },
+          [this] {
+            if (stopping_) return EndHungPage();
+            ShowStatus("The page does not answer. Press Stop to close it.");
+          },
+          [this] { EndHungPage(); }),
+      self_(std::make_shared<EngineView*>(this)) {
+  ConnectView();
+  ApplyPreferences();
+  preferences_connection_ =
+      engine_.PreferencesChanged.Connect([this] { ApplyPreferences(); });
+}
+
+EngineView::~EngineView() {
+  g_signal_handlers_disconnect_by_data(view_.get(), this);
+  reader_.reset();
+  gtk_widget_destroy(GTK_WIDGET(view_.get()));
+}
+
+void EngineView::ApplyPreferences() {
+  webkit_web_view_set_zoom_level(view_.get(), engine_.Preferences().zoom);
+}
+
+// --- going somewhere ---------------------------------------------------------
+
+void EngineView::Navigate(const std::string& typed) {
+  const TypedAddress target = ResolveTyped(typed, engine_.Options().home_directory);
+  if (target.problem) {
+    navigation_.Requested();
+    return ShowProblem(*target.problem);
+  }
+  if (!engine_.SearchAddress(target.uri).empty()) return LoadSearch(target.uri);
+
+  const bool jumps = target.uri.find('#') != std::string::npos && target.uri != address_ &&
+                     WithoutFragment(target.uri) == WithoutFragment(address_);
+  if (jumps && !Busy() && !problem_) {
+    requested_ = target.uri;
+    return webkit_web_view_load_uri(view_.get(), target.uri.c_str());
+  }
+  navigation_.Requested();
+  fallback_ = target.fallback;
+  Load(target.uri);
+}
+
+void EngineView::LoadSearch(const std::string& search) {
+  navigation_.Requested();
+  fallback_ = search;  // answered here when the service cannot be reached
+  Load(engine_.SearchAddress(search));
+}
+
+void EngineView::Load(const std::string& address) {
+  stopping_ = false;
+  coming_problem_.reset();
+  requested_ = address;
+  watchdog_.Reset();
+  reader_->Cancel();
+  webkit_web_view_load_uri(view_.get(), address.c_str());
+}
+
+void EngineView::GoBack() {
+  if (!webkit_web_view_can_go_back(view_.get())) return;
+  navigation_.Requested();
+  coming_problem_.reset();
+  webkit_web_view_go_back(view_.get());
+}
+
+void EngineView::GoForward() {
+  if (!webkit_web_view_can_go_forward(view_.get())) return;
+  navigation_.Requested();
+  coming_problem_.reset();
+  webkit_web_view_go_forward(view_.get());
+}
+
+void EngineView::GoHome() { Navigate(engine_.Options().start_page()); }
+
+void EngineView::Refresh() {
+  if (address_.empty() && requested_.empty()) return;
+  navigation_.Requested();
+  if (problem_) {
+    const TypedAddress target =
+        ResolveTyped(problem_->address, engine_.Options().home_directory);
+    if (target.problem) return ShowProblem(Problem(*problem_));
+    return Load(problem_->address);
+  }
+  stopping_ = false;
+  coming_problem_.reset();
+  watchdog_.Reset();
+  webkit_web_view_reload(view_.get());
+}
+
+void EngineView::Stop() {
+  webkit_web_view_stop_loading(view_.get());
+  if (watchdog_.Warned()) return EndHungPage();
+  if (!Busy()) return;
+  stopping_ = true;
+  coming_problem_.reset();
+  if (navigation_.Idle()) StartReading();
+}
+
+// --- problems ----------------------------------------------------------------
+
+void EngineView::ShowProblem(const Problem& problem) {
+  stopping_ = false;
+  fallback_.clear();
+  reader_->Cancel();
+  watchdog_.Reset();
+  coming_problem_ = problem;
+  navigation_.Replaced();
+  // What is not an address stands under one that no list of addresses takes.
+  const bool is_address = g_uri_is_valid(problem.address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
+  const std::string address = is_address ? problem.address : "about:problem";
+  webkit_web_view_load_alternate_html(view_.get(), RenderProblem(problem).c_str(), address.c_str(),
+                                      nullptr);
+}
+
+void EngineView::EndHungPage() {
+  hung_ = true;
+  webkit_web_view_terminate_web_process(view_.get());
+}
+
+void EngineView::OnProcessGone(WebKitWebProcessTerminationReason reason) {
+  watchdog_.Reset();
+  dialogs_->Reset();
+  const bool hung = std::exchange(hung_, false);
+  const std::string address =
+      navigation_.Waiting() || address_.empty() ? requested_ : address_;
+  const Problem problem =
+      hung ? HangProblem(address)
+           : CrashProblem(address, reason == WEBKIT_WEB_PROCESS_EXCEEDED_MEMORY_LIMIT);
+  if (++crashes_ <= kMostCrashes) {
+    if (!Busy()) navigation_.Requested();
+    return ShowProblem(problem);
+  }
+  // No process stays alive, not even for the problem's page: say it without one.
+  reader_->Forget();
+  problem_ = problem;
+  auto document = std::make_shared<HTMLDocument>();
+  document->Title = document->nameProp = problem.title;
+  document->location = address;
+  document->has_body = true;
+  document->body_innerText = problem.title + "\n" + problem.sentence + "\n" + problem.advice;
+  FinishReading(std::move(document));
+}
+
+// --- reading -----------------------------------------------------------------
+
+void EngineView::StartReading() {
+  watchdog_.Watch();
+  reader_->Read([this](HTMLDocumentPtr document) {
+    if (navigation_.Reading()) FinishReading(std::move(document));
+  });
+}
+
+void EngineView::FinishReading(HTMLDocumentPtr document) {
+  document_ = std::move(document);
+  document_is_present_ = true;
+  stopping_ = false;
+  if (!problem_) crashes_ = 0;
+
+  if (!problem_ && address_.starts_with("https:")) {
+    ShowStatus("Secure connection");
+  } else if (!problem_ && address_.starts_with("http:")) {
+    ShowStatus("Not secure");
+  }
+  base_status_ = "Done";
+  ShowStatus(base_status_);
+  const bool is_page = !problem_ && !address_.empty() && !address_.starts_with("about:") &&
+                       !address_.starts_with("corvane:");
+  if (is_page && engine_.Options().page_visited) {
+    engine_.Options().page_visited(address_, LocationName());
+  }
+  navigation_.Read();
+}
+
+std::string EngineView::LocationName() const {
+  std::string title;
+  if (document_is_present_ && document_) title = document_->Title;
+  if (title.empty()) title = Text(webkit_web_view_get_title(view_.get()));
+  return title.empty() ? address_ : title;
+}
+
+void EngineView::ShowStatus(const std::string& text) {
+  listener_.status(Shorten(text, kLongestStatus));
+}
+
+// --- saving and printing -----------------------------------------------------
+
+void EngineView::Save() {
+  if (address_.empty()) return;
+  const std::string proposed = ProposeSavePath(LocationName());
+  const auto& choose = engine_.Options().choose_save_path;
+  const std::string path = choose ? choose(proposed) : proposed;
+  if (path.empty()) return;
+  SavePage(view_.get(), path, [this, weak = std::weak_ptr(self_)](const std::string& outcome) {
+    if (!weak.expired()) ShowStatus(outcome);
+  });
+}
+
+void EngineView::Print() {
+  const ObjectPtr<WebKitPrintOperation> operation(webkit_print_operation_new(view_.get()));
+  GtkWidget* window = gtk_widget_get_toplevel(GTK_WIDGET(view_.get()));
+  webkit_print_operation_run_dialog(operation.get(),
+                                    GTK_IS_WINDOW(window) ? GTK_WINDOW(window) : nullptr);
+}
+
+}  // namespace corvane::desktop

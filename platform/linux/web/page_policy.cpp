@@ -1,0 +1,81 @@
+#include "platform/linux/web/page_policy.h"
+
+#include <libsoup/soup.h>
+
+#include "platform/linux/web/gobject.h"
+
+namespace corvane::desktop {
+namespace {
+
+std::string AddressOf(WebKitNavigationAction* action) {
+  return Text(webkit_uri_request_get_uri(webkit_navigation_action_get_request(action)));
+}
+
+bool IsFile(const std::string& address) { return address.starts_with("file:"); }
+bool IsOwnPage(const std::string& address) { return address.starts_with("corvane:"); }
+
+Verdict JudgeNavigation(WebKitNavigationAction* action, const PolicyContext& context) {
+  const std::string address = AddressOf(action);
+  if (!IsFile(address) && !IsOwnPage(address)) return {Verdict::Kind::Use, address, ""};
+  const auto type = webkit_navigation_action_get_navigation_type(action);
+  const bool known = type == WEBKIT_NAVIGATION_TYPE_BACK_FORWARD ||
+                     type == WEBKIT_NAVIGATION_TYPE_RELOAD;
+  const bool from_here =
+      IsOwnPage(context.present) || (IsFile(context.present) && IsFile(address));
+  const bool allowed =
+      !webkit_navigation_action_is_redirect(action) &&
+      (known || from_here || address == context.requested);
+  return {allowed ? Verdict::Kind::Use : Verdict::Kind::Ignore, address, ""};
+}
+
+Verdict JudgeNewWindow(WebKitNavigationAction* action, const PolicyContext& context) {
+  const std::string address = AddressOf(action);
+  const bool allowed = !IsOwnPage(address) && (!IsFile(address) || IsFile(context.present));
+  const bool asked = webkit_navigation_action_is_user_gesture(action) && !address.empty();
+  return {asked && allowed ? Verdict::Kind::LoadHere : Verdict::Kind::Ignore, address, ""};
+}
+
+bool IsAttachment(WebKitURIResponse* response) {
+  SoupMessageHeaders* headers = webkit_uri_response_get_http_headers(response);
+  if (headers == nullptr) return false;
+  char* disposition = nullptr;
+  GHashTable* parameters = nullptr;
+  if (!soup_message_headers_get_content_disposition(headers, &disposition, &parameters)) {
+    return false;
+  }
+  const GText owner(disposition);
+  g_hash_table_unref(parameters);
+  return g_ascii_strcasecmp(disposition, "attachment") == 0;
+}
+
+Verdict JudgeAnswer(WebKitResponsePolicyDecision* decision) {
+  WebKitURIResponse* response = webkit_response_policy_decision_get_response(decision);
+  const std::string address = Text(webkit_uri_response_get_uri(response));
+  if (webkit_response_policy_decision_is_mime_type_supported(decision) && !IsAttachment(response)) {
+    return {Verdict::Kind::Use, address, ""};
+  }
+  const bool is_page = webkit_response_policy_decision_is_main_frame_main_resource(decision);
+  return {is_page ? Verdict::Kind::NotAPage : Verdict::Kind::Ignore, address,
+          Text(webkit_uri_response_get_mime_type(response))};
+}
+
+}  // namespace
+
+Verdict Judge(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type,
+              const PolicyContext& context) {
+  switch (type) {
+    case WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION:
+      return JudgeNavigation(webkit_navigation_policy_decision_get_navigation_action(
+                                 WEBKIT_NAVIGATION_POLICY_DECISION(decision)),
+                             context);
+    case WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION:
+      return JudgeNewWindow(webkit_navigation_policy_decision_get_navigation_action(
+                                WEBKIT_NAVIGATION_POLICY_DECISION(decision)),
+                            context);
+    case WEBKIT_POLICY_DECISION_TYPE_RESPONSE:
+      return JudgeAnswer(WEBKIT_RESPONSE_POLICY_DECISION(decision));
+  }
+  return {Verdict::Kind::Ignore, "", ""};
+}
+
+}  // namespace corvane::desktop

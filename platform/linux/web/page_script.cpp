@@ -1,0 +1,83 @@
+#include "platform/linux/web/page_script.h"
+
+#include <jsc/jsc.h>
+
+#include <memory>
+#include <utility>
+
+#include "platform/linux/web/web_text.h"
+
+namespace corvane::desktop {
+namespace {
+
+using Done = std::function<void(std::optional<std::string>)>;
+
+void OnEvaluated(GObject* view, GAsyncResult* result, gpointer data) {
+  const std::unique_ptr<Done> done(static_cast<Done*>(data));
+  const ObjectPtr<JSCValue> value(
+      webkit_web_view_evaluate_javascript_finish(WEBKIT_WEB_VIEW(view), result, nullptr));
+  if (!value || !jsc_value_is_string(value.get())) return (*done)(std::nullopt);
+  const GText text(jsc_value_to_string(value.get()));
+  (*done)(Text(text.get()));
+}
+
+void OnReplied(GObject* view, GAsyncResult* result, gpointer data) {
+  const std::unique_ptr<Done> done(static_cast<Done*>(data));
+  WebKitUserMessage* reply =
+      webkit_web_view_send_message_to_page_finish(WEBKIT_WEB_VIEW(view), result, nullptr);
+  if (reply == nullptr) return (*done)(std::nullopt);
+  const ObjectPtr<WebKitUserMessage> owner(reply);
+  GVariant* content = webkit_user_message_get_parameters(reply);
+  if (content == nullptr || !g_variant_is_of_type(content, G_VARIANT_TYPE_STRING)) {
+    return (*done)(std::nullopt);
+  }
+  (*done)(std::string(g_variant_get_string(content, nullptr)));
+}
+
+}  // namespace
+
+void Evaluate(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,
+              Done done) {
+  webkit_web_view_evaluate_javascript(view, expression.c_str(),
+                                      static_cast<gssize>(expression.size()), kScriptWorld, nullptr,
+                                      cancellable, &OnEvaluated, new Done(std::move(done)));
+}
+
+void CollectWithoutScripts(WebKitWebView* view, GCancellable* cancellable, Done done) {
+  webkit_web_view_send_message_to_page(view, webkit_user_message_new("collect", nullptr),
+                                       cancellable, &OnReplied, new Done(std::move(done)));
+}
+
+PageScript::PageScript(WebKitUserContentManager* manager, Receiver receiver)
+    : manager_(WEBKIT_USER_CONTENT_MANAGER(g_object_ref(manager))), receiver_(std::move(receiver)) {
+  // Connected before the handler is registered, so that no message is lost.
+  g_signal_connect(manager, "script-message-received::corvane", G_CALLBACK(&PageScript::OnMessage),
+                   this);
+  webkit_user_content_manager_register_script_message_handler_in_world(manager, "corvane",
+                                                                       kScriptWorld);
+  WebKitUserScript* script = webkit_user_script_new_for_world(
+      WebResource("page.js").c_str(), WEBKIT_USER_CONTENT_INJECT_ALL_FRAMES,
+      WEBKIT_USER_SCRIPT_INJECT_AT_DOCUMENT_START, kScriptWorld, nullptr, nullptr);
+  webkit_user_content_manager_add_script(manager, script);
+  webkit_user_script_unref(script);
+}
+
+PageScript::~PageScript() {
+  g_signal_handlers_disconnect_by_data(manager_.get(), this);
+  webkit_user_content_manager_remove_all_scripts(manager_.get());
+  webkit_user_content_manager_unregister_script_message_handler_in_world(manager_.get(), "corvane",
+                                                                         kScriptWorld);
+}
+
+void PageScript::OnMessage(WebKitUserContentManager*, WebKitJavascriptResult* result,
+                           gpointer self) {
+  JSCValue* value = webkit_javascript_result_get_js_value(result);
+  if (!jsc_value_is_string(value)) return;
+  const GText raw(jsc_value_to_string(value));
+  const std::string message = Text(raw.get());
+  const auto end = message.find('\n');
+  if (end == std::string::npos) return;
+  static_cast<PageScript*>(self)->receiver_(message.substr(0, end), message.substr(end + 1));
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,351 @@
+// Runs in every frame of every page, in a script world that the page cannot
+// reach. It describes the document (the page record) and tells the program about
+// focus, key and change events of links and form elements.
+//
+// A page may name its elements so that they hide properties of the document or
+// of a form (<form name="body">, <input name="elements">). Properties that can be
+// hidden so are therefore read through their prototypes only.
+'use strict';
+(() => {
+  if (globalThis.corvane) return;
+
+  // A page may be hostile; none of these limits is met by a page for people.
+  const LIMIT = {
+    links: 200000, anchors: 100000, forms: 20000, elements: 100000, options: 20000, frames: 500,
+    depth: 10, text: 100000, value: 2000000, body: 32000000, total: 64000000, nearby: 10000,
+    siblings: 1000,
+  };
+  const KNOWN_INPUT_TYPES = new Set(['text', 'password', 'checkbox', 'radio', 'submit', 'reset',
+    'button', 'image', 'file', 'hidden']);
+
+  const getter = (type, name) => {
+    const read = Object.getOwnPropertyDescriptor(type.prototype, name).get;
+    return (object) => read.call(object);
+  };
+  const titleOf = getter(Document, 'title');
+  const bodyOf = getter(Document, 'body');
+  const formsOf = getter(Document, 'forms');
+  const rootOf = getter(Document, 'documentElement');
+  const readyStateOf = getter(Document, 'readyState');
+  const addressOf = getter(Document, 'URL');
+  const elementsOf = getter(HTMLFormElement, 'elements');
+  const innerTextOf = getter(HTMLElement, 'innerText');
+  const all = (selector) => Document.prototype.querySelectorAll.call(document, selector);
+  const channel = globalThis.webkit?.messageHandlers?.corvane;
+  const post = (kind, text) => channel?.postMessage(`${kind}\n${text}`);
+
+  // This document's name among all documents of all frames.
+  const documentId = Array.from(crypto.getRandomValues(new Uint32Array(3)),
+    (part) => part.toString(36)).join('-');
+
+  // --- texts -----------------------------------------------------------------
+
+  let budget = 0;  // characters that the present record may still hold
+
+  // A text as it may stand in a record: whole characters only, bounded.
+  const clean = (text, limit) => {
+    if (typeof text !== 'string') return '';
+    const room = Math.min(limit, budget);
+    const cut = text.length > room ? text.slice(0, room) : text;
+    budget -= cut.length;
+    return cut.isWellFormed() ? cut : cut.toWellFormed();
+  };
+  const plain = (text) => clean(text.trim(), LIMIT.text);
+  const collapsed = (text) => clean(text.replace(/\s+/g, ' ').trim(), LIMIT.text);
+  // An address is either whole or not there.
+  const address = (text) => (text.length > LIMIT.value || text.length > budget ? ''
+    : clean(text, LIMIT.value));
+  const attribute = (element, name) => Element.prototype.getAttribute.call(element, name) ?? '';
+
+  // The count of code points.
+  const characters = (text) => {
+    let count = text.length;
+    for (let i = 1; i < text.length; i++) {
+      const unit = text.charCodeAt(i);
+      if (unit >= 0xDC00 && unit <= 0xDFFF) {
+        const before = text.charCodeAt(i - 1);
+        if (before >= 0xD800 && before <= 0xDBFF) count--;
+      }
+    }
+    return count;
+  };
+
+  // --- elements --------------------------------------------------------------
+
+  const numbers = new WeakMap();
+  let lastNumber = 0;
+  const numberOf = (element) => {
+    let number = numbers.get(element);
+    if (number === undefined) numbers.set(element, number = ++lastNumber);
+    return number;
+  };
+  const classOf = (element) => Object.prototype.toString.call(element).slice(8, -1);
+  const textOf = (element) => plain(element instanceof HTMLElement ? innerTextOf(element)
+    : element.textContent ?? '');
+  const hrefOf = (element) => {
+    if (typeof element.href === 'string') return address(element.href);
+    try {  // a link inside a drawing
+      return address(new URL(element.href.baseVal, element.baseURI).href);
+    } catch {
+      return '';
+    }
+  };
+  const isLink = (element) => (element instanceof HTMLAnchorElement ||
+    element instanceof HTMLAreaElement || element instanceof SVGAElement);
+  const isField = (element) => (element instanceof HTMLInputElement ||
+    element instanceof HTMLSelectElement || element instanceof HTMLTextAreaElement ||
+    element instanceof HTMLButtonElement);
+
+  // The page text that touches the element on one side.
+  const nearby = (element, side) => {
+    const before = side === 'previousSibling';
+    let text = '';
+    let steps = 0;
+    for (let node = element[side]; node && steps < LIMIT.siblings; node = node[side], steps++) {
+      if (node.nodeType === Node.COMMENT_NODE) continue;
+      if (node.nodeType !== Node.TEXT_NODE) break;
+      const data = before ? node.data.slice(-LIMIT.nearby) : node.data.slice(0, LIMIT.nearby);
+      text = before ? data + text : text + data;
+      if (text.length >= LIMIT.nearby) break;
+    }
+    return collapsed(text);
+  };
+
+  const typeOf = (element) => {
+    const type = typeof element.type === 'string' ? element.type : '';
+    if (!(element instanceof HTMLInputElement)) return clean(type, 100);
+    return KNOWN_INPUT_TYPES.has(type) ? type : 'text';
+  };
+
+  // What may change while the page is used, as in an event's report.
+  const stateOf = (element) => {
+    const state = [];
+    state.push(clean(typeof element.value === 'string' ? element.value : '', LIMIT.value));
+    state.push(element.checked === true ? 1 : 0);
+    const isSelect = element instanceof HTMLSelectElement;
+    state.push(isSelect ? element.selectedIndex : -1);
+    const options = [];
+    if (isSelect) {
+      const list = element.options;
+      const count = Math.min(list.length, LIMIT.options);
+      for (let i = 0; i < count; i++) options.push(clean(list[i].text, LIMIT.text));
+    }
+    state.push(options);
+    return state;
+  };
+
+  // [number, class, type, name, text, before, after, value, checked, index, options]
+  const describeField = (element, labels) => {
+    let before = nearby(element, 'previousSibling');
+    let after = nearby(element, 'nextSibling');
+    const label = labels?.get(element);
+    if (label) {
+      const afterwards = element.type === 'checkbox' || element.type === 'radio';
+      if (afterwards && after === '') after = collapsed(innerTextOf(label));
+      if (!afterwards && before === '') before = collapsed(innerTextOf(label));
+    }
+    return [numberOf(element), classOf(element), typeOf(element),
+      clean(attribute(element, 'name'), LIMIT.text), textOf(element), before, after,
+      ...stateOf(element)];
+  };
+
+  // The label of each labelled field. Asking every field for its labels would
+  // search the whole document once a field.
+  const labelledFields = () => {
+    const labels = new Map();
+    for (const label of all('label')) {
+      const field = label.control;
+      if (field && !labels.has(field)) labels.set(field, label);
+    }
+    return labels;
+  };
+
+  // --- the record ------------------------------------------------------------
+
+  // [number, is area, text, address, name] for each link, in one flat list.
+  const describeLinks = (elements, limit) => {
+    const list = [];
+    const count = Math.min(elements.length, limit);
+    for (let i = 0; i < count; i++) {
+      const link = elements[i];
+      list.push(numberOf(link), link instanceof HTMLAreaElement ? 1 : 0, textOf(link),
+        hrefOf(link), clean(attribute(link, 'name'), LIMIT.text));
+    }
+    return list;
+  };
+
+  const describeForms = () => {
+    const forms = [];
+    const list = formsOf(document);
+    if (list.length === 0) return forms;
+    const labels = labelledFields();
+    let room = LIMIT.elements;
+    for (let i = 0; i < list.length && i < LIMIT.forms; i++) {
+      const fields = [];
+      for (const element of elementsOf(list[i])) {
+        if (room-- <= 0) break;
+        fields.push(describeField(element, labels));
+      }
+      forms.push(fields);
+    }
+    return forms;
+  };
+
+  // [title, address, silent] for each frame in this document, by its place;
+  // silent frames run no scripts and never report themselves.
+  const describeFrames = () => {
+    const count = Math.min(window.length, LIMIT.frames);
+    if (count === 0) return [];
+    const places = new Map();
+    for (let i = 0; i < count; i++) places.set(window[i], i);
+    const frames = Array.from({length: count}, () => ['', '', 0]);
+    for (const element of all('iframe, frame, object, embed')) {
+      const place = places.get(element.contentWindow);
+      if (place === undefined) continue;
+      const silent = element instanceof HTMLIFrameElement &&
+        Element.prototype.hasAttribute.call(element, 'sandbox') &&
+        !element.sandbox.contains('allow-scripts');
+      frames[place] = [
+        plain(attribute(element, 'title') || attribute(element, 'name')),
+        address(element.src || element.data || ''), silent ? 1 : 0,
+      ];
+    }
+    return frames;
+  };
+
+  const placeOf = () => {
+    const place = [];
+    for (let at = window; at !== at.parent && place.length <= LIMIT.depth; at = at.parent) {
+      const siblings = Math.min(at.parent.length, LIMIT.frames);
+      let i = 0;
+      while (i < siblings && at.parent[i] !== at) i++;
+      place.unshift(i);
+    }
+    return place;
+  };
+
+  const fileName = (text) => {
+    try {
+      const url = new URL(text);
+      if (!['http:', 'https:', 'file:', 'corvane:'].includes(url.protocol)) return '';
+      return decodeURIComponent(url.pathname.split('/').pop());
+    } catch {
+      return '';
+    }
+  };
+
+  const bodyText = () => {
+    const body = bodyOf(document);
+    if (body instanceof HTMLBodyElement) return clean(innerTextOf(body), LIMIT.body);
+    const root = rootOf(document);
+    // A document of another kind (a feed, a drawing) is read as its plain text.
+    if (!root || root instanceof HTMLElement) return null;
+    return clean(root.textContent.trim(), LIMIT.body);
+  };
+
+  const describe = () => {
+    budget = LIMIT.total;
+    const url = addressOf(document);
+    const title = collapsed(titleOf(document));
+    const ancestors = location.ancestorOrigins;
+    return {
+      id: documentId,
+      place: placeOf(),
+      origin: self.origin,
+      top: ancestors.length > 0 ? ancestors[ancestors.length - 1] : self.origin,
+      title,
+      name: title || collapsed(fileName(url)),
+      url: address(url),
+      body: bodyText(),
+      links: describeLinks(all('a[href], area[href]'), LIMIT.links),
+      anchors: describeLinks(all('a[name]'), LIMIT.anchors),
+      forms: describeForms(),
+      frames: describeFrames(),
+    };
+  };
+
+  // The records of this document and of every frame in it that may be read from
+  // here. The others report themselves.
+  const collect = () => {
+    const records = [];
+    const visit = (view, depth) => {
+      if (records.length > LIMIT.frames || depth > LIMIT.depth) return;
+      try {
+        const api = view.corvane;  // refused for another origin's window
+        if (api?.describe) records.push(api.describe());
+      } catch {
+        // its own record will come
+      }
+      const count = Math.min(view.length, LIMIT.frames);
+      for (let i = 0; i < count; i++) visit(view[i], depth + 1);
+    };
+    visit(window, 0);
+    return JSON.stringify({records});
+  };
+
+  Object.defineProperty(globalThis, 'corvane', {value: Object.freeze({collect, describe})});
+
+  // A frame reports itself where the page cannot collect it: it is of another
+  // origin, or it has changed since.
+  const isCollected = () => {
+    try {
+      return window.top.corvane !== undefined && window.top.document &&
+        readyStateOf(window.top.document) !== 'complete';
+    } catch {
+      return false;
+    }
+  };
+  const report = () => {
+    if (isCollected()) return;
+    const record = describe();
+    post('record', JSON.stringify(record));
+  };
+  if (window !== window.top) {
+    const soon = () => setTimeout(report, 0);  // after the page's own load handlers
+    if (readyStateOf(document) === 'complete') soon();
+    window.addEventListener('load', (event) => { if (event.isTrusted) soon(); });
+    window.addEventListener('pageshow', (event) => {
+      if (event.isTrusted && event.persisted) soon();
+    });
+  }
+
+  // --- events ----------------------------------------------------------------
+
+  // [selected characters, characters after the caret]
+  const caretOf = (element) => {
+    let start = null;
+    let end = null;
+    try {
+      start = element.selectionStart ?? null;
+      end = element.selectionEnd ?? null;
+    } catch {
+      // a field without a caret
+    }
+    if (start === null || end === null) return [0, 0];
+    const value = element.value;
+    return [characters(value.slice(start, end)), characters(value.slice(end))];
+  };
+
+  const kinds = {focusin: 'focus', keyup: 'keyup', change: 'change'};
+  const tell = (event) => {
+    if (!event.isTrusted) return;
+    const element = event.composedPath()[0];
+    const field = isField(element);
+    if (!field && !isLink(element)) return;
+    budget = LIMIT.total;
+    const known = numbers.has(element);
+    const message = {kind: kinds[event.type], document: documentId, number: numberOf(element)};
+    message.href = field ? '' : hrefOf(element);
+    if (field) {
+      message.state = stateOf(element);
+      message.caret = caretOf(element);
+    }
+    // An element that came after the record is described whole.
+    if (!known && field) message.field = describeField(element, null);
+    if (!known && !field) message.link = describeLinks([element], 1);
+    post('event', JSON.stringify(message));
+  };
+  for (const type of Object.keys(kinds)) {
+    window.addEventListener(type, tell, {capture: true, passive: true});
+  }
+})();

@@ -1,0 +1,195 @@
+#include "platform/linux/web/typed_address.h"
+
+#include <gio/gio.h>
+
+#include <algorithm>
+#include <cctype>
+
+#include "platform/linux/web/gobject.h"
+#include "platform/linux/web/web_text.h"
+
+namespace corvane::desktop {
+namespace {
+
+constexpr std::size_t kLongestAddress = 100'000;
+constexpr std::size_t kLongestHost = 253;
+constexpr int kHighestPort = 65535;
+constexpr const char* kHowTo =
+    "Type an address such as example.org, or the word Search and what you are looking for.";
+
+TypedAddress Unusable(const std::string& title, const std::string& sentence,
+                      const std::string& advice, const std::string& typed) {
+  return {"", "", Problem{title, sentence, advice, typed}};
+}
+
+TypedAddress Malformed(const std::string& typed) {
+  return Unusable("Not an address",
+                  "What was typed is not an address that Corvane can open: " + Shorten(typed, 200),
+                  kHowTo, typed);
+}
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+std::string Lower(std::string text) {
+  std::transform(text.begin(), text.end(), text.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+  return text;
+}
+
+/// Valid UTF-8 without control characters and without blanks at the ends.
+std::string Tidy(std::string_view text) {
+  const GText valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
+  std::string tidy = Text(valid.get());
+  tidy.erase(std::remove_if(tidy.begin(), tidy.end(),
+                            [](char c) { return static_cast<unsigned char>(c) < 32 || c == 127; }),
+             tidy.end());
+  for (const std::string blank : {" ", "\xC2\xA0"}) {
+    while (tidy.starts_with(blank)) tidy.erase(0, blank.size());
+    while (tidy.ends_with(blank)) tidy.erase(tidy.size() - blank.size());
+  }
+  return tidy;
+}
+
+std::string EscapeBlanks(std::string_view text) {
+  std::string escaped;
+  for (const char c : text) {
+    if (c == ' ') {
+      escaped += "%20";
+    } else {
+      escaped += c;
+    }
+  }
+  return escaped;
+}
+
+/// The scheme in front of the text, in small letters; none for "host:port".
+std::string SchemeOf(const std::string& text) {
+  const auto colon = text.find(':');
+  if (colon == std::string::npos || colon == 0 || !IsLetter(text[0])) return {};
+  for (std::size_t i = 1; i < colon; ++i) {
+    const char c = text[i];
+    if (!IsLetter(c) && !IsDigit(c) && c != '+' && c != '-' && c != '.') return {};
+  }
+  auto after = colon + 1;
+  while (after < text.size() && IsDigit(text[after])) ++after;
+  const bool is_port = after > colon + 1 && (after == text.size() || text[after] == '/' ||
+                                             text[after] == '?' || text[after] == '#');
+  return is_port ? std::string() : Lower(text.substr(0, colon));
+}
+
+struct Host {
+  std::string name;  ///< with brackets for a numeric address that needs them
+  bool has_port = false;
+};
+
+/// Takes an authority apart; none when it is not well formed.
+std::optional<Host> ParseHost(const std::string& authority) {
+  Host host;
+  const auto user = authority.rfind('@');
+  std::string rest = user == std::string::npos ? authority : authority.substr(user + 1);
+  std::string port;
+  if (rest.starts_with('[')) {
+    const auto close = rest.find(']');
+    if (close == std::string::npos) return std::nullopt;
+    host.name = rest.substr(0, close + 1);
+    const std::string number = rest.substr(1, close - 1);
+    if (number.find(':') == std::string::npos || !g_hostname_is_ip_address(number.c_str())) {
+      return std::nullopt;
+    }
+    rest.erase(0, close + 1);
+    if (!rest.empty() && rest[0] != ':') return std::nullopt;
+    if (!rest.empty()) port = rest.substr(1);
+  } else {
+    const auto colon = rest.find(':');
+    host.name = rest.substr(0, colon);
+    if (colon != std::string::npos) port = rest.substr(colon + 1);
+    if (host.name.empty() || host.name.size() > kLongestHost) return std::nullopt;
+    if (host.name.find_first_of(" %<>\"\\^`{|}[]") != std::string::npos) return std::nullopt;
+    if (host.name.starts_with('.') || host.name.find("..") != std::string::npos) {
+      return std::nullopt;
+    }
+    if (const GText ascii(g_hostname_to_ascii(host.name.c_str())); !ascii) return std::nullopt;
+  }
+  host.has_port = !port.empty();
+  if (!std::all_of(port.begin(), port.end(), IsDigit) || port.size() > 5) return std::nullopt;
+  if (host.has_port && std::stoi(port) > kHighestPort) return std::nullopt;
+  return host;
+}
+
+TypedAddress ResolveWeb(const std::string& scheme, const std::string& typed) {
+  std::string rest = typed.substr(scheme.size() + 1);
+  rest.erase(0, std::min(rest.find_first_not_of('/'), rest.size()));
+  const auto end = std::min(rest.find_first_of("/?#"), rest.size());
+  if (!ParseHost(rest.substr(0, end))) return Malformed(typed);
+  return {scheme + "://" + EscapeBlanks(rest), "", std::nullopt};
+}
+
+TypedAddress ResolvePath(const std::string& path, const std::string& typed) {
+  const GText uri(g_filename_to_uri(path.c_str(), nullptr, nullptr));
+  if (!uri) return Malformed(typed);
+  return {Text(uri.get()), "", std::nullopt};
+}
+
+TypedAddress ResolveFile(const std::string& typed) {
+  std::string rest = typed.substr(std::string("file:").size());
+  if (rest.starts_with("//localhost/")) rest.erase(0, std::string("//localhost").size());
+  if (rest.starts_with("///")) rest.erase(0, 2);
+  if (!rest.starts_with('/') || rest.starts_with("//")) return Malformed(typed);
+  return {"file://" + EscapeBlanks(rest), "", std::nullopt};
+}
+
+TypedAddress ResolveScheme(const std::string& scheme, const std::string& typed) {
+  if (scheme == "http" || scheme == "https") return ResolveWeb(scheme, typed);
+  if (scheme == "file") return ResolveFile(typed);
+  if (scheme == "about" || scheme == "data" || scheme == "corvane") {
+    return {scheme + EscapeBlanks(typed.substr(scheme.size())), "", std::nullopt};
+  }
+  if (scheme == "javascript") {
+    return Unusable("Address refused",
+                    "Scripts are not run from the address box, because a page may have told you to "
+                    "paste one that harms you.",
+                    kHowTo, typed);
+  }
+  return Unusable("Unknown kind of address",
+                  "Corvane cannot open addresses that begin with " + Shorten(scheme, 50) + ":", kHowTo,
+                  typed);
+}
+
+TypedAddress ResolveHost(std::string typed) {
+  if (typed.starts_with("//")) typed.erase(0, 2);
+  const auto end = std::min(typed.find_first_of("/?#"), typed.size());
+  std::string authority = typed.substr(0, end);
+  const bool bare_number = std::count(authority.begin(), authority.end(), ':') > 1 &&
+                           g_hostname_is_ip_address(authority.c_str());
+  if (bare_number) authority = "[" + authority + "]";
+  const auto host = ParseHost(authority);
+  if (!host) return Malformed(typed);
+
+  const std::string rest = authority + EscapeBlanks(typed.substr(end));
+  const std::string name = Lower(host->name);
+  const bool is_number = name.starts_with('[') || g_hostname_is_ip_address(name.c_str());
+  const bool is_local = name == "localhost" || name.ends_with(".localhost");
+  const bool has_dot = name.find('.') != std::string::npos;
+  if (is_number || is_local || host->has_port || !has_dot) return {"http://" + rest, "", std::nullopt};
+  return {"https://" + rest, "http://" + rest, std::nullopt};
+}
+
+}  // namespace
+
+TypedAddress ResolveTyped(std::string_view text, const std::string& home) {
+  if (text.size() > kLongestAddress) {
+    return Unusable("Address too long", "What was typed is too long to be an address.", kHowTo,
+                    Shorten(Tidy(text.substr(0, 1000)), 200));
+  }
+  const std::string typed = Tidy(text);
+  if (typed.empty()) {
+    return Unusable("No address", "Nothing was typed into the address box.", kHowTo, "");
+  }
+  if (typed == "~" || typed.starts_with("~/")) return ResolvePath(home + typed.substr(1), typed);
+  if (typed.starts_with('/') && !typed.starts_with("//")) return ResolvePath(typed, typed);
+  const std::string scheme = SchemeOf(typed);
+  return scheme.empty() ? ResolveHost(typed) : ResolveScheme(scheme, typed);
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/linux/web/problem.h"
+
+namespace corvane::desktop {
+
+/// Where a typed text leads: to `uri`, or to `problem`.
+struct TypedAddress {
+  std::string uri;
+  /// To be tried when no connection can be made to `uri`; often empty.
+  std::string fallback;
+  std::optional<Problem> problem;
+};
+
+/// What a person means by a text typed into the address box. Blanks around it
+/// and line breaks in it do not count.
+/// - With a scheme: http, https, file, about, data and corvane go as typed;
+///   javascript and all others are a problem.
+/// - A path ("/home/x.html", "~/x.html", `home` standing for "~") is a file.
+/// - Otherwise a host with or without port and path. A plain name with a dot is
+///   tried with https first and with http when there is no connection; a host
+///   with a port, an IP address, a name without a dot and localhost go by http.
+TypedAddress ResolveTyped(std::string_view text, const std::string& home);
+
+}  // namespace corvane::desktop

@@ -1,0 +1,46 @@
+#include "platform/linux/web/watchdog.h"
+
+#include <utility>
+
+namespace corvane::desktop {
+
+Watchdog::Watchdog(Limits limits, std::function<void(Answer)> ping,
+                   std::function<bool()> keep_watching, std::function<void()> warn,
+                   std::function<void()> end)
+    : limits_(limits),
+      ping_(std::move(ping)),
+      keep_watching_(std::move(keep_watching)),
+      warn_(std::move(warn)),
+      end_(std::move(end)) {}
+
+void Watchdog::Watch() {
+  if (current_) return;
+  pause_.Cancel();
+  current_ = std::make_shared<int>();
+  warn_delay_.Start(limits_.warn, [this] {
+    warned_ = true;
+    warn_();
+  });
+  end_delay_.Start(limits_.end, [this] {
+    Reset();
+    end_();
+  });
+  ping_([this, ping = std::weak_ptr(current_)] {
+    if (!ping.expired()) Answered();
+  });
+}
+
+void Watchdog::Reset() {
+  current_.reset();
+  warned_ = false;
+  warn_delay_.Cancel();
+  end_delay_.Cancel();
+  pause_.Cancel();
+}
+
+void Watchdog::Answered() {
+  Reset();
+  if (keep_watching_()) pause_.Start(limits_.pause, [this] { Watch(); });
+}
+
+}  // namespace corvane::desktop

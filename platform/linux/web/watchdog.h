@@ -1,0 +1,48 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "platform/linux/web/gobject.h"
+
+namespace corvane::desktop {
+
+/// Notices a page that no longer answers. It sends a ping when told to and waits
+/// for the answer; while `keep_watching` says so (a page loads) the next ping
+/// follows some time after each answer.
+class Watchdog {
+ public:
+  struct Limits {
+    double warn = 5;  ///< seconds without an answer until the user is told
+    double end = 15;  ///< until the page is given up
+    double pause = 1;  ///< between an answer and the next ping
+  };
+  using Answer = std::function<void()>;
+
+  /// `ping` sends one and calls the answer when it is there.
+  Watchdog(Limits limits, std::function<void(Answer)> ping, std::function<bool()> keep_watching,
+           std::function<void()> warn, std::function<void()> end);
+
+  /// Makes sure that a ping is under way.
+  void Watch();
+  /// Forgets the ping under way: the page is another one, or its process is gone.
+  void Reset();
+  /// Whether the user has been told and no answer has come since.
+  bool Warned() const { return warned_; }
+
+ private:
+  void Answered();
+
+  Limits limits_;
+  std::function<void(Answer)> ping_;
+  std::function<bool()> keep_watching_;
+  std::function<void()> warn_;
+  std::function<void()> end_;
+  std::shared_ptr<int> current_;  // the ping under way; answers to older ones find it gone
+  bool warned_ = false;
+  Delay warn_delay_;
+  Delay end_delay_;
+  Delay pause_;
+};
+
+}  // namespace corvane::desktop

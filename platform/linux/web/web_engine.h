@@ -1,0 +1,88 @@
+#pragma once
+
+#include <webkit2/webkit2.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/event.h"
+#include "platform/linux/web/corvane_pages.h"
+#include "platform/linux/web/gobject.h"
+#include "platform/linux/web/script_dialogs.h"
+#include "platform/linux/web/watchdog.h"
+
+namespace corvane::desktop {
+
+/// What the user may set for all pages.
+struct EnginePreferences {
+  double zoom = 1.0;
+  int minimum_font_size = 0;  ///< pixels
+  bool images = true;
+  bool scripts = true;
+};
+
+/// How the engine works together with the rest of the program. Whatever is left
+/// empty has a sensible default.
+struct EngineOptions {
+  /// Keeps nothing on disk: no cookies, no cache.
+  bool ephemeral = false;
+  /// Default: "corvane" in the user's data and cache folders.
+  std::string data_directory;
+  std::string cache_directory;
+  /// The folder of the page processes' own part; default: beside the program.
+  std::string extension_directory;
+  /// The user's home folder, for "~" in typed paths.
+  std::string home_directory;
+  /// Where GoHome goes; default: the program's home page.
+  std::function<std::string()> start_page;
+  /// The web search service's address with "%s" for the words; empty: none.
+  std::function<std::string()> search_service;
+  /// Favourites and pages of the history that fit words searched.
+  std::function<std::vector<SearchMatch>(const std::string& words)> find_matches;
+  /// Shows alerts of pages; without it they only go to the status text.
+  std::shared_ptr<ScriptDialogs> dialogs;
+  /// The path that a page is saved to, given the one proposed; empty: not saved.
+  std::function<std::string(const std::string& proposed)> choose_save_path;
+  /// Called for each page that was loaded, for the history; not for problems.
+  std::function<void(const std::string& address, const std::string& title)> page_visited;
+  Watchdog::Limits hang;
+};
+
+/// The rendering engine: one for all browser controls of the program. Must
+/// outlive them.
+class WebEngine {
+ public:
+  explicit WebEngine(EngineOptions options = {});
+  ~WebEngine();
+  WebEngine(const WebEngine&) = delete;
+  WebEngine& operator=(const WebEngine&) = delete;
+
+  const EngineOptions& Options() const { return options_; }
+  WebKitWebContext* Context() const { return context_.get(); }
+  WebKitSettings* Settings() const { return settings_.get(); }
+
+  const EnginePreferences& Preferences() const { return preferences_; }
+  /// Takes effect at once; scripts and images with the next page.
+  void SetPreferences(const EnginePreferences& preferences);
+  Event<> PreferencesChanged;
+
+  /// Forgets cookies and the sites' stored data, or the cache.
+  void ClearSiteData();
+  void ClearCache();
+
+  /// The address at the web search service for a search of the fixed form; empty
+  /// for other addresses and without a service.
+  std::string SearchAddress(const std::string& address) const;
+
+ private:
+  static void OnCorvaneRequest(WebKitURISchemeRequest* request, gpointer self);
+
+  EngineOptions options_;
+  EnginePreferences preferences_;
+  ObjectPtr<WebKitWebContext> context_;
+  ObjectPtr<WebKitSettings> settings_;
+};
+
+}  // namespace corvane::desktop

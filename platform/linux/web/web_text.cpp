@@ -1,0 +1,122 @@
+#include "platform/linux/web/web_text.h"
+
+#include <gio/gio.h>
+
+#include <stdexcept>
+
+extern "C" {
+GResource* corvane_page_get_resource(void);
+GResource* corvane_pages_get_resource(void);
+}
+
+namespace corvane::desktop {
+namespace {
+
+bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+
+bool HasLongLine(const std::string& text, std::size_t longest) {
+  std::size_t start = 0;
+  while (start < text.size()) {
+    const auto end = text.find('\n', start);
+    const auto stop = end == std::string::npos ? text.size() : end;
+    if (stop - start > longest) return true;  // bytes: at least as many as characters
+    start = stop + 1;
+  }
+  return false;
+}
+
+}  // namespace
+
+std::string BreakLongLines(std::string text, int longest) {
+  const auto limit = static_cast<std::size_t>(longest);
+  if (!HasLongLine(text, limit)) return text;
+
+  std::string broken;
+  broken.reserve(text.size() + text.size() / limit + 1);
+  std::size_t characters = 0;           // on the present line
+  std::size_t blank = std::string::npos;  // where the line's last blank stands in `broken`
+  std::size_t after_blank = 0;          // characters since then
+  for (const char byte : text) {
+    if (byte == '\n') {
+      characters = after_blank = 0;
+      blank = std::string::npos;
+    } else if (!ContinuesCharacter(byte)) {
+      if (characters == limit) {
+        if (blank != std::string::npos) {
+          broken[blank] = '\n';
+          characters = after_blank;
+        } else {
+          broken += '\n';
+          characters = 0;
+        }
+        blank = std::string::npos;
+      }
+      ++characters;
+      ++after_blank;
+      if (byte == ' ') {
+        blank = broken.size();
+        after_blank = 0;
+      }
+    }
+    broken += byte;
+  }
+  return broken;
+}
+
+std::string EscapeHtml(std::string_view text) {
+  std::string escaped;
+  escaped.reserve(text.size());
+  for (const char byte : text) {
+    switch (byte) {
+      case '&': escaped += "&amp;"; break;
+      case '<': escaped += "&lt;"; break;
+      case '>': escaped += "&gt;"; break;
+      case '"': escaped += "&quot;"; break;
+      case '\'': escaped += "&#39;"; break;
+      case '\0': escaped += "\xEF\xBF\xBD"; break;
+      default: escaped += byte;
+    }
+  }
+  return escaped;
+}
+
+std::string Shorten(std::string_view text, std::size_t longest) {
+  std::size_t characters = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (ContinuesCharacter(text[i])) continue;
+    if (characters == longest) return std::string(text.substr(0, i)) + "...";
+    ++characters;
+  }
+  return std::string(text);
+}
+
+std::string FillTemplate(std::string_view page, const std::map<std::string, std::string>& values) {
+  std::string filled;
+  std::size_t at = 0;
+  while (true) {
+    const auto open = page.find("{{", at);
+    const auto close = open == std::string_view::npos ? open : page.find("}}", open);
+    if (close == std::string_view::npos) return filled.append(page.substr(at));
+    filled += page.substr(at, open - at);
+    const auto value = values.find(std::string(page.substr(open + 2, close - open - 2)));
+    if (value != values.end()) filled += value->second;
+    at = close + 2;
+  }
+}
+
+std::string WebResource(const std::string& name) {
+  const std::string path = "/org/corvane/web/" + name;
+  for (GResource* resource : {corvane_page_get_resource(), corvane_pages_get_resource()}) {
+    GBytes* bytes =
+        g_resource_lookup_data(resource, path.c_str(), G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr);
+    if (bytes == nullptr) continue;
+    gsize size = 0;
+    const auto* data = static_cast<const char*>(g_bytes_get_data(bytes, &size));
+    std::string content(data, size);
+    g_bytes_unref(bytes);
+    return content;
+  }
+  throw std::logic_error("no built-in file " + name);
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace corvane::desktop {
+
+/// The longest line, in characters, that page text may have.
+inline constexpr int kLongestLine = 4000;
+
+/// The text with every line longer than `longest` characters broken: at its last
+/// blank within that length, which becomes the line break, or just after that
+/// length where there is none. A text view lays out one very long paragraph for
+/// many seconds, so such a paragraph never leaves this folder.
+std::string BreakLongLines(std::string text, int longest = kLongestLine);
+
+/// The text as it may stand in HTML, also inside a quoted attribute.
+std::string EscapeHtml(std::string_view text);
+
+/// At most `longest` characters of the text, then "..." where some were cut.
+std::string Shorten(std::string_view text, std::size_t longest);
+
+/// The template with each {{name}} replaced by the value of that name; values
+/// are put in as they are. An unknown name leaves nothing.
+std::string FillTemplate(std::string_view page, const std::map<std::string, std::string>& values);
+
+/// The file of that name that is built into the program.
+std::string WebResource(const std::string& name);
+
+}  // namespace corvane::desktop

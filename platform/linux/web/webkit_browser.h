@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/linux/gtk/widget_control.h"
+#include "platform/linux/web/engine_view.h"
+#include "platform/linux/web/web_engine.h"
+#include "platform/web_browser.h"
+
+namespace corvane::desktop {
+
+/// The WebBrowser control over WebKitGTK.
+class WebKitBrowser : public WidgetControl<WebBrowser> {
+ public:
+  WebKitBrowser(const std::string& name, WebEngine& engine, WindowTable& windows);
+
+  Gtk::Widget& widget() override { return *widget_; }
+
+  void Navigate2(const std::string& url) override { view_.Navigate(url); }
+  void GoBack() override { view_.GoBack(); }
+  void GoForward() override { view_.GoForward(); }
+  void GoHome() override { view_.GoHome(); }
+  void Stop() override { view_.Stop(); }
+  void Refresh() override { view_.Refresh(); }
+  void ExecWB(Command command, CommandOption option) override;
+
+  std::string LocationURL() const override { return view_.LocationURL(); }
+  std::string LocationName() const override { return view_.LocationName(); }
+  bool Busy() const override { return view_.Busy(); }
+  HTMLDocumentPtr Document() const override { return view_.Document(); }
+
+ private:
+  EngineView view_;
+  Gtk::Widget* widget_;
+};
+
+}  // namespace corvane::desktop

@@ -1,0 +1,155 @@
+#include "tests/platform/web/page_harness.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "platform/linux/web/gobject.h"
+
+namespace corvane::desktop {
+namespace {
+
+constexpr guint kGenerousSeconds = 60;
+
+void OnPageScript(GObject* view, GAsyncResult* result, gpointer data) {
+  const ObjectPtr<JSCValue> value(
+      webkit_web_view_evaluate_javascript_finish(WEBKIT_WEB_VIEW(view), result, nullptr));
+  const GText text(value ? jsc_value_to_string(value.get()) : nullptr);
+  *static_cast<std::optional<std::string>*>(data) = Text(text.get());
+}
+
+void SendKey(GtkWidget* widget, GdkEventType type, guint keyval) {
+  GdkEvent* event = gdk_event_new(type);
+  event->key.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(widget)));
+  event->key.time = GDK_CURRENT_TIME;
+  event->key.keyval = keyval;
+  GdkKeymap* keymap = gdk_keymap_get_for_display(gdk_display_get_default());
+  GdkKeymapKey* keys = nullptr;
+  int count = 0;
+  if (gdk_keymap_get_entries_for_keyval(keymap, keyval, &keys, &count)) {
+    event->key.hardware_keycode = static_cast<guint16>(keys[0].keycode);
+    event->key.group = static_cast<guint8>(keys[0].group);
+    if (keys[0].level > 0) event->key.state |= GDK_SHIFT_MASK;
+    g_free(keys);
+  }
+  GdkSeat* seat = gdk_display_get_default_seat(gdk_display_get_default());
+  gdk_event_set_device(event, gdk_seat_get_keyboard(seat));
+  gtk_main_do_event(event);
+  gdk_event_free(event);
+}
+
+void SendButton(GtkWidget* widget, GdkEventType type, double x, double y) {
+  GdkEvent* event = gdk_event_new(type);
+  event->button.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(widget)));
+  event->button.time = GDK_CURRENT_TIME;
+  event->button.x = x;
+  event->button.y = y;
+  event->button.button = 1;
+  if (type == GDK_BUTTON_RELEASE) event->button.state = GDK_BUTTON1_MASK;
+  GdkSeat* seat = gdk_display_get_default_seat(gdk_display_get_default());
+  gdk_event_set_device(event, gdk_seat_get_pointer(seat));
+  gtk_main_do_event(event);
+  gdk_event_free(event);
+}
+
+}  // namespace
+
+EngineOptions TestOptions() {
+  EngineOptions options;
+  options.ephemeral = true;
+  return options;
+}
+
+bool WaitUntil(const std::function<bool()>& condition) {
+  if (condition()) return true;
+  bool late = false;
+  const guint guard = g_timeout_add_seconds(
+      kGenerousSeconds,
+      +[](gpointer flag) -> gboolean {
+        *static_cast<bool*>(flag) = true;
+        return G_SOURCE_CONTINUE;
+      },
+      &late);
+  while (!condition() && !late) g_main_context_iteration(nullptr, TRUE);
+  g_source_remove(guard);
+  return condition();
+}
+
+TestView::TestView(WebEngine& engine) {
+  gtk_init(nullptr, nullptr);
+  window_ = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+  gtk_window_set_default_size(GTK_WINDOW(window_), 800, 600);
+  view_ = std::make_unique<EngineView>(
+      engine, EngineView::Listener{[this] { log.push_back("begin"); },
+                                   [this] { log.push_back("complete"); },
+                                   [this](const std::string& text) { log.push_back("status " + text); }});
+  gtk_container_add(GTK_CONTAINER(window_), GTK_WIDGET(view_->View()));
+  gtk_widget_show_all(window_);
+}
+
+TestView::~TestView() {
+  view_.reset();
+  gtk_widget_destroy(window_);
+}
+
+void TestView::WaitIdle() {
+  ASSERT_TRUE(WaitUntil([this] { return !view_->Busy(); })) << "still busy";
+}
+
+void TestView::Go(const std::string& address) {
+  view_->Navigate(address);
+  WaitIdle();
+}
+
+std::vector<std::string> TestView::EventsWithoutStatus() const {
+  std::vector<std::string> events;
+  std::copy_if(log.begin(), log.end(), std::back_inserter(events),
+               [](const std::string& entry) { return !entry.starts_with("status "); });
+  return events;
+}
+
+bool TestView::HasStatus(const std::string& part) const {
+  return std::any_of(log.begin(), log.end(), [&](const std::string& entry) {
+    return entry.starts_with("status ") && entry.find(part) != std::string::npos;
+  });
+}
+
+int TestView::Count(const std::string& entry) const {
+  return static_cast<int>(std::count(log.begin(), log.end(), entry));
+}
+
+void TestView::Focus() {
+  gtk_window_present(GTK_WINDOW(window_));
+  gtk_widget_grab_focus(GTK_WIDGET(view_->View()));
+  ASSERT_TRUE(WaitUntil([this] { return gtk_widget_has_focus(GTK_WIDGET(view_->View())); }));
+}
+
+void TestView::Key(guint keyval) {
+  SendKey(GTK_WIDGET(view_->View()), GDK_KEY_PRESS, keyval);
+  SendKey(GTK_WIDGET(view_->View()), GDK_KEY_RELEASE, keyval);
+}
+
+void TestView::Click(double x, double y) {
+  SendButton(GTK_WIDGET(view_->View()), GDK_BUTTON_PRESS, x, y);
+  SendButton(GTK_WIDGET(view_->View()), GDK_BUTTON_RELEASE, x, y);
+}
+
+std::string TestView::EvaluateInPage(const std::string& script) {
+  std::optional<std::string> result;
+  webkit_web_view_evaluate_javascript(view_->View(), script.c_str(), -1, nullptr, nullptr, nullptr,
+                                      &OnPageScript, &result);
+  EXPECT_TRUE(WaitUntil([&] { return result.has_value(); })) << "the script never returned";
+  return result.value_or("");
+}
+
+void TestView::RunInPage(const std::string& script) {
+  webkit_web_view_evaluate_javascript(view_->View(), script.c_str(), -1, nullptr, nullptr, nullptr,
+                                      nullptr, nullptr);
+}
+
+WebEngine& SharedEngine() {
+  static auto* engine = new WebEngine(TestOptions());  // lives as long as the program
+  return *engine;
+}
+
+}  // namespace corvane::desktop

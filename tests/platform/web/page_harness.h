@@ -1,0 +1,70 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <gtk/gtk.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/linux/web/engine_view.h"
+#include "platform/linux/web/web_engine.h"
+#include "tests/platform/web/test_server.h"
+
+namespace corvane::desktop {
+
+/// Options for tests: nothing is kept on disk.
+EngineOptions TestOptions();
+
+/// Runs the main loop until the condition holds; false when it never does.
+bool WaitUntil(const std::function<bool()>& condition);
+
+/// One engine view in a window, with a log of what it reported.
+class TestView {
+ public:
+  explicit TestView(WebEngine& engine);
+  ~TestView();
+  TestView(const TestView&) = delete;
+  TestView& operator=(const TestView&) = delete;
+
+  EngineView& operator*() { return *view_; }
+  EngineView* operator->() { return view_.get(); }
+
+  /// Goes there and waits until the page has been read.
+  void Go(const std::string& address);
+  /// Waits until nothing is loading; fails the test when that never comes.
+  void WaitIdle();
+  HTMLDocumentPtr Document() { return view_->Document(); }
+  std::string Body() { return view_->Document() ? view_->Document()->body_innerText : ""; }
+
+  /// "begin", "complete" and "status TEXT" in the order reported.
+  std::vector<std::string> log;
+  std::vector<std::string> EventsWithoutStatus() const;
+  bool HasStatus(const std::string& part) const;
+  int Count(const std::string& entry) const;
+
+  /// Gives the view the focus as a person would and types a key there.
+  void Focus();
+  void Key(guint keyval);
+  void Click(double x, double y);
+  /// Runs a script as the page itself would.
+  void RunInPage(const std::string& script);
+  std::string EvaluateInPage(const std::string& script);
+
+ private:
+  GtkWidget* window_;
+  std::unique_ptr<EngineView> view_;
+};
+
+/// The engine that most tests share.
+WebEngine& SharedEngine();
+
+/// A test with a server and a view.
+class PageTest : public testing::Test {
+ protected:
+  TestServer server_;
+  TestView view_{SharedEngine()};
+};
+
+}  // namespace corvane::desktop
