@@ -1,0 +1,230 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <typeindex>
+#include <utility>
+#include <vector>
+
+#include "tests/fakes/fake_agent.h"
+#include "tests/fakes/fake_controls.h"
+#include "tests/fakes/fake_rich_text_box.h"
+#include "tests/fakes/fake_services.h"
+#include "tests/fakes/fake_web_browser.h"
+#include "tests/fakes/fake_windows.h"
+
+namespace corvane::fakes {
+
+class FakeMenuItem : public MenuItem {
+ public:
+  explicit FakeMenuItem(std::string text) : caption(std::move(text)) {}
+  std::string Caption() const override { return caption; }
+  bool Checked() const override { return checked; }
+  void SetChecked(bool value) override { checked = value; }
+  bool Enabled() const override { return enabled; }
+  void SetEnabled(bool value) override { enabled = value; }
+  MenuItem& Add(const std::string& text) override {
+    items.push_back(std::make_unique<FakeMenuItem>(text));
+    return *items.back();
+  }
+
+  std::string caption;
+  bool checked = false;
+  bool enabled = true;
+  std::vector<std::unique_ptr<FakeMenuItem>> items;
+};
+
+class FakeMenu : public Menu {
+ public:
+  MenuItem& Add(const std::string& text) override {
+    items.push_back(std::make_unique<FakeMenuItem>(text));
+    return *items.back();
+  }
+
+  std::vector<std::unique_ptr<FakeMenuItem>> items;
+};
+
+/// A timer that ticks when the test says so.
+class FakeTimer : public Timer {
+ public:
+  int Interval() const override { return interval; }
+  void SetInterval(int milliseconds) override { interval = milliseconds; }
+  bool Enabled() const override { return enabled; }
+  void SetEnabled(bool value) override { enabled = value; }
+  /// One tick, if the timer runs.
+  void Fire() {
+    if (enabled) Tick.Raise();
+  }
+
+  int interval = 0;
+  bool enabled = false;
+};
+
+class FakeForm : public Form {
+ public:
+  FakeForm(FakeDesktop& desktop, std::string name);
+  ~FakeForm() override;
+
+  WindowHandle hwnd() const override { return handle_; }
+  std::string Caption() const override;
+  void SetCaption(const std::string& caption) override;
+  float Left() const override { return left; }
+  void SetLeft(float twips) override { left = twips; }
+  float Top() const override { return top; }
+  void SetTop(float twips) override { top = twips; }
+  float Width() const override { return width; }
+  void SetWidth(float twips) override { width = twips; }
+  float Height() const override { return height; }
+  void SetHeight(float twips) override { height = twips; }
+  WindowState State() const override { return state; }
+  void SetMenu(Menu&) override {}
+  void SetContent(ElasticFrame&) override {}
+  void SetStatusBar(StatusBar&) override {}
+  bool Visible() const override { return visible; }
+  void Show() override { visible = true; }
+  void ShowModal(Form* form) override {
+    visible = true;
+    modal = true;
+    owner = form;
+  }
+  void Hide() override { visible = false; }
+  void Close(UnloadMode mode) override {
+    bool cancel = false;
+    QueryUnload.Raise(cancel, mode);
+    if (!cancel) Unload.Raise();
+  }
+
+  const std::string name;
+  float left = 0, top = 0, width = 0, height = 0;
+  WindowState state = WindowState::Normal;
+  bool visible = false;
+  bool modal = false;
+  Form* owner = nullptr;
+
+ private:
+  FakeDesktop& desktop_;
+  WindowHandle handle_;
+};
+
+/// A band window without a screen; forty pixels to the row.
+class FakeRebarWindow : public RebarWindow {
+ public:
+  explicit FakeRebarWindow(FakeDesktop& desktop, WindowHandle parent);
+  ~FakeRebarWindow() override;
+  WindowHandle hwnd() const override { return handle_; }
+  void Move(int left, int top, int width, int height) override { place = {left, top, width, height}; }
+  void SetVisible(bool visible) override;
+  bool InsertBand(int index, const BandInfo& info) override;
+  bool DeleteBand(int index) override;
+  int BandCount() const override { return static_cast<int>(bands.size()); }
+  bool GetBandInfo(int index, BandInfo& info) const override;
+  bool SetBandInfo(int index, const BandInfo& info) override;
+  int RowCount() const override { return rows; }
+  int RowHeight(int) const override { return 40; }
+  void SetNotifyParent(WindowHandle window) override { notify_parent = window; }
+  void Repaint() override { ++repaints; }
+
+  std::vector<BandInfo> bands;
+  std::vector<int> place;
+  int rows = 1;
+  int repaints = 0;
+  WindowHandle notify_parent = 0;
+
+ private:
+  FakeDesktop& desktop_;
+  WindowHandle handle_;
+};
+
+/// A desktop without a screen: instant, scripted, recording. Controls are found
+/// by their names while they live.
+class FakeDesktop : public Desktop {
+ public:
+  std::unique_ptr<Form> CreateForm(const std::string& name) override;
+  std::unique_ptr<Menu> CreateMenu() override { return std::make_unique<FakeMenu>(); }
+  std::unique_ptr<ElasticFrame> CreateElasticFrame(const std::string& name) override;
+  std::unique_ptr<ComboBox> CreateComboBox(const std::string& name, ComboBox::Style) override;
+  std::unique_ptr<CommandButton> CreateCommandButton(const std::string& name) override;
+  std::unique_ptr<StatusBar> CreateStatusBar(const std::string& name) override;
+  std::unique_ptr<RichTextBox> CreateRichTextBox(const std::string& name) override;
+  std::unique_ptr<ListBox> CreateListBox(const std::string& name) override;
+  std::unique_ptr<TextBox> CreateTextBox(const std::string& name) override;
+  std::unique_ptr<TreeView> CreateTreeView(const std::string& name) override;
+  std::unique_ptr<WebBrowser> CreateWebBrowser(const std::string& name) override;
+  std::unique_ptr<Timer> CreateTimer() override;
+  std::unique_ptr<RebarWindow> CreateRebarWindow(ElasticFrame& parent, std::uint32_t style,
+                                                 int width, int height) override;
+  std::unique_ptr<Agent> CreateAgent() override { return std::make_unique<FakeAgent>(speech); }
+  std::unique_ptr<ActivationHook> CreateActivationHook() override;
+
+  FakeWindows& GetWindows() override { return windows; }
+  FakeMessageBox& GetMessageBox() override { return boxes; }
+  FakeSettings& GetSettings() override { return settings; }
+  FakeRegistry& GetRegistry() override { return registry; }
+  FakeFileSystem& GetFileSystem() override { return files; }
+  FakeClipboard& GetClipboard() override { return clipboard; }
+
+  void DoEvents() override {
+    ++yields;
+    if (on_yield) on_yield();
+  }
+  float TwipsPerPixel() const override { return 15; }
+  std::uint32_t SysColor(SystemColor index) const override { return 0x100U + index; }
+  double Now() const override { return now; }
+  bool StartedByAutomation() const override { return by_automation; }
+
+  /// The living control or form of that name; the newest where there are several.
+  template <class Fake>
+  Fake& Get(const std::string& name) {
+    const auto at = living.find({name, typeid(Fake)});
+    if (at == living.end() || at->second.empty()) throw std::runtime_error("no " + name);
+    return *static_cast<Fake*>(at->second.back());
+  }
+  /// How many controls and forms of that name live.
+  std::size_t Living(const std::string& name) const {
+    std::size_t count = 0;
+    for (const auto& [key, all] : living) count += key.first == name ? all.size() : 0;
+    return count;
+  }
+  void Gone(void* object) {
+    for (auto& [key, all] : living) all.erase(std::remove(all.begin(), all.end(), object), all.end());
+  }
+
+  FakeWindows windows;
+  FakeMessageBox boxes;
+  FakeSettings settings;
+  FakeRegistry registry;
+  FakeFileSystem files;
+  FakeClipboard clipboard;
+  FakeAgent::Journal speech;
+  std::vector<FakeTimer*> timers;  ///< in the order of their making
+  FakeActivationHook* hook = nullptr;
+  FakeRebarWindow* rebar = nullptr;
+  std::string focus;  ///< the control that was focused last
+  int yields = 0;
+  std::function<void()> on_yield;
+  double now = 0;
+  bool by_automation = false;
+  std::map<std::pair<std::string, std::type_index>, std::vector<void*>> living;
+};
+
+template <class Port>
+FakeControl<Port>::FakeControl(FakeDesktop& desktop, std::string control_name)
+    : name(std::move(control_name)),
+      desktop_(desktop),
+      handle_(desktop.windows.Add(name, "Control", desktop.windows.first_thread_window)) {}
+
+template <class Port>
+FakeControl<Port>::~FakeControl() {
+  desktop_.windows.Remove(handle_);
+  desktop_.Gone(this);
+}
+
+template <class Port>
+void FakeControl<Port>::SetFocus() {
+  desktop_.focus = name;
+  this->GotFocus.Raise();
+}
+
+}  // namespace corvane::fakes

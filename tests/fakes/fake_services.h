@@ -1,0 +1,114 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "base/error.h"
+#include "base/text.h"
+#include "platform/desktop.h"
+
+namespace corvane::fakes {
+
+class FakeMessageBox : public MessageBox {
+ public:
+  struct Shown {
+    std::string text;
+    Icon icon;
+    std::string title;
+  };
+  void Show(const std::string& text, Icon icon, const std::string& title) override {
+    shown.push_back({text, icon, title});
+  }
+  /// The texts of all boxes shown.
+  std::vector<std::string> Texts() const {
+    std::vector<std::string> texts;
+    for (const auto& box : shown) texts.push_back(box.text);
+    return texts;
+  }
+
+  std::vector<Shown> shown;
+};
+
+class FakeSettings : public SettingsStore {
+ public:
+  std::string GetSetting(const std::string& application, const std::string& section,
+                         const std::string& key, const std::string& fallback) const override {
+    const auto at = values.find({application, section, key});
+    return at == values.end() ? fallback : at->second;
+  }
+  void SaveSetting(const std::string& application, const std::string& section,
+                   const std::string& key, const std::string& value) override {
+    values[{application, section, key}] = value;
+    saves.push_back(key + "=" + value);
+  }
+  /// A value of the pane's own settings, and of the window's.
+  std::string& Pane(const std::string& key) { return values[{"pnlBrowser", "Settings", key}]; }
+  std::string& Main(const std::string& key) { return values[{"Corvane", "Settings", key}]; }
+  bool Has(const std::string& application, const std::string& key) const {
+    return values.count({application, "Settings", key}) != 0;
+  }
+
+  std::map<std::tuple<std::string, std::string, std::string>, std::string> values;
+  std::vector<std::string> saves;
+};
+
+class FakeRegistry : public Registry {
+ public:
+  FakeRegistry() {
+    SetEngine("5.00.2920.0000", "52516.19");  // an engine that counts as current
+  }
+  std::optional<std::string> QueryValue(std::uint32_t root, const std::string& key,
+                                        const std::string& value) const override {
+    const auto at = values.find({root, key, value});
+    return at == values.end() ? std::nullopt : std::optional(at->second);
+  }
+  void SetEngine(const std::string& version, const std::string& build) {
+    const std::string key = "SOFTWARE\\Microsoft\\Internet Explorer\\";
+    values.clear();
+    if (!version.empty()) values[{0x80000002U, key, "Version"}] = version;
+    if (!build.empty()) values[{0x80000002U, key, "Build"}] = build;
+  }
+
+  std::map<std::tuple<std::uint32_t, std::string, std::string>, std::string> values;
+};
+
+class FakeFileSystem : public FileSystem {
+ public:
+  std::string ProgramFolder() const override { return program_folder; }
+  char Separator() const override { return '/'; }
+  bool Exists(const std::string& path) const override { return files.count(path) != 0; }
+  std::vector<std::string> ReadLines(const std::string& path) const override {
+    if (unreadable) throw RunTimeError(kErrPermissionDenied, "FileSystem", "Permission denied");
+    return files.at(path);
+  }
+  void Write(const std::string& path, const std::string& content) override {
+    files[path] = {content};
+  }
+  std::string GetPrivateProfileString(const std::string& section, const std::string& key,
+                                      std::size_t size, const std::string& file) const override {
+    const auto at = profile.find({file, section, key});
+    return at == profile.end() ? "" : text::left(at->second, size - 1);
+  }
+
+  std::string program_folder = "/opt/corvane";
+  bool unreadable = false;
+  std::map<std::string, std::vector<std::string>> files;
+  std::map<std::tuple<std::string, std::string, std::string>, std::string> profile;
+};
+
+class FakeClipboard : public Clipboard {
+ public:
+  void Clear() override {
+    text.clear();
+    ++clears;
+  }
+  void SetText(const std::string& value) override { text = value; }
+  std::string GetText() const override { return text; }
+
+  std::string text;
+  int clears = 0;
+};
+
+}  // namespace corvane::fakes

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/fakes/fake_controls.h"
+
+namespace corvane::fakes {
+
+/// A rendering control that goes nowhere by itself: the test begins, finishes
+/// and fills pages.
+class FakeWebBrowser : public FakeControl<WebBrowser> {
+ public:
+  using FakeControl::FakeControl;
+
+  void Navigate2(const std::string& url) override { Note("Navigate2 " + url); }
+  void GoBack() override { Note("GoBack"); }
+  void GoForward() override { Note("GoForward"); }
+  void GoHome() override { Note("GoHome"); }
+  void Stop() override { Note("Stop"); }
+  void Refresh() override { Note("Refresh"); }
+  void ExecWB(Command command, CommandOption option) override {
+    Note("ExecWB " + std::to_string(command) + " " + std::to_string(option));
+  }
+  std::string LocationURL() const override { return location_url; }
+  std::string LocationName() const override { return location_name; }
+  bool Busy() const override { return busy; }
+  HTMLDocumentPtr Document() const override { return document; }
+
+  /// The page begins to load.
+  void Begin() {
+    busy = true;
+    DownloadBegin.Raise();
+  }
+  /// The page is complete with this document.
+  void Finish(HTMLDocumentPtr page) {
+    document = std::move(page);
+    location_url = document ? document->location : "";
+    location_name = document ? document->Title : "";
+    busy = false;
+    DownloadComplete.Raise();
+  }
+
+  std::vector<std::string> calls;
+  std::string location_url;
+  std::string location_name;
+  bool busy = false;
+  HTMLDocumentPtr document;
+
+ private:
+  void Note(const std::string& call) { calls.push_back(call); }
+};
+
+/// A page with a title, text and links (text, address).
+inline HTMLDocumentPtr MakePage(const std::string& location, const std::string& title,
+                                const std::string& body,
+                                const std::vector<std::pair<std::string, std::string>>& links = {}) {
+  auto page = std::make_shared<HTMLDocument>();
+  page->location = location;
+  page->Title = title;
+  page->nameProp = title;
+  page->has_body = true;
+  page->body_innerText = body;
+  for (const auto& [words, address] : links) {
+    auto link = std::make_shared<HTMLElement>();
+    link->type_name = "HTMLAnchorElement";
+    link->innerText = words;
+    link->href = address;
+    page->links.push_back(link);
+  }
+  return page;
+}
+
+}  // namespace corvane::fakes

@@ -1,0 +1,151 @@
+#include "tests/unit/program.h"
+
+namespace corvane::tests {
+namespace {
+
+TEST(MainWindow, FirstRunUsesTheDefaults) {
+  Program p;
+  p.Start();
+  const auto& form = p.desktop.Get<FakeForm>("frmCorvane");
+  EXPECT_EQ(form.left, 500);
+  EXPECT_EQ(form.top, 350);
+  EXPECT_EQ(form.width, 8500);
+  EXPECT_EQ(form.height, 6500);
+  const MainMenu& menu = p.Inside().menu;
+  EXPECT_FALSE(menu.mnuSpeech(0).Checked());
+  EXPECT_FALSE(menu.mnuSpeech(1).Checked());
+  EXPECT_EQ(menu.mnuRate.FirstChecked(), 2);
+  EXPECT_EQ(menu.mnuPitch.FirstChecked(), 2);
+  EXPECT_EQ(menu.mnuSideBarContent.FirstChecked(), 5);
+  EXPECT_EQ(menu.mnuTextHistory.FirstChecked(), 0);
+  EXPECT_EQ(menu.mnuHome.FirstChecked(), 3);
+  EXPECT_EQ(menu.mnuFocus.FirstChecked(), 3);
+  EXPECT_FALSE(menu.mnuSettings(7).Checked());
+}
+
+TEST(MainWindow, StoredChoicesAreReplayed) {
+  Program p;
+  p.desktop.settings.Main("MainLeft") = "1.5";
+  p.desktop.settings.Main("Speech") = "True";
+  p.desktop.settings.Main("KeyEcho") = "True";
+  p.desktop.settings.Main("Rate") = "4";
+  p.desktop.settings.Main("Pitch") = "0";
+  p.desktop.settings.Main("StatusChange") = "True";
+  p.desktop.settings.Pane("Home") = "2";
+  p.Start();
+  const MainMenu& menu = p.Inside().menu;
+  EXPECT_EQ(p.desktop.Get<FakeForm>("frmCorvane").left, 1.5F);
+  EXPECT_TRUE(menu.mnuSpeech(0).Checked());
+  EXPECT_TRUE(menu.mnuSpeech(1).Checked());
+  EXPECT_TRUE(p.Service()->gMSAgent()->blnKeyboardEcho);
+  EXPECT_EQ(p.Service()->gMSAgent()->Speed(), 250);
+  EXPECT_EQ(p.Service()->gMSAgent()->Pitch(), 50);
+  EXPECT_EQ(menu.mnuHome.FirstChecked(), 2);
+  EXPECT_TRUE(menu.mnuSettings(7).Checked());
+  EXPECT_TRUE(p.Inside().ctlWebBrowser1.Inside().state.blnStatusFeedback);
+}
+
+TEST(MainWindow, SpeechSettingIsCaseSensitive) {
+  Program p;
+  p.desktop.settings.Main("Speech") = "true";
+  p.Start();
+  EXPECT_FALSE(p.Inside().menu.mnuSpeech(0).Checked());
+  EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
+}
+
+TEST(MainWindow, SayIsSilentWhileItsOwnSpeechItemIsUnchecked) {
+  Program p;
+  p.StartTalking();
+  p.desktop.settings.Main("Speech") = "False";
+  Application other(p.process);
+  other.StartBrowser(p.Service());
+  p.Spoken();
+  ISpeechNotify& silent = *p.Window(1);
+  silent.Say("not heard", true);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  ISpeechNotify& talking = *p.Window(0);
+  talking.Say("heard", false);
+  EXPECT_THAT(p.Spoken(), ElementsAre("heard"));
+}
+
+TEST(MainWindow, ClosingSavesThePlacement) {
+  Program p;
+  p.Start();
+  auto& form = p.desktop.Get<FakeForm>("frmCorvane");
+  form.left = 120;
+  form.top = 75.5F;
+  form.width = 9000;
+  form.height = 7000;
+  p.Window(0)->Unload();
+  EXPECT_EQ(p.desktop.settings.Main("MainLeft"), "120");
+  EXPECT_EQ(p.desktop.settings.Main("MainTop"), "75.5");
+  EXPECT_EQ(p.desktop.settings.Main("MainWidth"), "9000");
+  EXPECT_EQ(p.desktop.settings.Main("MainHeight"), "7000");
+}
+
+TEST(MainWindow, ClosingAMaximizedWindowSavesThatGeometry) {
+  Program p;
+  p.Start();
+  auto& form = p.desktop.Get<FakeForm>("frmCorvane");
+  form.state = Form::WindowState::Maximized;
+  form.width = 19200;
+  p.Window(0)->Unload();
+  EXPECT_EQ(p.desktop.settings.Main("MainWidth"), "19200");
+}
+
+TEST(MainWindow, ClosingAMinimisedWindowLeavesTheStoredPlacement) {
+  Program p;
+  p.desktop.settings.Main("MainLeft") = "777";
+  p.Start();
+  auto& form = p.desktop.Get<FakeForm>("frmCorvane");
+  form.state = Form::WindowState::Minimized;
+  form.left = -480000;
+  p.Window(0)->Unload();
+  EXPECT_EQ(p.desktop.settings.Main("MainLeft"), "777");
+  EXPECT_FALSE(p.desktop.settings.Has("Corvane", "MainTop"));
+}
+
+TEST(MainWindow, ValueThatIsNoNumberStopsTheLoadWithItsMessage) {
+  Program p;
+  p.desktop.settings.Main("MainTop") = "rubbish";
+  p.desktop.settings.Main("Speech") = "True";
+  p.Start();
+  EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("FormLoad Error: Type mismatch"));
+  const auto& form = p.desktop.Get<FakeForm>("frmCorvane");
+  EXPECT_EQ(form.left, 500);    // before the bad value
+  EXPECT_EQ(form.width, 0);     // after it nothing was set
+  EXPECT_FALSE(p.Inside().menu.mnuSpeech(0).Checked());
+  EXPECT_EQ(p.Inside().menu.mnuRate.FirstChecked(), -1);
+}
+
+TEST(MainWindow, MenuIndexBeyondSixteenBitsIsReported) {
+  Program p;
+  p.desktop.settings.Pane("SideBar") = "40000";
+  p.Start();
+  EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("FormLoad Error: Overflow"));
+}
+
+TEST(MainWindow, UnloadGivesUpOneClaimOnSpeech) {
+  Program p;
+  p.StartTalking();
+  Application other(p.process);
+  other.StartBrowser(p.Service());  // its stored "True" makes the second claim
+  p.Window(0)->Unload();
+  EXPECT_NE(p.Service()->gMSAgent(), nullptr);
+  p.Service()->SpeechTerminate();
+  EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
+}
+
+TEST(MainWindow, EchoSwitchedInOneWindowShowsInAll) {
+  Program p;
+  p.StartTalking();
+  Application other(p.process);
+  other.StartBrowser(p.Service());
+  p.Inside(1).menu.mnuSpeech(1).Click.Raise();
+  EXPECT_TRUE(p.Inside(0).menu.mnuSpeech(1).Checked());
+  EXPECT_TRUE(p.Inside(1).menu.mnuSpeech(1).Checked());
+  EXPECT_TRUE(p.Service()->gMSAgent()->blnKeyboardEcho);
+}
+
+}  // namespace
+}  // namespace corvane::tests

@@ -1,0 +1,205 @@
+#include "tests/unit/program.h"
+
+namespace corvane::tests {
+namespace {
+
+struct PageReaderTest : ::testing::Test {
+  Program p;
+
+  void Start() {
+    p.StartTalking();
+    p.Reading().Fire();  // the first tick goes to the start page and finds no page yet
+    p.Reading().enabled = false;
+    p.TextPane().SetText("");
+    p.Spoken();
+  }
+};
+
+TEST_F(PageReaderTest, PageReadWithinOneTickSaysItsWordsInOrder) {
+  p.desktop.settings.Pane("SideBar") = "2";
+  p.desktop.settings.Pane("Focus") = "0";
+  Start();
+  p.Read(MakePage("http://news.example/", "News", "All the news", {{"One", "http://1/"}}));
+  EXPECT_THAT(p.Spoken(),
+              ElementsAre("Working...", "Done", "Extracting Forms ...", "Extracting Links ...",
+                          "1 Links in News", "Done", "News"));
+  EXPECT_EQ(p.TextPane().text, "News\nAll the news");
+  EXPECT_FALSE(p.Reading().enabled);
+}
+
+TEST_F(PageReaderTest, SideBarThatShowsThePageAddsItsWord) {
+  for (const char* content : {"4", "5"}) {
+    Program program;
+    program.desktop.settings.Pane("SideBar") = content;
+    program.desktop.settings.Pane("Focus") = "0";
+    program.StartTalking();
+    program.Reading().Fire();
+    program.Spoken();
+    program.Read(MakePage("http://a/", "A", ""));
+    EXPECT_THAT(program.Spoken(),
+                ElementsAre("Working...", "Done", "Extracting Data ...", "Extracting Forms ...",
+                            "Extracting Links ...", "0 Links in A", "Done", "A"));
+  }
+}
+
+TEST_F(PageReaderTest, WordsAreWrittenToTheTextPaneBeforeThePage) {
+  p.desktop.settings.Pane("TextHistory") = "1";
+  p.desktop.settings.Pane("SideBar") = "2";
+  Start();
+  p.Read(MakePage("http://a/", "A", "text of a"));
+  EXPECT_EQ(p.TextPane().text,
+            "Working...\n\nDone\nExtracting Forms ...\nExtracting Links ...\nDone\nA\ntext of a");
+  EXPECT_EQ(p.TextPane().start, 64);  // the caret stands at the page's first character
+}
+
+TEST_F(PageReaderTest, NeverClearLetsPagesAccumulate) {
+  p.desktop.settings.Pane("TextHistory") = "1";
+  Start();
+  p.Read(MakePage("http://a/", "A", "text of a"));
+  p.Read(MakePage("http://b/", "B", "text of b"));
+  EXPECT_NE(p.TextPane().text.find("text of a"), std::string::npos);
+  EXPECT_NE(p.TextPane().text.find("text of b"), std::string::npos);
+}
+
+TEST_F(PageReaderTest, ClearWithNewPageKeepsOnlyTheNewPage) {
+  Start();
+  p.Read(MakePage("http://a/", "A", "text of a"));
+  p.Read(MakePage("http://b/", "B", "text of b"));
+  EXPECT_EQ(p.TextPane().text, "B\ntext of b");
+}
+
+TEST_F(PageReaderTest, SlowPageSaysWorkingAtEveryEighthBusyTick) {
+  Program program;
+  program.StartTalking();
+  program.Browser().busy = true;
+  program.Spoken();
+  program.Browser().Begin();
+  EXPECT_THAT(program.Spoken(), ElementsAre("Working..."));
+  for (int tick = 1; tick <= 7; ++tick) program.Reading().Fire();
+  EXPECT_THAT(program.Spoken(), IsEmpty());
+  program.Reading().Fire();
+  EXPECT_THAT(program.Spoken(), ElementsAre("Working..."));
+  EXPECT_EQ(program.Status().PanelText(1), "Working...");
+  for (int tick = 9; tick <= 10; ++tick) program.Reading().Fire();
+  EXPECT_THAT(program.Spoken(), IsEmpty());
+}
+
+TEST_F(PageReaderTest, StopButtonBlinksWhileLoadingAndRestsAfterwards) {
+  Program program;
+  program.Start();
+  program.Browser().busy = true;
+  for (int i = 0; i < 3; ++i) program.Reading().Fire();
+  program.Browser().Finish(MakePage("http://a/", "A", ""));
+  program.Reading().Fire();
+  auto pictures = program.desktop.Get<FakeCommandButton>("cmdToolbar2").pictures;
+  EXPECT_THAT(pictures, ElementsAre(3, 8, 3, 8, 3));
+}
+
+TEST_F(PageReaderTest, PageIsRememberedAndShownInTheStatusBar) {
+  Start();
+  p.Status().history.clear();
+  p.Read(MakePage("http://a/", "A", ""));
+  EXPECT_EQ(p.Inside().ctlWebBrowser1.Inside().state.strAddress, "http://a/");
+  EXPECT_THAT(p.Status().history, ElementsAre("A", "http://a/", "A"));
+}
+
+TEST_F(PageReaderTest, OnlyTheTitleIsSpokenOfThePage) {
+  Start();
+  p.Read(MakePage("http://a/", "Title", "a long body"));
+  const auto spoken = p.Spoken();
+  EXPECT_THAT(spoken, ::testing::Not(::testing::Contains(::testing::HasSubstr("long body"))));
+}
+
+TEST_F(PageReaderTest, AutoFocusFollowsTheChoice) {
+  const std::vector<std::pair<std::string, std::string>> choices = {
+      {"0", "before"}, {"2", "cmbListLinks"}, {"3", "TreeView1"}, {"4", "brwWebBrowser"},
+      {"5", "Text1"}};
+  for (const auto& [choice, control] : choices) {
+    Program program;
+    program.desktop.settings.Pane("Focus") = choice;
+    program.Start();
+    program.desktop.focus = "before";
+    program.Read(MakePage("http://a/", "A", ""));
+    EXPECT_EQ(program.desktop.focus, control) << choice;
+  }
+}
+
+TEST_F(PageReaderTest, PanesOwnFocusMenuHasNoSixthItem) {
+  FakeDesktop desktop;
+  ctlWebBrowser pane(desktop);
+  auto& inside = pane.Inside();
+  pane.mnuTextHistory_Click(0);
+  inside.menu.mnuFocus()(4).SetChecked(true);  // its "Text Box" stands where "WebBrowser" is meant
+  auto& browser = desktop.Get<FakeWebBrowser>("brwWebBrowser");
+  browser.Finish(MakePage("http://a/", "A", ""));
+  auto& tick = static_cast<FakeTimer&>(*inside.controls.timTimer);
+  tick.enabled = true;
+  tick.Fire();
+  EXPECT_EQ(desktop.focus, "brwWebBrowser");
+  inside.menu.mnuFocus()(4).SetChecked(false);
+  desktop.focus = "before";
+  tick.enabled = true;
+  tick.Fire();
+  EXPECT_EQ(desktop.focus, "before");
+  EXPECT_THAT(desktop.boxes.Texts(), IsEmpty());
+}
+
+TEST_F(PageReaderTest, PageWithoutDocumentStillSaysItsWords) {
+  p.desktop.settings.Pane("Focus") = "0";
+  p.desktop.settings.Pane("SideBar") = "2";
+  Start();
+  p.Read(nullptr);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Working...", "Done", "Extracting Forms ...",
+                                      "Extracting Links ...", "Done"));
+}
+
+TEST_F(PageReaderTest, PageReadWhileAnotherIsBeingReadReplacesIt) {
+  p.desktop.settings.Pane("Focus") = "0";
+  p.desktop.settings.Pane("SideBar") = "2";
+  Start();
+  bool interrupted = false;
+  p.desktop.on_yield = [&] {
+    if (interrupted || p.Links().list.empty() || p.Links().list[0] != "2 Links in Old") return;
+    interrupted = true;
+    p.Read(MakePage("http://new/", "New", "new text", {{"n", "http://n/"}}));
+  };
+  p.Read(MakePage("http://old/", "Old", "old text", {{"o1", "http://o1/"}, {"o2", "http://o2/"}}));
+  EXPECT_TRUE(interrupted);
+  EXPECT_THAT(p.Links().list, ElementsAre("1 Links in New", "n"));
+  EXPECT_EQ(p.TextPane().text, "New\nnew text");
+  EXPECT_EQ(p.Spoken().back(), "New");
+}
+
+TEST_F(PageReaderTest, EmptyTreeDoesNotCutTheTitleOff) {
+  Start();
+  p.Read(MakePage("http://a/", "Title", ""));
+  EXPECT_EQ(p.desktop.focus, "TreeView1");
+  EXPECT_EQ(p.Spoken().back(), "Title");
+}
+
+TEST_F(PageReaderTest, FocusedTreeSaysItsSelectedNode) {
+  Start();
+  TreeNode& node = p.Tree().Add(nullptr, "Frames 2");
+  p.Tree().SetSelectedItem(&node);
+  p.Tree().SetFocus();
+  EXPECT_THAT(p.Spoken(), ElementsAre("Frames 2 Sidebar Item"));
+  p.Tree().NodeClick.Raise(node);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Frames 2 "));
+  p.Tree().Add(&node, "child");
+  p.Tree().NodeClick.Raise(node);
+  node.SetExpanded(true);
+  p.Tree().NodeClick.Raise(node);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Frames 2 Closed", "Frames 2 Opened"));
+}
+
+TEST_F(PageReaderTest, F1InTheTreeSaysTheTag) {
+  Start();
+  TreeNode& node = p.Tree().Add(nullptr, "A link");
+  node.SetTag("http://target/");
+  p.Tree().SetSelectedItem(&node);
+  p.Tree().Press(kKeyF1);
+  EXPECT_THAT(p.Spoken(), ElementsAre("http://target/"));
+}
+
+}  // namespace
+}  // namespace corvane::tests
