@@ -58,7 +58,7 @@ void CommandButtonControl::SetPicture(int image) {
     picture_.clear();
     return;
   }
-  const auto icon = Gio::ThemedIcon::create(names);
+  const Glib::RefPtr<const Gio::Icon> icon = Gio::ThemedIcon::create(names);
   picture_.set(icon, Gtk::ICON_SIZE_BUTTON);
   if (before == 0) button_.set_image(picture_);
 }

@@ -6,13 +6,16 @@ namespace corvane::desktop {
 namespace {
 
 constexpr gint64 kRest = 4000;  // microseconds between two drains
+constexpr gint64 kMost = 8000;  // microseconds of one drain
 
 }  // namespace
 
 void RunPendingEvents() {
   static gint64 last = 0;
-  if (last != 0 && g_get_monotonic_time() - last < kRest) return;
+  const gint64 start = g_get_monotonic_time();
+  if (last != 0 && start - last < kRest) return;
   while (g_main_context_iteration(nullptr, FALSE)) {
+    if (g_get_monotonic_time() - start > kMost) break;
   }
   last = g_get_monotonic_time();
 }
