@@ -10,6 +10,7 @@ namespace corvane {
 namespace {
 
 constexpr const char* kTrue = "True";
+constexpr int kNoticePanel = 2;  // the first belongs to the pane
 
 }  // namespace
 
@@ -56,6 +57,8 @@ corvane::Form& frmCorvane::ISpeechWindow_Window() { return *Required(parts_).for
 void frmCorvane::Load() {
   parts_ = std::make_unique<Parts>(desktop_, *this);
   parts_->connections += parts_->form->Unload.Connect([this] { Form_Unload(); });
+  parts_->connections += desktop_.Notice.Connect(
+      [this](const std::string& text) { parts_->sbStatusBar->SetPanelText(kNoticePanel, text); });
   process_.Loaded(shared_from_this());
   Form_Load();
 }

@@ -71,6 +71,10 @@ class Desktop {
   virtual double Now() const = 0;
   /// Whether an automation client, not a person, started the process.
   virtual bool StartedByAutomation() const = 0;
+
+  /// Something about the desktop that the user should see once, in a sentence:
+  /// that there is no sound device, say. Raised from the event loop.
+  Event<const std::string&> Notice;
 };
 
 }  // namespace corvane

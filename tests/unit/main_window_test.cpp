@@ -147,5 +147,13 @@ TEST(MainWindow, EchoSwitchedInOneWindowShowsInAll) {
   EXPECT_TRUE(p.Service()->gMSAgent()->blnKeyboardEcho);
 }
 
+TEST(MainWindow, NoticeOfTheDesktopStaysInThePanelOfItsOwn) {
+  Program p;
+  p.Start();
+  p.desktop.Notice.Raise("There is no sound device");
+  p.Read(MakePage("http://a/", "A", ""));
+  EXPECT_EQ(p.Status().PanelText(2), "There is no sound device");
+}
+
 }  // namespace
 }  // namespace corvane::tests

@@ -1,5 +1,7 @@
 #include "platform/linux/gtk/window_table.h"
 
+#include <algorithm>
+
 #include <gtkmm/container.h>
 #include <gtkmm/window.h>
 #include <unistd.h>
@@ -22,12 +24,25 @@ WindowHandle WindowTable::Add(Entry entry) {
 }
 
 void WindowTable::Remove(WindowHandle window) {
+  const Window* found = Find(window);
+  const bool top_level = found != nullptr && IsTopLevel(*found);
   windows_.erase(window);
   for (auto& [handle, other] : windows_) {
     if (other.entry.parent != window) continue;
     other.entry.parent = 0;
     other.entry.child = true;
   }
+  if (top_level) TopLevelGone.Raise();
+}
+
+bool WindowTable::IsTopLevel(const Window& window) {
+  return window.entry.parent == 0 && !window.entry.child;
+}
+
+int WindowTable::TopLevelCount() const {
+  return static_cast<int>(std::count_if(windows_.begin(), windows_.end(), [](const auto& each) {
+    return IsTopLevel(each.second);
+  }));
 }
 
 void WindowTable::Place(WindowHandle child, WindowHandle parent) {

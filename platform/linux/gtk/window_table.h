@@ -67,6 +67,10 @@ class WindowTable : public Windows {
   /// Raised by whoever shows a top-level window when it becomes active; the
   /// activation hooks listen.
   Event<WindowHandle> WindowActivated;
+  /// How many top-level windows there are, hidden ones too.
+  int TopLevelCount() const;
+  /// A top-level window has left the table.
+  Event<> TopLevelGone;
 
  private:
   struct Window {
@@ -76,6 +80,7 @@ class WindowTable : public Windows {
     std::shared_ptr<void> frozen;
   };
   const Window* Find(WindowHandle window) const;
+  static bool IsTopLevel(const Window& window);
   WindowHandle FirstChildAfter(WindowHandle parent, std::uint64_t joined) const;
 
   std::map<WindowHandle, Window> windows_;  // handles rise: order of entry
