@@ -205,6 +205,7 @@ void EngineView::FinishReading(HTMLDocumentPtr document) {
   document_ = std::move(document);
   document_is_present_ = true;
   stopping_ = false;
+  OnAddressChanged();  // back within the page, or stopped before the next one
   if (!problem_) crashes_ = 0;
 
   if (!problem_ && address_.starts_with("https:")) {

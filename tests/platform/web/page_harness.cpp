@@ -55,6 +55,7 @@ void SendButton(GtkWidget* widget, GdkEventType type, double x, double y) {
 }  // namespace
 
 EngineOptions TestOptions() {
+  gtk_init(nullptr, nullptr);  // the engine needs it
   EngineOptions options;
   options.ephemeral = true;
   return options;
@@ -76,7 +77,6 @@ bool WaitUntil(const std::function<bool()>& condition) {
 }
 
 TestView::TestView(WebEngine& engine) {
-  gtk_init(nullptr, nullptr);
   window_ = gtk_window_new(GTK_WINDOW_TOPLEVEL);
   gtk_window_set_default_size(GTK_WINDOW(window_), 800, 600);
   view_ = std::make_unique<EngineView>(

@@ -1,0 +1,302 @@
+// Loads that fail, pages that crash or hang, against the real engine.
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+
+#include "tests/platform/web/page_harness.h"
+
+namespace corvane::desktop {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+using ProblemTest = PageTest;
+
+/// The page processes of this program, also inside their sandboxes.
+std::vector<pid_t> PageProcesses() {
+  std::map<pid_t, pid_t> parents;
+  std::vector<pid_t> found;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+    const std::string name = entry.path().filename();
+    if (name.find_first_not_of("0123456789") != std::string::npos) continue;
+    std::ifstream stat(entry.path() / "stat");
+    std::string line;
+    std::getline(stat, line);
+    const auto close = line.rfind(')');
+    if (close == std::string::npos || close + 4 > line.size()) continue;
+    const pid_t pid = std::stoi(name);
+    parents[pid] = std::stoi(line.substr(line.find(' ', close + 2) + 1));
+    if (line.find("(WebKitWebProces") != std::string::npos) found.push_back(pid);
+  }
+  std::erase_if(found, [&](pid_t pid) {
+    while (pid > 1 && pid != getpid()) pid = parents[pid];
+    return pid != getpid();
+  });
+  return found;
+}
+
+TEST_F(ProblemTest, UnknownHost) {
+  view_.Go("http://does-not-exist.invalid/x");
+  EXPECT_EQ(view_->LocationURL(), "http://does-not-exist.invalid/x");
+  EXPECT_EQ(view_.Document()->Title, "Page not found: does-not-exist.invalid");
+  EXPECT_EQ(view_->LocationName(), "Page not found: does-not-exist.invalid");
+  EXPECT_THAT(view_.Body(), HasSubstr("There is no server named does-not-exist.invalid"));
+  EXPECT_THAT(view_.EventsWithoutStatus(), ElementsAre("begin", "complete"));
+}
+
+TEST_F(ProblemTest, RefusedPort) {
+  int port = 0;
+  {
+    TestServer gone;
+    port = gone.Port();
+  }
+  view_.Go("127.0.0.1:" + std::to_string(port));
+  EXPECT_EQ(view_.Document()->Title, "Connection refused: 127.0.0.1");
+}
+
+TEST_F(ProblemTest, MissingFile) {
+  view_.Go("/no/such/file.html");
+  EXPECT_EQ(view_.Document()->Title, "File not found");
+  EXPECT_EQ(view_->LocationURL(), "file:///no/such/file.html");
+}
+
+TEST_F(ProblemTest, EndlessRedirects) {
+  server_.Redirect("/loop", "/loop");
+  view_.Go(server_.Url("/loop"));
+  EXPECT_THAT(view_.Document()->Title, HasSubstr("could not be loaded"));
+  EXPECT_THAT(view_.EventsWithoutStatus(), ElementsAre("begin", "complete"));
+}
+
+TEST_F(ProblemTest, NotASecureServer) {
+  view_.Go("https://127.0.0.1:" + std::to_string(server_.Port()) + "/");
+  EXPECT_THAT(view_.Document()->Title, HasSubstr("No secure connection: 127.0.0.1"));
+}
+
+TEST_F(ProblemTest, TheServersOwnErrorPageIsShown) {
+  view_.Go(server_.Url("/missing"));
+  EXPECT_EQ(view_.Document()->Title, "404");
+  EXPECT_EQ(view_.Body(), "The server has no such page.");
+}
+
+TEST_F(ProblemTest, ConnectionThatBreaksOffKeepsWhatHasCome) {
+  server_.Handle("/", [](SoupServerMessage* message) {
+    soup_server_message_set_status(message, SOUP_STATUS_OK, nullptr);
+    SoupMessageHeaders* headers = soup_server_message_get_response_headers(message);
+    soup_message_headers_replace(headers, "Content-Type", "text/html");
+    soup_message_headers_set_encoding(headers, SOUP_ENCODING_CHUNKED);
+    const std::string half = "<title>Half</title><p>First half" + std::string(4000, '.');
+    soup_message_body_append(soup_server_message_get_response_body(message), SOUP_MEMORY_COPY,
+                             half.data(), half.size());
+    g_signal_connect(message, "wrote-chunk", G_CALLBACK(+[](SoupServerMessage* sent, gpointer) {
+                       GSocket* socket = soup_server_message_get_socket(sent);
+                       g_socket_close(socket, nullptr);
+                     }),
+                     nullptr);
+  });
+  view_.Go(server_.Url());
+  EXPECT_EQ(view_.Document()->Title, "Half");
+}
+
+TEST_F(ProblemTest, SomethingTypedThatIsNoAddress) {
+  view_.Go("no such <thing>");
+  EXPECT_EQ(view_.Document()->Title, "Not an address");
+  EXPECT_THAT(view_.Body(), HasSubstr("no such <thing>"));
+  EXPECT_EQ(view_->LocationURL(), "about:problem");
+  EXPECT_THAT(view_.EventsWithoutStatus(), ElementsAre("begin", "complete"));
+}
+
+TEST_F(ProblemTest, RefreshOfWhatIsNoAddressShowsItAgain) {
+  view_.Go("no such thing");
+  view_->Refresh();
+  view_.WaitIdle();
+  EXPECT_EQ(view_.Document()->Title, "Not an address");
+}
+
+TEST_F(ProblemTest, TypedScriptIsRefused) {
+  server_.Page("/", "<title>A</title>");
+  view_.Go(server_.Url());
+  view_.Go("javascript:document.title='ran'");
+  EXPECT_EQ(view_.Document()->Title, "Address refused");
+}
+
+TEST_F(ProblemTest, OneMegabyteTyped) {
+  view_.Go(std::string(1'000'000, 'a'));
+  EXPECT_EQ(view_.Document()->Title, "Address too long");
+  EXPECT_LT(view_.Body().size(), 2000u);
+}
+
+TEST_F(ProblemTest, BackFromAProblemLeadsToThePageBefore) {
+  server_.Page("/", "<title>A</title>");
+  view_.Go(server_.Url());
+  view_.Go("http://does-not-exist.invalid/");
+  view_->GoBack();
+  view_.WaitIdle();
+  EXPECT_EQ(view_->LocationURL(), server_.Url());
+  EXPECT_EQ(view_.Document()->Title, "A");
+}
+
+TEST_F(ProblemTest, RefreshOfAProblemTriesTheAddressAgain) {
+  server_.Handle("/", [](SoupServerMessage* message) {
+    g_socket_close(soup_server_message_get_socket(message), nullptr);
+  });
+  view_.Go(server_.Url());
+  EXPECT_THAT(view_.Document()->Title, HasSubstr("127.0.0.1"));
+  server_.Page("/", "<title>There now</title>");
+  view_->Refresh();
+  view_.WaitIdle();
+  EXPECT_EQ(view_.Document()->Title, "There now");
+  EXPECT_EQ(view_->LocationURL(), server_.Url());
+}
+
+TEST_F(ProblemTest, AFileThatIsNoPage) {
+  server_.Page("/data.zip", "PK", "application/zip");
+  view_.Go(server_.Url("/data.zip"));
+  EXPECT_EQ(view_.Document()->Title, "Not a page: 127.0.0.1");
+  EXPECT_THAT(view_.Body(), HasSubstr("application/zip"));
+  EXPECT_EQ(view_->LocationURL(), server_.Url("/data.zip"));
+}
+
+TEST_F(ProblemTest, APageMeantAsADownload) {
+  server_.Page("/page", "<title>A</title>", "text/html",
+               {{"Content-Disposition", "attachment; filename=page.html"}});
+  view_.Go(server_.Url("/page"));
+  EXPECT_EQ(view_.Document()->Title, "Not a page: 127.0.0.1");
+}
+
+TEST_F(ProblemTest, AFrameThatIsNoPageHoldsNothingUp) {
+  server_.Page("/data.zip", "PK", "application/zip");
+  server_.Page("/", "<title>Out</title><iframe src=/data.zip></iframe>");
+  view_.Go(server_.Url());
+  EXPECT_EQ(view_.Document()->Title, "Out");
+}
+
+TEST_F(ProblemTest, KilledPageProcessAndRefresh) {
+  server_.Page("/", "<title>A</title>");
+  view_.Go(server_.Url());
+  view_.log.clear();
+  const auto processes = PageProcesses();
+  ASSERT_FALSE(processes.empty());
+  for (const pid_t pid : processes) kill(pid, SIGKILL);
+  ASSERT_TRUE(WaitUntil([&] { return view_.Count("complete") == 1; }));
+  EXPECT_EQ(view_.Document()->Title, "The page has crashed: 127.0.0.1");
+  EXPECT_EQ(view_->LocationURL(), server_.Url());
+  EXPECT_THAT(view_.EventsWithoutStatus(), ElementsAre("begin", "complete"));
+  view_->Refresh();
+  view_.WaitIdle();
+  EXPECT_EQ(view_.Document()->Title, "A");
+}
+
+TEST_F(ProblemTest, KilledWhileLoading) {
+  server_.StallAfter("/", "<title>Half</title>" + std::string(4000, '.'));
+  view_->Navigate(server_.Url());
+  ASSERT_TRUE(WaitUntil([&] { return view_->LocationURL() == server_.Url(); }));
+  for (const pid_t pid : PageProcesses()) kill(pid, SIGKILL);
+  view_.WaitIdle();
+  EXPECT_EQ(view_.Document()->Title, "The page has crashed: 127.0.0.1");
+}
+
+TEST_F(ProblemTest, KilledAgainAndAgainStillEnds) {
+  server_.Page("/", "<title>A</title>");
+  view_.Go(server_.Url());
+  bool killing = true;
+  while (killing) {
+    const int before = view_.Count("complete");
+    for (const pid_t pid : PageProcesses()) kill(pid, SIGKILL);
+    ASSERT_TRUE(WaitUntil([&] { return view_.Count("complete") > before; }));
+    ASSERT_FALSE(view_->Busy());
+    ASSERT_NE(view_.Document(), nullptr);
+    EXPECT_EQ(view_.Document()->Title, "The page has crashed: 127.0.0.1");
+    killing = !PageProcesses().empty();
+  }
+  view_->Refresh();
+  view_.WaitIdle();
+  EXPECT_EQ(view_.Document()->Title, "A");
+}
+
+/// An engine that loses patience soon.
+class HangTest : public testing::Test {
+ protected:
+  static EngineOptions Impatient() {
+    EngineOptions options = TestOptions();
+    options.hang = {0.3, 1.0, 0.1};
+    return options;
+  }
+  WebEngine engine_{Impatient()};
+  TestServer server_;
+  TestView view_{engine_};
+};
+
+TEST_F(HangTest, AScriptThatNeverEndsWhileLoading) {
+  server_.Page("/", "<title>Loop</title><script>for (;;);</script>");
+  view_.Go(server_.Url());
+  EXPECT_EQ(view_.Document()->Title, "The page does not answer: 127.0.0.1");
+  EXPECT_EQ(view_->LocationURL(), server_.Url());
+  EXPECT_TRUE(view_.HasStatus("The page does not answer"));
+  EXPECT_THAT(view_.EventsWithoutStatus(), ElementsAre("begin", "complete"));
+}
+
+TEST_F(HangTest, AnotherPageAfterOneThatHung) {
+  server_.Page("/", "<script>for (;;);</script>");
+  server_.Page("/b", "<title>B</title>");
+  view_.Go(server_.Url());
+  view_.Go(server_.Url("/b"));
+  EXPECT_EQ(view_.Document()->Title, "B");
+}
+
+TEST_F(HangTest, AScriptThatNeverEndsOnAKey) {
+  server_.Page("/", "<title>Loop</title><script>onkeydown = () => { for (;;); }</script>");
+  view_.Go(server_.Url());
+  view_.Focus();
+  view_.Key(GDK_KEY_a);
+  ASSERT_TRUE(WaitUntil([&] { return view_.Count("complete") == 2; }));
+  EXPECT_EQ(view_.Document()->Title, "The page does not answer: 127.0.0.1");
+}
+
+TEST_F(HangTest, AStalledConnectionIsNoHang) {
+  server_.StallAfter("/", "<title>Half</title>" + std::string(4000, '.'));
+  view_->Navigate(server_.Url());
+  ASSERT_TRUE(WaitUntil([&] { return view_->LocationURL() == server_.Url(); }));
+  int rounds = 0;
+  Delay later;  // well past the limit
+  later.Start(2.5, [&] { rounds = 1; });
+  ASSERT_TRUE(WaitUntil([&] { return rounds == 1; }));
+  EXPECT_TRUE(view_->Busy());
+  EXPECT_FALSE(view_.HasStatus("does not answer"));
+  view_->Stop();
+  view_.WaitIdle();
+  EXPECT_EQ(view_.Document()->Title, "Half");
+}
+
+class PatientHangTest : public HangTest {
+ protected:
+  static EngineOptions WarnsOnly() {
+    EngineOptions options = TestOptions();
+    options.hang = {0.3, 3600, 0.1};
+    return options;
+  }
+  WebEngine patient_{WarnsOnly()};
+  TestView patient_view_{patient_};
+};
+
+TEST_F(PatientHangTest, StopEndsAPageThatDoesNotAnswer) {
+  server_.Page("/", "<script>for (;;);</script>");
+  patient_view_->Navigate(server_.Url());
+  ASSERT_TRUE(WaitUntil([&] { return patient_view_.HasStatus("Press Stop"); }));
+  patient_view_->Stop();
+  patient_view_.WaitIdle();
+  EXPECT_EQ(patient_view_.Document()->Title, "The page does not answer: 127.0.0.1");
+}
+
+TEST_F(PatientHangTest, StopBeforeTheWarningEndsItToo) {
+  server_.Page("/", "<script>fetch('/running', {keepalive: true}); for (;;);</script>");
+  patient_view_->Navigate(server_.Url());
+  ASSERT_TRUE(WaitUntil([&] { return patient_view_->LocationURL() == server_.Url(); }));
+  patient_view_->Stop();
+  patient_view_.WaitIdle();
+  EXPECT_FALSE(patient_view_->Busy());
+}
+
+}  // namespace
+}  // namespace corvane::desktop
