@@ -1,0 +1,254 @@
+"""Drives the real program as its user does: keys from outside, the transcript of
+what is spoken, the accessibility tree, and nothing else.
+
+Runs below scripts/with-desktop, which gives every test program a display, a
+window manager, a session bus and XDG folders of its own.
+"""
+import json
+import os
+import pathlib
+import subprocess
+import tempfile
+import threading
+import time
+import unittest
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi  # noqa: E402  (the version must be chosen first)
+
+import web_server  # noqa: E402
+
+PATIENCE = 60  # seconds until something that must happen is given up
+SOURCE = pathlib.Path(__file__).resolve().parents[2]
+PROGRAM = pathlib.Path(os.environ.get("CORVANE_PROGRAM", SOURCE / "build/bin/corvane"))
+
+
+def wait_until(condition, what, patience=PATIENCE):
+    """Waits until condition() is true and returns its value."""
+    end = time.monotonic() + patience
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > end:
+            raise AssertionError("not in time: " + what)
+        time.sleep(0.02)
+
+
+class Transcript:
+    """What the program says, read while it is said."""
+
+    def __init__(self, path):
+        self._path = path
+        self._mark = 0
+
+    def events(self):
+        try:
+            lines = self._path.read_text("utf-8").splitlines()
+        except FileNotFoundError:
+            return []
+        events = []
+        for line in lines:
+            try:
+                events.append(json.loads(line))
+            except json.JSONDecodeError:
+                break  # a line that is being written
+        return events
+
+    def spoken(self):
+        """All texts spoken since the last mark."""
+        return [e["text"] for e in self.events() if e["event"] == "speak"][self._mark:]
+
+    def mark(self):
+        """Forgets what was spoken so far."""
+        self._mark += len(self.spoken())
+
+    def wait_for(self, *texts):
+        """Waits until the texts were spoken, in this order (others may lie between)."""
+
+        def heard():
+            rest = iter(self.spoken())
+            return all(any(text == said for said in rest) for text in texts)
+
+        try:
+            wait_until(heard, repr(texts))
+        except AssertionError:
+            raise AssertionError(f"waited for {texts}, heard {self.spoken()}") from None
+
+
+class Corvane:
+    """The running program."""
+
+    def __init__(self, home, settings=None, environment=None):
+        self.home = pathlib.Path(home)
+        self.transcript = Transcript(self.home / "transcript")
+        self.log = self.home / "log"
+        config = self.home / "config" / "corvane"
+        config.mkdir(parents=True, exist_ok=True)
+        for application, values in (settings or {}).items():
+            lines = ["[Settings]"] + [f"{key}={value}" for key, value in values.items()]
+            (config / f"{application}.ini").write_text("\n".join(lines) + "\n")
+        env = dict(
+            os.environ,
+            CORVANE_TRANSCRIPT=str(self.home / "transcript"),
+            CORVANE_AUDIO="null",
+            XDG_CONFIG_HOME=str(self.home / "config"),
+            XDG_DATA_HOME=str(self.home / "data"),
+            XDG_CACHE_HOME=str(self.home / "cache"),
+            XDG_CONFIG_DIRS=str(SOURCE / "data/xdg"),
+        )
+        env.update(environment or {})
+        with self.log.open("ab") as log:
+            self.process = subprocess.Popen([str(PROGRAM)], env=env, stdout=log, stderr=log)
+
+    def settings(self, application):
+        """The stored settings of an application name, as text."""
+        try:
+            return (self.home / "config/corvane" / f"{application}.ini").read_text()
+        except FileNotFoundError:
+            return ""
+
+    def log_text(self):
+        return self.log.read_text(errors="replace")
+
+    # Keys -------------------------------------------------------------------
+    def keys(self, *names):
+        """Presses keys one after the other, such as "Tab" or "alt+F4"."""
+        subprocess.run(["xdotool", "key", "--clearmodifiers", "--delay", "25", *names], check=True)
+
+    def type(self, text):
+        subprocess.run(["xdotool", "type", "--clearmodifiers", "--delay", "8", text], check=True)
+
+    def open(self, address):
+        """Goes to an address as a user does. The focus must be in the address box
+        or in a place from which alt+d leads there."""
+        self.focus("Address")
+        self.keys("ctrl+a")
+        self.type(address)
+        self.keys("Return")
+
+    def focus(self, name):
+        """Tabs until the control of that name has the focus."""
+        for _ in range(30):
+            if self.focused_name() == name:
+                return
+            self.keys("Tab")
+            time.sleep(0.05)
+        raise AssertionError(f"Tab never reached {name}, ended at {self.focused_name()!r}")
+
+    # What other readers see ---------------------------------------------------
+    def application(self):
+        desktop = Atspi.get_desktop(0)
+        for i in range(desktop.get_child_count()):
+            child = desktop.get_child_at_index(i)
+            if child is not None and child.get_process_id() == self.process.pid:
+                return child
+        return None
+
+    def accessibles(self, of=None, depth=0):
+        """All accessible objects of the program's own windows, pages left out."""
+        node = of or self.application()
+        if node is None or depth > 30:
+            return
+        yield node
+        if node.get_role() == Atspi.Role.DOCUMENT_WEB:
+            return
+        for i in range(min(node.get_child_count(), 300)):
+            child = node.get_child_at_index(i)
+            if child is not None:
+                yield from self.accessibles(child, depth + 1)
+
+    def find(self, name):
+        """The accessible object of that name, or None."""
+        return next((n for n in self.accessibles() if n.get_name() == name), None)
+
+    def focused(self):
+        return next(
+            (n for n in self.accessibles() if n.get_state_set().contains(Atspi.StateType.FOCUSED)), None
+        )
+
+    def focused_name(self):
+        focused = self.focused()
+        return focused.get_name() if focused is not None else None
+
+    def text_of(self, name):
+        """The text of a field."""
+        node = self.find(name)
+        if node is None:
+            return ""
+        return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
+
+    def window_names(self):
+        application = self.application()
+        if application is None:
+            return []
+        children = (application.get_child_at_index(i) for i in range(application.get_child_count()))
+        return [child.get_name() for child in children if child is not None]
+
+    # The end ------------------------------------------------------------------
+    def screenshot(self, path):
+        subprocess.run(["scrot", "--overwrite", str(path)], check=True)
+
+    def close(self):
+        """Closes the window as a user does and waits for the process to end."""
+        self.keys("alt+F4")
+        return self.process.wait(PATIENCE)
+
+    def kill(self):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait()
+
+
+class EndToEndTest(unittest.TestCase):
+    """A test with a local web server and, once started, the program."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.server = web_server.start()
+        cls.base = f"http://127.0.0.1:{cls.server.server_address[1]}"
+        threading.Thread(target=cls.server.serve_forever, daemon=True).start()
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.server.shutdown()
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="corvane-e2e-")
+        self.addCleanup(folder.cleanup)
+        self.home = folder.name
+        self.corvane = None
+
+    def start(self, settings=None, environment=None, wait=True):
+        """Starts the program; waits until the first page has been read."""
+        self.corvane = Corvane(self.home, settings, environment)
+        self.addCleanup(self.corvane.kill)
+        self.addCleanup(self.report)
+        if wait:
+            self.said("Hello, welcome to Corvane 2000", "Extracting Links ...", "Done")
+            wait_until(self.corvane.focused, "a focus")
+        return self.corvane
+
+    def report(self):
+        """After a failure, prints what there is to understand it."""
+        failed = any(error for _, error in getattr(self._outcome, "errors", []) if error) or any(
+            case is self for case, _ in self._outcome.result.failures + self._outcome.result.errors
+        )
+        if failed:
+            print("spoken:", *self.corvane.transcript.events()[-60:], sep="\n  ")
+            print("log:", self.corvane.log_text()[-4000:], sep="\n")
+
+    def said(self, *texts):
+        self.corvane.transcript.wait_for(*texts)
+
+    def read(self, path):
+        """Opens a page of the local server and waits until it has been read."""
+        self.corvane.transcript.mark()
+        self.corvane.open(self.base + path)
+        self.said("Extracting Links ...", "Done")
+
+
+if __name__ == "__main__":
+    unittest.main()

@@ -1,0 +1,93 @@
+"""A web server on the loopback interface with the project's own pages, kind and
+ugly ones alike. Nothing here leaves the machine."""
+import http.server
+import pathlib
+import threading
+
+PAGES = pathlib.Path(__file__).resolve().parent / "pages"
+
+
+def _links(count):
+    items = "".join(f'<li><a href="/page/{i}">Link number {i}</a></li>\n' for i in range(1, count + 1))
+    return f"<!doctype html><title>{count} links</title><body><ul>\n{items}</ul>"
+
+
+def _megabytes(count, line):
+    text = (line * (count * 1024 * 1024 // len(line) + 1))[: count * 1024 * 1024]
+    return f"<!doctype html><title>{count} megabytes</title><body><p>Beginning</p><pre>{text}</pre>"
+
+
+class Handler(http.server.BaseHTTPRequestHandler):
+    protocol_version = "HTTP/1.1"
+
+    def log_message(self, *arguments):
+        pass
+
+    def do_GET(self):
+        path, _, _ = self.path.partition("?")
+        special = getattr(self, "page_" + path.strip("/").replace("-", "_").split("/")[0], None)
+        file = PAGES / path.lstrip("/")
+        if special:
+            special(path)
+        elif file.is_file() and file.parent == PAGES:
+            self.reply(file.read_bytes())
+        else:
+            self.reply("<title>Not here</title><p>There is no such page.", status=404)
+
+    def reply(self, body, content_type="text/html; charset=utf-8", status=200, headers=()):
+        data = body.encode() if isinstance(body, str) else body
+        self.send_response(status)
+        self.send_header("Content-Type", content_type)
+        self.send_header("Content-Length", str(len(data)))
+        for name, value in headers:
+            self.send_header(name, value)
+        self.end_headers()
+        self.wfile.write(data)
+
+    def page_page(self, path):
+        number = path.rsplit("/", 1)[-1]
+        self.reply(f"<title>Page {number}</title><p>This is page {number}. <a href='/start.html'>Back to the start</a>")
+
+    def page_links(self, path):
+        self.reply(_links(int(path.rsplit("/", 1)[-1])))
+
+    def page_megabytes(self, path):
+        self.reply(_megabytes(int(path.rsplit("/", 1)[-1]), "All work and no play makes a long page.\n"))
+
+    def page_one_line(self, path):
+        self.reply(_megabytes(int(path.rsplit("/", 1)[-1]), "one single line without an end "))
+
+    def page_broken_text(self, _):
+        self.reply(b"<title>Broken \xff\xfe text</title><body>before \xc3\x28 after \xed\xa0\x80 end")
+
+    def page_redirects(self, _):
+        self.reply("", status=302, headers=[("Location", self.path + "x")])
+
+    def page_stall(self, _):
+        self.send_response(200)
+        self.send_header("Content-Type", "text/html")
+        self.end_headers()
+        self.wfile.write(b"<title>Half a page</title><p>The rest never comes." + b" " * 4096)
+        self.wfile.flush()
+        self.server.stopped.wait()
+
+    def page_silent(self, _):
+        self.server.stopped.wait()
+
+
+class Server(http.server.ThreadingHTTPServer):
+    daemon_threads = True
+
+    def __init__(self):
+        super().__init__(("127.0.0.1", 0), Handler)
+        self.stopped = threading.Event()
+
+    def shutdown(self):
+        self.stopped.set()
+        super().shutdown()
+        self.server_close()
+
+
+def start():
+    """A server on a free port; the caller serves and shuts it down."""
+    return Server()
