@@ -22,6 +22,7 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop)
       links_(pane_),
       side_bar_(pane_, settings_, layout_),
       help_(pane_),
+      echo_(pane_),
       reader_(pane_, navigation_, links_, side_bar_) {
   PaneMenu& menu = pane_.menu;
   connections_ += menu.mnuTextHistory.Click.Connect([this](int i) { mnuTextHistory_Click(i); });

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "browser/CaretEcho.h"
 #include "browser/HelpOutline.h"
 #include "browser/LinksList.h"
 #include "browser/Navigation.h"
@@ -66,6 +67,7 @@ class ctlWebBrowser {
   LinksList links_;
   SideBar side_bar_;
   HelpOutline help_;
+  CaretEcho echo_;
   PageReader reader_;
   Connections connections_;
 };

@@ -99,6 +99,7 @@ class ctlText {
 
   /// The two children, for the pane's frames and for whoever reads the mirror.
   RichTextBox& Text1() { return *Text1_; }
+  const RichTextBox& Text1() const { return *Text1_; }
   ListBox& List1() { return *List1_; }
 
   Event<int&> KeyPress;

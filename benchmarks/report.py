@@ -1,0 +1,237 @@
+#!/usr/bin/env python3
+"""Measures the real program against its budgets and prints a table, each figure
+beside a reference measured in the same run where there is one.
+
+Runs below scripts/with-desktop: report.py BUILD_FOLDER [--runs N]
+"""
+import argparse
+import json
+import os
+import pathlib
+import re
+import shutil
+import statistics
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+SOURCE = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(SOURCE / "tests/e2e"))
+import web_server  # noqa: E402  (lies beside the end-to-end tests)
+
+
+def median(values):
+    return statistics.median(values) if values else None
+
+
+def p95(values):
+    return sorted(values)[max(0, round(0.95 * len(values)) - 1)] if values else None
+
+
+class Browser:
+    """One run of the program with a home page and folders of its own."""
+
+    def __init__(self, build, address, **environment):
+        self.home = pathlib.Path(tempfile.mkdtemp(prefix="corvane-bench-"))
+        config = self.home / "config/corvane"
+        config.mkdir(parents=True)
+        (config / "Corvane.ini").write_text("[Settings]\nSpeech=True\n")
+        (config / "pnlBrowser.ini").write_text(
+            f"[Settings]\nHome=4\nStartingAddress={address}\nFocus=0\n")
+        self.transcript = self.home / "transcript"
+        self.stalls = self.home / "stalls"
+        env = dict(os.environ, CORVANE_AUDIO="null", CORVANE_TRANSCRIPT=str(self.transcript),
+                   CORVANE_STALLS=str(self.stalls), **environment)
+        for name in ("CONFIG", "DATA", "CACHE"):
+            env[f"XDG_{name}_HOME"] = str(self.home / name.lower())
+        self.started = time.monotonic()
+        self.process = subprocess.Popen([str(build / "bin/corvane")], env=env,
+                                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def speaks(self):
+        try:
+            lines = self.transcript.read_text().splitlines()
+        except FileNotFoundError:
+            return []
+        events = []
+        for line in lines:
+            try:
+                events.append(json.loads(line))
+            except json.JSONDecodeError:
+                break
+        return [e for e in events if e["event"] == "speak"]
+
+    def wait_spoken(self, text, patience=120):
+        end = time.monotonic() + patience
+        while time.monotonic() < end:
+            for event in self.speaks():
+                if event["text"] == text:
+                    return event["t"]
+            time.sleep(0.005)
+        raise RuntimeError(f"never spoken: {text}")
+
+    def wait_window(self):
+        subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--name", "^Corvane$"],
+                       check=True, stdout=subprocess.DEVNULL)
+        return time.monotonic() - self.started
+
+    def longest_stall(self):
+        try:
+            return float(self.stalls.read_text().split()[-1])
+        except (FileNotFoundError, IndexError):
+            return None
+
+    def end(self):
+        self.process.terminate()
+        self.process.wait()
+        shutil.rmtree(self.home, ignore_errors=True)
+
+
+def tree_pss(pid):
+    """Proportional memory of a process and all its descendants, in MB."""
+    total, todo = 0, [pid]
+    while todo:
+        current = todo.pop()
+        try:
+            rollup = pathlib.Path(f"/proc/{current}/smaps_rollup").read_text()
+            total += int(re.search(r"^Pss:\s+(\d+)", rollup, re.M).group(1))
+            for task in pathlib.Path(f"/proc/{current}/task").iterdir():
+                todo += [int(child) for child in (task / "children").read_text().split()]
+        except (OSError, AttributeError):
+            continue
+    return total / 1024
+
+
+def start_and_memory(build, base, runs):
+    windows, memories = [], []
+    for run in range(runs + 1):
+        browser = Browser(build, base + "/page/1")
+        try:
+            window = browser.wait_window()
+            browser.wait_spoken("Page 1")
+            time.sleep(1)
+            memory = tree_pss(browser.process.pid)
+        finally:
+            browser.end()
+        if run > 0:  # the first one warms the caches
+            windows.append(window)
+            memories.append(memory)
+    return windows, memories
+
+
+def reference_browser(base):
+    """Another browser of the same engine: its memory with the same page, in MB."""
+    program = shutil.which("epiphany-browser") or shutil.which("epiphany")
+    if not program:
+        return None
+    home = tempfile.mkdtemp(prefix="corvane-bench-")
+    process = subprocess.Popen([program, "--private-instance", f"--profile={home}", base + "/page/1"],
+                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    try:
+        time.sleep(6)
+        return tree_pss(process.pid) if process.poll() is None else None
+    finally:
+        process.terminate()
+        process.wait()
+        shutil.rmtree(home, ignore_errors=True)
+
+
+def reading(build, base, links, runs):
+    """From the program's own words: the page's links and title, and the longest
+    time the window took no events meanwhile."""
+    times, stalls = [], []
+    for _ in range(runs):
+        browser = Browser(build, base + "/page/1")
+        try:
+            browser.wait_spoken("Page 1")
+            time.sleep(0.5)
+            browser.stalls.unlink(missing_ok=True)
+            time.sleep(0.1)
+            browser.stalls.unlink(missing_ok=True)
+            subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--name", "^Corvane$",
+                            "windowfocus", "--sync"], check=True, stdout=subprocess.DEVNULL)
+            focus_address()
+            subprocess.run(["xdotool", "type", "--delay", "5", f"{base}/links/{links}"], check=True)
+            before = time.monotonic()
+            subprocess.run(["xdotool", "key", "Return"], check=True)
+            done = browser.wait_spoken(f"{links} links")
+            times.append((done - before) * 1000)
+            time.sleep(1)
+            stalls.append(browser.longest_stall())
+        finally:
+            browser.end()
+    return times, stalls
+
+
+def focus_address():
+    """The address box comes first behind the toolbar's last button."""
+    subprocess.run(["xdotool", "key", "--delay", "40", "ctrl+l"], check=True)
+    subprocess.run(["xdotool", "key", "--delay", "40", "ctrl+a"], check=True)
+
+
+def text_browsers(base, links, runs):
+    figures = {}
+    for program in ("lynx", "w3m"):
+        if not shutil.which(program):
+            continue
+        times = []
+        for _ in range(runs):
+            begin = time.monotonic()
+            subprocess.run([program, "-dump", f"{base}/links/{links}"], check=False,
+                           stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+            times.append((time.monotonic() - begin) * 1000)
+        figures[program] = median(times)
+    return figures
+
+
+def json_lines(program):
+    """What a measuring program of the build prints, one object a line."""
+    result = subprocess.run([str(program)], check=False, capture_output=True, text=True)
+    objects = []
+    for line in result.stdout.splitlines():
+        try:
+            objects.append(json.loads(line))
+        except json.JSONDecodeError:
+            continue
+    return objects
+
+
+def row(what, figure, budget, reference=""):
+    print(f"| {what} | {figure} | {budget} | {reference} |", flush=True)
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("build", type=pathlib.Path)
+    parser.add_argument("--runs", type=int, default=5)
+    arguments = parser.parse_args()
+    build, runs = arguments.build, arguments.runs
+
+    server = web_server.start()
+    threading.Thread(target=server.serve_forever, daemon=True).start()
+    base = f"http://127.0.0.1:{server.server_address[1]}"
+
+    print("| what | measured | budget | reference, same run |\n|---|---|---|---|", flush=True)
+    windows, memories = start_and_memory(build, base, runs)
+    reference = reference_browser(base)
+    row("start → first window, warm, median", f"{median(windows):.2f} s", "0.5 s")
+    row("memory (sum of PSS), tiny page, median", f"{median(memories):.0f} MB", "300 MB",
+        f"another browser of the same engine: {reference:.0f} MB" if reference else "")
+    for links in (10_000, 50_000):
+        others = text_browsers(base, links, 3)
+        times, stalls = reading(build, base, links, 3)
+        row(f"Enter → title of a page with {links} links spoken, median", f"{median(times):.0f} ms", "",
+            ", ".join(f"{name} -dump: {value:.0f} ms" for name, value in others.items()))
+        row(f"longest stall of the window while {links} links are read, median",
+            f"{median(stalls):.0f} ms", "50 ms" if links == 10_000 else "")
+    for program in ("web_bench", "speech_bench"):
+        for figures in json_lines(build / "bin" / program):
+            name = figures.pop("what", program)
+            row(name, ", ".join(f"{key}: {value}" for key, value in figures.items()), "")
+    server.shutdown()
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,136 @@
+#include "platform/linux/linux_desktop.h"
+
+#include <glib.h>
+#include <gtkmm/main.h>
+#include <unistd.h>
+
+#include "platform/linux/gtk/combo_box.h"
+#include "platform/linux/gtk/command_button.h"
+#include "platform/linux/gtk/do_events.h"
+#include "platform/linux/gtk/elastic_frame.h"
+#include "platform/linux/gtk/form.h"
+#include "platform/linux/gtk/list_box.h"
+#include "platform/linux/gtk/menu.h"
+#include "platform/linux/gtk/post.h"
+#include "platform/linux/gtk/rebar_window.h"
+#include "platform/linux/gtk/rich_text_box.h"
+#include "platform/linux/gtk/status_bar.h"
+#include "platform/linux/gtk/text_box.h"
+#include "platform/linux/gtk/timer.h"
+#include "platform/linux/gtk/tree_view.h"
+#include "platform/linux/speech/linux_agent.h"
+#include "platform/linux/web/webkit_browser.h"
+
+namespace corvane::desktop {
+namespace {
+
+constexpr const char* kApplication = "Corvane";
+constexpr const char* kSection = "Settings";
+constexpr const char* kDefaultSearchService = "https://html.duckduckgo.com/html/?q=%s";
+
+}  // namespace
+
+LinuxDesktop::LinuxDesktop() : speech_(MakeSpeechOutput()) {
+  root_ = windows_.Add({.class_name = "Root", .text = [] { return std::string(kApplication); }});
+  message_box_ = std::make_unique<GtkMessageBox>(windows_, [this](const std::string& text) {
+    if (SpeechIsWanted()) speech_->SpeakNow(text);
+  });
+  alerts_ = std::make_shared<PageAlerts>(windows_);
+  engine_ = std::make_unique<WebEngine>(MakeEngineOptions());
+  connections_ += speech_->Notified.Connect([this](const std::string& text) {
+    g_message("%s", text.c_str());
+    Notice.Raise(text);
+  });
+  connections_ += settings_.Problem.Connect([this](const std::string& text) {
+    PostToLoop([this, text] { message_box_->Show(text, MessageBox::Icon::Exclamation); });
+  });
+  connections_ += windows_.TopLevelGone.Connect([this] { QuitWhenNothingIsLeft(); });
+}
+
+LinuxDesktop::~LinuxDesktop() = default;
+
+EngineOptions LinuxDesktop::MakeEngineOptions() {
+  EngineOptions options;
+  options.start_page = [this] { return OwnSetting("StartPage", kHomePage); };
+  options.search_service = [this] { return OwnSetting("SearchService", kDefaultSearchService); };
+  options.dialogs = alerts_;
+  return options;
+}
+
+std::string LinuxDesktop::OwnSetting(const std::string& key, const std::string& fallback) const {
+  return settings_.GetSetting(kApplication, kSection, key, fallback);
+}
+
+// Message boxes speak for themselves, also when no character could be loaded;
+// not for a user who has switched speech off.
+bool LinuxDesktop::SpeechIsWanted() const { return OwnSetting("Speech", "False") == "True"; }
+
+std::unique_ptr<Form> LinuxDesktop::CreateForm(const std::string& name) {
+  return std::make_unique<FormWindow>(name, windows_);
+}
+std::unique_ptr<Menu> LinuxDesktop::CreateMenu() { return std::make_unique<MenuRoot>(); }
+std::unique_ptr<ElasticFrame> LinuxDesktop::CreateElasticFrame(const std::string& name) {
+  return std::make_unique<ElasticFrameControl>(name, windows_);
+}
+std::unique_ptr<ComboBox> LinuxDesktop::CreateComboBox(const std::string& name,
+                                                       ComboBox::Style style) {
+  return ComboBoxControl::Create(name, style, windows_);
+}
+std::unique_ptr<CommandButton> LinuxDesktop::CreateCommandButton(const std::string& name) {
+  return std::make_unique<CommandButtonControl>(name, windows_);
+}
+std::unique_ptr<StatusBar> LinuxDesktop::CreateStatusBar(const std::string& name) {
+  return std::make_unique<StatusBarControl>(name, windows_);
+}
+std::unique_ptr<RichTextBox> LinuxDesktop::CreateRichTextBox(const std::string& name) {
+  return std::make_unique<RichTextControl>(name, windows_);
+}
+std::unique_ptr<ListBox> LinuxDesktop::CreateListBox(const std::string& name) {
+  return std::make_unique<ListBoxControl>(name, windows_);
+}
+std::unique_ptr<TextBox> LinuxDesktop::CreateTextBox(const std::string& name) {
+  return std::make_unique<TextBoxControl>(name, windows_);
+}
+std::unique_ptr<TreeView> LinuxDesktop::CreateTreeView(const std::string& name) {
+  return std::make_unique<TreeViewControl>(name, windows_);
+}
+std::unique_ptr<WebBrowser> LinuxDesktop::CreateWebBrowser(const std::string& name) {
+  return std::make_unique<WebKitBrowser>(name, *engine_, windows_);
+}
+std::unique_ptr<Timer> LinuxDesktop::CreateTimer() { return std::make_unique<LoopTimer>(); }
+std::unique_ptr<RebarWindow> LinuxDesktop::CreateRebarWindow(ElasticFrame& parent,
+                                                             std::uint32_t style, int width,
+                                                             int height) {
+  return std::make_unique<RebarStrip>(parent, style, width, height, windows_);
+}
+std::unique_ptr<Agent> LinuxDesktop::CreateAgent() { return std::make_unique<LinuxAgent>(*speech_); }
+std::unique_ptr<ActivationHook> LinuxDesktop::CreateActivationHook() {
+  return std::make_unique<TableActivationHook>(windows_);
+}
+
+void LinuxDesktop::DoEvents() { RunPendingEvents(); }
+
+float LinuxDesktop::TwipsPerPixel() const { return kTwipsPerPixel; }
+
+// The theme's own colours, so that bands look like the rest of the window.
+std::uint32_t LinuxDesktop::SysColor(SystemColor index) const {
+  return ThemeColor(index == kColorButtonText);
+}
+
+double LinuxDesktop::Now() const { return static_cast<double>(g_get_monotonic_time()) / G_USEC_PER_SEC; }
+
+bool LinuxDesktop::StartedByAutomation() const {
+  return g_getenv("DBUS_STARTER_ADDRESS") != nullptr;
+}
+
+void LinuxDesktop::QuitWhenNothingIsLeft() {
+  if (running_ && windows_.TopLevelCount() <= 1 && !message_box_->AnyOpen()) gtk_main_quit();
+}
+
+void LinuxDesktop::Run() {
+  running_ = windows_.TopLevelCount() > 1 || message_box_->AnyOpen();
+  if (running_) gtk_main();
+  running_ = false;
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/desktop.h"
+#include "platform/linux/gtk/activation_hook.h"
+#include "platform/linux/gtk/clipboard.h"
+#include "platform/linux/gtk/message_box.h"
+#include "platform/linux/gtk/window_table.h"
+#include "platform/linux/page_alerts.h"
+#include "platform/linux/speech/speech_output.h"
+#include "platform/linux/store/engine_registry.h"
+#include "platform/linux/store/ini_settings_store.h"
+#include "platform/linux/store/local_file_system.h"
+#include "platform/linux/web/web_engine.h"
+
+namespace corvane::desktop {
+
+/// The desktop of a Linux session: GTK windows, WebKitGTK pages, espeak-ng
+/// speech, files under the XDG folders. One a process; the display must be open.
+class LinuxDesktop : public Desktop {
+ public:
+  LinuxDesktop();
+  ~LinuxDesktop() override;
+
+  std::unique_ptr<Form> CreateForm(const std::string& name) override;
+  std::unique_ptr<Menu> CreateMenu() override;
+  std::unique_ptr<ElasticFrame> CreateElasticFrame(const std::string& name) override;
+  std::unique_ptr<ComboBox> CreateComboBox(const std::string& name, ComboBox::Style style) override;
+  std::unique_ptr<CommandButton> CreateCommandButton(const std::string& name) override;
+  std::unique_ptr<StatusBar> CreateStatusBar(const std::string& name) override;
+  std::unique_ptr<RichTextBox> CreateRichTextBox(const std::string& name) override;
+  std::unique_ptr<ListBox> CreateListBox(const std::string& name) override;
+  std::unique_ptr<TextBox> CreateTextBox(const std::string& name) override;
+  std::unique_ptr<TreeView> CreateTreeView(const std::string& name) override;
+  std::unique_ptr<WebBrowser> CreateWebBrowser(const std::string& name) override;
+  std::unique_ptr<Timer> CreateTimer() override;
+  std::unique_ptr<RebarWindow> CreateRebarWindow(ElasticFrame& parent, std::uint32_t style,
+                                                 int width, int height) override;
+  std::unique_ptr<Agent> CreateAgent() override;
+  std::unique_ptr<ActivationHook> CreateActivationHook() override;
+
+  Windows& GetWindows() override { return windows_; }
+  MessageBox& GetMessageBox() override { return *message_box_; }
+  SettingsStore& GetSettings() override { return settings_; }
+  Registry& GetRegistry() override { return registry_; }
+  FileSystem& GetFileSystem() override { return files_; }
+  Clipboard& GetClipboard() override { return clipboard_; }
+
+  void DoEvents() override;
+  float TwipsPerPixel() const override;
+  std::uint32_t SysColor(SystemColor index) const override;
+  double Now() const override;
+  bool StartedByAutomation() const override;
+
+  /// Runs the event loop until no window and no message box is left.
+  void Run();
+
+ private:
+  EngineOptions MakeEngineOptions();
+  std::string OwnSetting(const std::string& key, const std::string& fallback) const;
+  bool SpeechIsWanted() const;
+  void QuitWhenNothingIsLeft();
+
+  WindowTable windows_;
+  IniSettingsStore settings_;
+  EngineRegistry registry_;
+  LocalFileSystem files_;
+  SystemClipboard clipboard_;
+  std::unique_ptr<SpeechOutput> speech_;
+  std::unique_ptr<GtkMessageBox> message_box_;
+  std::shared_ptr<PageAlerts> alerts_;
+  std::unique_ptr<WebEngine> engine_;
+  WindowHandle root_ = 0;  // the process's own window, in front of all others
+  bool running_ = false;
+  Connections connections_;
+};
+
+}  // namespace corvane::desktop

@@ -1,0 +1,69 @@
+"""Broken settings, a missing character, no sound: an outcome that can be heard or seen."""
+import pathlib
+import shutil
+
+from harness import PROGRAM, EndToEndTest, wait_until
+import harness
+
+
+class BadSurroundings(EndToEndTest):
+    def write_settings(self, content):
+        folder = pathlib.Path(self.home) / "config/corvane"
+        folder.mkdir(parents=True, exist_ok=True)
+        (folder / "Corvane.ini").write_bytes(content)
+        return folder
+
+    def test_settings_full_of_rubbish_are_kept_aside_and_told(self):
+        folder = self.write_settings(b"\x00\xff rubbish [[[ = \n no = section")
+        corvane = self.start()
+        wait_until(lambda: list(folder.glob("*.broken")), "the broken file kept")
+        wait_until(lambda: any("settings" in text.lower() for text in corvane.transcript.spoken()), "a word about it")
+
+    def test_placement_that_is_no_number_is_told(self):
+        self.write_settings(b"[Settings]\nSpeech=True\nMainLeft=left\n")
+        corvane = self.start(wait=False)
+        self.said("FormLoad Error: Type mismatch")
+        corvane.keys("Return")
+
+    def test_settings_that_cannot_be_written_are_told(self):
+        # A folder in the file's place cannot be replaced, by nobody.
+        folder = pathlib.Path(self.home) / "config/corvane/Corvane.ini"
+        folder.mkdir(parents=True)
+        corvane = self.start()
+        corvane.keys("Escape")
+        corvane.keys("alt+c", "r", "f")
+        wait_until(lambda: any("settings" in text.lower() for text in corvane.transcript.spoken()), "a word about it")
+
+    def copy_program(self):
+        """The program in a folder of its own, whose character file can be spoilt."""
+        folder = pathlib.Path(self.home) / "program"
+        shutil.copytree(PROGRAM.parent, folder, ignore=shutil.ignore_patterns("*test*", "*bench*"))
+        self.addCleanup(setattr, harness, "PROGRAM", PROGRAM)
+        harness.PROGRAM = folder / PROGRAM.name
+        return folder
+
+    def test_missing_character_file_is_told_and_the_browser_works(self):
+        (self.copy_program() / "talker.acf").unlink()
+        corvane = self.start(wait=False)
+        wait_until(lambda: any("talker.acf" in text for text in corvane.transcript.spoken()), "the error spoken")
+        corvane.keys("Return")
+        wait_until(lambda: "Corvane" in corvane.text_of("Text"), "the home page")
+        self.assertIsNone(corvane.process.poll())
+
+    def test_broken_character_file_is_told(self):
+        (self.copy_program() / "talker.acf").write_bytes(b"\x00\x01\x02 not a character")
+        corvane = self.start(wait=False)
+        wait_until(lambda: any("talker.acf" in text for text in corvane.transcript.spoken()), "the error spoken")
+
+    def test_without_a_sound_server_it_speaks_on_and_says_so(self):
+        corvane = self.start(environment={"CORVANE_AUDIO": "", "PULSE_SERVER": "unix:/nonexistent"})
+        self.assertIn("sound", corvane.log_text().lower())
+        notice = [n.get_name() or "" for n in corvane.accessibles()]
+        self.assertTrue(any("sound" in text.lower() for text in notice), notice)
+
+    def test_automation_start_without_a_running_instance_is_refused(self):
+        corvane = self.start(environment={"DBUS_STARTER_ADDRESS": "unix:path=/nonexistent"}, wait=False)
+        self.said("Main Error: Application can't be started with Automation")
+        self.assertNotIn("Corvane", corvane.window_names())
+        corvane.keys("Return")
+        self.assertEqual(corvane.process.wait(60), 0)
