@@ -54,6 +54,10 @@ MenuItem& frmCorvane::ISpeechWindow_EnableSpeechItem() {
 
 corvane::Form& frmCorvane::ISpeechWindow_Window() { return *Required(parts_).form; }
 
+void frmCorvane::ISpeechWindow_SpeechReady() {
+  ErrorsIgnored([&] { Required(parts_).ctlWebBrowser1.SayWhereYouAre(); });
+}
+
 void frmCorvane::Load() {
   parts_ = std::make_unique<Parts>(desktop_, *this);
   parts_->connections += parts_->form->Unload.Connect([this] { Form_Unload(); });

@@ -56,6 +56,7 @@ class frmCorvane : public ISpeechNotify,
   void ISpeechWindow_Show() override;
   MenuItem& ISpeechWindow_EnableSpeechItem() override;
   corvane::Form& ISpeechWindow_Window() override;
+  void ISpeechWindow_SpeechReady() override;
   void SaveSetting(const std::string& key, const std::string& value) override;
 
   void Load();

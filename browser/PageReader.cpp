@@ -87,7 +87,13 @@ void PageReader::ReadTitleAndText(const HTMLDocument& document) {
   if (pane_.menu.mnuTextHistory(kClearWithNewPage).Checked()) text.ClearText();
   const unsigned mine = reading_;
   text.AddText(document.Title + kLineBreak + document.body_innerText, false);
-  if (reading_ == mine) pane_.announcer.Say(document.Title);
+  if (reading_ != mine) return;
+  title_ = document.Title;
+  SayTitle();
+}
+
+void PageReader::SayTitle() {
+  if (!title_.empty()) pane_.announcer.Say(title_);
 }
 
 // Each item is tested by itself: one that the menu does not have fails and sets

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "browser/LinksList.h"
 #include "browser/Navigation.h"
@@ -14,6 +15,10 @@ namespace corvane {
 class PageReader {
  public:
   PageReader(PaneContext& pane, Navigation& navigation, LinksList& links, SideBar& side_bar);
+
+  /// Speaks the title of the page that was read last, for a user who could not
+  /// hear it then; silent before the first page.
+  void SayTitle();
 
  private:
   void timTimer_Timer();
@@ -29,6 +34,7 @@ class PageReader {
   bool firstTick_ = false;
   std::int16_t busyTicks_ = 0;
   int stopIcon_;
+  std::string title_;   // of the page that was read last
   unsigned reading_ = 0;  // counts readings: a newer one makes an older one stop
   Connections connections_;
 };

@@ -42,6 +42,8 @@ class ctlWebBrowser {
   void Edit(int action) { navigation_.Edit(action); }
   void cmdToolbar_Click(int index) { navigation_.cmdToolbar_Click(index); }
   void HideButtonToolBar(bool hide) { layout_.HideButtonToolBar(hide); }
+  /// Speaks the title of the page that was read last; silent before the first.
+  void SayWhereYouAre() { reader_.SayTitle(); }
   void GetHelp(const std::string& file) { help_.GetHelp(file); }
   void MenuToggleCheck(int index, MenuArray& menu) { settings_.MenuToggleCheck(menu, index); }
   void mnuSideBarContent_Click(int index) { side_bar_.mnuSideBarContent_Click(index); }

@@ -19,12 +19,15 @@ class ISpeechWindow {
   MenuItem& EnableSpeechItem() { return ISpeechWindow_EnableSpeechItem(); }
   /// The window on the screen.
   Form& Window() { return ISpeechWindow_Window(); }
+  /// The character can speak from now on; what was said before was dropped.
+  void SpeechReady() { ISpeechWindow_SpeechReady(); }
 
  private:
   virtual void ISpeechWindow_SetMainApp(std::shared_ptr<MainApp> service) = 0;
   virtual void ISpeechWindow_Show() = 0;
   virtual MenuItem& ISpeechWindow_EnableSpeechItem() = 0;
   virtual Form& ISpeechWindow_Window() = 0;
+  virtual void ISpeechWindow_SpeechReady() = 0;
 };
 
 }  // namespace corvane

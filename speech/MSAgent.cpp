@@ -126,7 +126,10 @@ void MSAgent::Agent1_RequestComplete(const AgentRequest& Request) {
     } else if (is(kWelcome)) {
       character_ = Agent1_->Character(kCharacterName);
       timLoadLimit_->SetEnabled(false);
-      if (const auto owner = owner_.lock()) owner->EnableSpeechItem().SetEnabled(true);
+      if (const auto owner = owner_.lock()) {
+        owner->EnableSpeechItem().SetEnabled(true);
+        owner->SpeechReady();
+      }
     }
   } catch (const std::exception& error) {
     GiveUp(error.what());

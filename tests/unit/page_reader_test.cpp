@@ -170,6 +170,19 @@ TEST_F(PageReaderTest, PageReadWhileAnotherIsBeingReadReplacesIt) {
   EXPECT_EQ(p.Spoken().back(), "New");
 }
 
+TEST_F(PageReaderTest, TitleReadBeforeTheCharacterWasReadyIsSpokenAfterItsWelcome) {
+  Program program;
+  program.desktop.settings.Main("Speech") = "True";
+  program.Start();
+  program.Read(MakePage("http://a/", "Title", ""));
+  EXPECT_THAT(program.Spoken(), IsEmpty());
+  for (FakeTimer* timer : program.desktop.timers) {
+    if (timer->interval == 1) timer->Fire();
+  }
+  for (int i = 0; i < 3; ++i) program.desktop.speech.agent->CompleteLast();
+  EXPECT_EQ(program.desktop.speech.Spoken().back(), "\\Pit=90\\\\Spd=150\\Title");
+}
+
 TEST_F(PageReaderTest, EmptyTreeDoesNotCutTheTitleOff) {
   Start();
   p.Read(MakePage("http://a/", "Title", ""));
