@@ -31,6 +31,9 @@ class ElasticFrameControl : public WidgetControl<ElasticFrame> {
   void SetSplitter(bool splitter) override;
   void Realign() override;
 
+  /// The frame that this one sits in, if any.
+  ElasticFrameControl* ParentFrame();
+
  private:
   struct Item {
     Gtk::Widget* widget = nullptr;
@@ -51,7 +54,6 @@ class ElasticFrameControl : public WidgetControl<ElasticFrame> {
   void Accept(Gtk::Widget& child);
   void Forget(Gtk::Widget& child);
   void ChildWished(WidgetBinding& child, Gtk::Orientation orientation, int pixels);
-  ElasticFrameControl* ParentFrame();
   std::vector<Part> Parts() const;
   static int GapOf(const std::vector<Part>& parts);
   int SizeOf(const Part& part, Gtk::Orientation orientation) const;
