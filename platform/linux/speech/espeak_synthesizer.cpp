@@ -18,6 +18,15 @@ constexpr int kChunkMilliseconds = 20;
 /// Whether the library's one state is taken.
 std::atomic<bool> in_use{false};
 
+/// Starts the library once a process: after its second espeak_Terminate it waits
+/// for ever (seen with 1.51), so it is never terminated. False without voice data.
+bool StartLibrary() {
+  static const bool started =
+      espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, kChunkMilliseconds, nullptr,
+                        espeakINITIALIZE_DONT_EXIT) == kSampleRate;
+  return started;
+}
+
 int HandOver(short* samples, int count, espeak_EVENT* events) {
   if (samples == nullptr || count <= 0) return 0;
   const auto& sink = *static_cast<const Synthesizer::Sink*>(events->user_data);
@@ -36,10 +45,7 @@ EspeakSynthesizer::EspeakSynthesizer() {
   if (in_use.exchange(true)) {
     throw RunTimeError(kErrRefused, "Speech", "The speech synthesizer is already in use.");
   }
-  const int rate = espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, kChunkMilliseconds, nullptr,
-                                     espeakINITIALIZE_DONT_EXIT);
-  if (rate != kSampleRate) {
-    if (rate > 0) espeak_Terminate();
+  if (!StartLibrary()) {
     in_use = false;
     throw RunTimeError(kErrDeviceIo, "Speech", "The speech synthesizer could not be started.");
   }
@@ -47,10 +53,7 @@ EspeakSynthesizer::EspeakSynthesizer() {
   UseVoice(kDefaultVoice);
 }
 
-EspeakSynthesizer::~EspeakSynthesizer() {
-  espeak_Terminate();
-  in_use = false;
-}
+EspeakSynthesizer::~EspeakSynthesizer() { in_use = false; }
 
 void EspeakSynthesizer::UseVoice(const std::string& voice) {
   if (voice == voice_) return;

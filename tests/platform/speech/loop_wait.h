@@ -1,0 +1,34 @@
+#pragma once
+
+#include <glib.h>
+
+#include <functional>
+
+namespace corvane::desktop {
+
+/// Runs the main loop until `done`; false when it is not so after half a minute,
+/// which only a broken program needs.
+inline bool RunLoopUntil(const std::function<bool()>& done) {
+  bool late = false;
+  GSource* limit = g_timeout_source_new_seconds(30);
+  g_source_set_callback(
+      limit,
+      [](void* flag) -> gboolean {
+        *static_cast<bool*>(flag) = true;
+        return G_SOURCE_REMOVE;
+      },
+      &late, nullptr);
+  g_source_attach(limit, nullptr);
+  while (!done() && !late) g_main_context_iteration(nullptr, TRUE);
+  g_source_destroy(limit);
+  g_source_unref(limit);
+  return done();
+}
+
+/// Runs what waits in the main loop, without waiting for more.
+inline void RunPending() {
+  while (g_main_context_iteration(nullptr, FALSE) != 0) {
+  }
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,54 @@
+#include "platform/linux/speech/speech_tags.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane::desktop {
+namespace {
+
+TEST(SpeechTags, AreTakenOffTheStart) {
+  const TaggedText tagged = ReadSpeechTags("\\Pit=90\\\\Spd=150\\Hello");
+  EXPECT_EQ(tagged.pitch, 90);
+  EXPECT_EQ(tagged.speed, 150);
+  EXPECT_EQ(tagged.text, "Hello");
+}
+
+TEST(SpeechTags, TextWithoutTagsIsUnchanged) {
+  const TaggedText tagged = ReadSpeechTags("Hello, welcome");
+  EXPECT_EQ(tagged.pitch, std::nullopt);
+  EXPECT_EQ(tagged.speed, std::nullopt);
+  EXPECT_EQ(tagged.text, "Hello, welcome");
+}
+
+TEST(SpeechTags, AnEmptyNumberAsksForTheCharactersOwn) {
+  const TaggedText tagged = ReadSpeechTags("\\Pit=\\\\Spd=\\Text");
+  EXPECT_EQ(tagged.pitch, std::nullopt);
+  EXPECT_EQ(tagged.speed, std::nullopt);
+  EXPECT_EQ(tagged.text, "Text");
+}
+
+TEST(SpeechTags, CapitalsAndOrderDoNotMatterAndTheLastOneCounts) {
+  const TaggedText tagged = ReadSpeechTags("\\SPD=200\\\\pit=50\\\\Spd=100\\x");
+  EXPECT_EQ(tagged.pitch, 50);
+  EXPECT_EQ(tagged.speed, 100);
+  EXPECT_EQ(tagged.text, "x");
+}
+
+TEST(SpeechTags, WhateverIsNoTagIsText) {
+  for (const std::string text :
+       {"\\", "\\Pit", "\\Pit=", "\\Pit=90", "\\Pit=-1\\x", "\\Pit= 90\\x", "\\Pit=9x\\y",
+        "\\Vol=3\\x", "\\Pit=1234567\\x", "x\\Pit=90\\", "/Pit=90/x", ""}) {
+    const TaggedText tagged = ReadSpeechTags(text);
+    EXPECT_EQ(tagged.pitch, std::nullopt) << text;
+    EXPECT_EQ(tagged.text, text);
+  }
+}
+
+TEST(SpeechTags, ATagInsideTheTextIsText) {
+  const TaggedText tagged = ReadSpeechTags("\\Spd=250\\a\\Pit=50\\b");
+  EXPECT_EQ(tagged.speed, 250);
+  EXPECT_EQ(tagged.pitch, std::nullopt);
+  EXPECT_EQ(tagged.text, "a\\Pit=50\\b");
+}
+
+}  // namespace
+}  // namespace corvane::desktop

@@ -1,0 +1,105 @@
+#include "platform/linux/speech/transcript.h"
+
+#include <gmock/gmock.h>
+
+#include <clocale>
+#include <nlohmann/json.hpp>
+#include <regex>
+#include <sstream>
+
+#include "base/error.h"
+#include "tests/platform/speech/scratch_folder.h"
+
+namespace corvane::desktop {
+namespace {
+
+std::vector<std::string> Lines(const std::string& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+class TranscriptTest : public testing::Test {
+ protected:
+  ScratchFolder folder_;
+  std::string file_ = folder_.File("spoken.jsonl");
+};
+
+TEST_F(TranscriptTest, WritesEachLineAtOnceInItsFixedForm) {
+  Transcript transcript(file_);
+  transcript.Speak(3, "Hello", 90, 150, false);
+  const std::string first = ScratchFolder::Read(file_);
+  EXPECT_TRUE(std::regex_match(
+      first, std::regex(R"(\{"t": \d+\.\d{6}, "event": "speak", "id": 3, "text": "Hello", )"
+                        R"("pitch": 90, "speed": 150, "urgent": false\}\n)")))
+      << first;
+  transcript.Begin(3);
+  transcript.End(3);
+  transcript.Cut(4);
+  const auto lines = Lines(ScratchFolder::Read(file_));
+  ASSERT_EQ(lines.size(), 4U);
+  EXPECT_TRUE(std::regex_match(
+      lines[1], std::regex(R"(\{"t": \d+\.\d{6}, "event": "begin", "id": 3\})")));
+  EXPECT_EQ(nlohmann::json::parse(lines[2])["event"], "end");
+  EXPECT_EQ(nlohmann::json::parse(lines[3])["event"], "cut");
+  EXPECT_EQ(nlohmann::json::parse(lines[3])["id"], 4);
+}
+
+TEST_F(TranscriptTest, AnyTextComesBackAsItWas) {
+  const std::string text = "\"quoted\" \\ back\nline\ttab \x01 \xC3\xA4 \xF0\x9F\x98\x80 </script>";
+  Transcript transcript(file_);
+  transcript.Speak(1, text, 50, 250, true);
+  const auto lines = Lines(ScratchFolder::Read(file_));
+  ASSERT_EQ(lines.size(), 1U);
+  const auto json = nlohmann::json::parse(lines[0]);
+  EXPECT_EQ(json["text"], text);
+  EXPECT_EQ(json["urgent"], true);
+  EXPECT_EQ(json["pitch"], 50);
+  EXPECT_EQ(json["speed"], 250);
+}
+
+TEST_F(TranscriptTest, InvalidTextStillMakesAValidLine) {
+  Transcript transcript(file_);
+  transcript.Speak(1, "a\xFF" "b", 90, 150, false);
+  EXPECT_EQ(nlohmann::json::parse(ScratchFolder::Read(file_))["text"], "a\xEF\xBF\xBD" "b");
+}
+
+TEST_F(TranscriptTest, TimesNeverRunBackward) {
+  Transcript transcript(file_);
+  for (int i = 0; i < 100; ++i) transcript.Begin(i);
+  double last = 0;
+  for (const std::string& line : Lines(ScratchFolder::Read(file_))) {
+    const double now = nlohmann::json::parse(line)["t"];
+    EXPECT_GE(now, last);
+    last = now;
+  }
+  EXPECT_GT(last, 0);
+}
+
+TEST_F(TranscriptTest, GoesOnWhereAnEarlierOneEnded) {
+  Transcript(file_).Begin(1);
+  Transcript(file_).Begin(2);
+  EXPECT_EQ(Lines(ScratchFolder::Read(file_)).size(), 2U);
+}
+
+TEST_F(TranscriptTest, ADashIsStandardOutput) {
+  testing::internal::CaptureStdout();
+  Transcript("-").Begin(7);
+  EXPECT_EQ(nlohmann::json::parse(testing::internal::GetCapturedStdout())["id"], 7);
+}
+
+TEST_F(TranscriptTest, IsOffWithoutAName) {
+  testing::internal::CaptureStdout();
+  Transcript transcript;
+  transcript.Speak(1, "secret", 90, 150, false);
+  transcript.Begin(1);
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+}
+
+TEST_F(TranscriptTest, AFileThatCannotBeOpenedIsAnError) {
+  EXPECT_THROW(Transcript(folder_.File("missing/spoken.jsonl")), RunTimeError);
+}
+
+}  // namespace
+}  // namespace corvane::desktop
