@@ -15,6 +15,7 @@
 #include "platform/linux/gtk/rebar_window.h"
 #include "platform/linux/gtk/rich_text_box.h"
 #include "platform/linux/gtk/status_bar.h"
+#include "platform/linux/gtk/system_color.h"
 #include "platform/linux/gtk/text_box.h"
 #include "platform/linux/gtk/timer.h"
 #include "platform/linux/gtk/tree_view.h"
@@ -31,8 +32,11 @@ constexpr const char* kDefaultSearchService = "https://html.duckduckgo.com/html/
 }  // namespace
 
 LinuxDesktop::LinuxDesktop() : speech_(MakeSpeechOutput()) {
-  root_ = windows_.Add({.class_name = "Root", .text = [] { return std::string(kApplication); }});
-  message_box_ = std::make_unique<GtkMessageBox>(windows_, [this](const std::string& text) {
+  WindowTable::Entry root;
+  root.class_name = "Root";
+  root.text = [] { return std::string(kApplication); };
+  windows_.Add(std::move(root));
+  message_box_ = std::make_unique<MessageBoxQueue>(windows_, kApplication, [this](const std::string& text) {
     if (SpeechIsWanted()) speech_->SpeakNow(text);
   });
   alerts_ = std::make_shared<PageAlerts>(windows_);
@@ -45,6 +49,7 @@ LinuxDesktop::LinuxDesktop() : speech_(MakeSpeechOutput()) {
     PostToLoop([this, text] { message_box_->Show(text, MessageBox::Icon::Exclamation); });
   });
   connections_ += windows_.TopLevelGone.Connect([this] { QuitWhenNothingIsLeft(); });
+  connections_ += message_box_->LastClosed.Connect([this] { QuitWhenNothingIsLeft(); });
 }
 
 LinuxDesktop::~LinuxDesktop() = default;
@@ -83,7 +88,7 @@ std::unique_ptr<StatusBar> LinuxDesktop::CreateStatusBar(const std::string& name
   return std::make_unique<StatusBarControl>(name, windows_);
 }
 std::unique_ptr<RichTextBox> LinuxDesktop::CreateRichTextBox(const std::string& name) {
-  return std::make_unique<RichTextControl>(name, windows_);
+  return std::make_unique<RichTextBoxControl>(name, windows_);
 }
 std::unique_ptr<ListBox> LinuxDesktop::CreateListBox(const std::string& name) {
   return std::make_unique<ListBoxControl>(name, windows_);
@@ -101,7 +106,7 @@ std::unique_ptr<Timer> LinuxDesktop::CreateTimer() { return std::make_unique<Loo
 std::unique_ptr<RebarWindow> LinuxDesktop::CreateRebarWindow(ElasticFrame& parent,
                                                              std::uint32_t style, int width,
                                                              int height) {
-  return std::make_unique<RebarStrip>(parent, style, width, height, windows_);
+  return std::make_unique<RebarControl>(parent, style, width, height, windows_);
 }
 std::unique_ptr<Agent> LinuxDesktop::CreateAgent() { return std::make_unique<LinuxAgent>(*speech_); }
 std::unique_ptr<ActivationHook> LinuxDesktop::CreateActivationHook() {
@@ -112,9 +117,8 @@ void LinuxDesktop::DoEvents() { RunPendingEvents(); }
 
 float LinuxDesktop::TwipsPerPixel() const { return kTwipsPerPixel; }
 
-// The theme's own colours, so that bands look like the rest of the window.
 std::uint32_t LinuxDesktop::SysColor(SystemColor index) const {
-  return ThemeColor(index == kColorButtonText);
+  return ThemeColor(index);
 }
 
 double LinuxDesktop::Now() const { return static_cast<double>(g_get_monotonic_time()) / G_USEC_PER_SEC; }

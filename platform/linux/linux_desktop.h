@@ -10,6 +10,7 @@
 #include "platform/linux/gtk/window_table.h"
 #include "platform/linux/page_alerts.h"
 #include "platform/linux/speech/speech_output.h"
+#include "platform/linux/stall_meter.h"
 #include "platform/linux/store/engine_registry.h"
 #include "platform/linux/store/ini_settings_store.h"
 #include "platform/linux/store/local_file_system.h"
@@ -69,11 +70,11 @@ class LinuxDesktop : public Desktop {
   LocalFileSystem files_;
   SystemClipboard clipboard_;
   std::unique_ptr<SpeechOutput> speech_;
-  std::unique_ptr<GtkMessageBox> message_box_;
+  std::unique_ptr<MessageBoxQueue> message_box_;
   std::shared_ptr<PageAlerts> alerts_;
   std::unique_ptr<WebEngine> engine_;
-  WindowHandle root_ = 0;  // the process's own window, in front of all others
   bool running_ = false;
+  StallMeter stall_meter_;
   Connections connections_;
 };
 

@@ -221,13 +221,13 @@ class EndToEndTest(unittest.TestCase):
         self.home = folder.name
         self.corvane = None
 
-    def start(self, settings=None, environment=None, wait=True):
-        """Starts the program; waits until the first page has been read."""
+    def start(self, settings=None, environment=None, wait=True, title="Corvane home page"):
+        """Starts the program; waits until the title of the first page was spoken."""
         self.corvane = Corvane(self.home, settings, environment)
         self.addCleanup(self.corvane.kill)
         self.addCleanup(self.report)
         if wait:
-            self.said("Hello, welcome to Corvane 2000", "Extracting Links ...", "Done")
+            self.said("Hello, welcome to Corvane 2000", title)
             wait_until(self.corvane.focused, "a focus")
         return self.corvane
 

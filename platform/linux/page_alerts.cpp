@@ -1,0 +1,30 @@
+#include "platform/linux/page_alerts.h"
+
+#include <algorithm>
+
+#include "platform/linux/gtk/alert_window.h"
+
+namespace corvane::desktop {
+
+PageAlerts::PageAlerts(WindowTable& windows) : windows_(windows) {}
+
+PageAlerts::~PageAlerts() = default;
+
+void PageAlerts::ShowAlert(const std::string& text, std::function<void()> done) {
+  // The alert's own address tells which one has been closed.
+  auto shown = std::make_shared<AlertWindow*>(nullptr);
+  auto alert = std::make_unique<AlertWindow>(
+      windows_, AlertWindow::kPageCaption, text, MessageBox::Icon::Exclamation,
+      [this, shown, done = std::move(done)] {
+        const auto answered = done;
+        open_.erase(std::remove_if(open_.begin(), open_.end(),
+                                   [&](const auto& each) { return each.get() == *shown; }),
+                    open_.end());
+        answered();
+      });
+  *shown = alert.get();
+  open_.push_back(std::move(alert));
+  (*shown)->Show();
+}
+
+}  // namespace corvane::desktop
