@@ -1,0 +1,108 @@
+#include "platform/linux/store/ini_file.h"
+
+#include <fcntl.h>
+#include <glib.h>
+#include <glib/gstdio.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <memory>
+
+namespace corvane::desktop {
+namespace {
+
+constexpr off_t kMostBytes = 16'000'000;
+constexpr int kFolderMode = 0700;
+constexpr int kFileMode = 0600;
+
+struct KeyFileCloser {
+  void operator()(GKeyFile* file) const { g_key_file_unref(file); }
+};
+using KeyFile = std::unique_ptr<GKeyFile, KeyFileCloser>;
+
+struct Freer {
+  void operator()(void* memory) const { g_free(memory); }
+};
+using Text = std::unique_ptr<char, Freer>;
+
+struct ListFreer {
+  void operator()(char** list) const { g_strfreev(list); }
+};
+using TextList = std::unique_ptr<char*, ListFreer>;
+
+std::string ValidText(const std::string& text) {
+  const Text valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
+  return valid.get();
+}
+
+// Names in a form that every settings file can hold: letters, digits and a few
+// signs stand for themselves.
+std::string Escaped(const std::string& name) {
+  const Text escaped(g_uri_escape_string(ValidText(name).c_str(), nullptr, TRUE));
+  return escaped.get();
+}
+
+std::string Unescaped(const char* name) {
+  const Text plain(g_uri_unescape_string(name, nullptr));
+  return plain ? plain.get() : name;
+}
+
+}  // namespace
+
+std::string LastPartOf(const std::string& name) {
+  auto file = Escaped(name);
+  if (file == "." || file == "..") file += '_';
+  return file;
+}
+
+std::optional<IniValues> ParseIni(const std::string& text) {
+  const KeyFile file(g_key_file_new());
+  if (!g_key_file_load_from_data(file.get(), text.data(), text.size(), G_KEY_FILE_NONE, nullptr)) {
+    return std::nullopt;
+  }
+  IniValues values;
+  const TextList groups(g_key_file_get_groups(file.get(), nullptr));
+  for (char** group = groups.get(); *group; ++group) {
+    const TextList keys(g_key_file_get_keys(file.get(), *group, nullptr, nullptr));
+    for (char** key = keys.get(); key && *key; ++key) {
+      Text value(g_key_file_get_string(file.get(), *group, *key, nullptr));
+      // A person may have written a lone backslash: then the value is what stands there.
+      if (!value) value.reset(g_key_file_get_value(file.get(), *group, *key, nullptr));
+      if (value) values[{Unescaped(*group), Unescaped(*key)}] = value.get();
+    }
+  }
+  return values;
+}
+
+std::string FormatIni(const IniValues& values) {
+  const KeyFile file(g_key_file_new());
+  for (const auto& [key, value] : values) {
+    g_key_file_set_string(file.get(), Escaped(key.first).c_str(), Escaped(key.second).c_str(),
+                          ValidText(value).c_str());
+  }
+  gsize length = 0;
+  const Text text(g_key_file_to_data(file.get(), &length, nullptr));
+  return {text.get(), length};
+}
+
+std::optional<std::string> ReadWholeFile(const std::string& path) {
+  GStatBuf info{};
+  if (g_stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode) || info.st_size > kMostBytes) {
+    return std::nullopt;
+  }
+  char* content = nullptr;
+  gsize length = 0;
+  if (!g_file_get_contents(path.c_str(), &content, &length, nullptr)) return std::nullopt;
+  const Text held(content);
+  return std::string(content, length);
+}
+
+bool ReplaceFile(const std::string& path, const std::string& text) {
+  const Text folder(g_path_get_dirname(path.c_str()));
+  if (g_mkdir_with_parents(folder.get(), kFolderMode) != 0) return false;
+  return g_file_set_contents_full(
+             path.c_str(), text.data(), static_cast<gssize>(text.size()),
+             G_FILE_SET_CONTENTS_CONSISTENT, kFileMode, nullptr) != FALSE;
+}
+
+}  // namespace corvane::desktop

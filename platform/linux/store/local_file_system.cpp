@@ -1,0 +1,99 @@
+#include "platform/linux/store/local_file_system.h"
+
+#include <glib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <system_error>
+#include <utility>
+
+#include "base/error.h"
+#include "platform/linux/store/profile_text.h"
+
+namespace corvane::desktop {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kMostOfProfile = 1'000'000;  // bytes of a profile that are looked at
+
+std::string ExecutableFolder() {
+  std::error_code error;
+  const auto path = fs::read_symlink("/proc/self/exe", error);
+  return error ? std::string("/") : path.parent_path().string();
+}
+
+std::string Valid(const std::string& text) {
+  char* made = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
+  std::string valid(made);
+  g_free(made);
+  return valid;
+}
+
+// At most `most` bytes of an ordinary file; nothing of anything else, which
+// might never end.
+bool Read(const std::string& path, std::size_t most, std::string& content) {
+  std::error_code error;
+  if (!fs::is_regular_file(path, error)) return false;
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return false;
+  content.clear();
+  char chunk[65536];
+  while (content.size() < most && (file.read(chunk, sizeof chunk) || file.gcount() > 0)) {
+    content.append(chunk, static_cast<std::size_t>(file.gcount()));
+  }
+  if (content.size() > most) content.resize(most);
+  return !file.bad();
+}
+
+}  // namespace
+
+LocalFileSystem::LocalFileSystem() : LocalFileSystem(ExecutableFolder()) {}
+
+LocalFileSystem::LocalFileSystem(std::string program_folder)
+    : program_folder_(std::move(program_folder)) {}
+
+bool LocalFileSystem::Exists(const std::string& path) const {
+  std::error_code error;
+  return fs::exists(path, error);
+}
+
+std::vector<std::string> LocalFileSystem::ReadLines(const std::string& path) const {
+  std::string content;
+  if (!Read(path, std::string::npos, content)) {
+    throw RunTimeError(kErrFileNotFound, "", "The file " + path + " cannot be read");
+  }
+  constexpr const char* kMark = "\xEF\xBB\xBF";
+  if (content.starts_with(kMark)) content.erase(0, 3);
+  std::vector<std::string> lines;
+  std::istringstream text(Valid(content));
+  for (std::string line; std::getline(text, line);) {
+    if (!line.empty() && line.back() == '\r') line.pop_back();
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+void LocalFileSystem::Write(const std::string& path, const std::string& content) {
+  GError* error = nullptr;
+  if (g_file_set_contents(path.c_str(), content.data(), static_cast<gssize>(content.size()),
+                          &error)) {
+    return;
+  }
+  const std::string why = error->message;
+  const bool denied = error->code == G_FILE_ERROR_ACCES || error->code == G_FILE_ERROR_PERM ||
+                      error->code == G_FILE_ERROR_ROFS;
+  g_error_free(error);
+  throw RunTimeError(denied ? kErrPermissionDenied : kErrDeviceIo, "", why);
+}
+
+std::string LocalFileSystem::GetPrivateProfileString(const std::string& section,
+                                                     const std::string& key, std::size_t size,
+                                                     const std::string& file) const {
+  std::string content;
+  if (size < 2 || !Read(file, kMostOfProfile, content)) return {};
+  return FirstCharacters(Valid(std::string(ProfileValue(content, section, key))), size - 1);
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "platform/file_system.h"
+
+namespace corvane::desktop {
+
+/// A FileSystem on the machine's files. Texts that are not UTF-8 come out with
+/// U+FFFD where they are not.
+class LocalFileSystem : public FileSystem {
+ public:
+  /// The program's folder is that of the running executable.
+  LocalFileSystem();
+  explicit LocalFileSystem(std::string program_folder);
+
+  std::string ProgramFolder() const override { return program_folder_; }
+  char Separator() const override { return '/'; }
+  bool Exists(const std::string& path) const override;
+  std::vector<std::string> ReadLines(const std::string& path) const override;
+  void Write(const std::string& path, const std::string& content) override;
+  std::string GetPrivateProfileString(const std::string& section, const std::string& key,
+                                      std::size_t size, const std::string& file) const override;
+
+ private:
+  const std::string program_folder_;
+};
+
+}  // namespace corvane::desktop
