@@ -73,7 +73,10 @@ void EngineView::ConnectView() {
             ViewOf(self).OnPointer(target);
           }));
   const auto watch = G_CALLBACK(+[](GtkWidget*, GdkEvent*, gpointer self) -> gboolean {
-    if (!ViewOf(self).dialog_open_) ViewOf(self).watchdog_.Watch();
+    // Asked after the page has been given the event, not before.
+    ViewOf(self).input_.Start(0, [self] {
+      if (!ViewOf(self).dialog_open_) ViewOf(self).watchdog_.Watch();
+    });
     return FALSE;
   });
   connect(view, "key-press-event", watch);
@@ -129,7 +132,9 @@ void EngineView::OnLoadFailed(WebKitLoadEvent event, const std::string& address,
 }
 
 void EngineView::OnAddressChanged() {
-  if (navigation_.Waiting()) return;  // not the page shown yet
+  // Not the page shown yet, or a jump within it that has not been made yet.
+  if (navigation_.Waiting()) return;
+  if (!Busy() && webkit_web_view_is_loading(view_.get())) return;
   const std::string address = Text(webkit_web_view_get_uri(view_.get()));
   if (!address.empty() && !address_.empty()) address_ = address;
 }
@@ -140,15 +145,18 @@ void EngineView::OnIdle() {
   // takes the place of another is idle for a moment between the two.
   idle_.Start(0, [this] {
     if (webkit_web_view_is_loading(view_.get())) return;
-    if (navigation_.Idle()) StartReading();
+    if (navigation_.Idle()) return StartReading();
+    OnAddressChanged();
   });
 }
 
 bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type) {
-  const Verdict verdict = Judge(decision, type, {address_, requested_});
+  const std::string requested = navigation_.Waiting() ? requested_ : "";
+  const Verdict verdict = Judge(decision, type, {address_, requested});
+  // A search by one of our own pages goes to the service, unless that failed just now.
   const bool searches = type == WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION &&
-                        verdict.kind == Verdict::Kind::Use && verdict.address != requested_ &&
-                        !engine_.SearchAddress(verdict.address).empty();
+                        verdict.kind == Verdict::Kind::Use && !verdict.from_history &&
+                        !IsSearch(requested) && !engine_.SearchAddress(verdict.address).empty();
   if (verdict.kind == Verdict::Kind::Use && !searches) return false;
   webkit_policy_decision_ignore(decision);
   if (searches) {

@@ -182,6 +182,8 @@ void EngineView::OnProcessGone(WebKitWebProcessTerminationReason reason) {
     return ShowProblem(problem);
   }
   // No process stays alive, not even for the problem's page: say it without one.
+  navigation_.Replaced();
+  navigation_.Started();
   reader_->Forget();
   problem_ = problem;
   auto document = std::make_shared<HTMLDocument>();

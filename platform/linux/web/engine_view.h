@@ -92,7 +92,8 @@ class EngineView {
   bool hung_ = false;
   int crashes_ = 0;  // since a page was last read
   std::string base_status_;
-  Delay idle_;
+  Delay idle_;   // a look at whether anything still loads
+  Delay input_;  // the watchdog's look after a key or a click
 };
 
 }  // namespace corvane::desktop

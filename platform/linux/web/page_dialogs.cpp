@@ -52,7 +52,8 @@ class PageDialogs::Held {
   void Close() {
     WebKitScriptDialog* dialog = std::exchange(dialog_, nullptr);
     if (dialog == nullptr) return;
-    webkit_script_dialog_close(dialog);
+    // The last reference closes it. Closing it by name while the engine still
+    // reports it makes the engine use a null pointer.
     webkit_script_dialog_unref(dialog);
     if (const auto owner = owner_.lock()) (*owner)->Closed();
   }

@@ -16,23 +16,27 @@ bool IsOwnPage(const std::string& address) { return address.starts_with("corvane
 
 Verdict JudgeNavigation(WebKitNavigationAction* action, const PolicyContext& context) {
   const std::string address = AddressOf(action);
-  if (!IsFile(address) && !IsOwnPage(address)) return {Verdict::Kind::Use, address, ""};
   const auto type = webkit_navigation_action_get_navigation_type(action);
-  const bool known = type == WEBKIT_NAVIGATION_TYPE_BACK_FORWARD ||
-                     type == WEBKIT_NAVIGATION_TYPE_RELOAD;
+  const bool from_history = type == WEBKIT_NAVIGATION_TYPE_BACK_FORWARD;
+  if (!IsFile(address) && !IsOwnPage(address)) {
+    return {Verdict::Kind::Use, address, "", from_history};
+  }
+  const bool known = from_history || type == WEBKIT_NAVIGATION_TYPE_RELOAD;
   const bool from_here =
       IsOwnPage(context.present) || (IsFile(context.present) && IsFile(address));
+  // The engine writes addresses in its own way, so only their kind is compared.
+  const bool asked_for = (IsOwnPage(address) && IsOwnPage(context.requested)) ||
+                         (IsFile(address) && IsFile(context.requested));
   const bool allowed =
-      !webkit_navigation_action_is_redirect(action) &&
-      (known || from_here || address == context.requested);
-  return {allowed ? Verdict::Kind::Use : Verdict::Kind::Ignore, address, ""};
+      !webkit_navigation_action_is_redirect(action) && (known || from_here || asked_for);
+  return {allowed ? Verdict::Kind::Use : Verdict::Kind::Ignore, address, "", from_history};
 }
 
 Verdict JudgeNewWindow(WebKitNavigationAction* action, const PolicyContext& context) {
   const std::string address = AddressOf(action);
   const bool allowed = !IsOwnPage(address) && (!IsFile(address) || IsFile(context.present));
   const bool asked = webkit_navigation_action_is_user_gesture(action) && !address.empty();
-  return {asked && allowed ? Verdict::Kind::LoadHere : Verdict::Kind::Ignore, address, ""};
+  return {asked && allowed ? Verdict::Kind::LoadHere : Verdict::Kind::Ignore, address, "", false};
 }
 
 bool IsAttachment(WebKitURIResponse* response) {
@@ -52,11 +56,11 @@ Verdict JudgeAnswer(WebKitResponsePolicyDecision* decision) {
   WebKitURIResponse* response = webkit_response_policy_decision_get_response(decision);
   const std::string address = Text(webkit_uri_response_get_uri(response));
   if (webkit_response_policy_decision_is_mime_type_supported(decision) && !IsAttachment(response)) {
-    return {Verdict::Kind::Use, address, ""};
+    return {Verdict::Kind::Use, address, "", false};
   }
   const bool is_page = webkit_response_policy_decision_is_main_frame_main_resource(decision);
   return {is_page ? Verdict::Kind::NotAPage : Verdict::Kind::Ignore, address,
-          Text(webkit_uri_response_get_mime_type(response))};
+          Text(webkit_uri_response_get_mime_type(response)), false};
 }
 
 }  // namespace
@@ -75,7 +79,7 @@ Verdict Judge(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type,
     case WEBKIT_POLICY_DECISION_TYPE_RESPONSE:
       return JudgeAnswer(WEBKIT_RESPONSE_POLICY_DECISION(decision));
   }
-  return {Verdict::Kind::Ignore, "", ""};
+  return {};
 }
 
 }  // namespace corvane::desktop

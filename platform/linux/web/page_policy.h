@@ -14,15 +14,16 @@ struct Verdict {
     LoadHere,  ///< loads in this view instead of a new window
     NotAPage,  ///< would be a page but cannot be shown
   };
-  Kind kind = Kind::Use;
+  Kind kind = Kind::Ignore;
   std::string address;
   std::string content_type;
+  bool from_history = false;  ///< the user goes back or forward
 };
 
 /// What the judgement depends on beside the decision itself.
 struct PolicyContext {
   std::string present;    ///< address of the page shown
-  std::string requested;  ///< address that the program itself asked for last
+  std::string requested;  ///< address that the program itself asked for and waits for
 };
 
 /// Judges a navigation, a new window or an answer. Pages of the network never

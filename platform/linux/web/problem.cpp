@@ -89,6 +89,7 @@ Problem LoadProblem(const std::string& address, const GError& error) {
     return {"Cannot be shown", "Corvane cannot open this kind of address or file.",
             "Press Back to return, or type another address.", address};
   }
+  if (g_error_matches(&error, G_IO_ERROR, G_IO_ERROR_CANCELLED)) return TimedOut(address);
   return {"The page could not be loaded: " + SiteOf(address),
           "The connection to " + SiteOf(address) + " failed: " +
               Shorten(Text(error.message), kLongestShown) + ".",

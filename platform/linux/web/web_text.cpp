@@ -42,6 +42,12 @@ std::string BreakLongLines(std::string text, int longest) {
       blank = std::string::npos;
     } else if (!ContinuesCharacter(byte)) {
       if (characters == limit) {
+        if (byte == ' ') {  // the blank itself becomes the break
+          broken += '\n';
+          characters = after_blank = 0;
+          blank = std::string::npos;
+          continue;
+        }
         if (blank != std::string::npos) {
           broken[blank] = '\n';
           characters = after_blank;

@@ -121,7 +121,9 @@ TEST_F(NavigationTest, BackWithinThePageEnds) {
   server_.Page("/", "<title>A</title><p id=x>text");
   view_.Go(server_.Url());
   view_->Navigate(server_.Url("/#x"));
-  ASSERT_TRUE(WaitUntil([&] { return view_->LocationURL() == server_.Url("/#x"); }));
+  ASSERT_TRUE(WaitUntil([&] {
+    return webkit_web_view_can_go_back(view_->View()) && view_->LocationURL() == server_.Url("/#x");
+  }));
   view_->GoBack();
   view_.WaitIdle();
   EXPECT_TRUE(WaitUntil([&] { return view_->LocationURL() == server_.Url("/"); }));
@@ -182,6 +184,34 @@ TEST_F(NavigationTest, StopKeepsThePageBefore) {
   view_->Stop();
   view_.WaitIdle();
   EXPECT_EQ(view_->LocationURL(), server_.Url("/a"));
+  EXPECT_EQ(view_.Document()->Title, "A");
+}
+
+TEST_F(NavigationTest, TheAddressIsThatOfThePageShown) {
+  server_.Page("/a", "<title>A</title>");
+  server_.Stall("/slow");
+  view_.Go(server_.Url("/a"));
+  view_.RunInPage("location = '/slow'");
+  ASSERT_TRUE(WaitUntil([&] { return server_.Requests("/slow") == 1; }));
+  EXPECT_TRUE(view_->Busy());
+  EXPECT_EQ(view_->LocationURL(), server_.Url("/a"));
+  view_->Stop();
+  view_.WaitIdle();
+}
+
+TEST_F(NavigationTest, TheAddressIsThatOfThePageShownWhilePartsStillLoad) {
+  server_.Stall("/picture");
+  server_.Page("/a", "<title>A</title><img src=/picture>");
+  server_.Stall("/slow");
+  view_->Navigate(server_.Url("/a"));
+  ASSERT_TRUE(WaitUntil([&] { return server_.Requests("/picture") == 1; }));
+  EXPECT_EQ(view_->LocationURL(), server_.Url("/a"));
+  view_.RunInPage("location = '/slow'");
+  ASSERT_TRUE(WaitUntil([&] { return server_.Requests("/slow") == 1; }));
+  EXPECT_TRUE(view_->Busy());
+  EXPECT_EQ(view_->LocationURL(), server_.Url("/a"));
+  view_->Stop();
+  view_.WaitIdle();
   EXPECT_EQ(view_.Document()->Title, "A");
 }
 

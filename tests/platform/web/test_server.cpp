@@ -14,11 +14,21 @@ void Answer(SoupServerMessage* message, const std::string& content, const std::s
 
 }  // namespace
 
-TestServer::TestServer() : server_(soup_server_new("server-header", "test", nullptr)) {
+TestServer::TestServer(Kind kind)
+    : server_(soup_server_new("server-header", "test", nullptr)), kind_(kind) {
+  if (kind == Kind::SelfSigned) {
+    GTlsCertificate* certificate = g_tls_certificate_new_from_file(CORVANE_TEST_CERTIFICATE, nullptr);
+    if (certificate == nullptr) throw std::runtime_error("no test certificate");
+    soup_server_set_tls_certificate(server_, certificate);
+    g_object_unref(certificate);
+  }
   soup_server_add_handler(server_, nullptr, &TestServer::OnRequest, this, nullptr);
   GSocketAddress* address = g_inet_socket_address_new_from_string("127.0.0.1", 0);
   const bool listening =
-      soup_server_listen(server_, address, static_cast<SoupServerListenOptions>(0), nullptr);
+      soup_server_listen(server_, address,
+                         kind == Kind::SelfSigned ? SOUP_SERVER_LISTEN_HTTPS
+                                                  : static_cast<SoupServerListenOptions>(0),
+                         nullptr);
   g_object_unref(address);
   if (!listening) throw std::runtime_error("the test server cannot listen");
 }
@@ -66,7 +76,8 @@ void TestServer::Handle(const std::string& path, Handler handler) {
 }
 
 std::string TestServer::Url(const std::string& path) const {
-  return "http://127.0.0.1:" + std::to_string(Port()) + path;
+  return (kind_ == Kind::Plain ? "http://127.0.0.1:" : "https://127.0.0.1:") +
+         std::to_string(Port()) + path;
 }
 
 int TestServer::Port() const {

@@ -14,7 +14,8 @@ class TestServer {
  public:
   using Handler = std::function<void(SoupServerMessage*)>;
 
-  TestServer();
+  enum class Kind { Plain, SelfSigned };
+  explicit TestServer(Kind kind = Kind::Plain);
   ~TestServer();
   TestServer(const TestServer&) = delete;
   TestServer& operator=(const TestServer&) = delete;
@@ -39,6 +40,7 @@ class TestServer {
                         gpointer self);
 
   SoupServer* server_;
+  Kind kind_;
   std::map<std::string, Handler> handlers_;
   std::map<std::string, int> requests_;
   std::string last_query_;

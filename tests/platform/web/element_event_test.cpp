@@ -1,0 +1,234 @@
+// Focus, key and change events of a page's elements, against the real engine.
+#include <gmock/gmock.h>
+
+#include "tests/platform/web/page_harness.h"
+
+namespace corvane::desktop {
+namespace {
+
+using testing::ElementsAre;
+using testing::SizeIs;
+
+class ElementEventTest : public PageTest {
+ protected:
+  /// Shows the form's content and logs the events of its elements.
+  void Load(const std::string& content) {
+    server_.Page("/", "<title>A</title><form onsubmit='return false'>" + content + "</form>");
+    view_.Go(server_.Url());
+    connections_.Clear();
+    events_.clear();
+    for (const auto& form : view_.Document()->forms) {
+      for (const auto& element : form.elements) Listen(element);
+    }
+    for (const auto& link : view_.Document()->links) Listen(link);
+    view_.Focus();
+  }
+  void Listen(const HTMLElementPtr& element) {
+    connections_ += element->onfocus.Connect([this, element] { Log("focus", *element); });
+    connections_ += element->onkeyup.Connect([this, element] { Log("keyup", *element); });
+    connections_ += element->onchange.Connect([this, element] { Log("change", *element); });
+  }
+  void Log(const std::string& kind, const HTMLElement& element) {
+    events_.push_back(kind + " " + (element.name.empty() ? element.innerText : element.name));
+  }
+  HTMLElement& Element(std::size_t index) {
+    return *view_.Document()->forms.at(0).elements.at(index);
+  }
+  bool WaitFor(const std::string& event) {
+    return WaitUntil(
+        [&] { return std::find(events_.begin(), events_.end(), event) != events_.end(); });
+  }
+  /// Types a key and waits for its release to be reported.
+  void Type(guint keyval, const std::string& name) {
+    events_.clear();
+    view_.Key(keyval);
+    ASSERT_TRUE(WaitFor("keyup " + name)) << "no key release reported";
+  }
+
+  /// Moves to the next element, which must be this one; the key's release is
+  /// its first event after the focus.
+  void TabTo(const std::string& name) {
+    view_.Key(GDK_KEY_Tab);
+    ASSERT_TRUE(WaitFor("focus " + name)) << "not reached";
+    ASSERT_TRUE(WaitFor("keyup " + name)) << "no key release reported";
+  }
+
+  std::vector<std::string> events_;
+  Connections connections_;
+};
+
+TEST_F(ElementEventTest, TabReachesLinksAndFields) {
+  Load("<a href=/x>Link</a><input name=q>");
+  TabTo("Link");
+  TabTo("q");
+}
+
+TEST_F(ElementEventTest, TheFocusedLinkShowsItsAddress) {
+  Load("<a href=/target>Link</a>");
+  TabTo("Link");
+  EXPECT_TRUE(view_.HasStatus(server_.Url("/target")));
+}
+
+TEST_F(ElementEventTest, FocusBringsThePresentValue) {
+  Load("<input name=q value=old>");
+  view_.EvaluateInPage("document.forms[0].q.value = 'new'");
+  TabTo("q");
+  EXPECT_EQ(Element(0).value, "new");
+}
+
+TEST_F(ElementEventTest, TypingBringsValueAndCaret) {
+  Load("<input name=q>");
+  TabTo("q");
+  Type(GDK_KEY_a, "q");
+  EXPECT_EQ(Element(0).value, "a");
+  EXPECT_EQ(Element(0).caret.text_after, 0);
+  Type(GDK_KEY_b, "q");
+  EXPECT_EQ(Element(0).value, "ab");
+  Type(GDK_KEY_Left, "q");
+  EXPECT_EQ(Element(0).caret.text_after, 1);
+  Type(GDK_KEY_Home, "q");
+  EXPECT_EQ(Element(0).caret.text_after, 2);
+  Type(GDK_KEY_End, "q");
+  EXPECT_EQ(Element(0).caret.text_after, 0);
+  EXPECT_EQ(Element(0).caret.selection_length, 0);
+}
+
+TEST_F(ElementEventTest, CaretCountsCharactersNotUnits) {
+  Load("<input name=q value='a😀b'>");
+  TabTo("q");
+  Type(GDK_KEY_Home, "q");
+  EXPECT_EQ(Element(0).caret.text_after, 3);
+  Type(GDK_KEY_Right, "q");
+  Type(GDK_KEY_Right, "q");
+  EXPECT_EQ(Element(0).caret.text_after, 1);
+}
+
+TEST_F(ElementEventTest, SelectionLength) {
+  Load("<textarea name=t>some😀</textarea>");
+  TabTo("t");
+  view_.EvaluateInPage("document.forms[0].t.select()");
+  Type(GDK_KEY_Shift_L, "t");
+  EXPECT_EQ(Element(0).caret.selection_length, 5);
+}
+
+TEST_F(ElementEventTest, PasswordAndLaterTypes) {
+  Load("<input type=password name=p><input type=email name=e>");
+  TabTo("p");
+  Type(GDK_KEY_x, "p");
+  EXPECT_EQ(Element(0).value, "x");
+  TabTo("e");
+  Type(GDK_KEY_y, "e");
+  EXPECT_EQ(Element(1).value, "y");
+  EXPECT_EQ(Element(1).caret.text_after, 0);
+}
+
+TEST_F(ElementEventTest, SpaceChangesACheckBox) {
+  Load("<input type=checkbox name=c>");
+  TabTo("c");
+  EXPECT_FALSE(Element(0).status);
+  view_.Key(GDK_KEY_space);
+  ASSERT_TRUE(WaitFor("change c"));
+  EXPECT_TRUE(Element(0).status);
+}
+
+TEST_F(ElementEventTest, ArrowsChangeARadioButton) {
+  Load("<input type=radio name=r value=1 checked><input type=radio name=r value=2>");
+  TabTo("r");
+  view_.Key(GDK_KEY_Down);
+  ASSERT_TRUE(WaitFor("change r"));
+  EXPECT_TRUE(Element(1).status);
+}
+
+TEST_F(ElementEventTest, ASelectsNewOption) {
+  Load("<select name=s size=3><option>One<option>Two<option>Three</select>");
+  TabTo("s");
+  view_.Key(GDK_KEY_Down);
+  ASSERT_TRUE(WaitFor("change s"));
+  EXPECT_EQ(Element(0).options.at(static_cast<std::size_t>(Element(0).selectedIndex)),
+            Element(0).value);
+  EXPECT_THAT(Element(0).options, SizeIs(3));
+}
+
+TEST_F(ElementEventTest, OptionsAddedLaterAreKnownAtFocus) {
+  Load("<select name=s><option>One</select>");
+  view_.EvaluateInPage("document.forms[0].s.add(new Option('Two'))");
+  TabTo("s");
+  EXPECT_THAT(Element(0).options, ElementsAre("One", "Two"));
+}
+
+TEST_F(ElementEventTest, EventsOfAFrameOfAnotherOrigin) {
+  TestServer other;
+  other.Page("/in", "<input name=before><form><input name=inner></form>");
+  server_.Page("/", "<iframe src='" + other.Url("/in") + "'></iframe>");
+  view_.Go(server_.Url());
+  ASSERT_THAT(view_.Document()->frames, SizeIs(1));
+  ASSERT_THAT(view_.Document()->frames[0]->forms, SizeIs(1));
+  Listen(view_.Document()->frames[0]->forms[0].elements.at(0));
+  view_.Focus();
+  view_.Key(GDK_KEY_Tab);
+  TabTo("inner");
+}
+
+TEST_F(ElementEventTest, PageScriptsCannotFakeEvents) {
+  Load("<input name=q><input name=last>");
+  view_.EvaluateInPage(R"(for (const type of ['focusin', 'keyup', 'change']) {
+      document.forms[0].q.dispatchEvent(new Event(type, {bubbles: true})); } 1)");
+  TabTo("q");
+  TabTo("last");
+  EXPECT_EQ(std::count(events_.begin(), events_.end(), "focus q"), 1);
+  EXPECT_EQ(std::count(events_.begin(), events_.end(), "change q"), 0);
+}
+
+TEST_F(ElementEventTest, PageScriptsCannotSwallowEvents) {
+  server_.Page("/", R"(<script>for (const type of ['focusin', 'keyup', 'change']) {
+      addEventListener(type, event => event.stopImmediatePropagation(), true); }</script>
+      <form><input name=q></form>)");
+  view_.Go(server_.Url());
+  Listen(view_.Document()->forms.at(0).elements.at(0));
+  view_.Focus();
+  TabTo("q");
+  Type(GDK_KEY_a, "q");
+}
+
+TEST_F(ElementEventTest, AnElementThatCameLaterIsNoTrouble) {
+  Load("<input name=q>");
+  view_.EvaluateInPage(
+      "document.forms[0].prepend(Object.assign(document.createElement('input'), {name: 'new'}))");
+  view_.Key(GDK_KEY_Tab);
+  TabTo("q");
+  EXPECT_THAT(view_.Document()->forms.at(0).elements, SizeIs(1));
+}
+
+TEST_F(ElementEventTest, EventsGoOnAfterGoingBack) {
+  Load("<input name=q>");
+  server_.Page("/b", "<title>B</title>");
+  view_.Go(server_.Url("/b"));
+  view_->GoBack();
+  view_.WaitIdle();
+  events_.clear();
+  connections_.Clear();
+  ASSERT_THAT(view_.Document()->forms, SizeIs(1));
+  Listen(view_.Document()->forms[0].elements.at(0));
+  view_.Focus();
+  TabTo("q");
+}
+
+TEST_F(ElementEventTest, EnterOnALinkFollowsIt) {
+  server_.Page("/target", "<title>Target</title>");
+  Load("<a href=/target>Link</a>");
+  TabTo("Link");
+  view_.Key(GDK_KEY_Return);
+  ASSERT_TRUE(WaitUntil([&] { return !view_->Busy() && view_.Document()->Title == "Target"; }));
+}
+
+TEST_F(ElementEventTest, EnterOnALinkForANewWindowStaysHere) {
+  server_.Page("/target", "<title>Target</title>");
+  Load("<a href=/target target=_blank>Link</a>");
+  TabTo("Link");
+  view_.Key(GDK_KEY_Return);
+  ASSERT_TRUE(WaitUntil([&] { return !view_->Busy() && view_.Document()->Title == "Target"; }));
+  EXPECT_EQ(view_->LocationURL(), server_.Url("/target"));
+}
+
+}  // namespace
+}  // namespace corvane::desktop

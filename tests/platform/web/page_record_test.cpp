@@ -1,0 +1,184 @@
+// Reading records and events, also those that nobody in his right mind sends.
+#include "platform/linux/web/page_record.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/linux/web/navigation.h"
+
+namespace corvane::desktop {
+namespace {
+
+TEST(ParseRecord, ReadsAWholeRecord) {
+  const auto record = ParseRecord(R"({"id":"d","place":[1,0],"origin":"o","top":"t","title":"T",
+      "name":"N","url":"u","body":"B","links":[1,0,"L","h","n",2,1,"A","i",""],
+      "anchors":[1,0,"L","h","n"],
+      "forms":[[[3,"HTMLInputElement","text","q","","before","after","v",1,-1,[]]],[]],
+      "frames":[["F","fa",1]]})");
+  ASSERT_TRUE(record);
+  EXPECT_EQ(record->place, (FramePlace{1, 0}));
+  EXPECT_EQ(record->top_origin, "t");
+  const auto& document = *record->document;
+  EXPECT_EQ(document.Title, "T");
+  EXPECT_EQ(document.nameProp, "N");
+  EXPECT_EQ(document.location, "u");
+  EXPECT_TRUE(document.has_body);
+  ASSERT_EQ(document.links.size(), 2u);
+  EXPECT_EQ(document.links[1]->type_name, "HTMLAreaElement");
+  ASSERT_EQ(document.anchors.size(), 1u);
+  EXPECT_EQ(document.anchors[0], document.links[0]);
+  ASSERT_EQ(document.forms.size(), 2u);
+  const auto& field = *document.forms[0].elements.at(0);
+  EXPECT_EQ(field.text_before_begin, "before");
+  EXPECT_EQ(field.text_after_end, "after");
+  EXPECT_EQ(field.value, "v");
+  EXPECT_TRUE(field.status);
+  EXPECT_EQ(field.selectedIndex, -1);
+  EXPECT_EQ(record->elements.at(3), document.forms[0].elements[0]);
+  ASSERT_EQ(record->frames.size(), 1u);
+  EXPECT_TRUE(record->frames[0].silent);
+}
+
+TEST(ParseRecord, NoBody) {
+  EXPECT_FALSE(ParseRecord(R"({"id":"d","body":null})")->document->has_body);
+}
+
+class Malformed : public testing::TestWithParam<const char*> {};
+
+TEST_P(Malformed, IsNoRecord) {
+  EXPECT_FALSE(ParseRecord(GetParam()));
+  EXPECT_TRUE(ParseRecords(GetParam()).empty());
+  EXPECT_FALSE(ParseElementEvent(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, Malformed,
+                         testing::Values("", "{", "null", "[]", "1", "\"x\"", "{}", "[[[[[[[[",
+                                         "{\"id\":1}", "{\"records\":1}", "{\"records\":[1,null]}",
+                                         "{\"kind\":\"other\"}", "\xFF\xFE"));
+
+TEST(ParseRecord, PartsOfAnotherKindAreLeftOut) {
+  const auto record = ParseRecord(R"({"id":"d","place":"x","title":1,"links":{"a":1},
+      "anchors":[1,2],"forms":[1,[2,[]],null],"frames":[1,[]],"body":["x"]})");
+  ASSERT_TRUE(record);
+  EXPECT_TRUE(record->place.empty());
+  EXPECT_EQ(record->document->Title, "");
+  EXPECT_TRUE(record->document->links.empty());
+  EXPECT_TRUE(record->document->anchors.empty());
+  EXPECT_EQ(record->document->forms.size(), 3u);
+  EXPECT_EQ(record->document->forms[1].elements.size(), 2u);
+  EXPECT_FALSE(record->document->has_body);
+}
+
+TEST(ParseRecord, NumbersOutOfRange) {
+  const auto record = ParseRecord(R"({"id":"d","place":[-1,1e99,99999999999],
+      "links":[-5,7,"a","","",99999999999999,0,"b","",""]})");
+  ASSERT_TRUE(record);
+  EXPECT_EQ(record->place, (FramePlace{0, 0, 0}));
+  ASSERT_EQ(record->document->links.size(), 2u);
+  EXPECT_TRUE(record->elements.empty());
+}
+
+TEST(ParseRecord, NulCharactersAreReplaced) {
+  EXPECT_EQ(ParseRecord(R"({"id":"d","title":"a\u0000b"})")->document->Title,
+            "a\xEF\xBF\xBD" "b");
+}
+
+TEST(ParseRecord, DeepNestingIsNoTrouble) {
+  EXPECT_FALSE(ParseRecord(std::string(100'000, '[')));
+  EXPECT_FALSE(ParseRecord(std::string(100'000, '[') + std::string(100'000, ']')));
+}
+
+TEST(ParseRecords, AtMostSoManyFrames) {
+  std::string json = "{\"records\":[";
+  for (int i = 0; i < 2000; ++i) json += std::string(i > 0 ? "," : "") + "{\"id\":\"d\"}";
+  EXPECT_LE(ParseRecords(json + "]}").size(), 501u);
+}
+
+TEST(ParseElementEvent, ReadsAWholeEvent) {
+  const auto event = ParseElementEvent(R"({"kind":"keyup","document":"d","number":3,"href":"",
+      "state":["value",1,2,["a","b","c"]],"caret":[4,5]})");
+  ASSERT_TRUE(event);
+  EXPECT_EQ(event->kind, ElementEvent::Kind::KeyUp);
+  HTMLElement element;
+  Apply(*event, element);
+  EXPECT_EQ(element.value, "value");
+  EXPECT_TRUE(element.status);
+  EXPECT_EQ(element.selectedIndex, 2);
+  EXPECT_EQ(element.options.size(), 3u);
+  EXPECT_EQ(element.caret.selection_length, 4);
+  EXPECT_EQ(element.caret.text_after, 5);
+}
+
+TEST(ParseElementEvent, ALinksEventChangesNothing) {
+  const auto event = ParseElementEvent(R"({"kind":"focus","document":"d","number":3,"href":"h"})");
+  ASSERT_TRUE(event);
+  HTMLElement element;
+  element.value = "kept";
+  Apply(*event, element);
+  EXPECT_EQ(element.value, "kept");
+}
+
+class NavigationOrder : public testing::Test {
+ protected:
+  std::string log_;
+  Navigation navigation_{[this] { log_ += "b"; }, [this] { log_ += "c"; }};
+};
+
+TEST_F(NavigationOrder, OneNavigation) {
+  navigation_.Requested();
+  EXPECT_TRUE(navigation_.Busy());
+  EXPECT_EQ(log_, "");
+  navigation_.Started();
+  navigation_.Committed();
+  EXPECT_TRUE(navigation_.Finished());
+  EXPECT_EQ(log_, "b");
+  EXPECT_TRUE(navigation_.Busy());
+  navigation_.Read();
+  EXPECT_FALSE(navigation_.Busy());
+  EXPECT_EQ(log_, "bc");
+}
+
+TEST_F(NavigationOrder, NotBusyAnyMoreWhenCompleteIsRaised) {
+  bool busy = true;
+  Navigation navigation([] {}, [&] { busy = navigation.Busy(); });
+  navigation.Started();
+  navigation.Finished();
+  navigation.Read();
+  EXPECT_FALSE(busy);
+}
+
+TEST_F(NavigationOrder, OvertakenNavigationIsCompletedFirst) {
+  navigation_.Started();
+  navigation_.Requested();
+  EXPECT_FALSE(navigation_.Finished()) << "what the old one reports is ignored";
+  navigation_.Started();
+  EXPECT_EQ(log_, "bcb");
+}
+
+TEST_F(NavigationOrder, AReplacedPageIsTheSameNavigation) {
+  navigation_.Started();
+  navigation_.Replaced();
+  EXPECT_FALSE(navigation_.Finished());
+  navigation_.Started();
+  EXPECT_TRUE(navigation_.Finished());
+  navigation_.Read();
+  EXPECT_EQ(log_, "bc");
+}
+
+TEST_F(NavigationOrder, AReplacedPageAfterItsNavigationBeginsOneOfItsOwn) {
+  navigation_.Replaced();
+  navigation_.Started();
+  navigation_.Finished();
+  navigation_.Read();
+  EXPECT_EQ(log_, "bc");
+}
+
+TEST_F(NavigationOrder, AJumpWithinThePageRaisesNothing) {
+  navigation_.Requested();
+  EXPECT_TRUE(navigation_.Idle());
+  navigation_.Read();
+  EXPECT_FALSE(navigation_.Busy());
+  EXPECT_EQ(log_, "");
+}
+
+}  // namespace
+}  // namespace corvane::desktop
