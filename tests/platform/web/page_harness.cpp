@@ -1,6 +1,12 @@
 #include "tests/platform/web/page_harness.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -50,6 +56,29 @@ void SendButton(GtkWidget* widget, GdkEventType type, double x, double y) {
   gdk_event_set_device(event, gdk_seat_get_pointer(seat));
   gtk_main_do_event(event);
   gdk_event_free(event);
+}
+
+/// The page processes of this program, also inside their sandboxes.
+std::vector<pid_t> PageProcesses() {
+  std::map<pid_t, pid_t> parents;
+  std::vector<pid_t> found;
+  for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
+    const std::string name = entry.path().filename();
+    if (name.find_first_not_of("0123456789") != std::string::npos) continue;
+    std::ifstream stat(entry.path() / "stat");
+    std::string line;
+    std::getline(stat, line);
+    const auto close = line.rfind(')');
+    if (close == std::string::npos || close + 4 > line.size()) continue;
+    const pid_t pid = std::stoi(name);
+    parents[pid] = std::stoi(line.substr(line.find(' ', close + 2) + 1));
+    if (line.find("(WebKitWebProces") != std::string::npos) found.push_back(pid);
+  }
+  std::erase_if(found, [&](pid_t pid) {
+    while (pid > 1 && pid != getpid()) pid = parents[pid];
+    return pid != getpid();
+  });
+  return found;
 }
 
 }  // namespace
@@ -132,6 +161,10 @@ void TestView::Key(guint keyval) {
 void TestView::Click(double x, double y) {
   SendButton(GTK_WIDGET(view_->View()), GDK_BUTTON_PRESS, x, y);
   SendButton(GTK_WIDGET(view_->View()), GDK_BUTTON_RELEASE, x, y);
+}
+
+void TestView::KillPageProcesses() {
+  for (const pid_t pid : PageProcesses()) kill(pid, SIGKILL);
 }
 
 std::string TestView::EvaluateInPage(const std::string& script) {

@@ -48,6 +48,8 @@ class TestView {
   void Focus();
   void Key(guint keyval);
   void Click(double x, double y);
+  /// Kills all page processes of this program.
+  static void KillPageProcesses();
   /// Runs a script as the page itself would.
   void RunInPage(const std::string& script);
   std::string EvaluateInPage(const std::string& script);

@@ -1,7 +1,4 @@
 // Loads that fail, pages that crash or hang, against the real engine.
-#include <csignal>
-#include <filesystem>
-#include <fstream>
 #include <gmock/gmock.h>
 
 #include "tests/platform/web/page_harness.h"
@@ -13,29 +10,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 using ProblemTest = PageTest;
-
-/// The page processes of this program, also inside their sandboxes.
-std::vector<pid_t> PageProcesses() {
-  std::map<pid_t, pid_t> parents;
-  std::vector<pid_t> found;
-  for (const auto& entry : std::filesystem::directory_iterator("/proc")) {
-    const std::string name = entry.path().filename();
-    if (name.find_first_not_of("0123456789") != std::string::npos) continue;
-    std::ifstream stat(entry.path() / "stat");
-    std::string line;
-    std::getline(stat, line);
-    const auto close = line.rfind(')');
-    if (close == std::string::npos || close + 4 > line.size()) continue;
-    const pid_t pid = std::stoi(name);
-    parents[pid] = std::stoi(line.substr(line.find(' ', close + 2) + 1));
-    if (line.find("(WebKitWebProces") != std::string::npos) found.push_back(pid);
-  }
-  std::erase_if(found, [&](pid_t pid) {
-    while (pid > 1 && pid != getpid()) pid = parents[pid];
-    return pid != getpid();
-  });
-  return found;
-}
 
 TEST_F(ProblemTest, UnknownHost) {
   view_.Go("http://does-not-exist.invalid/x");
@@ -190,9 +164,7 @@ TEST_F(ProblemTest, KilledPageProcessAndRefresh) {
   server_.Page("/", "<title>A</title>");
   view_.Go(server_.Url());
   view_.log.clear();
-  const auto processes = PageProcesses();
-  ASSERT_FALSE(processes.empty());
-  for (const pid_t pid : processes) kill(pid, SIGKILL);
+  TestView::KillPageProcesses();
   ASSERT_TRUE(WaitUntil([&] { return view_.Count("complete") == 1; }));
   EXPECT_EQ(view_.Document()->Title, "The page has crashed: 127.0.0.1");
   EXPECT_EQ(view_->LocationURL(), server_.Url());
@@ -206,7 +178,7 @@ TEST_F(ProblemTest, KilledWhileLoading) {
   server_.StallAfter("/", "<title>Half</title>" + std::string(4000, '.'));
   view_->Navigate(server_.Url());
   ASSERT_TRUE(WaitUntil([&] { return view_->LocationURL() == server_.Url(); }));
-  for (const pid_t pid : PageProcesses()) kill(pid, SIGKILL);
+  TestView::KillPageProcesses();
   view_.WaitIdle();
   EXPECT_EQ(view_.Document()->Title, "The page has crashed: 127.0.0.1");
 }
@@ -217,7 +189,7 @@ TEST_F(ProblemTest, KilledAgainAndAgainStillEnds) {
   // The first times the problem's page is shown; in the end it is only said.
   for (int round = 1; round <= 4; ++round) {
     const int before = view_.Count("complete");
-    for (const pid_t pid : PageProcesses()) kill(pid, SIGKILL);
+    TestView::KillPageProcesses();
     ASSERT_TRUE(WaitUntil([&] { return view_.Count("complete") > before; })) << round;
     ASSERT_FALSE(view_->Busy());
     ASSERT_NE(view_.Document(), nullptr);

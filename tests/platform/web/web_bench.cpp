@@ -1,0 +1,125 @@
+// Measures reading pages: prints one JSON object a line. Not a test.
+//   web_bench [REPEATS]
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "tests/platform/web/page_harness.h"
+
+namespace corvane::desktop {
+namespace {
+
+double Now() { return static_cast<double>(g_get_monotonic_time()) / 1000.0; }  // milliseconds
+
+/// Notes the longest time for which the main loop did nothing else.
+class StallMeter {
+ public:
+  StallMeter() : source_(g_timeout_add_full(G_PRIORITY_HIGH, 1, &StallMeter::Tick, this, nullptr)) {}
+  ~StallMeter() { g_source_remove(source_); }
+  void Reset() {
+    last_ = Now();
+    longest_ = 0;
+  }
+  double Longest() const { return longest_; }
+
+ private:
+  static gboolean Tick(gpointer data) {
+    auto& self = *static_cast<StallMeter*>(data);
+    const double now = Now();
+    if (self.last_ > 0) self.longest_ = std::max(self.longest_, now - self.last_);
+    self.last_ = now;
+    return G_SOURCE_CONTINUE;
+  }
+  double last_ = 0;
+  double longest_ = 0;
+  guint source_;
+};
+
+std::string PageOfLinks(int count) {
+  std::string page = "<!DOCTYPE html><title>Links</title>";
+  for (int i = 0; i < count; ++i) {
+    page += "<p><a href=\"/target/" + std::to_string(i) + "\">Link number " + std::to_string(i) +
+            "</a>";
+  }
+  return page;
+}
+
+void MeasurePage(const char* name, const std::string& page) {
+  TestServer server;
+  server.Page("/", page);
+  TestView view(SharedEngine());
+  double finished = 0;
+  g_signal_connect(view->View(), "load-changed",
+                   G_CALLBACK(+[](WebKitWebView*, WebKitLoadEvent event, gpointer data) {
+                     if (event == WEBKIT_LOAD_FINISHED) *static_cast<double*>(data) = Now();
+                   }),
+                   &finished);
+  StallMeter meter;
+  meter.Reset();
+  const double start = Now();
+  view->Navigate(server.Url());
+  WaitUntil([&] { return !view->Busy(); });
+  const double ready = Now();
+  const double stall = meter.Longest();
+
+  const double asked = Now();
+  meter.Reset();
+  bool read = false;
+  PageReader reader(view->View(), [](const std::string&) {});
+  reader.Read([&](const HTMLDocumentPtr&) { read = true; });
+  WaitUntil([&] { return read; });
+  const double again = Now();
+  std::printf("{\"page\": \"%s\", \"links\": %zu, \"text_bytes\": %zu, \"load_ms\": %.1f, "
+              "\"finished_to_document_ms\": %.1f, \"longest_stall_ms\": %.1f, "
+              "\"read_again_ms\": %.1f, \"read_again_stall_ms\": %.1f}\n",
+              name, view.Document()->links.size(), view.Document()->body_innerText.size(),
+              ready - start, ready - finished, stall, again - asked, meter.Longest());
+  std::fflush(stdout);
+}
+
+void MeasureCrash() {
+  TestServer server;
+  server.Page("/", "<title>A</title>");
+  TestView view(SharedEngine());
+  view->Navigate(server.Url());
+  WaitUntil([&] { return !view->Busy(); });
+  double told = 0;
+  g_signal_connect(view->View(), "web-process-terminated",
+                   G_CALLBACK(+[](WebKitWebView*, WebKitWebProcessTerminationReason, gpointer data) {
+                     *static_cast<double*>(data) = Now();
+                   }),
+                   &told);
+  const double killed = Now();
+  view.KillPageProcesses();
+  WaitUntil([&] { return told > 0 && !view->Busy(); });
+  const double shown = Now();
+  view->Refresh();
+  WaitUntil([&] { return !view->Busy(); });
+  std::printf("{\"crash_to_signal_ms\": %.1f, \"crash_to_problem_page_ms\": %.1f, "
+              "\"refresh_ms\": %.1f}\n",
+              told - killed, shown - killed, Now() - shown);
+  std::fflush(stdout);
+}
+
+}  // namespace
+}  // namespace corvane::desktop
+
+int main(int argc, char** argv) {
+  using namespace corvane::desktop;
+  const int repeats = argc > 1 ? std::atoi(argv[1]) : 3;
+  std::string text;
+  while (text.size() < 10'000'000) text += "<p>One line of text after the other, without an end.";
+  const std::string long_line = "<p>" + std::string(2'000'000, 'x');
+  SharedEngine();
+  for (int i = 0; i < repeats; ++i) {
+    MeasurePage("links", PageOfLinks(100));
+    MeasurePage("links", PageOfLinks(10'000));
+    MeasurePage("links", PageOfLinks(50'000));
+    MeasurePage("text", text);
+    MeasurePage("line", long_line);
+    MeasureCrash();
+  }
+  return 0;
+}
