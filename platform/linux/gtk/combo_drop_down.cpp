@@ -5,6 +5,18 @@
 #include <gtkmm/stylecontext.h>
 
 namespace corvane::desktop {
+namespace {
+
+// The arrow is for the pointer. As a tab stop it would be a place without words.
+void KeepArrowOutOfTabOrder(GtkWidget* widget, gpointer) {
+  if (GTK_IS_TOGGLE_BUTTON(widget)) {
+    gtk_widget_set_can_focus(widget, FALSE);
+  } else if (GTK_IS_CONTAINER(widget)) {
+    gtk_container_forall(GTK_CONTAINER(widget), &KeepArrowOutOfTabOrder, nullptr);
+  }
+}
+
+}  // namespace
 
 DropDownCombo::DropDownCombo(const std::string& name, WindowTable& windows) : combo_(true) {
   // As a list, not as a menu: a menu has a widget for every entry.
@@ -13,6 +25,7 @@ DropDownCombo::DropDownCombo(const std::string& name, WindowTable& windows) : co
   combo_.get_style_context()->add_provider(style, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   combo_.set_model(lines_.Model());
   combo_.set_entry_text_column(0);
+  gtk_container_forall(combo_.Gtk::Container::gobj(), &KeepArrowOutOfTabOrder, nullptr);
   auto& field = Field();
   field.set_width_chars(10);
   Bind(combo_, field, name, "ComboBox", windows, [this] { return Text(); });

@@ -53,6 +53,7 @@ StyledText RtfParser::Run() {
       Open();
     } else if (c == '}') {
       Close();
+      if (stack_.empty()) break;  // the document ends where its group does
     } else if (c == '\\') {
       if (at_ == rtf_.size()) break;
       if (IsLetter(rtf_[at_])) {
@@ -225,8 +226,10 @@ void RtfParser::EndPiece() {
 
 // All of a paragraph has the paragraph formats that hold at its end.
 void RtfParser::EndParagraph() {
+  if (paragraph_.empty()) return;
+  const auto last = paragraph_.back().format;
   for (auto& run : paragraph_) {
-    CopyParagraphFormat(run.format, state_.format);
+    CopyParagraphFormat(run.format, last);
     if (!result_.empty() && result_.back().format == run.format) {
       result_.back().text += run.text;
     } else {

@@ -64,4 +64,16 @@ void Splitter::on_size_allocate(Gtk::Allocation& allocation) {
   own_change_ = before;
 }
 
+// The two areas stand in windows of their own, so their places say nothing about
+// which comes first; the toolkit would go to the smaller one.
+bool Splitter::on_focus(Gtk::DirectionType direction) {
+  if (direction != Gtk::DIR_TAB_FORWARD && direction != Gtk::DIR_TAB_BACKWARD) {
+    return Gtk::Paned::on_focus(direction);
+  }
+  Gtk::Widget* areas[] = {&first_, &second_};
+  if (direction == Gtk::DIR_TAB_BACKWARD) std::swap(areas[0], areas[1]);
+  if (get_focus_child() == areas[1]) return areas[1]->child_focus(direction);
+  return areas[0]->child_focus(direction) || areas[1]->child_focus(direction);
+}
+
 }  // namespace corvane::desktop

@@ -34,6 +34,7 @@ class Splitter : public Gtk::Paned {
   Event<> Moved;
 
  protected:
+  bool on_focus(Gtk::DirectionType direction) override;
   void on_size_allocate(Gtk::Allocation& allocation) override;
 
  private:

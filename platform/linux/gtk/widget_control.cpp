@@ -39,6 +39,7 @@ struct WidgetBinding::State {
     std::optional<int> wish;
   } width, height;
   std::optional<Point> place;
+  bool had_focus = false;
   bool menu_took_focus = false;
   std::vector<sigc::connection> signals;
 
@@ -60,8 +61,10 @@ struct WidgetBinding::State {
   bool KeyUp(GdkEventKey* event);
 };
 
-// A menu takes the focus for as long as it is open; its return is no news.
+// The toolkit tells of one change twice. A menu takes the focus for as long as it
+// is open; its return is no news.
 void WidgetBinding::State::FocusChanged() {
+  if (std::exchange(had_focus, focus.has_focus()) == focus.has_focus()) return;
   if (!focus.has_focus()) {
     auto* grab = gtk_grab_get_current();
     menu_took_focus = grab && GTK_IS_MENU_SHELL(grab);
