@@ -7,11 +7,11 @@ namespace corvane::desktop {
 /// A speaking character as its file describes it (docs/talker-format.md).
 struct CharacterFile {
   std::string name;
-  std::string voice;        ///< the synthesizer's name for it
-  int pitch_shift = 0;      ///< added to every pitch asked for, -80..80
-  int speed_shift = 0;      ///< words a minute, added to every speed, -200..200
-  std::string idle;         ///< path of the picture while silent; may be empty
-  std::string speaking;     ///< path of the picture while speaking; may be empty
+  std::string voice;     ///< the synthesizer's name for it
+  int pitch_shift = 0;   ///< added to every pitch asked for, -80..80
+  int speed_shift = 0;   ///< words a minute, added to every speed, -200..200
+  std::string idle;      ///< path of the picture while silent; may be empty
+  std::string speaking;  ///< path of the picture while speaking; may be empty
 };
 
 /// Reads the character `name` from a file. RunTimeError, in words for the user,

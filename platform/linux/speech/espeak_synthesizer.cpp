@@ -21,9 +21,8 @@ std::atomic<bool> in_use{false};
 /// Starts the library once a process: after its second espeak_Terminate it waits
 /// for ever (seen with 1.51), so it is never terminated. False without voice data.
 bool StartLibrary() {
-  static const bool started =
-      espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, kChunkMilliseconds, nullptr,
-                        espeakINITIALIZE_DONT_EXIT) == kSampleRate;
+  static const bool started = espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, kChunkMilliseconds,
+                                                nullptr, espeakINITIALIZE_DONT_EXIT) == kSampleRate;
   return started;
 }
 

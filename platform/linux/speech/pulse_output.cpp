@@ -17,13 +17,13 @@ constexpr std::uint32_t kRefillBytes = kSampleRate / 200 * kBytesPerSample;
 
 /// A server that has not answered after so long is treated as missing.
 constexpr pa_usec_t kConnectLimit = 2 * PA_USEC_PER_SEC;
-/// So long after a failure a new attempt may be made, when speech begins.
-constexpr pa_usec_t kRetryAfter = 5 * PA_USEC_PER_SEC;
 
 /// Holds the lock of libpulse's thread.
 class MainLoopLock {
  public:
-  explicit MainLoopLock(pa_threaded_mainloop* loop) : loop_(loop) { pa_threaded_mainloop_lock(loop_); }
+  explicit MainLoopLock(pa_threaded_mainloop* loop) : loop_(loop) {
+    pa_threaded_mainloop_lock(loop_);
+  }
   ~MainLoopLock() { pa_threaded_mainloop_unlock(loop_); }
   MainLoopLock(const MainLoopLock&) = delete;
   MainLoopLock& operator=(const MainLoopLock&) = delete;
@@ -38,7 +38,7 @@ class MainLoopLock {
 /// libpulse calls back on its own thread with that lock held.
 class PulseOutput::Link {
  public:
-  Link(std::string server, Notice notice);
+  Link(std::string server, Notice notice, pa_usec_t retry_after);
   ~Link();
 
   void Begin();
@@ -61,6 +61,7 @@ class PulseOutput::Link {
 
   std::string server_;
   Notice notice_;
+  pa_usec_t retry_after_;
   pa_threaded_mainloop* loop_;
   pa_context* context_ = nullptr;
   pa_stream* stream_ = nullptr;
@@ -73,8 +74,11 @@ class PulseOutput::Link {
   SilentOutput clock_;
 };
 
-PulseOutput::Link::Link(std::string server, Notice notice)
-    : server_(std::move(server)), notice_(std::move(notice)), loop_(pa_threaded_mainloop_new()) {
+PulseOutput::Link::Link(std::string server, Notice notice, pa_usec_t retry_after)
+    : server_(std::move(server)),
+      notice_(std::move(notice)),
+      retry_after_(retry_after),
+      loop_(pa_threaded_mainloop_new()) {
   pa_threaded_mainloop_set_name(loop_, "speech-audio");
   pa_threaded_mainloop_start(loop_);
   const MainLoopLock lock(loop_);
@@ -207,7 +211,7 @@ void PulseOutput::Link::Begin() {
   // Only the first attempt to connect is worth waiting for.
   on_clock_ = phase_ == Phase::kLost || (phase_ == Phase::kConnecting && told_);
   clock_.Begin();
-  if (phase_ == Phase::kLost && pa_rtclock_now() - lost_at_ > kRetryAfter) Connect();
+  if (phase_ == Phase::kLost && pa_rtclock_now() - lost_at_ >= retry_after_) Connect();
 }
 
 std::size_t PulseOutput::Link::Write(std::span<const std::int16_t> samples) {
@@ -275,8 +279,11 @@ bool PulseOutput::Link::WaitConnected() {
   return phase_ == Phase::kReady;
 }
 
-PulseOutput::PulseOutput(const std::string& server, Notice notice)
-    : link_(std::make_unique<Link>(server, std::move(notice))) {}
+PulseOutput::PulseOutput(const std::string& server, Notice notice,
+                         std::chrono::milliseconds retry_after)
+    : link_(
+          std::make_unique<Link>(server, std::move(notice),
+                                 static_cast<pa_usec_t>(retry_after.count()) * PA_USEC_PER_MSEC)) {}
 
 PulseOutput::~PulseOutput() = default;
 

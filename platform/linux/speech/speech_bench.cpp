@@ -38,9 +38,10 @@ void Print(const char* what, const char* output, std::vector<double> times) {
   const auto at = [&](double part) {
     return times[static_cast<std::size_t>(part * static_cast<double>(times.size() - 1))];
   };
-  std::printf("{\"what\": \"%s\", \"output\": \"%s\", \"median_ms\": %.3f, \"p95_ms\": %.3f, "
-              "\"most_ms\": %.3f, \"runs\": %zu}\n",
-              what, output, at(0.5), at(0.95), times.back(), times.size());
+  std::printf(
+      "{\"what\": \"%s\", \"output\": \"%s\", \"median_ms\": %.3f, \"p95_ms\": %.3f, "
+      "\"most_ms\": %.3f, \"runs\": %zu}\n",
+      what, output, at(0.5), at(0.95), times.back(), times.size());
   std::fflush(stdout);
 }
 
@@ -89,7 +90,8 @@ class TimedSpeech {
     utterance.speed = kSpeedHighest;
     const double start = Now();
     if (stop_before) speech_.Stop();
-    speech_.Speak(std::move(utterance), [&] { begun = true; }, [this](SpeechEnd) { ended_ = true; });
+    speech_.Speak(
+        std::move(utterance), [&] { begun = true; }, [this](SpeechEnd) { ended_ = true; });
     if (!RunLoopUntil([&] { return begun; })) std::abort();
     return *first_ - start;
   }
@@ -186,7 +188,8 @@ class Ear {
 /// and the way back from it take.
 void MeasureHeard(const std::string& server) {
   Ear ear;
-  SinkListener listener(server, [&](const std::vector<std::int16_t>& samples) { ear.Hear(samples); });
+  SinkListener listener(server,
+                        [&](const std::vector<std::int16_t>& samples) { ear.Hear(samples); });
   if (!listener.WaitReady()) std::abort();
   const auto record = std::make_shared<SynthesisRecord>();
   TimedSpeech speech([&] { return std::make_unique<RecordingSynthesizer>(record, 1000); },
@@ -218,8 +221,7 @@ int Main() {
     std::fprintf(stderr, "no sound server:\n%s\n", server.Log().c_str());
     return 1;
   }
-  MeasureSpeech("pulse",
-                [&] { return std::make_unique<PulseOutput>(server.Address(), nullptr); });
+  MeasureSpeech("pulse", [&] { return std::make_unique<PulseOutput>(server.Address(), nullptr); });
   MeasureHeard(server.Address());
   return 0;
 }

@@ -21,10 +21,10 @@ struct Utterance {
   std::string text;  ///< UTF-8; shown in the transcript as it is
   int pitch = kPitchDefault;
   int speed = kSpeedDefault;
-  bool urgent = false;      ///< only noted in the transcript
-  std::string voice = {};   ///< the synthesizer's name for it; empty for its default
-  int pitch_shift = 0;      ///< the character's own, added to what was asked
-  int speed_shift = 0;      ///< words a minute, added to what was asked
+  bool urgent = false;     ///< only noted in the transcript
+  std::string voice = {};  ///< the synthesizer's name for it; empty for its default
+  int pitch_shift = 0;     ///< the character's own, added to what was asked
+  int speed_shift = 0;     ///< words a minute, added to what was asked
 };
 
 /// How a request to speak ended.

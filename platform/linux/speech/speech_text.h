@@ -17,8 +17,7 @@ class TextPieces {
   static constexpr std::size_t kMost = 400;
 
   /// `text` must stay alive and unchanged while pieces are read.
-  explicit TextPieces(std::string_view text, std::size_t most = kMost)
-      : rest_(text), most_(most) {}
+  explicit TextPieces(std::string_view text, std::size_t most = kMost) : rest_(text), most_(most) {}
 
   /// Puts the next piece into `piece`; false at the end of the text.
   bool Next(std::string& piece);

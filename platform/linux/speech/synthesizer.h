@@ -23,9 +23,9 @@ inline constexpr int kSpeedHighest = 450;
 
 /// How a text is to sound.
 struct VoiceStyle {
-  std::string voice;            ///< the synthesizer's name for it; empty for its default
-  int pitch = kPitchDefault;    ///< on the menu's scale; held to its ends
-  int speed = kSpeedDefault;    ///< words a minute; held to the limits above
+  std::string voice;          ///< the synthesizer's name for it; empty for its default
+  int pitch = kPitchDefault;  ///< on the menu's scale; held to its ends
+  int speed = kSpeedDefault;  ///< words a minute; held to the limits above
 };
 
 /// Turns text into sound. Made, used and destroyed on one thread, which is never

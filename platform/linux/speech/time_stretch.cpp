@@ -26,7 +26,8 @@ std::int16_t TimeStretch::At(std::int64_t position) const {
 std::int64_t TimeStretch::BestStart(std::int64_t natural, std::int64_t nominal) const {
   std::int64_t best = nominal;
   double best_likeness = -1;
-  for (std::int64_t start = std::max(base_, nominal - kSearch); start <= nominal + kSearch; ++start) {
+  for (std::int64_t start = std::max(base_, nominal - kSearch); start <= nominal + kSearch;
+       ++start) {
     double product = 0;
     double energy = 1;
     for (std::int64_t i = 0; i < kHop; i += 3) {

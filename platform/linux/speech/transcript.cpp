@@ -15,8 +15,8 @@ std::string Seconds() {
   const double now =
       std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
   std::array<char, 48> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), now,
-                                 std::chars_format::fixed, 6);
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), now, std::chars_format::fixed, 6);
   return {digits.data(), end.ptr};
 }
 

@@ -77,9 +77,9 @@ TEST_F(CharacterFileTest, OtherFilesAreNoCharacterFiles) {
   std::string rubbish;
   for (int i = 0; i < 4096; ++i) rubbish += static_cast<char>(i * 131);
   EXPECT_THAT(Failure(rubbish).Description(), HasSubstr("is not a character file"));
-  EXPECT_THAT(FailureOf(std::filesystem::path(folder_.File("x")).parent_path().string())
-                  .Description(),
-              HasSubstr("is not a character file"));
+  EXPECT_THAT(
+      FailureOf(std::filesystem::path(folder_.File("x")).parent_path().string()).Description(),
+      HasSubstr("is not a character file"));
 }
 
 TEST_F(CharacterFileTest, APipeDoesNotKeepTheProgramWaiting) {
@@ -115,7 +115,8 @@ TEST_F(CharacterFileTest, NameAndVoiceAreNeeded) {
 TEST_F(CharacterFileTest, ValuesAreChecked) {
   const std::string start = "Corvane character 1\n[Character]\nName=Genie\nVoice=en\n";
   for (const std::string number : {"", "x", "1x", "81", "-81", "99999999999999999999", "1.5"}) {
-    EXPECT_THAT(Failure(start + "PitchShift=" + number).Description(), HasSubstr("line 5")) << number;
+    EXPECT_THAT(Failure(start + "PitchShift=" + number).Description(), HasSubstr("line 5"))
+        << number;
   }
   EXPECT_THAT(Failure(start + "SpeedShift=201").Description(), HasSubstr("whole number"));
   EXPECT_THAT(Failure(start + "Voice=../../etc/passwd").Description(), HasSubstr("voice name"));

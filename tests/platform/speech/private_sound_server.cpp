@@ -20,15 +20,34 @@ PrivateSoundServer::PrivateSoundServer() = default;
 PrivateSoundServer::~PrivateSoundServer() { Kill(); }
 
 bool PrivateSoundServer::Start() {
+  Kill();
+  ready_ = false;
+  ended_ = false;
+  log_.clear();
   std::array<int, 2> log_pipe{};
   if (pipe2(log_pipe.data(), O_CLOEXEC) != 0) return false;
   const std::string folder = std::filesystem::path(folder_.File("x")).parent_path().string();
+  // Whatever becomes of this program, the daemon ends with it.
   std::vector<std::string> words{
-      "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
-      "--log-target=stderr", "--log-level=info", "-L", "module-null-sink sink_name=test", "-L",
+      "setpriv",
+      "--pdeathsig",
+      "KILL",
+      "pulseaudio",
+      "-n",
+      "--daemonize=no",
+      "--exit-idle-time=-1",
+      "--use-pid-file=no",
+      "--log-target=stderr",
+      "--log-level=info",
+      "-L",
+      "module-null-sink sink_name=test",
+      "-L",
       "module-native-protocol-unix auth-anonymous=1 socket=" + folder_.File("native")};
-  std::vector<std::string> settings{"PATH=/usr/bin:/bin", "LC_ALL=C", "HOME=" + folder,
-                                    "XDG_RUNTIME_DIR=" + folder, "XDG_CONFIG_HOME=" + folder,
+  std::vector<std::string> settings{"PATH=/usr/bin:/bin",
+                                    "LC_ALL=C",
+                                    "HOME=" + folder,
+                                    "XDG_RUNTIME_DIR=" + folder,
+                                    "XDG_CONFIG_HOME=" + folder,
                                     "DBUS_SESSION_BUS_ADDRESS=disabled:"};
   const auto pointers = [](std::vector<std::string>& all) {
     std::vector<char*> list;
@@ -39,7 +58,7 @@ bool PrivateSoundServer::Start() {
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, log_pipe[1], STDERR_FILENO);
-  const int failure = posix_spawnp(&process_, "pulseaudio", &actions, nullptr,
+  const int failure = posix_spawnp(&process_, words[0].c_str(), &actions, nullptr,
                                    pointers(words).data(), pointers(settings).data());
   posix_spawn_file_actions_destroy(&actions);
   close(log_pipe[1]);
@@ -135,8 +154,8 @@ class SinkListener::Link {
         },
         this);
     pa_stream_set_read_callback(
-        stream_,
-        [](pa_stream*, std::size_t, void* self) { static_cast<Link*>(self)->OnSound(); }, this);
+        stream_, [](pa_stream*, std::size_t, void* self) { static_cast<Link*>(self)->OnSound(); },
+        this);
     const auto any = static_cast<std::uint32_t>(-1);
     const pa_buffer_attr buffer{any, any, any, any, kSampleRate / 500 * 2};  // 2 ms pieces
     pa_stream_connect_record(stream_, "test.monitor", &buffer, PA_STREAM_ADJUST_LATENCY);

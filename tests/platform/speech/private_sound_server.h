@@ -23,8 +23,8 @@ class PrivateSoundServer {
   PrivateSoundServer(const PrivateSoundServer&) = delete;
   PrivateSoundServer& operator=(const PrivateSoundServer&) = delete;
 
-  /// Starts the daemon and waits until it is ready; false when it does not start
-  /// (Log says why).
+  /// Starts the daemon, once more if it was killed, and waits until it is ready;
+  /// false when it does not start (Log says why).
   bool Start();
   /// The daemon dies at once.
   void Kill();

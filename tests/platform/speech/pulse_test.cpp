@@ -167,8 +167,8 @@ TEST_F(PulseTest, StopAndBeginInQuickSuccession) {
 
 TEST_F(PulseTest, WhenTheServerDiesTheRestRunsOnTheClockAndIsToldOnce) {
   Heard heard;
-  auto listener = std::make_unique<SinkListener>(
-      server_.Address(), [&](const Sound& samples) { heard.Add(samples); });
+  auto listener = std::make_unique<SinkListener>(server_.Address(),
+                                                 [&](const Sound& samples) { heard.Add(samples); });
   ASSERT_TRUE(listener->WaitReady());
   PulseOutput output(server_.Address(), notices_.Hook());
   ASSERT_TRUE(output.WaitConnected());
@@ -192,6 +192,26 @@ TEST_F(PulseTest, WhenTheServerDiesTheRestRunsOnTheClockAndIsToldOnce) {
   EXPECT_EQ(notices_.All().size(), 1U) << "told twice";
 }
 
+TEST_F(PulseTest, AServerThatComesBackIsHeardAgain) {
+  PulseOutput output(server_.Address(), notices_.Hook(), std::chrono::milliseconds(0));
+  ASSERT_TRUE(output.WaitConnected());
+  server_.Kill();
+  output.Begin();
+  ASSERT_TRUE(WriteAll(output, Sound(kHalfASecond, 8000)));
+  ASSERT_TRUE(output.Drain());
+  ASSERT_TRUE(server_.Start()) << server_.Log();
+  Heard heard;
+  SinkListener listener(server_.Address(), [&](const Sound& samples) { heard.Add(samples); });
+  ASSERT_TRUE(listener.WaitReady());
+  output.Begin();  // looks for the server, and runs on the clock itself
+  EXPECT_TRUE(output.WaitConnected());
+  output.Begin();
+  ASSERT_TRUE(WriteAll(output, Sound(kHalfASecond, 8000)));
+  ASSERT_TRUE(output.Drain());
+  EXPECT_TRUE(heard.WaitForLoud(kHalfASecond * 9 / 10));
+  EXPECT_EQ(notices_.All().size(), 1U);
+}
+
 TEST_F(PulseTest, SpeechThroughTheServerIsHeard) {
   Heard heard;
   SinkListener listener(server_.Address(), [&](const Sound& samples) { heard.Add(samples); });
@@ -211,7 +231,8 @@ TEST_F(PulseTest, SpeechThroughTheServerIsHeard) {
 TEST(PulseWithoutServer, RunsOnTheClockAndIsToldOnce) {
   ScratchFolder folder;
   Notices notices;
-  PulseOutput output("unix:" + folder.File("nowhere"), notices.Hook());
+  PulseOutput output("unix:" + folder.File("nowhere"), notices.Hook(),
+                     std::chrono::milliseconds(0));
   EXPECT_FALSE(output.WaitConnected());
   for (int i = 0; i < 3; ++i) {
     output.Begin();

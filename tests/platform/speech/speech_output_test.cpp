@@ -142,7 +142,8 @@ TEST_F(SpeechOutputTest, NoStopEverLetsAStaleSampleThrough) {
     }
     speech_->Stop();
     const std::size_t after_stop = audio_->Count();
-    ASSERT_TRUE(RunLoopUntil([&] { return !events_.empty() && events_.back() == "stale text cut"; }));
+    ASSERT_TRUE(
+        RunLoopUntil([&] { return !events_.empty() && events_.back() == "stale text cut"; }));
     audio_->SetRoom(static_cast<std::size_t>(-1));
     Speak("n");
     ASSERT_TRUE(RunLoopUntil([&] { return events_.back() == "n spoken"; }));

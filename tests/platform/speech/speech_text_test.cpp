@@ -47,17 +47,22 @@ TEST(TextPieces, RunsOfBlanksBecomeOneBlankAndABlankLineStays) {
 }
 
 TEST(TextPieces, ControlFormattingAndPrivateCharactersGo) {
-  EXPECT_THAT(Pieces("a\x01" "80Pb"), ElementsAre("a80Pb"));
-  EXPECT_THAT(Pieces("a\x7F\xC2\x9F\xC2\xAD\xE2\x80\x8B\xE2\x80\xAE\xEF\xBB\xBF\xEE\x80\x80" "b"),
+  EXPECT_THAT(Pieces("a\x01"
+                     "80Pb"),
+              ElementsAre("a80Pb"));
+  EXPECT_THAT(Pieces("a\x7F\xC2\x9F\xC2\xAD\xE2\x80\x8B\xE2\x80\xAE\xEF\xBB\xBF\xEE\x80\x80"
+                     "b"),
               ElementsAre("ab"));
 }
 
 TEST(TextPieces, EveryInvalidByteBecomesTheReplacementCharacter) {
   const std::string mark = "\xEF\xBF\xBD";
-  EXPECT_THAT(Pieces("a\xFF" "b"), ElementsAre("a" + mark + "b"));
-  EXPECT_THAT(Pieces("\xC3"), ElementsAre(mark));                            // cut short
-  EXPECT_THAT(Pieces("\xC0\xAF"), ElementsAre(mark + mark));                 // overlong
-  EXPECT_THAT(Pieces("\xED\xA0\x80"), ElementsAre(mark + mark + mark));      // half a pair
+  EXPECT_THAT(Pieces("a\xFF"
+                     "b"),
+              ElementsAre("a" + mark + "b"));
+  EXPECT_THAT(Pieces("\xC3"), ElementsAre(mark));                        // cut short
+  EXPECT_THAT(Pieces("\xC0\xAF"), ElementsAre(mark + mark));             // overlong
+  EXPECT_THAT(Pieces("\xED\xA0\x80"), ElementsAre(mark + mark + mark));  // half a pair
   EXPECT_THAT(Pieces("\xF4\x90\x80\x80"), ElementsAre(mark + mark + mark + mark));
 }
 
@@ -77,14 +82,16 @@ TEST(TextPieces, CutsAtABlankWhereThereIsNoSentence) {
 }
 
 TEST(TextPieces, CutsALongWordBetweenCharacters) {
-  EXPECT_THAT(Pieces("\xC3\xA4\xC3\xB6\xC3\xBC", 2),
-              ElementsAre("\xC3\xA4\xC3\xB6", "\xC3\xBC"));
+  EXPECT_THAT(Pieces("\xC3\xA4\xC3\xB6\xC3\xBC", 2), ElementsAre("\xC3\xA4\xC3\xB6", "\xC3\xBC"));
   EXPECT_THAT(Pieces("\xF0\x9F\x98\x80\xF0\x9F\x98\x81", 1),
               ElementsAre("\xF0\x9F\x98\x80", "\xF0\x9F\x98\x81"));
 }
 
 TEST(TextPieces, AMarkStaysWithItsLetter) {
-  EXPECT_THAT(Pieces("abe\xCC\x81" "c", 3), ElementsAre("abe\xCC\x81", "c"));
+  EXPECT_THAT(Pieces("abe\xCC\x81"
+                     "c",
+                     3),
+              ElementsAre("abe\xCC\x81", "c"));
 }
 
 TEST(TextPieces, CutsBehindAnIdeographicFullStop) {

@@ -131,9 +131,8 @@ TEST_F(EspeakTest, ARefusalEndsTheSynthesisOfAMegabyte) {
   while (text.size() < 1'000'000) text += "A sentence of a very long page. ";
   for (const int speed : {50, 150}) {
     int calls = 0;
-    espeak_.Synthesize(text, {"", kPitchDefault, speed}, [&](std::span<const std::int16_t>) {
-      return ++calls < 3;
-    });
+    espeak_.Synthesize(text, {"", kPitchDefault, speed},
+                       [&](std::span<const std::int16_t>) { return ++calls < 3; });
     EXPECT_EQ(calls, 3);
   }
 }
@@ -152,7 +151,11 @@ TEST_F(EspeakTest, MarkupAndCommandsAreOnlyText) {
   EXPECT_LT(Speak(espeak_, "<speak><break time=\"60s\"/>x</speak>").size(), short_text);
   EXPECT_LT(Speak(espeak_, "[[_::::::::::::::::::::::::::::::::::::::::::::]]").size(), short_text);
   // As a command it would set the speed and leave only the word to be said.
-  EXPECT_GT(Speak(espeak_, "\x01" "900Sword").size(), 2 * Speak(espeak_, "word").size());
+  EXPECT_GT(Speak(espeak_,
+                  "\x01"
+                  "900Sword")
+                .size(),
+            2 * Speak(espeak_, "word").size());
 }
 
 TEST_F(EspeakTest, AnythingAtAllIsSurvived) {

@@ -39,8 +39,8 @@ TEST_F(TranscriptTest, WritesEachLineAtOnceInItsFixedForm) {
   transcript.Cut(4);
   const auto lines = Lines(ScratchFolder::Read(file_));
   ASSERT_EQ(lines.size(), 4U);
-  EXPECT_TRUE(std::regex_match(
-      lines[1], std::regex(R"(\{"t": \d+\.\d{6}, "event": "begin", "id": 3\})")));
+  EXPECT_TRUE(
+      std::regex_match(lines[1], std::regex(R"(\{"t": \d+\.\d{6}, "event": "begin", "id": 3\})")));
   EXPECT_EQ(nlohmann::json::parse(lines[2])["event"], "end");
   EXPECT_EQ(nlohmann::json::parse(lines[3])["event"], "cut");
   EXPECT_EQ(nlohmann::json::parse(lines[3])["id"], 4);
@@ -61,8 +61,13 @@ TEST_F(TranscriptTest, AnyTextComesBackAsItWas) {
 
 TEST_F(TranscriptTest, InvalidTextStillMakesAValidLine) {
   Transcript transcript(file_);
-  transcript.Speak(1, "a\xFF" "b", 90, 150, false);
-  EXPECT_EQ(nlohmann::json::parse(ScratchFolder::Read(file_))["text"], "a\xEF\xBF\xBD" "b");
+  transcript.Speak(1,
+                   "a\xFF"
+                   "b",
+                   90, 150, false);
+  EXPECT_EQ(nlohmann::json::parse(ScratchFolder::Read(file_))["text"],
+            "a\xEF\xBF\xBD"
+            "b");
 }
 
 TEST_F(TranscriptTest, TimesNeverRunBackward) {
