@@ -12,12 +12,11 @@ constexpr std::int16_t kTicksBetweenWorking = 7;
 
 }  // namespace
 
-PageReader::PageReader(PaneContext& pane, Navigation& navigation, LinksList& links,
-                       SideBar& side_bar)
+PageReader::PageReader(PaneContext& pane, Navigation& navigation, LinksList& links)
     : pane_(pane),
       navigation_(navigation),
       links_(links),
-      side_bar_(side_bar),
+      auto_focus_(pane),
       stopIcon_(kImageStop) {
   connections_ += pane_.controls.timTimer->Tick.Connect([this] { timTimer_Timer(); });
 }
@@ -79,7 +78,7 @@ void PageReader::ReadPage() {
   announcer.AddAndSay(kDone);
   if (!current()) return;
   ErrorsIgnored([&] { ReadTitleAndText(Required(document)); });
-  if (current()) AutoFocus();
+  if (current()) auto_focus_.AfterReading();
 }
 
 void PageReader::ReadTitleAndText(const HTMLDocument& document) {
@@ -94,26 +93,6 @@ void PageReader::ReadTitleAndText(const HTMLDocument& document) {
 
 void PageReader::SayTitle() {
   if (!title_.empty()) pane_.announcer.Say(title_);
-}
-
-// Each item is tested by itself: one that the menu does not have fails and sets
-// no focus.
-void PageReader::AutoFocus() {
-  const auto chosen = [&](int index) {
-    bool checked = false;
-    ErrorsIgnored([&] { checked = pane_.menu.mnuFocus()(index).Checked(); });
-    return checked;
-  };
-  PaneControls& c = pane_.controls;
-  if (chosen(kFocusLinks)) {
-    c.cmbListLinks->SetFocus();
-  } else if (chosen(kFocusSideBar)) {
-    side_bar_.FocusAfterReading();
-  } else if (chosen(kFocusWebBrowser)) {
-    c.brwWebBrowser->SetFocus();
-  } else if (chosen(kFocusTextBox)) {
-    c.ctlText1.SetFocus();
-  }
 }
 
 }  // namespace corvane

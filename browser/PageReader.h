@@ -3,10 +3,10 @@
 #include <cstdint>
 #include <string>
 
+#include "browser/AutoFocus.h"
 #include "browser/LinksList.h"
 #include "browser/Navigation.h"
 #include "browser/PaneContext.h"
-#include "browser/SideBar.h"
 
 namespace corvane {
 
@@ -14,7 +14,7 @@ namespace corvane {
 /// it once it is complete.
 class PageReader {
  public:
-  PageReader(PaneContext& pane, Navigation& navigation, LinksList& links, SideBar& side_bar);
+  PageReader(PaneContext& pane, Navigation& navigation, LinksList& links);
 
   /// Speaks the title of the page that was read last, for a user who could not
   /// hear it then; silent before the first page.
@@ -25,12 +25,11 @@ class PageReader {
   void ReadPage();
   void StillLoading();
   void ReadTitleAndText(const HTMLDocument& document);
-  void AutoFocus();
 
   PaneContext& pane_;
   Navigation& navigation_;
   LinksList& links_;
-  SideBar& side_bar_;
+  AutoFocus auto_focus_;
   bool firstTick_ = false;
   std::int16_t busyTicks_ = 0;
   int stopIcon_;

@@ -18,16 +18,11 @@ void SideBar::mnuSideBarContent_Click(int index) {
   ErrorsIgnored([&] { pane_.controls.TreeView1->Clear(); });
 }
 
-void SideBar::FocusAfterReading() {
-  quiet_when_empty_ = true;
-  ErrorsIgnored([&] { pane_.controls.TreeView1->SetFocus(); });
-  quiet_when_empty_ = false;
-}
-
 void SideBar::TreeView1_GotFocus() {
-  const TreeNode* selected = pane_.controls.TreeView1->SelectedItem();
-  if (selected == nullptr && quiet_when_empty_) return;
-  pane_.announcer.AddAndSay((selected == nullptr ? "" : selected->Text()) + " Sidebar Item");
+  ErrorsIgnored([&] {
+    const TreeNode* selected = pane_.controls.TreeView1->SelectedItem();
+    pane_.announcer.AddAndSay(Required(selected).Text() + " Sidebar Item");
+  });
 }
 
 void SideBar::TreeView1_NodeClick(const TreeNode& node) {

@@ -15,9 +15,6 @@ class SideBar {
 
   /// Chooses, stores and shows the content; "None" hides the column.
   void mnuSideBarContent_Click(int index);
-  /// Moves the focus here after a page was read. A tree with nothing in it then
-  /// keeps quiet, so that the page's title is not cut off for nothing.
-  void FocusAfterReading();
 
  private:
   void TreeView1_GotFocus();
@@ -27,7 +24,6 @@ class SideBar {
   PaneContext& pane_;
   PaneSettings& settings_;
   PaneLayout& layout_;
-  bool quiet_when_empty_ = false;
   Connections connections_;
 };
 

@@ -23,7 +23,7 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop)
       side_bar_(pane_, settings_, layout_),
       help_(pane_),
       echo_(pane_),
-      reader_(pane_, navigation_, links_, side_bar_) {
+      reader_(pane_, navigation_, links_) {
   PaneMenu& menu = pane_.menu;
   connections_ += menu.mnuTextHistory.Click.Connect([this](int i) { mnuTextHistory_Click(i); });
   connections_ += menu.mnuHome.Click.Connect([this](int i) { mnuHome_Click(i); });

@@ -161,8 +161,9 @@ class Corvane:
                 yield from self.accessibles(child, depth + 1)
 
     def find(self, name):
-        """The accessible object of that name, or None."""
-        return next((n for n in self.accessibles() if n.get_name() == name), None)
+        """The control of that name, not its label, or None."""
+        named = (n for n in self.accessibles() if n.get_name() == name)
+        return next((n for n in named if n.get_role() != Atspi.Role.LABEL), None)
 
     def focused(self):
         return next(

@@ -183,11 +183,23 @@ TEST_F(PageReaderTest, TitleReadBeforeTheCharacterWasReadyIsSpokenAfterItsWelcom
   EXPECT_EQ(program.desktop.speech.Spoken().back(), "\\Pit=90\\\\Spd=150\\Title");
 }
 
-TEST_F(PageReaderTest, EmptyTreeDoesNotCutTheTitleOff) {
+TEST_F(PageReaderTest, AreasWithoutWordsAreNamedWhenTheUserComesToThem) {
   Start();
-  p.Read(MakePage("http://a/", "Title", ""));
-  EXPECT_EQ(p.desktop.focus, "TreeView1");
-  EXPECT_EQ(p.Spoken().back(), "Title");
+  p.TextPane().SetFocus();
+  p.Browser().SetFocus();
+  p.Tree().SetFocus();
+  EXPECT_THAT(p.Spoken(), ElementsAre("Text Box", "WebBrowser", "SideBar"));
+}
+
+TEST_F(PageReaderTest, NoAreaCutsTheTitleOffAfterReading) {
+  for (const char* focus : {"3", "4", "5"}) {
+    Program program;
+    program.desktop.settings.Pane("Focus") = focus;
+    program.StartTalking();
+    program.Reading().Fire();
+    program.Read(MakePage("http://a/", "Title", ""));
+    EXPECT_EQ(program.Spoken().back(), "Title") << focus;
+  }
 }
 
 TEST_F(PageReaderTest, FocusedTreeSaysItsSelectedNode) {

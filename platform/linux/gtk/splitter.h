@@ -24,6 +24,8 @@ class Splitter : public Gtk::Paned {
   /// other's wish has given by no more than the bar's thickness changes nothing:
   /// both sizes together need not know the bar.
   void WishSize(int area, int pixels);
+  /// The next layout will have `total` pixels: wishes are about those.
+  void Expect(int total) { total_ = total; }
   /// The sizes of the areas as they are or, with the wishes, will be in `total`
   /// pixels.
   int FirstSize() const { return get_position(); }
@@ -39,7 +41,6 @@ class Splitter : public Gtk::Paned {
 
  private:
   void Apply(int total);
-  int Total() const;
 
   struct Wish {
     int area = 0;

@@ -8,7 +8,8 @@ namespace corvane::desktop {
 WebKitBrowser::WebKitBrowser(const std::string& name, WebEngine& engine, WindowTable& windows)
     : view_(engine, {[this] { DownloadBegin.Raise(); }, [this] { DownloadComplete.Raise(); },
                      [this](const std::string& text) { StatusTextChange.Raise(text); }}),
-      widget_(Glib::wrap(GTK_WIDGET(view_.View()))) {
+      widget_(Glib::wrap(GTK_WIDGET(view_.View()))),
+      tab_guard_(*widget_) {
   // The class by which the window with the page in it is looked up.
   Bind(*widget_, *widget_, name, "Internet Explorer_Server", windows);
   widget_->show();

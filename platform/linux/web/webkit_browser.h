@@ -5,6 +5,7 @@
 
 #include "platform/linux/gtk/widget_control.h"
 #include "platform/linux/web/engine_view.h"
+#include "platform/linux/web/tab_guard.h"
 #include "platform/linux/web/web_engine.h"
 #include "platform/web_browser.h"
 
@@ -33,6 +34,7 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
  private:
   EngineView view_;
   Gtk::Widget* widget_;
+  TabGuard tab_guard_;
 };
 
 }  // namespace corvane::desktop

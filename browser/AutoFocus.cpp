@@ -1,0 +1,42 @@
+#include "browser/AutoFocus.h"
+
+namespace corvane {
+
+AutoFocus::AutoFocus(PaneContext& pane) : pane_(pane) {
+  PaneControls& c = pane_.controls;
+  connections_ += c.ctlText1.Text1().GotFocus.Connect([this] { Name("Text Box"); });
+  connections_ += c.brwWebBrowser->GotFocus.Connect([this] { Name("WebBrowser"); });
+  connections_ += c.TreeView1->GotFocus.Connect([this, &c] {
+    if (c.TreeView1->SelectedItem() == nullptr) Name("SideBar");
+  });
+}
+
+void AutoFocus::Name(const char* area) {
+  if (!quiet_) pane_.announcer.Say(area);
+}
+
+// Each item is tested by itself: one that the menu does not have fails and sets
+// no focus.
+void AutoFocus::AfterReading() {
+  const auto chosen = [&](int index) {
+    bool checked = false;
+    ErrorsIgnored([&] { checked = pane_.menu.mnuFocus()(index).Checked(); });
+    return checked;
+  };
+  PaneControls& c = pane_.controls;
+  quiet_ = true;
+  ErrorsIgnored([&] {
+    if (chosen(kFocusLinks)) {
+      c.cmbListLinks->SetFocus();
+    } else if (chosen(kFocusSideBar)) {
+      c.TreeView1->SetFocus();
+    } else if (chosen(kFocusWebBrowser)) {
+      c.brwWebBrowser->SetFocus();
+    } else if (chosen(kFocusTextBox)) {
+      c.ctlText1.SetFocus();
+    }
+  });
+  quiet_ = false;
+}
+
+}  // namespace corvane

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "browser/PaneContext.h"
+
+namespace corvane {
+
+/// Moves the focus to the area chosen under AutoFocus once a page has been read,
+/// and names the areas that have no words of their own when the user comes to
+/// them. After a page was read they keep quiet: its title must be heard.
+class AutoFocus {
+ public:
+  explicit AutoFocus(PaneContext& pane);
+
+  /// Tests the choices in their order; the first checked one gets the focus.
+  void AfterReading();
+
+ private:
+  void Name(const char* area);
+
+  PaneContext& pane_;
+  bool quiet_ = false;
+  Connections connections_;
+};
+
+}  // namespace corvane
