@@ -2,7 +2,6 @@
 
 #include <glib.h>
 
-
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/web_text.h"
 
@@ -43,7 +42,8 @@ std::string RenderMatches(const std::vector<SearchMatch>& matches) {
   std::string list = "<ul>\n";
   for (const auto& match : matches) {
     const std::string& title = match.title.empty() ? match.address : match.title;
-    list += "<li><a href=\"" + EscapeHtml(match.address) + "\">" + EscapeHtml(title) + "</a></li>\n";
+    list +=
+        "<li><a href=\"" + EscapeHtml(match.address) + "\">" + EscapeHtml(title) + "</a></li>\n";
   }
   return list + "</ul>";
 }

@@ -9,6 +9,14 @@ namespace {
 
 EngineView& ViewOf(gpointer self) { return *static_cast<EngineView*>(self); }
 
+/// Whether the engine is giving back a key that the page had no use for. It then
+/// sends the same event through the window once more, from its own event source.
+bool IsGivenBack() {
+  GSource* source = g_main_current_source();
+  const std::string name = source == nullptr ? "" : Text(g_source_get_name(source));
+  return name.starts_with("[WebKit]");
+}
+
 }  // namespace
 
 void EngineView::ConnectView() {
@@ -16,7 +24,8 @@ void EngineView::ConnectView() {
     g_signal_connect(object, signal, handler, this);
   };
   gpointer view = view_.get();
-  connect(view, "load-changed", G_CALLBACK(+[](WebKitWebView*, WebKitLoadEvent event, gpointer self) {
+  connect(view, "load-changed",
+          G_CALLBACK(+[](WebKitWebView*, WebKitLoadEvent event, gpointer self) {
             ViewOf(self).OnLoadChanged(event);
           }));
   connect(view, "load-failed",
@@ -34,26 +43,24 @@ void EngineView::ConnectView() {
   connect(view, "notify::uri", G_CALLBACK(+[](GObject*, GParamSpec*, gpointer self) {
             ViewOf(self).OnAddressChanged();
           }));
-  connect(view, "notify::is-loading", G_CALLBACK(+[](GObject*, GParamSpec*, gpointer self) {
-            ViewOf(self).OnIdle();
-          }));
-  connect(view, "decide-policy",
-          G_CALLBACK(+[](WebKitWebView*, WebKitPolicyDecision* decision,
-                         WebKitPolicyDecisionType type, gpointer self) -> gboolean {
-            return ViewOf(self).OnPolicy(decision, type);
-          }));
+  connect(view, "notify::is-loading",
+          G_CALLBACK(+[](GObject*, GParamSpec*, gpointer self) { ViewOf(self).OnIdle(); }));
+  connect(
+      view, "decide-policy",
+      G_CALLBACK(+[](WebKitWebView*, WebKitPolicyDecision* decision, WebKitPolicyDecisionType type,
+                     gpointer self) -> gboolean { return ViewOf(self).OnPolicy(decision, type); }));
   connect(view, "create",
-          G_CALLBACK(+[](WebKitWebView*, WebKitNavigationAction* action,
-                         gpointer self) -> WebKitWebView* {
-            // A script opens a window. Where the user asked for it, it opens here.
-            WebKitURIRequest* request = webkit_navigation_action_get_request(action);
-            const std::string address = Text(webkit_uri_request_get_uri(request));
-            const bool is_web = address.starts_with("http:") || address.starts_with("https:");
-            if (is_web && webkit_navigation_action_is_user_gesture(action)) {
-              webkit_web_view_load_request(ViewOf(self).View(), request);
-            }
-            return nullptr;
-          }));
+          G_CALLBACK(
+              +[](WebKitWebView*, WebKitNavigationAction* action, gpointer self) -> WebKitWebView* {
+                // A script opens a window. Where the user asked for it, it opens here.
+                WebKitURIRequest* request = webkit_navigation_action_get_request(action);
+                const std::string address = Text(webkit_uri_request_get_uri(request));
+                const bool is_web = address.starts_with("http:") || address.starts_with("https:");
+                if (is_web && webkit_navigation_action_is_user_gesture(action)) {
+                  webkit_web_view_load_request(ViewOf(self).View(), request);
+                }
+                return nullptr;
+              }));
   connect(view, "script-dialog",
           G_CALLBACK(+[](WebKitWebView*, WebKitScriptDialog* dialog, gpointer self) -> gboolean {
             ViewOf(self).dialogs_->Show(dialog);
@@ -72,15 +79,28 @@ void EngineView::ConnectView() {
           G_CALLBACK(+[](WebKitWebView*, WebKitHitTestResult* target, guint, gpointer self) {
             ViewOf(self).OnPointer(target);
           }));
-  const auto watch = G_CALLBACK(+[](GtkWidget*, GdkEvent*, gpointer self) -> gboolean {
-    // Asked after the page has been given the event, not before.
-    ViewOf(self).input_.Start(0, [self] {
-      if (!ViewOf(self).dialog_open_) ViewOf(self).watchdog_.Watch();
-    });
-    return FALSE;
+  connect(view, "key-press-event",
+          G_CALLBACK(+[](GtkWidget* widget, GdkEventKey* event, gpointer self) -> gboolean {
+            if (!IsGivenBack()) {
+              ViewOf(self).OnInput();
+              return FALSE;
+            }
+            // Whoever listens has had this key already; only the widget goes on.
+            g_signal_stop_emission_by_name(widget, "key-press-event");
+            return GTK_WIDGET_GET_CLASS(widget)->key_press_event(widget, event);
+          }));
+  connect(view, "button-press-event",
+          G_CALLBACK(+[](GtkWidget*, GdkEventButton*, gpointer self) -> gboolean {
+            ViewOf(self).OnInput();
+            return FALSE;
+          }));
+}
+
+void EngineView::OnInput() {
+  // The watchdog asks after the page has been given the event, not before.
+  input_.Start(0, [this] {
+    if (!dialog_open_) watchdog_.Watch();
   });
-  connect(view, "key-press-event", watch);
-  connect(view, "button-press-event", watch);
 }
 
 void EngineView::OnLoadChanged(WebKitLoadEvent event) {
@@ -115,7 +135,9 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
 
 void EngineView::OnLoadFailed(WebKitLoadEvent event, const std::string& address,
                               const GError& error) {
-  const auto is = [&error](GQuark domain, int code) { return g_error_matches(&error, domain, code); };
+  const auto is = [&error](GQuark domain, int code) {
+    return g_error_matches(&error, domain, code);
+  };
   if (is(WEBKIT_NETWORK_ERROR, WEBKIT_NETWORK_ERROR_CANCELLED)) return;
   if (is(WEBKIT_POLICY_ERROR, WEBKIT_POLICY_ERROR_FRAME_LOAD_INTERRUPTED_BY_POLICY_CHANGE)) return;
   if (is(WEBKIT_PLUGIN_ERROR, WEBKIT_PLUGIN_ERROR_WILL_HANDLE_LOAD)) return;

@@ -2,6 +2,8 @@
 
 #include <gtk/gtk.h>
 
+#include <algorithm>
+#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "platform/linux/web/save_page.h"
@@ -18,11 +20,25 @@ std::string WithoutFragment(const std::string& address) {
   return address.substr(0, address.find('#'));
 }
 
+bool IsScript(const std::string& address) {
+  return g_ascii_strncasecmp(address.c_str(), "javascript:", 11) == 0;
+}
+
+bool HasLink(const HTMLDocument& document, const std::string& address) {
+  const auto& links = document.links;
+  if (std::any_of(links.begin(), links.end(),
+                  [&](const auto& link) { return link->href == address; })) {
+    return true;
+  }
+  return std::any_of(document.frames.begin(), document.frames.end(),
+                     [&](const auto& frame) { return HasLink(*frame, address); });
+}
+
 WebKitWebView* MakeView(WebEngine& engine) {
   const ObjectPtr<WebKitUserContentManager> content(webkit_user_content_manager_new());
-  return WEBKIT_WEB_VIEW(g_object_ref_sink(g_object_new(
-      WEBKIT_TYPE_WEB_VIEW, "web-context", engine.Context(), "settings", engine.Settings(),
-      "user-content-manager", content.get(), nullptr)));
+  return WEBKIT_WEB_VIEW(g_object_ref_sink(
+      g_object_new(WEBKIT_TYPE_WEB_VIEW, "web-context", engine.Context(), "settings",
+                   engine.Settings(), "user-content-manager", content.get(), nullptr)));
 }
 
 }  // namespace
@@ -32,8 +48,8 @@ EngineView::EngineView(WebEngine& engine, Listener listener)
       listener_(std::move(listener)),
       view_(MakeView(engine)),
       navigation_([this] { listener_.begin(); }, [this] { listener_.complete(); }),
-      reader_(std::make_unique<PageReader>(
-          view_.get(), [this](const std::string& href) { ShowStatus(href); })),
+      reader_(std::make_unique<PageReader>(view_.get(),
+                                           [this](const std::string& href) { ShowStatus(href); })),
       dialogs_(std::make_unique<PageDialogs>(
           engine.Options().dialogs,
           [this](bool open) {
@@ -57,8 +73,12 @@ EngineView::EngineView(WebEngine& engine, Listener listener)
       self_(std::make_shared<EngineView*>(this)) {
   ConnectView();
   ApplyPreferences();
-  preferences_connection_ =
-      engine_.PreferencesChanged.Connect([this] { ApplyPreferences(); });
+  connections_ += engine_.PreferencesChanged.Connect([this] { ApplyPreferences(); });
+  connections_ += engine_.FileRefused.Connect([this](WebKitWebView* view, const std::string& file) {
+    if (view != view_.get()) return;
+    if (!Busy()) navigation_.Requested();
+    ShowProblem(FileProblem(file, ""));
+  });
 }
 
 EngineView::~EngineView() {
@@ -74,6 +94,12 @@ void EngineView::ApplyPreferences() {
 // --- going somewhere ---------------------------------------------------------
 
 void EngineView::Navigate(const std::string& typed) {
+  // A link that runs a script of its page is followed there; typed out of the
+  // blue, the same text is refused.
+  if (IsScript(typed) && document_is_present_ && HasLink(*document_, typed)) {
+    const std::string call = "corvane.follow(" + nlohmann::json(typed).dump() + ")";
+    return Evaluate(view_.get(), call, nullptr, [](const auto&) {});
+  }
   const TypedAddress target = ResolveTyped(typed, engine_.Options().home_directory);
   if (target.problem) {
     navigation_.Requested();
@@ -127,8 +153,7 @@ void EngineView::Refresh() {
   if (address_.empty() && requested_.empty()) return;
   navigation_.Requested();
   if (problem_) {
-    const TypedAddress target =
-        ResolveTyped(problem_->address, engine_.Options().home_directory);
+    const TypedAddress target = ResolveTyped(problem_->address, engine_.Options().home_directory);
     if (target.problem) return ShowProblem(Problem(*problem_));
     return Load(problem_->address);
   }
@@ -157,7 +182,8 @@ void EngineView::ShowProblem(const Problem& problem) {
   coming_problem_ = problem;
   navigation_.Replaced();
   // What is not an address stands under one that no list of addresses takes.
-  const bool is_address = g_uri_is_valid(problem.address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
+  const bool is_address =
+      g_uri_is_valid(problem.address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
   const std::string address = is_address ? problem.address : "about:problem";
   webkit_web_view_load_alternate_html(view_.get(), RenderProblem(problem).c_str(), address.c_str(),
                                       nullptr);
@@ -172,8 +198,7 @@ void EngineView::OnProcessGone(WebKitWebProcessTerminationReason reason) {
   watchdog_.Reset();
   dialogs_->Reset();
   const bool hung = std::exchange(hung_, false);
-  const std::string address =
-      navigation_.Waiting() || address_.empty() ? requested_ : address_;
+  const std::string address = navigation_.Waiting() || address_.empty() ? requested_ : address_;
   const Problem problem =
       hung ? HangProblem(address)
            : CrashProblem(address, reason == WEBKIT_WEB_PROCESS_EXCEEDED_MEMORY_LIMIT);

@@ -60,6 +60,7 @@ class EngineView {
   bool OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type);
   void OnProcessGone(WebKitWebProcessTerminationReason reason);
   void OnPointer(WebKitHitTestResult* target);
+  void OnInput();
 
   void Load(const std::string& address);
   void LoadSearch(const std::string& search);
@@ -77,7 +78,7 @@ class EngineView {
   std::unique_ptr<PageReader> reader_;
   std::unique_ptr<PageDialogs> dialogs_;
   Watchdog watchdog_;
-  Connection preferences_connection_;
+  Connections connections_;
   std::shared_ptr<EngineView*> self_;  // answers that come after the view find it gone
 
   std::string address_;    // of the page shown

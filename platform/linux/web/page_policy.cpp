@@ -22,8 +22,7 @@ Verdict JudgeNavigation(WebKitNavigationAction* action, const PolicyContext& con
     return {Verdict::Kind::Use, address, "", from_history};
   }
   const bool known = from_history || type == WEBKIT_NAVIGATION_TYPE_RELOAD;
-  const bool from_here =
-      IsOwnPage(context.present) || (IsFile(context.present) && IsFile(address));
+  const bool from_here = IsOwnPage(context.present) || (IsFile(context.present) && IsFile(address));
   // The engine writes addresses in its own way, so only their kind is compared.
   const bool asked_for = (IsOwnPage(address) && IsOwnPage(context.requested)) ||
                          (IsFile(address) && IsFile(context.requested));

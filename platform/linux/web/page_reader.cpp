@@ -253,9 +253,12 @@ void PageReader::ReceiveEvent(const std::string& text) {
   const HTMLElementPtr element = found->second;
   Apply(*event, *element);
   switch (event->kind) {
-    case ElementEvent::Kind::Focus: return element->onfocus.Raise();
-    case ElementEvent::Kind::KeyUp: return element->onkeyup.Raise();
-    case ElementEvent::Kind::Change: return element->onchange.Raise();
+    case ElementEvent::Kind::Focus:
+      return element->onfocus.Raise();
+    case ElementEvent::Kind::KeyUp:
+      return element->onkeyup.Raise();
+    case ElementEvent::Kind::Change:
+      return element->onchange.Raise();
   }
 }
 

@@ -61,7 +61,7 @@ class PageReader {
   std::shared_ptr<PageReader*> self_;  // answers that come after the reader find it gone
 
   ObjectPtr<GCancellable> cancel_;  // while a record is asked for
-  int reading_ = 0;  // counts readings, so that answers to an older one are known
+  int reading_ = 0;                 // counts readings, so that answers to an older one are known
   Done done_;
   bool collected_ = false;  // the page's own record is among `records_`
   int parsing_ = 0;         // frames' records that are being read

@@ -15,8 +15,7 @@ bool IsResolver(const GError& error) { return error.domain == G_RESOLVER_ERROR; 
 
 Problem TimedOut(const std::string& address) {
   return {"No answer: " + SiteOf(address),
-          "The server " + SiteOf(address) + " did not answer in time.",
-          kTryAgain, address};
+          "The server " + SiteOf(address) + " did not answer in time.", kTryAgain, address};
 }
 
 Problem NotFound(const std::string& address) {
@@ -30,8 +29,9 @@ Problem NotFound(const std::string& address) {
 
 Problem Refused(const std::string& address) {
   return {"Connection refused: " + SiteOf(address),
-          "The server " + SiteOf(address) + " is there but does not accept connections at this "
-          "address.",
+          "The server " + SiteOf(address) +
+              " is there but does not accept connections at this "
+              "address.",
           kTryAgain, address};
 }
 
@@ -75,11 +75,12 @@ Problem LoadProblem(const std::string& address, const GError& error) {
   }
   if (error.domain == G_TLS_ERROR) {
     return {"No secure connection: " + SiteOf(address),
-            "A secure connection to " + SiteOf(address) + " could not be made: " +
-                Shorten(Text(error.message), kLongestShown) + ".",
+            "A secure connection to " + SiteOf(address) +
+                " could not be made: " + Shorten(Text(error.message), kLongestShown) + ".",
             kTryAgain, address};
   }
-  if (g_error_matches(&error, WEBKIT_POLICY_ERROR, WEBKIT_POLICY_ERROR_CANNOT_USE_RESTRICTED_PORT)) {
+  if (g_error_matches(&error, WEBKIT_POLICY_ERROR,
+                      WEBKIT_POLICY_ERROR_CANNOT_USE_RESTRICTED_PORT)) {
     return {"Address not allowed: " + SiteOf(address),
             "The number after the host's name belongs to a service that is not for pages.",
             "Check the number in the address.", address};
@@ -91,8 +92,8 @@ Problem LoadProblem(const std::string& address, const GError& error) {
   }
   if (g_error_matches(&error, G_IO_ERROR, G_IO_ERROR_CANCELLED)) return TimedOut(address);
   return {"The page could not be loaded: " + SiteOf(address),
-          "The connection to " + SiteOf(address) + " failed: " +
-              Shorten(Text(error.message), kLongestShown) + ".",
+          "The connection to " + SiteOf(address) +
+              " failed: " + Shorten(Text(error.message), kLongestShown) + ".",
           kTryAgain, address};
 }
 

@@ -152,8 +152,8 @@ TypedAddress ResolveScheme(const std::string& scheme, const std::string& typed) 
                     kHowTo, typed);
   }
   return Unusable("Unknown kind of address",
-                  "Corvane cannot open addresses that begin with " + Shorten(scheme, 50) + ":", kHowTo,
-                  typed);
+                  "Corvane cannot open addresses that begin with " + Shorten(scheme, 50) + ":",
+                  kHowTo, typed);
 }
 
 TypedAddress ResolveHost(std::string typed) {
@@ -171,7 +171,8 @@ TypedAddress ResolveHost(std::string typed) {
   const bool is_number = name.starts_with('[') || g_hostname_is_ip_address(name.c_str());
   const bool is_local = name == "localhost" || name.ends_with(".localhost");
   const bool has_dot = name.find('.') != std::string::npos;
-  if (is_number || is_local || host->has_port || !has_dot) return {"http://" + rest, "", std::nullopt};
+  if (is_number || is_local || host->has_port || !has_dot)
+    return {"http://" + rest, "", std::nullopt};
   return {"https://" + rest, "http://" + rest, std::nullopt};
 }
 

@@ -13,8 +13,8 @@ namespace corvane::desktop {
 class Watchdog {
  public:
   struct Limits {
-    double warn = 5;  ///< seconds without an answer until the user is told
-    double end = 15;  ///< until the page is given up
+    double warn = 5;   ///< seconds without an answer until the user is told
+    double end = 15;   ///< until the page is given up
     double pause = 1;  ///< between an answer and the next ping
   };
   using Answer = std::function<void()>;

@@ -28,7 +28,8 @@ std::string InFolder(const char* folder, const char* name) {
 }
 
 void FillDefaults(EngineOptions& options) {
-  if (options.data_directory.empty()) options.data_directory = InFolder(g_get_user_data_dir(), "web");
+  if (options.data_directory.empty())
+    options.data_directory = InFolder(g_get_user_data_dir(), "web");
   if (options.cache_directory.empty()) {
     options.cache_directory = InFolder(g_get_user_cache_dir(), "web");
   }
@@ -58,9 +59,9 @@ WebEngine::WebEngine(EngineOptions options) : options_(std::move(options)) {
   webkit_website_data_manager_set_tls_errors_policy(data.get(), WEBKIT_TLS_ERRORS_POLICY_FAIL);
   if (!options_.ephemeral) {
     WebKitCookieManager* cookies = webkit_website_data_manager_get_cookie_manager(data.get());
-    webkit_cookie_manager_set_persistent_storage(cookies,
-                                                 (options_.data_directory + "/cookies.sqlite").c_str(),
-                                                 WEBKIT_COOKIE_PERSISTENT_STORAGE_SQLITE);
+    webkit_cookie_manager_set_persistent_storage(
+        cookies, (options_.data_directory + "/cookies.sqlite").c_str(),
+        WEBKIT_COOKIE_PERSISTENT_STORAGE_SQLITE);
   }
 
   context_.reset(webkit_web_context_new_with_website_data_manager(data.get()));
@@ -70,8 +71,9 @@ WebEngine::WebEngine(EngineOptions options) : options_(std::move(options)) {
   if (std::filesystem::is_directory(options_.extension_directory)) {
     webkit_web_context_add_path_to_sandbox(context, options_.extension_directory.c_str(), TRUE);
   }
-  webkit_web_context_register_uri_scheme(context, kCorvaneScheme, &WebEngine::OnCorvaneRequest, this,
-                                         nullptr);
+  webkit_web_context_register_uri_scheme(context, kCorvaneScheme, &WebEngine::OnCorvaneRequest,
+                                         this, nullptr);
+  g_signal_connect(context, "download-started", G_CALLBACK(&WebEngine::OnDownload), this);
   // Only the program's own pages may show, frame or lead to its own pages.
   WebKitSecurityManager* security = webkit_web_context_get_security_manager(context);
   webkit_security_manager_register_uri_scheme_as_display_isolated(security, kCorvaneScheme);
@@ -88,7 +90,7 @@ WebEngine::WebEngine(EngineOptions options) : options_(std::move(options)) {
   webkit_settings_set_default_charset(settings, "utf-8");
 }
 
-WebEngine::~WebEngine() = default;
+WebEngine::~WebEngine() { g_signal_handlers_disconnect_by_data(context_.get(), this); }
 
 void WebEngine::SetPreferences(const EnginePreferences& preferences) {
   preferences_ = preferences;
@@ -124,6 +126,14 @@ std::string WebEngine::SearchAddress(const std::string& address) const {
   return ServiceAddress(options_.search_service(), SearchedWords(address));
 }
 
+void WebEngine::OnDownload(WebKitWebContext*, WebKitDownload* download, gpointer self) {
+  WebKitURIRequest* request = webkit_download_get_request(download);
+  const std::string address = Text(webkit_uri_request_get_uri(request));
+  WebKitWebView* view = webkit_download_get_web_view(download);
+  webkit_download_cancel(download);
+  if (view != nullptr) static_cast<WebEngine*>(self)->FileRefused.Raise(view, address);
+}
+
 void WebEngine::OnCorvaneRequest(WebKitURISchemeRequest* request, gpointer self) {
   const auto& engine = *static_cast<WebEngine*>(self);
   const std::string address = Text(webkit_uri_scheme_request_get_uri(request));
@@ -135,9 +145,8 @@ void WebEngine::OnCorvaneRequest(WebKitURISchemeRequest* request, gpointer self)
     page = RenderSearch(words, engine.options_.find_matches(words),
                         !engine.SearchAddress(address).empty());
   } else {
-    const ErrorPtr error(g_error_new_literal(WEBKIT_NETWORK_ERROR,
-                                             WEBKIT_NETWORK_ERROR_FILE_DOES_NOT_EXIST,
-                                             "no such page"));
+    const ErrorPtr error(g_error_new_literal(
+        WEBKIT_NETWORK_ERROR, WEBKIT_NETWORK_ERROR_FILE_DOES_NOT_EXIST, "no such page"));
     webkit_uri_scheme_request_finish_error(request, error.get());
     return;
   }

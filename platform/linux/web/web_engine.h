@@ -68,6 +68,9 @@ class WebEngine {
   void SetPreferences(const EnginePreferences& preferences);
   Event<> PreferencesChanged;
 
+  /// A page wanted this address saved as a file, which is not possible yet.
+  Event<WebKitWebView*, const std::string&> FileRefused;
+
   /// Forgets cookies and the sites' stored data, or the cache.
   void ClearSiteData();
   void ClearCache();
@@ -77,6 +80,7 @@ class WebEngine {
   std::string SearchAddress(const std::string& address) const;
 
  private:
+  static void OnDownload(WebKitWebContext*, WebKitDownload* download, gpointer self);
   static void OnCorvaneRequest(WebKitURISchemeRequest* request, gpointer self);
 
   EngineOptions options_;

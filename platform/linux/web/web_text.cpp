@@ -33,9 +33,9 @@ std::string BreakLongLines(std::string text, int longest) {
 
   std::string broken;
   broken.reserve(text.size() + text.size() / limit + 1);
-  std::size_t characters = 0;           // on the present line
+  std::size_t characters = 0;             // on the present line
   std::size_t blank = std::string::npos;  // where the line's last blank stands in `broken`
-  std::size_t after_blank = 0;          // characters since then
+  std::size_t after_blank = 0;            // characters since then
   for (const char byte : text) {
     if (byte == '\n') {
       characters = after_blank = 0;
@@ -74,13 +74,26 @@ std::string EscapeHtml(std::string_view text) {
   escaped.reserve(text.size());
   for (const char byte : text) {
     switch (byte) {
-      case '&': escaped += "&amp;"; break;
-      case '<': escaped += "&lt;"; break;
-      case '>': escaped += "&gt;"; break;
-      case '"': escaped += "&quot;"; break;
-      case '\'': escaped += "&#39;"; break;
-      case '\0': escaped += "\xEF\xBF\xBD"; break;
-      default: escaped += byte;
+      case '&':
+        escaped += "&amp;";
+        break;
+      case '<':
+        escaped += "&lt;";
+        break;
+      case '>':
+        escaped += "&gt;";
+        break;
+      case '"':
+        escaped += "&quot;";
+        break;
+      case '\'':
+        escaped += "&#39;";
+        break;
+      case '\0':
+        escaped += "\xEF\xBF\xBD";
+        break;
+      default:
+        escaped += byte;
     }
   }
   return escaped;

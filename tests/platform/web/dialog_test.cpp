@@ -95,8 +95,9 @@ TEST_F(DialogTest, ConfirmIsCancelledAndPromptIsEmpty) {
 }
 
 TEST_F(DialogTest, NoPageKeepsTheUserFromLeaving) {
-  server_.Page("/", "<title>A</title><script>onbeforeunload = event => { event.preventDefault(); "
-                    "return 'Stay'; }</script><input>");
+  server_.Page("/",
+               "<title>A</title><script>onbeforeunload = event => { event.preventDefault(); "
+               "return 'Stay'; }</script><input>");
   server_.Page("/b", "<title>B</title>");
   view_.Go(server_.Url());
   view_.Focus();

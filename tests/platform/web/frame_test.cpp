@@ -50,7 +50,8 @@ TEST_F(FrameTest, FramesKeepTheirPlaces) {
 
 TEST_F(FrameTest, FramesInFramesAcrossOrigins) {
   server_.Page("/deep", "<title>Deep</title>");
-  other_.Page("/middle", "<title>Middle</title><iframe src='" + server_.Url("/deep") + "'></iframe>");
+  other_.Page("/middle",
+              "<title>Middle</title><iframe src='" + server_.Url("/deep") + "'></iframe>");
   server_.Page("/", "<title>Out</title><iframe src='" + other_.Url("/middle") + "'></iframe>");
   view_.Go(server_.Url());
   ASSERT_THAT(view_.Document()->frames, SizeIs(1));

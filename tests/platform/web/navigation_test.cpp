@@ -67,7 +67,8 @@ TEST_F(NavigationTest, ScriptRedirectIsANavigationOfItsOwn) {
   server_.Page("/a", "<title>A</title><script>location.replace('/b')</script>");
   server_.Page("/b", "<title>B</title>");
   view_->Navigate(server_.Url("/a"));
-  ASSERT_TRUE(WaitUntil([&] { return !view_->Busy() && view_->LocationURL() == server_.Url("/b"); }));
+  ASSERT_TRUE(
+      WaitUntil([&] { return !view_->Busy() && view_->LocationURL() == server_.Url("/b"); }));
   EXPECT_EQ(view_.Document()->Title, "B");
   EXPECT_EQ(view_.Count("begin"), view_.Count("complete"));
 }

@@ -115,24 +115,25 @@ TEST_F(OwnPageTest, AnUnknownOwnPageIsAProblem) {
 }
 
 TEST_F(OwnPageTest, PagesOfTheNetworkCannotGoToOwnPages) {
-  server_.Page("/", "<title>A</title><script>setTimeout(() => { location = 'corvane://home/cv/'; "
-                    "setTimeout(() => document.title = 'stayed', 100) })</script>");
+  server_.Page("/",
+               "<title>A</title><script>setTimeout(() => { location = 'corvane://home/cv/'; "
+               "setTimeout(() => document.title = 'stayed', 100) })</script>");
   view_.Go(server_.Url());
-  ASSERT_TRUE(WaitUntil([&] {
-    return view_.EvaluateInPage("document.title") == "stayed";
-  }));
+  ASSERT_TRUE(WaitUntil([&] { return view_.EvaluateInPage("document.title") == "stayed"; }));
   EXPECT_EQ(view_->LocationURL(), server_.Url());
 }
 
 TEST_F(OwnPageTest, PagesOfTheNetworkCannotFrameOwnPages) {
   server_.Page("/", "<title>A</title><iframe src='corvane://home/cv/'></iframe>");
   view_.Go(server_.Url());
-  for (const auto& frame : view_.Document()->frames) EXPECT_THAT(frame->Title, Not(HasSubstr("Corvane")));
+  for (const auto& frame : view_.Document()->frames)
+    EXPECT_THAT(frame->Title, Not(HasSubstr("Corvane")));
 }
 
 TEST_F(OwnPageTest, PagesOfTheNetworkCannotFetchOwnPages) {
-  server_.Page("/", "<title>A</title><script>fetch('corvane://home/cv/').then("
-                    "() => document.title = 'read', () => document.title = 'refused')</script>");
+  server_.Page("/",
+               "<title>A</title><script>fetch('corvane://home/cv/').then("
+               "() => document.title = 'read', () => document.title = 'refused')</script>");
   view_.Go(server_.Url());
   ASSERT_TRUE(WaitUntil([&] { return view_.EvaluateInPage("document.title") != "A"; }));
   EXPECT_EQ(view_.EvaluateInPage("document.title"), "refused");
@@ -151,7 +152,8 @@ TEST_F(OwnPageTest, PagesOfTheNetworkCannotReachFiles) {
   const std::string uri = "file://" + path;
   server_.Page("/", "<title>A</title><iframe src='" + uri + "'></iframe><script>fetch('" + uri +
                         "').then(() => document.title = 'read', () => { document.title = 'refused';"
-                        " location = '" + uri + "'; })</script>");
+                        " location = '" +
+                        uri + "'; })</script>");
   view_.Go(server_.Url());
   ASSERT_TRUE(WaitUntil([&] { return view_.EvaluateInPage("document.title") != "A"; }));
   EXPECT_EQ(view_.EvaluateInPage("document.title"), "refused");

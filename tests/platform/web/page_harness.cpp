@@ -105,13 +105,18 @@ bool WaitUntil(const std::function<bool()>& condition) {
   return condition();
 }
 
+void SendTestKey(GtkWidget* widget, guint keyval) {
+  SendKey(widget, GDK_KEY_PRESS, keyval);
+  SendKey(widget, GDK_KEY_RELEASE, keyval);
+}
+
 TestView::TestView(WebEngine& engine) {
   window_ = gtk_window_new(GTK_WINDOW_TOPLEVEL);
   gtk_window_set_default_size(GTK_WINDOW(window_), 800, 600);
   view_ = std::make_unique<EngineView>(
-      engine, EngineView::Listener{[this] { log.push_back("begin"); },
-                                   [this] { log.push_back("complete"); },
-                                   [this](const std::string& text) { log.push_back("status " + text); }});
+      engine, EngineView::Listener{
+                  [this] { log.push_back("begin"); }, [this] { log.push_back("complete"); },
+                  [this](const std::string& text) { log.push_back("status " + text); }});
   gtk_container_add(GTK_CONTAINER(window_), GTK_WIDGET(view_->View()));
   gtk_widget_show_all(window_);
 }
@@ -153,10 +158,7 @@ void TestView::Focus() {
   ASSERT_TRUE(WaitUntil([this] { return gtk_widget_has_focus(GTK_WIDGET(view_->View())); }));
 }
 
-void TestView::Key(guint keyval) {
-  SendKey(GTK_WIDGET(view_->View()), GDK_KEY_PRESS, keyval);
-  SendKey(GTK_WIDGET(view_->View()), GDK_KEY_RELEASE, keyval);
-}
+void TestView::Key(guint keyval) { SendTestKey(GTK_WIDGET(view_->View()), keyval); }
 
 void TestView::Click(double x, double y) {
   SendButton(GTK_WIDGET(view_->View()), GDK_BUTTON_PRESS, x, y);

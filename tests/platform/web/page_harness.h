@@ -20,6 +20,9 @@ EngineOptions TestOptions();
 /// Runs the main loop until the condition holds; false when it never does.
 bool WaitUntil(const std::function<bool()>& condition);
 
+/// Presses and releases a key in the widget, as the display would report it.
+void SendTestKey(GtkWidget* widget, guint keyval);
+
 /// One engine view in a window, with a log of what it reported.
 class TestView {
  public:

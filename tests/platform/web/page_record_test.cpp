@@ -79,7 +79,8 @@ TEST(ParseRecord, NumbersOutOfRange) {
 
 TEST(ParseRecord, NulCharactersAreReplaced) {
   EXPECT_EQ(ParseRecord(R"({"id":"d","title":"a\u0000b"})")->document->Title,
-            "a\xEF\xBF\xBD" "b");
+            "a\xEF\xBF\xBD"
+            "b");
 }
 
 TEST(ParseRecord, DeepNestingIsNoTrouble) {

@@ -109,6 +109,14 @@ TEST_F(ProblemTest, TypedScriptIsRefused) {
   EXPECT_EQ(view_.Document()->Title, "Address refused");
 }
 
+TEST_F(ProblemTest, AScriptThatIsALinkOfThePageIsFollowed) {
+  server_.Page("/", "<a href=\"javascript:document.title = 'ran \\'it\\''; void 0\">Run</a>");
+  view_.Go(server_.Url());
+  view_->Navigate(view_.Document()->links.at(0)->href);
+  EXPECT_FALSE(view_->Busy());
+  EXPECT_TRUE(WaitUntil([&] { return view_.EvaluateInPage("document.title") == "ran 'it'"; }));
+}
+
 TEST_F(ProblemTest, OneMegabyteTyped) {
   view_.Go(std::string(1'000'000, 'a'));
   EXPECT_EQ(view_.Document()->Title, "Address too long");
@@ -151,6 +159,18 @@ TEST_F(ProblemTest, APageMeantAsADownload) {
                {{"Content-Disposition", "attachment; filename=page.html"}});
   view_.Go(server_.Url("/page"));
   EXPECT_EQ(view_.Document()->Title, "Not a page: 127.0.0.1");
+}
+
+TEST_F(ProblemTest, ALinkMeantAsADownloadSavesNothing) {
+  server_.Page("/file", "content", "text/plain");
+  server_.Page("/", "<title>A</title><a href=/file download=x.txt>Save</a>");
+  view_.Go(server_.Url());
+  view_.EvaluateInPage("document.querySelector('a').click(); 1");
+  ASSERT_TRUE(WaitUntil(
+      [&] { return !view_->Busy() && view_.Document()->Title == "Not a page: 127.0.0.1"; }));
+  view_->GoBack();
+  view_.WaitIdle();
+  EXPECT_EQ(view_.Document()->Title, "A");
 }
 
 TEST_F(ProblemTest, AFrameThatIsNoPageHoldsNothingUp) {

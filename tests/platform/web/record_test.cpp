@@ -54,7 +54,8 @@ TEST_F(RecordTest, ALinkInADrawing) {
 }
 
 TEST_F(RecordTest, AnchorsAreTheNamedOnes) {
-  const auto& document = Load(R"(<a name="top">Top</a><a href="/x">x</a><a name="b" href="/b">b</a>)");
+  const auto& document =
+      Load(R"(<a name="top">Top</a><a href="/x">x</a><a name="b" href="/b">b</a>)");
   ASSERT_THAT(document.anchors, SizeIs(2));
   EXPECT_EQ(document.anchors[0]->name, "top");
   EXPECT_EQ(document.anchors[0]->innerText, "Top");
@@ -74,8 +75,7 @@ TEST_F(RecordTest, FormsHoldTheirElementsInOrder) {
     types.push_back(element->type_name + " " + element->type + " " + element->name);
   }
   EXPECT_THAT(types, ElementsAre("HTMLInputElement text a", "HTMLSelectElement select-one b",
-                                 "HTMLTextAreaElement textarea c",
-                                 "HTMLButtonElement submit d"));
+                                 "HTMLTextAreaElement textarea c", "HTMLButtonElement submit d"));
   EXPECT_EQ(document.forms[0].elements[2]->value, "text");
   EXPECT_EQ(document.forms[0].elements[3]->innerText, "Go");
 }
@@ -114,7 +114,8 @@ TEST_F(RecordTest, SelectOfManyAndSelectOfNone) {
 }
 
 TEST_F(RecordTest, TextAroundAField) {
-  const auto& field = Field("Your   name: <!-- note --><input name=n> (as in\n your passport)<b>!</b>");
+  const auto& field =
+      Field("Your   name: <!-- note --><input name=n> (as in\n your passport)<b>!</b>");
   EXPECT_EQ(field.text_before_begin, "Your name:");
   EXPECT_EQ(field.text_after_end, "(as in your passport)");
 }
@@ -213,7 +214,8 @@ TEST_F(RecordTest, BrokenUtf8BecomesReplacementCharacters) {
 TEST_F(RecordTest, HalfCharactersMadeByScripts) {
   const auto& document = Load(R"(<body><script>document.body.append('a\ud800b\u0000c');
       document.title = '\udc00t'</script>)");
-  EXPECT_THAT(document.body_innerText, HasSubstr("a\xEF\xBF\xBD" "b"));
+  EXPECT_THAT(document.body_innerText, HasSubstr("a\xEF\xBF\xBD"
+                                                 "b"));
   EXPECT_EQ(document.Title, "\xEF\xBF\xBDt");
 }
 
@@ -236,8 +238,9 @@ TEST_F(RecordTest, DocumentThatForbidsScripts) {
 }
 
 TEST_F(RecordTest, PolicyAgainstInlineScriptsIsNoHindrance) {
-  const auto& document = Load("<title>Strict</title>text", "text/html",
-                              {{"Content-Security-Policy", "default-src 'none'; script-src 'none'"}});
+  const auto& document =
+      Load("<title>Strict</title>text", "text/html",
+           {{"Content-Security-Policy", "default-src 'none'; script-src 'none'"}});
   EXPECT_EQ(document.Title, "Strict");
   EXPECT_EQ(document.body_innerText, "text");
 }
@@ -289,7 +292,8 @@ TEST_F(RecordTest, FiftyThousandLinks) {
 
 TEST_F(RecordTest, TenMegabytesOfText) {
   std::string text;
-  while (text.size() < 10'000'000) text += "<p>All work and no play makes a dull page, line after line.";
+  while (text.size() < 10'000'000)
+    text += "<p>All work and no play makes a dull page, line after line.";
   const auto& document = Load(text + "<p>The end");
   EXPECT_GT(document.body_innerText.size(), 9'000'000u);
   EXPECT_TRUE(document.body_innerText.ends_with("The end"));

@@ -17,18 +17,18 @@ void Answer(SoupServerMessage* message, const std::string& content, const std::s
 TestServer::TestServer(Kind kind)
     : server_(soup_server_new("server-header", "test", nullptr)), kind_(kind) {
   if (kind == Kind::SelfSigned) {
-    GTlsCertificate* certificate = g_tls_certificate_new_from_file(CORVANE_TEST_CERTIFICATE, nullptr);
+    GTlsCertificate* certificate =
+        g_tls_certificate_new_from_file(CORVANE_TEST_CERTIFICATE, nullptr);
     if (certificate == nullptr) throw std::runtime_error("no test certificate");
     soup_server_set_tls_certificate(server_, certificate);
     g_object_unref(certificate);
   }
   soup_server_add_handler(server_, nullptr, &TestServer::OnRequest, this, nullptr);
   GSocketAddress* address = g_inet_socket_address_new_from_string("127.0.0.1", 0);
-  const bool listening =
-      soup_server_listen(server_, address,
-                         kind == Kind::SelfSigned ? SOUP_SERVER_LISTEN_HTTPS
-                                                  : static_cast<SoupServerListenOptions>(0),
-                         nullptr);
+  const bool listening = soup_server_listen(
+      server_, address,
+      kind == Kind::SelfSigned ? SOUP_SERVER_LISTEN_HTTPS : static_cast<SoupServerListenOptions>(0),
+      nullptr);
   g_object_unref(address);
   if (!listening) throw std::runtime_error("the test server cannot listen");
 }
@@ -102,7 +102,8 @@ void TestServer::OnRequest(SoupServer*, SoupServerMessage* message, const char* 
   if (handler != self.handlers_.end()) return handler->second(message);
   soup_server_message_set_status(message, SOUP_STATUS_NOT_FOUND, nullptr);
   const std::string page = "<title>404</title><p>The server has no such page.";
-  soup_server_message_set_response(message, "text/html", SOUP_MEMORY_COPY, page.data(), page.size());
+  soup_server_message_set_response(message, "text/html", SOUP_MEMORY_COPY, page.data(),
+                                   page.size());
 }
 
 }  // namespace corvane::desktop

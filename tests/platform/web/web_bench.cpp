@@ -16,7 +16,8 @@ double Now() { return static_cast<double>(g_get_monotonic_time()) / 1000.0; }  /
 /// Notes the longest time for which the main loop did nothing else.
 class StallMeter {
  public:
-  StallMeter() : source_(g_timeout_add_full(G_PRIORITY_HIGH, 1, &StallMeter::Tick, this, nullptr)) {}
+  StallMeter()
+      : source_(g_timeout_add_full(G_PRIORITY_HIGH, 1, &StallMeter::Tick, this, nullptr)) {}
   ~StallMeter() { g_source_remove(source_); }
   void Reset() {
     last_ = Now();
@@ -71,11 +72,12 @@ void MeasurePage(const char* name, const std::string& page) {
   reader.Read([&](const HTMLDocumentPtr&) { read = true; });
   WaitUntil([&] { return read; });
   const double again = Now();
-  std::printf("{\"page\": \"%s\", \"links\": %zu, \"text_bytes\": %zu, \"load_ms\": %.1f, "
-              "\"finished_to_document_ms\": %.1f, \"longest_stall_ms\": %.1f, "
-              "\"read_again_ms\": %.1f, \"read_again_stall_ms\": %.1f}\n",
-              name, view.Document()->links.size(), view.Document()->body_innerText.size(),
-              ready - start, ready - finished, stall, again - asked, meter.Longest());
+  std::printf(
+      "{\"page\": \"%s\", \"links\": %zu, \"text_bytes\": %zu, \"load_ms\": %.1f, "
+      "\"finished_to_document_ms\": %.1f, \"longest_stall_ms\": %.1f, "
+      "\"read_again_ms\": %.1f, \"read_again_stall_ms\": %.1f}\n",
+      name, view.Document()->links.size(), view.Document()->body_innerText.size(), ready - start,
+      ready - finished, stall, again - asked, meter.Longest());
   std::fflush(stdout);
 }
 
@@ -87,9 +89,8 @@ void MeasureCrash() {
   WaitUntil([&] { return !view->Busy(); });
   double told = 0;
   g_signal_connect(view->View(), "web-process-terminated",
-                   G_CALLBACK(+[](WebKitWebView*, WebKitWebProcessTerminationReason, gpointer data) {
-                     *static_cast<double*>(data) = Now();
-                   }),
+                   G_CALLBACK(+[](WebKitWebView*, WebKitWebProcessTerminationReason,
+                                  gpointer data) { *static_cast<double*>(data) = Now(); }),
                    &told);
   const double killed = Now();
   view.KillPageProcesses();
@@ -97,9 +98,10 @@ void MeasureCrash() {
   const double shown = Now();
   view->Refresh();
   WaitUntil([&] { return !view->Busy(); });
-  std::printf("{\"crash_to_signal_ms\": %.1f, \"crash_to_problem_page_ms\": %.1f, "
-              "\"refresh_ms\": %.1f}\n",
-              told - killed, shown - killed, Now() - shown);
+  std::printf(
+      "{\"crash_to_signal_ms\": %.1f, \"crash_to_problem_page_ms\": %.1f, "
+      "\"refresh_ms\": %.1f}\n",
+      told - killed, shown - killed, Now() - shown);
   std::fflush(stdout);
 }
 

@@ -55,7 +55,8 @@ TEST(Shorten, CountsCharacters) {
 }
 
 TEST(FillTemplate, PutsValuesInOnce) {
-  EXPECT_EQ(FillTemplate("a {{x}} b {{y}} {{none}}.", {{"x", "{{y}}"}, {"y", "2"}}), "a {{y}} b 2 .");
+  EXPECT_EQ(FillTemplate("a {{x}} b {{y}} {{none}}.", {{"x", "{{y}}"}, {"y", "2"}}),
+            "a {{y}} b 2 .");
   EXPECT_EQ(FillTemplate("a {{x", {{"x", "1"}}), "a {{x");
 }
 
@@ -81,7 +82,9 @@ TEST(SearchedWords, KeepsWhatTheFormLeavesAsItIs) {
 }
 
 TEST(SearchedWords, MendsBrokenBytes) {
-  EXPECT_EQ(SearchedWords(std::string(kQuery) + "a%FFb"), "a\xEF\xBF\xBD" "b");
+  EXPECT_EQ(SearchedWords(std::string(kQuery) + "a%FFb"),
+            "a\xEF\xBF\xBD"
+            "b");
 }
 
 TEST(SearchedWords, NothingElsewhere) {

@@ -283,7 +283,31 @@
     return JSON.stringify({records});
   };
 
-  Object.defineProperty(globalThis, 'corvane', {value: Object.freeze({collect, describe})});
+  // Follows the first link with this address, as a click would; for addresses
+  // that mean something in their page only.
+  const follow = (href) => {
+    const visit = (view, depth) => {
+      if (depth > LIMIT.depth) return false;
+      try {
+        const link = view.corvane?.findLink?.(href);
+        if (link) {
+          HTMLElement.prototype.click.call(link);
+          return true;
+        }
+      } catch {
+        // another origin's frame
+      }
+      const count = Math.min(view.length, LIMIT.frames);
+      for (let i = 0; i < count; i++) if (visit(view[i], depth + 1)) return true;
+      return false;
+    };
+    return String(visit(window, 0));
+  };
+  const findLink = (href) => Array.prototype.find.call(all('a[href], area[href]'),
+    (link) => link.href === href);
+
+  Object.defineProperty(globalThis, 'corvane',
+    {value: Object.freeze({collect, describe, follow, findLink})});
 
   // A frame reports itself where the page cannot collect it: it is of another
   // origin, or it has changed since.
