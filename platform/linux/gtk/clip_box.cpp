@@ -54,7 +54,13 @@ Gtk::SizeRequestMode ClipBox::get_request_mode_vfunc() const {
   return Gtk::SIZE_REQUEST_CONSTANT_SIZE;
 }
 
+bool ClipBox::AnyShown() const {
+  return std::any_of(children_.begin(), children_.end(),
+                     [](const Gtk::Widget* child) { return child->get_visible(); });
+}
+
 int ClipBox::NaturalSize(Gtk::Orientation orientation) const {
+  if (!AnyShown()) return 0;
   if (Natural) return std::max(1, Natural(orientation));
   int most = 1;
   for (auto* child : children_) {
@@ -72,12 +78,12 @@ int ClipBox::NaturalSize(Gtk::Orientation orientation) const {
 }
 
 void ClipBox::get_preferred_width_vfunc(int& minimum, int& natural) const {
-  minimum = 1;
+  minimum = AnyShown() ? 1 : 0;
   natural = NaturalSize(Gtk::ORIENTATION_HORIZONTAL);
 }
 
 void ClipBox::get_preferred_height_vfunc(int& minimum, int& natural) const {
-  minimum = 1;
+  minimum = AnyShown() ? 1 : 0;
   natural = NaturalSize(Gtk::ORIENTATION_VERTICAL);
 }
 

@@ -8,8 +8,9 @@
 namespace corvane::desktop {
 
 /// A container that can be made as small as one likes: what does not fit is cut
-/// off at its edges, never drawn over its neighbours. By itself it gives its
-/// whole area to its one child; an owner may lay out several.
+/// off at its edges, never drawn over its neighbours. With nothing to show it
+/// takes no room. By itself it gives its whole area to its one child; an owner
+/// may lay out several.
 class ClipBox : public Gtk::Container {
  public:
   ClipBox();
@@ -40,6 +41,7 @@ class ClipBox : public Gtk::Container {
 
  private:
   int NaturalSize(Gtk::Orientation orientation) const;
+  bool AnyShown() const;
 
   std::vector<Gtk::Widget*> children_;
 };

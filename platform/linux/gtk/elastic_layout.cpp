@@ -77,6 +77,7 @@ void ElasticFrameControl::LayOut(int width, int height) {
   if (resized) {
     binding().TakeSize(Gtk::ORIENTATION_HORIZONTAL, width);
     binding().TakeSize(Gtk::ORIENTATION_VERTICAL, height);
+    if (split_) split_->Expect(Direction() == Gtk::ORIENTATION_HORIZONTAL ? width : height);
     laying_out_ = true;  // the sizes that the handler sets are used right below
     RealignFrame.Raise();
     laying_out_ = false;

@@ -17,8 +17,9 @@ constexpr int kReachable = 100;   // pixels of a title bar that suffice to grasp
 constexpr int kLeastWidth = 120;  // what a window keeps when it is made small
 constexpr int kLeastHeight = 80;
 
-void Update(float& twips, int pixels) {
-  if (PixelsOf(twips) != pixels) twips = static_cast<float>(pixels) * kTwipsPerPixel;
+// Pixels as twips; exactly those that were asked for when they mean these pixels.
+float Twips(int pixels, float asked) {
+  return PixelsOf(asked) == pixels ? asked : static_cast<float>(pixels) * kTwipsPerPixel;
 }
 
 }  // namespace
@@ -87,22 +88,22 @@ float FormWindow::Width() const { return geometry_.width; }
 float FormWindow::Height() const { return geometry_.height; }
 
 void FormWindow::SetLeft(float twips) {
-  geometry_.left = twips;
+  geometry_.left = asked_.left = twips;
   if (Visible()) window_.move(PixelsOf(geometry_.left), PixelsOf(geometry_.top));
 }
 
 void FormWindow::SetTop(float twips) {
-  geometry_.top = twips;
+  geometry_.top = asked_.top = twips;
   if (Visible()) window_.move(PixelsOf(geometry_.left), PixelsOf(geometry_.top));
 }
 
 void FormWindow::SetWidth(float twips) {
-  geometry_.width = std::max(twips, kLeastWidth * kTwipsPerPixel);
+  geometry_.width = asked_.width = std::max(twips, kLeastWidth * kTwipsPerPixel);
   if (Visible()) window_.resize(PixelsOf(geometry_.width), PixelsOf(geometry_.height));
 }
 
 void FormWindow::SetHeight(float twips) {
-  geometry_.height = std::max(twips, kLeastHeight * kTwipsPerPixel);
+  geometry_.height = asked_.height = std::max(twips, kLeastHeight * kTwipsPerPixel);
   if (Visible()) window_.resize(PixelsOf(geometry_.width), PixelsOf(geometry_.height));
 }
 
@@ -178,11 +179,13 @@ void FormWindow::BringOntoScreen() {
   display->get_monitor_at_point(left + width / 2, top)->get_workarea(area);
   width = std::min(width, area.get_width());
   height = std::min(height, area.get_height());
-  Update(geometry_.width, width);
-  Update(geometry_.height, height);
-  Update(geometry_.left,
-         std::clamp(left, area.get_x(), area.get_x() + area.get_width() - width));
-  Update(geometry_.top, std::clamp(top, area.get_y(), area.get_y() + area.get_height() - height));
+  const int right_most = area.get_x() + area.get_width() - width;
+  const int lowest = area.get_y() + area.get_height() - height;
+  geometry_.width = Twips(width, geometry_.width);
+  geometry_.height = Twips(height, geometry_.height);
+  geometry_.left = Twips(std::clamp(left, area.get_x(), right_most), geometry_.left);
+  geometry_.top = Twips(std::clamp(top, area.get_y(), lowest), geometry_.top);
+  asked_ = geometry_;
 }
 
 void FormWindow::Configured() {
@@ -193,10 +196,8 @@ void FormWindow::Configured() {
   int height = 0;
   window_.get_position(left, top);
   window_.get_size(width, height);
-  Update(geometry_.left, left);
-  Update(geometry_.top, top);
-  Update(geometry_.width, width);
-  Update(geometry_.height, height);
+  geometry_ = {Twips(left, asked_.left), Twips(top, asked_.top), Twips(width, asked_.width),
+               Twips(height, asked_.height)};
 }
 
 void FormWindow::Hide() {

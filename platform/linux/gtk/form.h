@@ -67,6 +67,7 @@ class FormWindow : public Form {
   ClipBox content_slot_;
   ClipBox status_slot_;
   Geometry geometry_;
+  Geometry asked_;  // what was set last: it holds while the window is there to the pixel
   GdkWindowState state_ = GdkWindowState(0);
   bool modal_ = false;
   bool closing_ = false;

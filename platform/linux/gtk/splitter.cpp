@@ -9,6 +9,7 @@
 namespace corvane::desktop {
 
 Splitter::Splitter(Gtk::Orientation orientation) : Gtk::Paned(orientation) {
+  set_wide_handle(true);
   pack1(first_, false, true);
   pack2(second_, true, true);
   first_.show();
@@ -28,9 +29,16 @@ Splitter::~Splitter() {
 }
 
 int Splitter::BarSize() const {
-  int size = 0;
-  get_style_property("handle-size", size);
-  return size;
+  if (!first_.get_visible() || !second_.get_visible()) return 0;
+  // Both areas may shrink to nothing, so the bar is all that is always there.
+  int minimum = 0;
+  int natural = 0;
+  if (get_orientation() == Gtk::ORIENTATION_HORIZONTAL) {
+    get_preferred_width(minimum, natural);
+  } else {
+    get_preferred_height(minimum, natural);
+  }
+  return minimum;
 }
 
 int Splitter::SecondSize() const { return std::max(0, total_ - BarSize() - FirstSize()); }

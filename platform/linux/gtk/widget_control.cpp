@@ -16,6 +16,20 @@ namespace {
 
 constexpr const char* kBindingKey = "corvane-binding";
 
+// Turns an event into that of another key. The toolkit's key bindings go by the
+// hardware code, so that one changes along.
+void BecomeKey(GdkEventKey& event, guint keyval) {
+  event.keyval = keyval;
+  GdkKeymapKey* keys = nullptr;
+  gint count = 0;
+  auto* keymap = gdk_keymap_get_for_display(gdk_window_get_display(event.window));
+  if (gdk_keymap_get_entries_for_keyval(keymap, keyval, &keys, &count) && count > 0) {
+    event.hardware_keycode = static_cast<guint16>(keys[0].keycode);
+    event.group = static_cast<guint8>(keys[0].group);
+  }
+  g_free(keys);
+}
+
 }  // namespace
 
 int PixelsOf(float twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
@@ -50,7 +64,8 @@ struct WidgetBinding::State {
     return orientation == Gtk::ORIENTATION_HORIZONTAL ? width : height;
   }
   static void Take(Size& size, int pixels) {
-    if (size.twips < 0 || PixelsOf(size.twips) != pixels) size.twips = static_cast<float>(pixels) * kTwipsPerPixel;
+    if (size.twips >= 0 && PixelsOf(size.twips) == pixels) return;
+    size.twips = static_cast<float>(pixels) * kTwipsPerPixel;
   }
   Gtk::Widget* Focused() const {
     auto* top = dynamic_cast<Gtk::Window*>(focus.get_toplevel());
@@ -80,14 +95,16 @@ bool WidgetBinding::State::KeyDown(GdkEventKey* event) {
   control->KeyDown.Raise(key);
   if (!control || (code != 0 && key.KeyCode == 0) || Focused() != before) return true;
   if (key.KeyCode != code) {
-    if (const guint other = KeyvalOf(key.KeyCode)) event->keyval = other;
+    if (const guint other = KeyvalOf(key.KeyCode)) BecomeKey(*event, other);
   }
   int character = CharacterCode(*event);
   if (character == 0) return false;
   const int typed = character;
   control->KeyPress.Raise(character);
   if (!control || character == 0 || Focused() != before) return true;
-  if (character != typed) event->keyval = gdk_unicode_to_keyval(static_cast<guint32>(character));
+  if (character != typed) {
+    BecomeKey(*event, gdk_unicode_to_keyval(static_cast<guint32>(character)));
+  }
   return false;
 }
 

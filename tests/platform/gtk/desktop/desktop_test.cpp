@@ -81,8 +81,38 @@ void DesktopTest::ExpectLog(const std::string& part) {
 }
 
 void DesktopTest::Settle() {
-  gdk_display_sync(gdk_display_get_default());
-  while (g_main_context_iteration(nullptr, FALSE)) {
+  const auto drain = [] {
+    gdk_display_sync(gdk_display_get_default());
+    while (g_main_context_iteration(nullptr, FALSE)) {
+    }
+  };
+  drain();
+  for (int round = 0; round < 2; ++round) {  // a layout may ask for another one
+    auto* windows = gtk_window_list_toplevels();
+    g_list_foreach(windows, [](gpointer window, gpointer) { g_object_ref(window); }, nullptr);
+    for (auto* link = windows; link; link = link->next) {
+      auto* window = GTK_WIDGET(link->data);
+      auto* clock = gtk_widget_get_mapped(window) ? gtk_widget_get_frame_clock(window) : nullptr;
+      if (!clock) continue;
+      bool painted = false;
+      const auto handler = g_signal_connect(
+          clock, "after-paint",
+          G_CALLBACK(+[](GdkFrameClock*, gpointer flag) { *static_cast<bool*>(flag) = true; }),
+          &painted);
+      gdk_frame_clock_request_phase(clock, GDK_FRAME_CLOCK_PHASE_PAINT);
+      const guint guard = g_timeout_add_seconds(
+          5,
+          [](gpointer flag) -> gboolean {
+            *static_cast<bool*>(flag) = true;
+            return G_SOURCE_CONTINUE;
+          },
+          &painted);
+      while (!painted && gtk_widget_get_mapped(window)) g_main_context_iteration(nullptr, TRUE);
+      g_source_remove(guard);
+      g_signal_handler_disconnect(clock, handler);
+    }
+    g_list_free_full(windows, g_object_unref);
+    drain();
   }
 }
 
@@ -147,8 +177,6 @@ void TestWindow::Show() {
   form.Show();
   for (int i = 0; i < 10000 && !form.window().property_is_active(); ++i) {
     g_main_context_iteration(nullptr, TRUE);
-  }
-  while (g_main_context_iteration(nullptr, FALSE)) {
   }
 }
 

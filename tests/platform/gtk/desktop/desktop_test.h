@@ -24,7 +24,8 @@ class DesktopTest : public testing::Test {
   /// A log message that contains `part` is no failure of this test.
   void ExpectLog(const std::string& part);
 
-  /// Lets everything that is due happen.
+  /// Lets everything that is due happen, the layout and drawing of every window
+  /// on the screen included.
   static void Settle();
   /// Lets things happen until the condition holds; the test fails when nothing
   /// makes it true.
