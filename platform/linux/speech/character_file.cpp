@@ -13,7 +13,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view kSignature = "Corvane character 1";
-constexpr std::size_t kMostBytes = 64 * 1024;
+constexpr std::size_t kMostBytes = std::size_t{64} * 1024;
 constexpr std::size_t kMostName = 64;
 constexpr int kMostPitchShift = 80;
 constexpr int kMostSpeedShift = 200;

@@ -34,7 +34,7 @@ VoiceStyle StyleOf(const Utterance& utterance) {
 
 }  // namespace
 
-SpeechOutput::SpeechOutput(SynthesizerMaker make_synthesizer, AudioMaker make_audio,
+SpeechOutput::SpeechOutput(SynthesizerMaker make_synthesizer, const AudioMaker& make_audio,
                            const std::string& transcript)
     : make_synthesizer_(std::move(make_synthesizer)) {
   const auto notice = [this](const std::string& text) {

@@ -42,7 +42,7 @@ class SpeechOutput {
   static constexpr std::size_t kMostWaiting = 256;
 
   /// `transcript` as for Transcript; a file that cannot be opened is a notice.
-  SpeechOutput(SynthesizerMaker make_synthesizer, AudioMaker make_audio,
+  SpeechOutput(SynthesizerMaker make_synthesizer, const AudioMaker& make_audio,
                const std::string& transcript = "");
   ~SpeechOutput();
   SpeechOutput(const SpeechOutput&) = delete;

@@ -19,10 +19,11 @@ inline bool RunLoopUntil(const std::function<bool()>& done) {
       },
       &late, nullptr);
   g_source_attach(limit, nullptr);
-  while (!done() && !late) g_main_context_iteration(nullptr, TRUE);
+  bool is_done = done();
+  for (; !is_done && !late; is_done = done()) g_main_context_iteration(nullptr, TRUE);
   g_source_destroy(limit);
   g_source_unref(limit);
-  return done();
+  return is_done;
 }
 
 /// Runs what waits in the main loop, without waiting for more.

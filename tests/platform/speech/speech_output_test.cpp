@@ -167,8 +167,8 @@ TEST_F(SpeechOutputTest, SpeakNowSilencesTheRestAndKeepsTheVoiceInUse) {
   speech_->Speak(
       utterance, [&] { begun = true; }, [&](SpeechEnd end) { cut = end == SpeechEnd::kCut; });
   ASSERT_TRUE(RunLoopUntil([&] { return begun; }));
-  audio_->SetRoom(static_cast<std::size_t>(-1));
   speech_->SpeakNow("An error has occurred.");
+  audio_->SetRoom(static_cast<std::size_t>(-1));
   Speak("last");
   ASSERT_TRUE(RunLoopUntil([&] { return !events_.empty() && events_.back() == "last spoken"; }));
   EXPECT_TRUE(cut);
