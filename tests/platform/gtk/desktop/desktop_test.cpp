@@ -159,9 +159,17 @@ void DesktopTest::Outside(const std::vector<std::string>& command) {
   for (const auto& part : command) arguments.push_back(const_cast<char*>(part.c_str()));
   arguments.push_back(nullptr);
   GError* error = nullptr;
-  g_spawn_async(nullptr, arguments.data(), nullptr, G_SPAWN_SEARCH_PATH, nullptr, nullptr, nullptr,
-                &error);
+  GPid pid = 0;
+  constexpr auto kFlags =
+      static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD);
+  g_spawn_async(nullptr, arguments.data(), nullptr, kFlags, nullptr, nullptr, &pid, &error);
   ASSERT_EQ(error, nullptr) << error->message;
+  // To its end: a key that is still down would swallow the next press of it.
+  bool ended = false;
+  g_child_watch_add(
+      pid, [](GPid, gint, gpointer flag) { *static_cast<bool*>(flag) = true; }, &ended);
+  while (!ended) g_main_context_iteration(nullptr, TRUE);
+  g_spawn_close_pid(pid);
 }
 
 TestWindow::TestWindow(desktop::WindowTable& windows, int width, int height)

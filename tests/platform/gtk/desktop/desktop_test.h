@@ -36,7 +36,8 @@ class DesktopTest : public testing::Test {
   static void Key(Gtk::Widget& widget, guint keyval, guint state = 0);
   static void KeyDown(Gtk::Widget& widget, guint keyval, guint state = 0);
   static void KeyUp(Gtk::Widget& widget, guint keyval, guint state = 0);
-  /// Runs a command outside, such as xdotool, without waiting for it.
+  /// Runs a command outside, such as xdotool, to its end; this program's events
+  /// go on meanwhile.
   static void Outside(const std::vector<std::string>& command);
 
   desktop::WindowTable windows_;
