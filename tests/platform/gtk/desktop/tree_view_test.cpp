@@ -1,0 +1,155 @@
+#include "platform/linux/gtk/tree_view.h"
+
+#include <gdk/gdkkeysyms.h>
+
+#include "tests/platform/gtk/desktop/desktop_test.h"
+
+namespace corvane::desktop {
+namespace {
+
+using testing::ElementsAre;
+
+class TreeViewTest : public test::DesktopTest {
+ protected:
+  void SetUp() override {
+    DesktopTest::SetUp();
+    window_.frame.Add(tree_);
+    window_.Show();
+    listening_ += tree_.NodeClick.Connect([this](TreeNode& node) { log_.push_back(node.Text()); });
+    listening_ += tree_.DblClick.Connect([this] { log_.emplace_back("double"); });
+  }
+  void Fill() {
+    first_ = &tree_.Add(nullptr, "alpha");
+    child_ = &tree_.Add(first_, "inner");
+    second_ = &tree_.Add(nullptr, "beta");
+    tree_.SetSelectedItem(first_);
+    tree_.SetFocus();
+    Settle();
+    log_.clear();
+  }
+  void Press(guint keyval) { Key(window_.form.window(), keyval); }
+
+  test::TestWindow window_{windows_};
+  TreeViewControl tree_{"TreeView1", windows_};
+  TreeNode* first_ = nullptr;
+  TreeNode* child_ = nullptr;
+  TreeNode* second_ = nullptr;
+  Connections listening_;
+  std::vector<std::string> log_;
+};
+
+TEST_F(TreeViewTest, NodesKeepTheirTextsAndTags) {
+  Fill();
+  first_->SetTag("http://a/");
+  EXPECT_EQ(first_->Text(), "alpha");
+  EXPECT_EQ(first_->Tag(), "http://a/");
+  EXPECT_EQ(first_->Children(), 1U);
+  EXPECT_EQ(second_->Children(), 0U);
+}
+
+TEST_F(TreeViewTest, SelectingByCodeIsNoClick) {
+  Fill();
+  tree_.SetSelectedItem(child_);
+  EXPECT_EQ(tree_.SelectedItem(), child_);
+  EXPECT_TRUE(first_->Expanded()) << "what is selected must be seen";
+  EXPECT_EQ(windows_.Text(tree_.hwnd()), "inner");
+  tree_.SetSelectedItem(nullptr);
+  EXPECT_EQ(tree_.SelectedItem(), nullptr);
+  EXPECT_TRUE(log_.empty());
+}
+
+TEST_F(TreeViewTest, ArrowsWalkOpenAndClose) {
+  Fill();
+  Press(GDK_KEY_Down);
+  EXPECT_EQ(tree_.SelectedItem(), second_);
+  Press(GDK_KEY_Up);
+  Press(GDK_KEY_Right);
+  EXPECT_TRUE(first_->Expanded());
+  EXPECT_EQ(tree_.SelectedItem(), first_);
+  Press(GDK_KEY_Right);
+  EXPECT_EQ(tree_.SelectedItem(), child_);
+  Press(GDK_KEY_Right);
+  EXPECT_EQ(tree_.SelectedItem(), child_);
+  Press(GDK_KEY_Left);
+  EXPECT_EQ(tree_.SelectedItem(), first_);
+  Press(GDK_KEY_Left);
+  EXPECT_FALSE(first_->Expanded());
+  Press(GDK_KEY_Left);
+  EXPECT_EQ(tree_.SelectedItem(), first_);
+  EXPECT_THAT(log_, ElementsAre("beta", "alpha", "inner", "alpha"));
+}
+
+TEST_F(TreeViewTest, ALetterGoesToTheNextNodeThatBeginsWithIt) {
+  Fill();
+  Press('b');
+  EXPECT_EQ(tree_.SelectedItem(), second_);
+  Press('A');
+  EXPECT_EQ(tree_.SelectedItem(), first_);
+  Press('i');
+  EXPECT_EQ(tree_.SelectedItem(), first_) << "a closed node's children are not on view";
+}
+
+TEST_F(TreeViewTest, EnterIsNoDoubleClick) {
+  Fill();
+  Press(GDK_KEY_Return);
+  Settle();
+  EXPECT_TRUE(log_.empty());
+}
+
+TEST_F(TreeViewTest, ThePointerClicksAndDoubleClicks) {
+  Fill();
+  auto* view = dynamic_cast<Gtk::TreeView*>(window_.form.window().get_focus());
+  ASSERT_NE(view, nullptr);
+  Gdk::Rectangle row;
+  view->get_cell_area(Gtk::TreePath("1"), *view->get_column(0), row);
+  int x = 0;
+  int y = 0;
+  view->get_bin_window()->get_origin(x, y);
+  const auto click = [&](const char* times) {
+    Outside({"xdotool", "mousemove", std::to_string(x + row.get_x() + 10),
+             std::to_string(y + row.get_y() + row.get_height() / 2), "click", "--repeat", times,
+             "--delay", "30", "1"});
+  };
+  click("1");
+  WaitFor("the click", [&] { return log_ == std::vector<std::string>{"beta"}; });
+  log_.clear();
+  // Away and back, so that this is no third click of the same series.
+  Press(GDK_KEY_Up);
+  log_.clear();
+  Outside({"sleep", "0.6"});
+  click("2");
+  WaitFor("the double click", [&] { return log_ == std::vector<std::string>{"beta", "double"}; });
+}
+
+TEST_F(TreeViewTest, NodesOpenAndCloseByCode) {
+  Fill();
+  first_->SetExpanded(true);
+  EXPECT_TRUE(first_->Expanded());
+  first_->SetExpanded(false);
+  EXPECT_FALSE(first_->Expanded());
+  second_->SetExpanded(true);
+  EXPECT_FALSE(second_->Expanded()) << "there is nothing to open";
+}
+
+TEST_F(TreeViewTest, ClearEmptiesTheTree) {
+  Fill();
+  tree_.Clear();
+  EXPECT_EQ(tree_.SelectedItem(), nullptr);
+  EXPECT_TRUE(log_.empty());
+  Fill();
+  EXPECT_EQ(tree_.SelectedItem(), first_);
+}
+
+TEST_F(TreeViewTest, TenThousandChildrenCanBeOpened) {
+  Fill();
+  for (int i = 0; i < 10000; ++i) tree_.Add(second_, "child " + std::to_string(i));
+  second_->SetExpanded(true);
+  Settle();
+  EXPECT_EQ(second_->Children(), 10000U);
+  tree_.SetSelectedItem(second_);
+  Press(GDK_KEY_Right);
+  EXPECT_EQ(tree_.SelectedItem()->Text(), "child 0");
+}
+
+}  // namespace
+}  // namespace corvane::desktop
