@@ -180,7 +180,9 @@ void MSAgent::Timer2_Timer() {
                 [&] {
                   const auto owner = owner_.lock();
                   form_->ShowModal(owner ? &owner->Window() : nullptr);
-                });
+                },
+                // The message has just been spoken; its own field would say it again.
+                [&] { cmdOK_->SetFocus(); });
 }
 
 void MSAgent::cmdOK_Click() {

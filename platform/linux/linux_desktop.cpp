@@ -2,7 +2,8 @@
 
 #include <glib.h>
 #include <gtkmm/main.h>
-#include <unistd.h>
+
+#include <utility>
 
 #include "platform/linux/gtk/combo_box.h"
 #include "platform/linux/gtk/command_button.h"
@@ -43,7 +44,8 @@ LinuxDesktop::LinuxDesktop() : speech_(MakeSpeechOutput()) {
   engine_ = std::make_unique<WebEngine>(MakeEngineOptions());
   connections_ += speech_->Notified.Connect([this](const std::string& text) {
     g_message("%s", text.c_str());
-    Notice.Raise(text);
+    notices_.push_back(text);
+    TellNotices();
   });
   connections_ += settings_.Problem.Connect([this](const std::string& text) {
     PostToLoop([this, text] { message_box_->Show(text, MessageBox::Icon::Exclamation); });
@@ -131,8 +133,15 @@ void LinuxDesktop::QuitWhenNothingIsLeft() {
   if (running_ && windows_.TopLevelCount() <= 1 && !message_box_->AnyOpen()) gtk_main_quit();
 }
 
+// Before the program runs there is nobody to tell.
+void LinuxDesktop::TellNotices() {
+  if (!running_) return;
+  for (const auto& text : std::exchange(notices_, {})) Notice.Raise(text);
+}
+
 void LinuxDesktop::Run() {
   running_ = windows_.TopLevelCount() > 1 || message_box_->AnyOpen();
+  TellNotices();
   if (running_) gtk_main();
   running_ = false;
 }

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/desktop.h"
 #include "platform/linux/gtk/activation_hook.h"
@@ -63,6 +64,7 @@ class LinuxDesktop : public Desktop {
   std::string OwnSetting(const std::string& key, const std::string& fallback) const;
   bool SpeechIsWanted() const;
   void QuitWhenNothingIsLeft();
+  void TellNotices();
 
   WindowTable windows_;
   IniSettingsStore settings_;
@@ -74,6 +76,7 @@ class LinuxDesktop : public Desktop {
   std::shared_ptr<PageAlerts> alerts_;
   std::unique_ptr<WebEngine> engine_;
   bool running_ = false;
+  std::vector<std::string> notices_;  // not told yet
   StallMeter stall_meter_;
   Connections connections_;
 };

@@ -166,7 +166,9 @@ TEST_F(PageAlert, WithOnlyOkIsClosedAndShownAgainHere) {
   EXPECT_TRUE(desktop.Get<FakeForm>("MSAgent").modal);
   EXPECT_EQ(desktop.Get<FakeForm>("MSAgent").Caption(), "Message Box");
   EXPECT_THAT(desktop.speech.calls,
-              ElementsAre("stop", "stop", "speak \\Pit=\\\\Spd=\\Wrong password (urgent)"));
+              ElementsAre("stop", "stop", "speak \\Pit=\\\\Spd=\\Wrong password (urgent)",
+                          "speak \\Pit=\\\\Spd=\\OK button"));
+  EXPECT_EQ(desktop.focus, "cmdOK");
 }
 
 TEST_F(PageAlert, WhoseFirstChildIsNotOkIsLeftAlone) {
