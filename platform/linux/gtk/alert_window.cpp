@@ -82,9 +82,13 @@ void AlertWindow::Present() {
   dialog_->get_accessible()->set_description(Valid(text_));
   if (auto* owner = ActiveWindow()) dialog_->set_transient_for(*owner);
   dialog_->set_position(Gtk::WIN_POS_CENTER_ON_PARENT);
-  dialog_->signal_response().connect([this](int) { Close(); });
-  dialog_->property_is_active().signal_changed().connect([this] {
-    if (dialog_->property_is_active()) windows_.WindowActivated.Raise(handle_);
+  // The dialog may outlive its answer, and even this object, by an event.
+  dialog_->signal_response().connect([self = self_](int) {
+    if (*self) (*self)->Close();
+  });
+  dialog_->property_is_active().signal_changed().connect([self = self_] {
+    if (!*self || !(*self)->dialog_ || !(*self)->dialog_->property_is_active()) return;
+    (*self)->windows_.WindowActivated.Raise((*self)->handle_);
   });
   button->grab_focus();
   dialog_->present();

@@ -17,9 +17,7 @@ std::unique_ptr<ComboBoxControl> ComboBoxControl::Create(const std::string& name
 
 std::string ComboBoxControl::Text() const { return Field().get_text(); }
 
-void ComboBoxControl::SetText(const std::string& text) {
-  Field().set_text(Valid(OnOneLine(text)));
-}
+void ComboBoxControl::SetText(const std::string& text) { Field().set_text(Valid(OnOneLine(text))); }
 
 int ComboBoxControl::SelStart() const {
   int start = 0;

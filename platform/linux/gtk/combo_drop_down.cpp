@@ -41,9 +41,7 @@ DropDownCombo::DropDownCombo(const std::string& name, WindowTable& windows) : co
   field.signal_key_press_event().connect([this](GdkEventKey* event) { return Key(*event); }, false);
 }
 
-void DropDownCombo::ShowModel() {
-  combo_.set_model(lines_.Model());
-}
+void DropDownCombo::ShowModel() { combo_.set_model(lines_.Model()); }
 
 bool DropDownCombo::Key(const GdkEventKey& event) {
   if (event.keyval != GDK_KEY_F4 || (event.state & gtk_accelerator_get_default_mod_mask()) != 0)

@@ -13,6 +13,7 @@ namespace corvane::desktop {
 class DropDownCombo : public ComboBoxControl {
  public:
   DropDownCombo(const std::string& name, WindowTable& windows);
+  ~DropDownCombo() override { showing_ = true; }  // what the widgets tell as they go is no news
   Gtk::Widget& widget() override { return combo_; }
 
  protected:

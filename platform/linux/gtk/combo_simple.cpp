@@ -22,7 +22,8 @@ SimpleCombo::SimpleCombo(const std::string& name, WindowTable& windows)
   box_.show_all();
   Bind(box_, field_, name, "ComboBox", windows, [this] { return Text(); });
 
-  field_.signal_key_press_event().connect([this](GdkEventKey* event) { return Key(*event); }, false);
+  field_.signal_key_press_event().connect([this](GdkEventKey* event) { return Key(*event); },
+                                          false);
   field_.signal_changed().connect([this] {
     if (!showing_) Typed();
   });

@@ -16,6 +16,7 @@ namespace corvane::desktop {
 class SimpleCombo : public ComboBoxControl {
  public:
   SimpleCombo(const std::string& name, WindowTable& windows);
+  ~SimpleCombo() override { showing_ = true; }  // what the widgets tell as they go is no news
   Gtk::Widget& widget() override { return box_; }
 
  protected:

@@ -146,8 +146,7 @@ int DisplayLines::CorrectionBefore(int paragraph) {
 // first character's offset.
 int DisplayLines::Base(int paragraph) {
   if (!LaidOut()) return paragraph;
-  return view_.get_buffer()->get_iter_at_line(paragraph).get_offset() -
-         CorrectionBefore(paragraph);
+  return view_.get_buffer()->get_iter_at_line(paragraph).get_offset() - CorrectionBefore(paragraph);
 }
 
 int DisplayLines::LineOf(const Gtk::TextIter& place) {

@@ -176,7 +176,8 @@ void ElasticFrameControl::ShowSplitHalves() {
 void ElasticFrameControl::SplitterMoved() {
   for (const auto& item : items_) {
     if (item.half < 0 || !item.binding) continue;
-    item.binding->TakeSize(Direction(), item.half == 0 ? split_->FirstSize() : split_->SecondSize());
+    item.binding->TakeSize(Direction(),
+                           item.half == 0 ? split_->FirstSize() : split_->SecondSize());
   }
   ResizeChildren.Raise();
 }

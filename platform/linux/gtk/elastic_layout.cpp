@@ -30,10 +30,11 @@ std::vector<ElasticFrameControl::Part> ElasticFrameControl::Parts() const {
     if (item.half >= 0 || !item.widget->get_visible()) continue;
     if (item.binding && item.binding->Place()) continue;
     Part part{item.widget, &item, false, nullptr};
-    if (item.binding) part.frame = dynamic_cast<const ElasticFrameControl*>(&item.binding->control());
+    if (item.binding)
+      part.frame = dynamic_cast<const ElasticFrameControl*>(&item.binding->control());
     if (part.frame && part.frame->align_ == Align::None) continue;
-    part.expands = part.frame ? part.frame->align_ == Align::Fill
-                              : item.widget->compute_expand(Direction());
+    part.expands =
+        part.frame ? part.frame->align_ == Align::Fill : item.widget->compute_expand(Direction());
     if (item.binding && item.binding->Wish(Direction())) part.expands = false;
     parts.push_back(part);
   }

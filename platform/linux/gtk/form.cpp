@@ -169,8 +169,8 @@ void FormWindow::BringOntoScreen() {
   for (int i = 0; i < display->get_n_monitors(); ++i) {
     Gdk::Rectangle area;
     display->get_monitor(i)->get_workarea(area);
-    const int seen = std::min(left + width, area.get_x() + area.get_width()) -
-                     std::max(left, area.get_x());
+    const int seen =
+        std::min(left + width, area.get_x() + area.get_width()) - std::max(left, area.get_x());
     const bool reachable = seen >= std::min(width, kReachable) && top >= area.get_y() &&
                            top + kReachable <= area.get_y() + area.get_height();
     if (reachable && width <= area.get_width() && height <= area.get_height()) return;

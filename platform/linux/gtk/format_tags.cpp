@@ -11,7 +11,7 @@
 namespace corvane::desktop {
 namespace {
 
-constexpr int kBulletIndent = 16;       // pixels
+constexpr int kBulletIndent = 16;        // pixels
 constexpr std::size_t kMostTags = 1000;  // further formats are not kept
 
 Gdk::RGBA ColourOf(Color color) {
@@ -87,9 +87,7 @@ std::vector<Glib::RefPtr<Gtk::TextTag>> FormatTags::CharacterTags(const Format& 
   if (format.char_offset != 0) {
     tags.push_back(Tag(
         Scope::Character, "offset " + std::to_string(format.char_offset),
-        [&](Gtk::TextTag& tag) {
-          tag.property_rise() = Pixels(format.char_offset) * PANGO_SCALE;
-        },
+        [&](Gtk::TextTag& tag) { tag.property_rise() = Pixels(format.char_offset) * PANGO_SCALE; },
         [offset = format.char_offset](Format& read) { read.char_offset = offset; }));
   }
   return tags;
@@ -147,7 +145,8 @@ std::vector<Glib::RefPtr<Gtk::TextTag>> FormatTags::ParagraphTags(const Format& 
         [&](Gtk::TextTag& tag) {
           Pango::TabArray stops(static_cast<int>(format.tabs.size()), true);
           for (std::size_t i = 0; i < format.tabs.size(); ++i) {
-            stops.set_tab(static_cast<int>(i), Pango::TAB_LEFT, std::max(0, Pixels(format.tabs[i])));
+            stops.set_tab(static_cast<int>(i), Pango::TAB_LEFT,
+                          std::max(0, Pixels(format.tabs[i])));
           }
           tag.property_tabs() = stops;
         },
@@ -206,8 +205,7 @@ void FormatTags::ApplyToParagraphs(const Format& format, Gtk::TextIter start, Gt
   }
 }
 
-void FormatTags::Apply(const Format& format, const Gtk::TextIter& start,
-                       const Gtk::TextIter& end) {
+void FormatTags::Apply(const Format& format, const Gtk::TextIter& start, const Gtk::TextIter& end) {
   ApplyToCharacters(format, start, end);
   ApplyToParagraphs(format, start, end);
 }

@@ -23,8 +23,8 @@ enum BandMask : std::uint32_t {
 constexpr std::uint32_t kBreakStyle = 0x1;
 constexpr std::uint32_t kVisibleStyle = 0x10000000;
 
-constexpr int kGrip = 8;    // pixels for the grip
-constexpr int kSpace = 4;   // around caption and child
+constexpr int kGrip = 8;   // pixels for the grip
+constexpr int kSpace = 4;  // around caption and child
 
 void CopyFields(BandInfo& to, const BandInfo& from, std::uint32_t mask) {
   if (mask & kStyle) to.style = from.style;

@@ -60,20 +60,21 @@ RichTextBoxControl::RichTextBoxControl(const std::string& name, WindowTable& win
   ReadNaturalFont();
 
   // The toolkit's own signals: gtkmm's would copy the text of every insertion.
-  g_signal_connect_after(buffer_->gobj(), "insert-text",
-                         G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* end, const char* text,
-                                        int bytes, gpointer self) {
-                           static_cast<RichTextBoxControl*>(self)->BufferInserted(end, text, bytes);
-                         }),
-                         this);
-  g_signal_connect(buffer_->gobj(), "delete-range",
-                   G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* start, GtkTextIter* end,
-                                  gpointer self) {
-                     static_cast<RichTextBoxControl*>(self)->BufferErased(start, end);
-                   }),
-                   this);
-  buffer_->property_cursor_position().signal_changed().connect([this] { TellSelection(); });
-  buffer_->signal_mark_set().connect(
+  g_signal_connect_after(
+      buffer_->gobj(), "insert-text",
+      G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* end, const char* text, int bytes, gpointer self) {
+        static_cast<RichTextBoxControl*>(self)->BufferInserted(end, text, bytes);
+      }),
+      this);
+  g_signal_connect(
+      buffer_->gobj(), "delete-range",
+      G_CALLBACK(+[](GtkTextBuffer*, GtkTextIter* start, GtkTextIter* end, gpointer self) {
+        static_cast<RichTextBoxControl*>(self)->BufferErased(start, end);
+      }),
+      this);
+  caret_moved_ =
+      buffer_->property_cursor_position().signal_changed().connect([this] { TellSelection(); });
+  mark_set_ = buffer_->signal_mark_set().connect(
       [this](const Gtk::TextIter&, const Glib::RefPtr<Gtk::TextMark>& mark) {
         if (mark == buffer_->get_selection_bound()) TellSelection();
       });
@@ -81,6 +82,9 @@ RichTextBoxControl::RichTextBoxControl(const std::string& name, WindowTable& win
 
 RichTextBoxControl::~RichTextBoxControl() {
   *self_ = nullptr;
+  // The view clears its selection when it goes.
+  caret_moved_.disconnect();
+  mark_set_.disconnect();
   g_signal_handlers_disconnect_by_data(buffer_->gobj(), this);
 }
 
@@ -88,7 +92,8 @@ void RichTextBoxControl::BufferInserted(const GtkTextIter* end, const char* text
   const int added = gtk_text_buffer_get_char_count(buffer_->gobj()) - count_;
   count_ += added;
   const int end_offset = gtk_text_iter_get_offset(end);
-  breaks_.Inserted(end_offset - added, added, std::string_view(text, static_cast<std::size_t>(bytes)));
+  breaks_.Inserted(end_offset - added, added,
+                   std::string_view(text, static_cast<std::size_t>(bytes)));
   const auto start = buffer_->get_iter_at_offset(end_offset - added);
   lines_.Changed(start.get_line(), gtk_text_iter_get_line(end) - start.get_line());
   if (changing_ > 0 || (!typing_ && !tags_.Used())) return;
@@ -128,16 +133,13 @@ void RichTextBoxControl::Selection(Gtk::TextIter& start, Gtk::TextIter& end) con
   buffer_->get_selection_bounds(start, end);
 }
 
-std::string RichTextBoxControl::TextOf(const Gtk::TextIter& start,
-                                       const Gtk::TextIter& end) const {
+std::string RichTextBoxControl::TextOf(const Gtk::TextIter& start, const Gtk::TextIter& end) const {
   return SoftBreaks::Strip(start.get_slice(end));
 }
 
 std::string RichTextBoxControl::Text() const { return TextOf(buffer_->begin(), buffer_->end()); }
 
-int RichTextBoxControl::TextLength() const {
-  return buffer_->get_char_count() - breaks_.Count();
-}
+int RichTextBoxControl::TextLength() const { return buffer_->get_char_count() - breaks_.Count(); }
 
 void RichTextBoxControl::ReplaceAll(const std::function<void()>& insert) {
   const Change change(*this);
@@ -337,8 +339,9 @@ void RichTextBoxControl::SaveFile(const std::string& path, FileFormat format) {
     return;
   }
   const std::string why = error ? error->message : "The file could not be written";
-  const bool denied = error && (error->code == G_FILE_ERROR_ACCES ||
-                                error->code == G_FILE_ERROR_PERM || error->code == G_FILE_ERROR_ROFS);
+  const bool denied =
+      error && (error->code == G_FILE_ERROR_ACCES || error->code == G_FILE_ERROR_PERM ||
+                error->code == G_FILE_ERROR_ROFS);
   g_clear_error(&error);
   throw RunTimeError(denied ? kErrPermissionDenied : kErrDeviceIo, "", why);
 }

@@ -21,8 +21,8 @@ class RtfParser {
   enum class Target { Text, Fonts, Colours, Nowhere };
   struct State {
     RichTextBox::Format format;
-    int left = 0;   // \li
-    int first = 0;  // \fi
+    int left = 0;      // \li
+    int first = 0;     // \fi
     int fallback = 1;  // \uc
     int code_page = 1252;
     Target target = Target::Text;

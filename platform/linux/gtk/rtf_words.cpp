@@ -12,28 +12,29 @@ namespace {
 constexpr std::size_t kMostFonts = 4096;
 constexpr std::size_t kMostColours = 4096;
 constexpr std::size_t kMostTabs = 32;
-constexpr int kMostTwips = 31680;     // 22 inches, the widest page
+constexpr int kMostTwips = 31680;  // 22 inches, the widest page
 constexpr int kMostHalfPoints = 3276;
 constexpr int kTwipsOfHalfPoint = 10;
-constexpr int kRaised = 80;           // twips of \super and \sub
+constexpr int kRaised = 80;  // twips of \super and \sub
 
 // Groups whose text is not the document's.
 constexpr auto kLeftOut = std::to_array<std::string_view>(
-    {"stylesheet", "info", "pict", "object", "header", "headerl", "headerr", "headerf", "footer",
-     "footerl", "footerr", "footerf", "footnote", "fldinst", "xe", "tc", "tcn", "pntext",
-     "nonshppict", "listtext", "annotation", "filetbl", "revtbl", "rxe", "txe", "template",
-     "author", "title", "subject", "keywords", "operator", "company", "doccomm", "generator"});
+    {"stylesheet", "info",     "pict",     "object",  "header",     "headerl",  "headerr",
+     "headerf",    "footer",   "footerl",  "footerr", "footerf",    "footnote", "fldinst",
+     "xe",         "tc",       "tcn",      "pntext",  "nonshppict", "listtext", "annotation",
+     "filetbl",    "revtbl",   "rxe",      "txe",     "template",   "author",   "title",
+     "subject",    "keywords", "operator", "company", "doccomm",    "generator"});
 
 struct CharacterWord {
   std::string_view word;
   char32_t character;
 };
 constexpr auto kCharacters = std::to_array<CharacterWord>({
-    {"par", '\n'},       {"line", '\n'},     {"page", '\n'},       {"sect", '\n'},
-    {"row", '\n'},       {"tab", '\t'},      {"cell", '\t'},       {"emdash", 0x2014},
-    {"endash", 0x2013},  {"lquote", 0x2018}, {"rquote", 0x2019},   {"ldblquote", 0x201C},
-    {"rdblquote", 0x201D}, {"bullet", 0x2022}, {"emspace", 0x2003}, {"enspace", 0x2002},
-    {"qmspace", 0x2005}, {"ltrmark", 0x200E}, {"rtlmark", 0x200F}, {"zwj", 0x200D},
+    {"par", '\n'},         {"line", '\n'},      {"page", '\n'},      {"sect", '\n'},
+    {"row", '\n'},         {"tab", '\t'},       {"cell", '\t'},      {"emdash", 0x2014},
+    {"endash", 0x2013},    {"lquote", 0x2018},  {"rquote", 0x2019},  {"ldblquote", 0x201C},
+    {"rdblquote", 0x201D}, {"bullet", 0x2022},  {"emspace", 0x2003}, {"enspace", 0x2002},
+    {"qmspace", 0x2005},   {"ltrmark", 0x200E}, {"rtlmark", 0x200F}, {"zwj", 0x200D},
     {"zwnj", 0x200C},
 });
 
@@ -175,8 +176,8 @@ bool RtfParser::DoText(std::string_view word, int number) {
 bool RtfParser::DoCharacter(std::string_view word, bool has_number, int number) {
   auto& format = state_.format;
   const bool on = !has_number || number != 0;
-  const int offset = std::clamp(has_number ? number : 6, -kMostHalfPoints, kMostHalfPoints) *
-                     kTwipsOfHalfPoint;
+  const int offset =
+      std::clamp(has_number ? number : 6, -kMostHalfPoints, kMostHalfPoints) * kTwipsOfHalfPoint;
   if (word == "b") {
     format.bold = on;
   } else if (word == "i") {

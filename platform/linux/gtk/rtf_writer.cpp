@@ -127,8 +127,8 @@ class Writer {
     if (format.color != base_.color) {
       Word("cf", static_cast<int>(IndexIn(colours_, format.color)) + 1);
     }
-    const int raised = static_cast<int>(
-        std::lround(static_cast<double>(format.char_offset) / kTwipsOfHalfPoint));
+    const int raised =
+        static_cast<int>(std::lround(static_cast<double>(format.char_offset) / kTwipsOfHalfPoint));
     if (raised > 0) Word("up", raised);
     if (raised < 0) Word("dn", -raised);
     body_ += ' ';

@@ -8,8 +8,8 @@ namespace corvane::desktop {
 namespace {
 
 constexpr std::string_view kBreak = "\xE2\x80\xA9";
-constexpr int kLongest = 3000;   // characters of a piece
-constexpr int kSearchBack = 200; // how far a blank is looked for
+constexpr int kLongest = 3000;    // characters of a piece
+constexpr int kSearchBack = 200;  // how far a blank is looked for
 
 bool Continues(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
@@ -67,6 +67,14 @@ std::string SoftBreaks::Prepare(std::string_view text, int before) {
   int length = before;    // characters of the present piece
   int at_blank = 0;       // its length there
   for (std::size_t at = 0; at < clean.size(); ++at) {
+    if (length == 0) {
+      // Most lines are short: they are passed over as a whole.
+      const auto end = std::min(clean.find('\n', at), clean.size());
+      if (end - at <= static_cast<std::size_t>(kLongest)) {
+        at = end;
+        continue;
+      }
+    }
     if (Continues(clean[at])) continue;
     if (clean[at] == '\n') {
       length = 0;
@@ -103,7 +111,8 @@ void SoftBreaks::Inserted(int offset, int length, std::string_view bytes) {
   std::vector<int> made;
   std::size_t counted = 0;
   int characters = 0;
-  for (auto at = bytes.find(kBreak); at != std::string_view::npos; at = bytes.find(kBreak, at + 1)) {
+  for (auto at = bytes.find(kBreak); at != std::string_view::npos;
+       at = bytes.find(kBreak, at + 1)) {
     for (; counted < at; ++counted) characters += Continues(bytes[counted]) ? 0 : 1;
     made.push_back(offset + characters);
   }

@@ -47,7 +47,8 @@ void Splitter::WishSize(int area, int pixels) {
   if (holder_ && *holder_ != area && total_ > 0) {
     // Where the bar is, or is about to be.
     int first = FirstSize();
-    if (pending_) first = pending_->area == 0 ? pending_->pixels : total_ - BarSize() - pending_->pixels;
+    if (pending_)
+      first = pending_->area == 0 ? pending_->pixels : total_ - BarSize() - pending_->pixels;
     const int wished = area == 0 ? pixels : total_ - BarSize() - pixels;
     if (std::abs(wished - first) <= BarSize()) return;
   }

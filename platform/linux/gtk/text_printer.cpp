@@ -48,8 +48,8 @@ class TextJob : public Gtk::PrintOperation {
   void on_draw_page(const Glib::RefPtr<Gtk::PrintContext>& context, int page) override {
     const auto cairo = context->get_cairo_context();
     const auto index = static_cast<std::size_t>(page);
-    const int end = index + 1 < first_lines_.size() ? first_lines_[index + 1]
-                                                    : layout_->get_line_count();
+    const int end =
+        index + 1 < first_lines_.size() ? first_lines_[index + 1] : layout_->get_line_count();
     double y = kMargin;
     for (int i = first_lines_[index]; i < end; ++i) {
       y += HeightOf(i);

@@ -11,38 +11,12 @@
 namespace corvane::desktop {
 namespace {
 
-struct Record : Gtk::TreeModelColumnRecord {
-  Gtk::TreeModelColumn<Glib::ustring> text;
-  Gtk::TreeModelColumn<TreeRow*> row;
-  Record() {
-    add(text);
-    add(row);
-  }
-};
-
-const Record& Columns() {
-  static const Record record;
-  return record;
-}
-
 gunichar Folded(gunichar character) { return g_unichar_tolower(character); }
 
 }  // namespace
 
-bool TreeRow::Expanded() const { return tree_.view_.row_expanded(tree_.PathOf(*this)); }
-
-void TreeRow::SetExpanded(bool expanded) {
-  const auto path = tree_.PathOf(*this);
-  if (!expanded) {
-    tree_.view_.collapse_row(path);
-    return;
-  }
-  tree_.view_.expand_to_path(path);  // so that the row itself is one that can be opened
-  tree_.view_.expand_row(path, false);
-}
-
 TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows)
-    : store_(Gtk::TreeStore::create(Columns())) {
+    : rows_(TreeRows::Create()) {
   auto* cell = Gtk::make_managed<Gtk::CellRendererText>();
   cell->property_ellipsize() = Pango::ELLIPSIZE_END;
   auto* column = Gtk::make_managed<Gtk::TreeViewColumn>();
@@ -52,9 +26,9 @@ TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows)
   column->set_expand(true);
   view_.append_column(*column);
   view_.set_headers_visible(false);
-  view_.set_enable_search(false);  // its entry would take keys away from KeyDown
+  view_.set_enable_search(false);     // its entry would take keys away from KeyDown
   view_.set_fixed_height_mode(true);  // 10,000 children open at once without being measured
-  view_.set_model(store_);
+  view_.set_model(rows_);
   view_.show();
   scroll_.set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
   scroll_.set_vexpand(true);
@@ -78,39 +52,25 @@ TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows)
 }
 
 TreeNode& TreeViewControl::Add(TreeNode* parent, const std::string& text) {
-  auto* above = dynamic_cast<TreeRow*>(parent);
-  auto& siblings = above ? above->children_ : roots_;
-  auto row = std::make_unique<TreeRow>(*this, text, Gtk::TreeIter());
-  const auto shown = Valid(OnOneLine(text));
-  // One signal a row, not one a column.
-  GtkTreeIter made{};
-  gtk_tree_store_insert_with_values(store_->gobj(), &made, above ? above->row_.gobj() : nullptr, -1,
-                                    0, shown.c_str(), 1, row.get(), -1);
-  row->row_ = Gtk::TreeIter(store_->gobj() ? GTK_TREE_MODEL(store_->gobj()) : nullptr, &made);
-  siblings.push_back(std::move(row));
-  return *siblings.back();
+  return rows_->Add(*this, dynamic_cast<TreeRow*>(parent), text);
 }
 
 void TreeViewControl::Clear() {
   const bool before = std::exchange(showing_, true);
-  store_ = Gtk::TreeStore::create(Columns());
-  view_.set_model(store_);
-  roots_.clear();
+  rows_ = TreeRows::Create();
+  view_.set_model(rows_);
   showing_ = before;
 }
 
-TreeRow* TreeViewControl::RowAt(const Gtk::TreeIter& iter) const {
-  return iter ? iter->get_value(Columns().row) : nullptr;
-}
-
 TreeNode* TreeViewControl::SelectedItem() const {
-  return RowAt(const_cast<Gtk::TreeView&>(view_).get_selection()->get_selected());
+  const auto chosen = const_cast<Gtk::TreeView&>(view_).get_selection()->get_selected();
+  return chosen ? TreeRows::RowAt(chosen) : nullptr;
 }
 
 void TreeViewControl::SetSelectedItem(TreeNode* node) {
   const bool before = std::exchange(showing_, true);
   if (auto* row = dynamic_cast<TreeRow*>(node)) {
-    auto path = PathOf(*row);
+    const auto path = row->Path();
     auto above = path;
     if (above.up() && !above.empty()) view_.expand_to_path(above);
     view_.set_cursor(path);
@@ -130,10 +90,10 @@ bool TreeViewControl::Key(const GdkEventKey& event) {
   auto* node = dynamic_cast<TreeRow*>(SelectedItem());
   if (!node) return false;
   const int key = VirtualKey(event);
-  auto path = PathOf(*node);
+  auto path = node->Path();
   if (key == kKeyRight) {
     if (node->Children() == 0) return true;
-    if (node->Expanded()) return GoTo(PathOf(*node->children_.front()));
+    if (node->Expanded()) return GoTo(node->Child(0).Path());
     node->SetExpanded(true);
     return true;
   }
@@ -156,18 +116,17 @@ bool TreeViewControl::FindLetter(gunichar letter) {
   std::vector<const TreeRow*> after;
   const auto* selected = SelectedItem();
   bool passed = false;
-  const auto walk = [&](const auto& self, const auto& rows) -> void {
-    for (const auto& row : rows) {
-      (passed ? after : before).push_back(row.get());
-      if (row.get() == selected) passed = true;
-      if (row->Children() > 0 && row->Expanded()) self(self, row->children_);
-    }
+  const auto visit = [&](const auto& self, const TreeRow& row) -> void {
+    (passed ? after : before).push_back(&row);
+    if (&row == selected) passed = true;
+    if (row.Children() == 0 || !row.Expanded()) return;
+    for (std::size_t i = 0; i < row.Children(); ++i) self(self, row.Child(i));
   };
-  walk(walk, roots_);
+  for (const auto& row : rows_->Roots()) visit(visit, *row);
   after.insert(after.end(), before.begin(), before.end());
   for (const auto* row : after) {
-    const auto text = Valid(row->text_);
-    if (!text.empty() && Folded(text[0]) == Folded(letter)) return GoTo(PathOf(*row));
+    const auto text = Valid(row->Text());
+    if (!text.empty() && Folded(text[0]) == Folded(letter)) return GoTo(row->Path());
   }
   return false;
 }
@@ -191,7 +150,7 @@ void TreeViewControl::Pressed(const GdkEventButton& event) {
   last_press_ = event.time;
   auto* node = SelectedItem();
   auto* row = dynamic_cast<TreeRow*>(node);
-  if (row && again && PathOf(*row) == path) NodeClick.Raise(*node);
+  if (row && again && row->Path() == path) NodeClick.Raise(*node);
 }
 
 }  // namespace corvane::desktop

@@ -19,38 +19,86 @@ struct Pair {
 // Keys whose code does not depend on the layout. The first pair of a code is
 // the one that KeyvalOf answers.
 constexpr auto kFixed = std::to_array<Pair>({
-    {GDK_KEY_BackSpace, 8},      {GDK_KEY_Tab, 9},           {GDK_KEY_ISO_Left_Tab, 9},
-    {GDK_KEY_KP_Tab, 9},         {GDK_KEY_Clear, 12},        {GDK_KEY_KP_Begin, 12},
-    {GDK_KEY_Return, 13},        {GDK_KEY_KP_Enter, 13},     {GDK_KEY_ISO_Enter, 13},
-    {GDK_KEY_Shift_L, 16},       {GDK_KEY_Shift_R, 16},      {GDK_KEY_Control_L, 17},
-    {GDK_KEY_Control_R, 17},     {GDK_KEY_Alt_L, 18},        {GDK_KEY_Alt_R, 18},
-    {GDK_KEY_Meta_L, 18},        {GDK_KEY_Meta_R, 18},       {GDK_KEY_ISO_Level3_Shift, 18},
-    {GDK_KEY_Mode_switch, 18},   {GDK_KEY_Pause, 19},        {GDK_KEY_Break, 19},
-    {GDK_KEY_Caps_Lock, 20},     {GDK_KEY_Escape, 27},       {GDK_KEY_space, 32},
-    {GDK_KEY_KP_Space, 32},      {GDK_KEY_Page_Up, 33},      {GDK_KEY_KP_Page_Up, 33},
-    {GDK_KEY_Page_Down, 34},     {GDK_KEY_KP_Page_Down, 34}, {GDK_KEY_End, 35},
-    {GDK_KEY_KP_End, 35},        {GDK_KEY_Home, 36},         {GDK_KEY_KP_Home, 36},
-    {GDK_KEY_Left, 37},          {GDK_KEY_KP_Left, 37},      {GDK_KEY_Up, 38},
-    {GDK_KEY_KP_Up, 38},         {GDK_KEY_Right, 39},        {GDK_KEY_KP_Right, 39},
-    {GDK_KEY_Down, 40},          {GDK_KEY_KP_Down, 40},      {GDK_KEY_Select, 41},
-    {GDK_KEY_Execute, 43},       {GDK_KEY_Print, 44},        {GDK_KEY_Sys_Req, 44},
-    {GDK_KEY_Insert, 45},        {GDK_KEY_KP_Insert, 45},    {GDK_KEY_Delete, 46},
-    {GDK_KEY_KP_Delete, 46},     {GDK_KEY_Help, 47},         {GDK_KEY_Super_L, 91},
-    {GDK_KEY_Super_R, 92},       {GDK_KEY_Menu, 93},         {GDK_KEY_Sleep, 95},
-    {GDK_KEY_KP_Multiply, 106},  {GDK_KEY_KP_Add, 107},      {GDK_KEY_KP_Separator, 108},
-    {GDK_KEY_KP_Subtract, 109},  {GDK_KEY_KP_Decimal, 110},  {GDK_KEY_KP_Divide, 111},
-    {GDK_KEY_Num_Lock, 144},     {GDK_KEY_Scroll_Lock, 145}, {GDK_KEY_Back, 166},
-    {GDK_KEY_Forward, 167},      {GDK_KEY_Refresh, 168},     {GDK_KEY_Reload, 168},
-    {GDK_KEY_Stop, 169},         {GDK_KEY_Search, 170},      {GDK_KEY_Favorites, 171},
-    {GDK_KEY_HomePage, 172},     {GDK_KEY_AudioMute, 173},   {GDK_KEY_AudioLowerVolume, 174},
+    {GDK_KEY_BackSpace, 8},
+    {GDK_KEY_Tab, 9},
+    {GDK_KEY_ISO_Left_Tab, 9},
+    {GDK_KEY_KP_Tab, 9},
+    {GDK_KEY_Clear, 12},
+    {GDK_KEY_KP_Begin, 12},
+    {GDK_KEY_Return, 13},
+    {GDK_KEY_KP_Enter, 13},
+    {GDK_KEY_ISO_Enter, 13},
+    {GDK_KEY_Shift_L, 16},
+    {GDK_KEY_Shift_R, 16},
+    {GDK_KEY_Control_L, 17},
+    {GDK_KEY_Control_R, 17},
+    {GDK_KEY_Alt_L, 18},
+    {GDK_KEY_Alt_R, 18},
+    {GDK_KEY_Meta_L, 18},
+    {GDK_KEY_Meta_R, 18},
+    {GDK_KEY_ISO_Level3_Shift, 18},
+    {GDK_KEY_Mode_switch, 18},
+    {GDK_KEY_Pause, 19},
+    {GDK_KEY_Break, 19},
+    {GDK_KEY_Caps_Lock, 20},
+    {GDK_KEY_Escape, 27},
+    {GDK_KEY_space, 32},
+    {GDK_KEY_KP_Space, 32},
+    {GDK_KEY_Page_Up, 33},
+    {GDK_KEY_KP_Page_Up, 33},
+    {GDK_KEY_Page_Down, 34},
+    {GDK_KEY_KP_Page_Down, 34},
+    {GDK_KEY_End, 35},
+    {GDK_KEY_KP_End, 35},
+    {GDK_KEY_Home, 36},
+    {GDK_KEY_KP_Home, 36},
+    {GDK_KEY_Left, 37},
+    {GDK_KEY_KP_Left, 37},
+    {GDK_KEY_Up, 38},
+    {GDK_KEY_KP_Up, 38},
+    {GDK_KEY_Right, 39},
+    {GDK_KEY_KP_Right, 39},
+    {GDK_KEY_Down, 40},
+    {GDK_KEY_KP_Down, 40},
+    {GDK_KEY_Select, 41},
+    {GDK_KEY_Execute, 43},
+    {GDK_KEY_Print, 44},
+    {GDK_KEY_Sys_Req, 44},
+    {GDK_KEY_Insert, 45},
+    {GDK_KEY_KP_Insert, 45},
+    {GDK_KEY_Delete, 46},
+    {GDK_KEY_KP_Delete, 46},
+    {GDK_KEY_Help, 47},
+    {GDK_KEY_Super_L, 91},
+    {GDK_KEY_Super_R, 92},
+    {GDK_KEY_Menu, 93},
+    {GDK_KEY_Sleep, 95},
+    {GDK_KEY_KP_Multiply, 106},
+    {GDK_KEY_KP_Add, 107},
+    {GDK_KEY_KP_Separator, 108},
+    {GDK_KEY_KP_Subtract, 109},
+    {GDK_KEY_KP_Decimal, 110},
+    {GDK_KEY_KP_Divide, 111},
+    {GDK_KEY_Num_Lock, 144},
+    {GDK_KEY_Scroll_Lock, 145},
+    {GDK_KEY_Back, 166},
+    {GDK_KEY_Forward, 167},
+    {GDK_KEY_Refresh, 168},
+    {GDK_KEY_Reload, 168},
+    {GDK_KEY_Stop, 169},
+    {GDK_KEY_Search, 170},
+    {GDK_KEY_Favorites, 171},
+    {GDK_KEY_HomePage, 172},
+    {GDK_KEY_AudioMute, 173},
+    {GDK_KEY_AudioLowerVolume, 174},
     {GDK_KEY_AudioRaiseVolume, 175},
 });
 
 // Punctuation by the character that the key types, plain or shifted.
 constexpr auto kPunctuation = std::to_array<Pair>({
-    {';', 186}, {':', 186}, {'=', 187}, {'+', 187}, {',', 188},  {'<', 188},
-    {'-', 189}, {'_', 189}, {'.', 190}, {'>', 190}, {'/', 191},  {'?', 191},
-    {'`', 192}, {'~', 192}, {'[', 219}, {'{', 219}, {'\\', 220}, {'|', 220},
+    {';', 186}, {':', 186}, {'=', 187},  {'+', 187}, {',', 188},  {'<', 188},
+    {'-', 189}, {'_', 189}, {'.', 190},  {'>', 190}, {'/', 191},  {'?', 191},
+    {'`', 192}, {'~', 192}, {'[', 219},  {'{', 219}, {'\\', 220}, {'|', 220},
     {']', 221}, {'}', 221}, {'\'', 222}, {'"', 222},
 });
 
@@ -91,7 +139,8 @@ int Punctuation(guint keyval) {
 }
 
 int FixedCode(guint keyval) {
-  if (keyval >= GDK_KEY_F1 && keyval <= GDK_KEY_F24) return static_cast<int>(keyval - GDK_KEY_F1) + 112;
+  if (keyval >= GDK_KEY_F1 && keyval <= GDK_KEY_F24)
+    return static_cast<int>(keyval - GDK_KEY_F1) + 112;
   if (keyval >= GDK_KEY_KP_0 && keyval <= GDK_KEY_KP_9)
     return static_cast<int>(keyval - GDK_KEY_KP_0) + 96;
   for (const auto& pair : kFixed) {
@@ -151,7 +200,8 @@ int VirtualKey(const GdkEventKey& event) {
     gint count = 0;
     if (gdk_keymap_get_entries_for_keycode(gdk_keymap_get_for_display(display),
                                            event.hardware_keycode, &keys, &keyvals, &count)) {
-      for (gint i = 0; i < count; ++i) meanings.push_back({keys[i].group, keys[i].level, keyvals[i]});
+      for (gint i = 0; i < count; ++i)
+        meanings.push_back({keys[i].group, keys[i].level, keyvals[i]});
     }
     g_free(keys);
     g_free(keyvals);

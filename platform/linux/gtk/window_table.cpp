@@ -40,9 +40,8 @@ bool WindowTable::IsTopLevel(const Window& window) {
 }
 
 int WindowTable::TopLevelCount() const {
-  return static_cast<int>(std::count_if(windows_.begin(), windows_.end(), [](const auto& each) {
-    return IsTopLevel(each.second);
-  }));
+  return static_cast<int>(std::count_if(windows_.begin(), windows_.end(),
+                                        [](const auto& each) { return IsTopLevel(each.second); }));
 }
 
 void WindowTable::Place(WindowHandle child, WindowHandle parent) {

@@ -100,9 +100,8 @@ std::optional<std::string> ReadWholeFile(const std::string& path) {
 bool ReplaceFile(const std::string& path, const std::string& text) {
   const Text folder(g_path_get_dirname(path.c_str()));
   if (g_mkdir_with_parents(folder.get(), kFolderMode) != 0) return false;
-  return g_file_set_contents_full(
-             path.c_str(), text.data(), static_cast<gssize>(text.size()),
-             G_FILE_SET_CONTENTS_CONSISTENT, kFileMode, nullptr) != FALSE;
+  return g_file_set_contents_full(path.c_str(), text.data(), static_cast<gssize>(text.size()),
+                                  G_FILE_SET_CONTENTS_CONSISTENT, kFileMode, nullptr) != FALSE;
 }
 
 }  // namespace corvane::desktop

@@ -71,8 +71,8 @@ bool IniSettingsStore::KeepBroken(const std::string& path) const {
     const std::string kept = path + ".broken" + (i == 0 ? "" : "." + std::to_string(i));
     if (!StampOf(kept).empty()) continue;
     if (g_rename(path.c_str(), kept.c_str()) != 0) break;
-    Tell("The settings file " + path +
-         " could not be read. It was kept as " + kept + ", and the default settings are used.");
+    Tell("The settings file " + path + " could not be read. It was kept as " + kept +
+         ", and the default settings are used.");
     return true;
   }
   Tell("The settings file " + path +
@@ -112,8 +112,8 @@ const IniValues& IniSettingsStore::DefaultsOf(const std::string& application) co
   return defaults_[application] = std::move(values);
 }
 
-std::string IniSettingsStore::GetSetting(const std::string& application,
-                                         const std::string& section, const std::string& key,
+std::string IniSettingsStore::GetSetting(const std::string& application, const std::string& section,
+                                         const std::string& key,
                                          const std::string& fallback) const {
   const IniKey wanted{section, key};
   const auto memory = unsaved_.find(application);

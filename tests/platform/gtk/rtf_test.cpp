@@ -23,7 +23,9 @@ std::string TextOf(const StyledText& text) {
   return all;
 }
 
-std::string Plain(const std::string& body) { return TextOf(ReadRtf("{\\rtf1\\ansi " + body + "}", Base())); }
+std::string Plain(const std::string& body) {
+  return TextOf(ReadRtf("{\\rtf1\\ansi " + body + "}", Base()));
+}
 
 Format FormatOf(const std::string& body) {
   const auto text = ReadRtf("{\\rtf1\\ansi" + body + "}", Base());
@@ -60,7 +62,8 @@ TEST(RtfReaderTest, ReadsUnicodeAndSkipsItsFallback) {
   EXPECT_EQ(Plain("\\u233\\'e9x"), "\xC3\xA9x");
   EXPECT_EQ(Plain("\\uc2\\u8364ABx"), "\xE2\x82\xACx");
   EXPECT_EQ(Plain("\\uc0\\u233 x"), "\xC3\xA9x");
-  EXPECT_EQ(Plain("{\\uc0 a}\\u233?x"), "a\xC3\xA9x") << "the fallback's length belongs to its group";
+  EXPECT_EQ(Plain("{\\uc0 a}\\u233?x"), "a\xC3\xA9x")
+      << "the fallback's length belongs to its group";
   EXPECT_EQ(Plain("\\u-10179?\\u-8704?"), "\xF0\x9F\x98\x80");
 }
 
@@ -72,9 +75,9 @@ TEST(RtfReaderTest, HalvesOfSurrogatePairsBecomeReplacementCharacters) {
 }
 
 TEST(RtfReaderTest, ReadsCharacterFormats) {
-  const auto format =
-      FormatOf("{\\fonttbl{\\f0 Sans;}{\\f2\\fnil Courier New;}}{\\colortbl;\\red255\\green16\\blue1;}"
-               "\\b\\i\\ul\\strike\\fs25\\f2\\cf1\\up3 x");
+  const auto format = FormatOf(
+      "{\\fonttbl{\\f0 Sans;}{\\f2\\fnil Courier New;}}{\\colortbl;\\red255\\green16\\blue1;}"
+      "\\b\\i\\ul\\strike\\fs25\\f2\\cf1\\up3 x");
   EXPECT_TRUE(format.bold && format.italic && format.underline && format.strike_thru);
   EXPECT_EQ(format.font_name, "Courier New");
   EXPECT_EQ(format.font_size, 12.5F);
@@ -127,7 +130,7 @@ TEST(RtfReaderTest, HostileInputIsSafe) {
   deep += "lost";
   for (int i = 0; i < 100000; ++i) deep += "}";
   EXPECT_EQ(TextOf(ReadRtf(deep + "z}", Base())), "az");
-  EXPECT_EQ(Plain("}}}}x"), "") << "the document has ended" ;
+  EXPECT_EQ(Plain("}}}}x"), "") << "the document has ended";
   EXPECT_EQ(TextOf(ReadRtf("{\\rtf1 a{{{", Base())), "a");
   EXPECT_EQ(TextOf(ReadRtf("{\\rtf1 a\\", Base())), "a");
   EXPECT_EQ(TextOf(ReadRtf("{\\rtf1 a\\'", Base())), "a");
@@ -166,7 +169,11 @@ TEST(RtfWriterTest, CharacterFormatsComeBack) {
   add("under ", [](Format& f) { f.underline = true; });
   add("struck ", [](Format& f) { f.strike_thru = true; });
   add("kept ", [](Format& f) { f.is_protected = true; });
-  add("font ", [](Format& f) { f.font_name = "Fran\xC3\xA7" "ais Serif"; });
+  add("font ", [](Format& f) {
+    f.font_name =
+        "Fran\xC3\xA7"
+        "ais Serif";
+  });
   add("size ", [](Format& f) { f.font_size = 12.5F; });
   add("red ", [](Format& f) { f.color = 0x0000FF; });
   add("blue ", [](Format& f) { f.color = 0xFF0000; });

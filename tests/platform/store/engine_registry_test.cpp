@@ -21,7 +21,8 @@ TEST(EngineRegistryTest, TheEngineCountsAsCurrent) {
 
 TEST(EngineRegistryTest, CaseAndTrailingSeparatorDoNotMatter) {
   const EngineRegistry registry;
-  EXPECT_TRUE(registry.QueryValue(kLocalMachine, "software\\MICROSOFT\\internet explorer", "version"));
+  EXPECT_TRUE(
+      registry.QueryValue(kLocalMachine, "software\\MICROSOFT\\internet explorer", "version"));
 }
 
 TEST(EngineRegistryTest, EverythingElseIsAbsent) {

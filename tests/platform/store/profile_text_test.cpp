@@ -10,9 +10,9 @@ TEST(ProfileTextTest, FindsAValueWhateverCaseLineEndsAndBlanks) {
             "http://a/");
   EXPECT_EQ(ProfileValue("[InternetShortcut]\rURL=http://a/\r", "InternetShortcut", "URL"),
             "http://a/");
-  EXPECT_EQ(ProfileValue("  [ InternetShortcut ]  \n  URL  =  http://a/  \n", "InternetShortcut",
-                         "URL"),
-            "http://a/");
+  EXPECT_EQ(
+      ProfileValue("  [ InternetShortcut ]  \n  URL  =  http://a/  \n", "InternetShortcut", "URL"),
+      "http://a/");
   EXPECT_EQ(ProfileValue("\xEF\xBB\xBF[S]\nK=v", "s", "k"), "v");
 }
 

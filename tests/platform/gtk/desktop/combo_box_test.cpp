@@ -219,7 +219,8 @@ TEST_F(SimpleComboTest, AClickOnALineSelectsItAndADoubleClickIsTold) {
   Outside({"xdotool", "click", "--repeat", "2", "--delay", "30", "1"});
   WaitFor("the double click", [&] { return double_clicks_ == 1; });
   EXPECT_EQ(clicks_.size(), 1U);
-  EXPECT_TRUE(GTK_IS_ENTRY(window_.form.window().get_focus()->gobj())) << "the field keeps the focus";
+  EXPECT_TRUE(GTK_IS_ENTRY(window_.form.window().get_focus()->gobj()))
+      << "the field keeps the focus";
 }
 
 class DropDownComboTest : public ComboBoxTest {

@@ -89,7 +89,8 @@ void DesktopTest::Settle() {
   drain();
   for (int round = 0; round < 2; ++round) {  // a layout may ask for another one
     auto* windows = gtk_window_list_toplevels();
-    g_list_foreach(windows, [](gpointer window, gpointer) { g_object_ref(window); }, nullptr);
+    g_list_foreach(
+        windows, [](gpointer window, gpointer) { g_object_ref(window); }, nullptr);
     for (auto* link = windows; link; link = link->next) {
       auto* window = GTK_WIDGET(link->data);
       auto* clock = gtk_widget_get_mapped(window) ? gtk_widget_get_frame_clock(window) : nullptr;
@@ -127,7 +128,8 @@ void DesktopTest::WaitFor(const std::string& what, const std::function<bool()>& 
       },
       &gave_up);
   // What is waited for may happen outside and raise no event here.
-  const guint look = g_timeout_add(5, [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr);
+  const guint look = g_timeout_add(
+      5, [](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr);
   while (!condition() && !gave_up) g_main_context_iteration(nullptr, TRUE);
   g_source_remove(guard);
   g_source_remove(look);
@@ -160,8 +162,7 @@ void DesktopTest::Outside(const std::vector<std::string>& command) {
   arguments.push_back(nullptr);
   GError* error = nullptr;
   GPid pid = 0;
-  constexpr auto kFlags =
-      static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD);
+  constexpr auto kFlags = static_cast<GSpawnFlags>(G_SPAWN_SEARCH_PATH | G_SPAWN_DO_NOT_REAP_CHILD);
   g_spawn_async(nullptr, arguments.data(), nullptr, kFlags, nullptr, nullptr, &pid, &error);
   ASSERT_EQ(error, nullptr) << error->message;
   // To its end: a key that is still down would swallow the next press of it.

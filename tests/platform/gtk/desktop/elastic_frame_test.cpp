@@ -153,8 +153,8 @@ TEST_F(SplitterTest, TheLowerChildGetsItsHeight) {
 
 TEST_F(SplitterTest, AUsersMoveIsToldWithTheNewSizesAndHolds) {
   Split(Layout::SideBySide);
-  listening_ += window_.frame.RealignFrame.Connect(
-      [this] { one_.SetWidth(ratio_ * window_.frame.Width()); });
+  listening_ +=
+      window_.frame.RealignFrame.Connect([this] { one_.SetWidth(ratio_ * window_.frame.Width()); });
   float told = 0;
   listening_ += window_.frame.ResizeChildren.Connect([&] {
     told = one_.Width();
@@ -191,8 +191,8 @@ TEST_F(SplitterTest, TheKeyboardMovesTheBar) {
 
 TEST_F(SplitterTest, HidingOneHalfGivesTheOtherAllAndItComesBack) {
   Split(Layout::SideBySide);
-  listening_ += window_.frame.RealignFrame.Connect(
-      [this] { one_.SetWidth(ratio_ * window_.frame.Width()); });
+  listening_ +=
+      window_.frame.RealignFrame.Connect([this] { one_.SetWidth(ratio_ * window_.frame.Width()); });
   Show();
   auto* bar = &Bar();
   one_.SetAlign(Align::None);

@@ -58,8 +58,8 @@ TEST_F(KeysTest, AKeyIsHeardThreeTimesAndThenTyped) {
 TEST_F(KeysTest, ShiftedKeysKeepTheirCode) {
   Key(Top(), 'A', GDK_SHIFT_MASK);
   Key(Top(), GDK_KEY_Return);
-  EXPECT_THAT(log_, ElementsAre("down 65/1", "press 65", "up 65/1", "down 13/0", "press 13",
-                                "up 13/0"));
+  EXPECT_THAT(log_,
+              ElementsAre("down 65/1", "press 65", "up 65/1", "down 13/0", "press 13", "up 13/0"));
 }
 
 TEST_F(KeysTest, AKeyDownOfCodeZeroIsKeptFromTheField) {

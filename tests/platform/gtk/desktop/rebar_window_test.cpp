@@ -111,9 +111,8 @@ TEST_F(RebarTest, ChildrenMoveIntoTheBandsAndTheHeightFollowsTheRows) {
   EXPECT_EQ(one_row, rebar_->RowHeight(0));
   window_.form.SetWidth(200 * kTwipsPerPixel);
   WaitFor("two rows", [&] { return rebar_->RowCount() == 2; });
-  WaitFor("room for them", [&] {
-    return PixelsOf(top_.Height()) == rebar_->RowHeight(0) + rebar_->RowHeight(1);
-  });
+  WaitFor("room for them",
+          [&] { return PixelsOf(top_.Height()) == rebar_->RowHeight(0) + rebar_->RowHeight(1); });
   window_.form.SetWidth(600 * kTwipsPerPixel);
   WaitFor("one row again", [&] { return PixelsOf(top_.Height()) == one_row; });
 }

@@ -409,7 +409,8 @@ TEST_F(RichTextBoxTest, FilesHoldTextOrRtf) {
   EXPECT_THROW(box_.SaveFile(folder + "/no/such/folder", RichTextBox::FileFormat::Text),
                RunTimeError);
   PrintText("one\ntwo " + std::string(20000, 'x'), folder + "/a.pdf");
-  WaitFor("the pages", [&] { return ReadFile(folder + "/a.pdf").find("%%EOF") != std::string::npos; });
+  WaitFor("the pages",
+          [&] { return ReadFile(folder + "/a.pdf").find("%%EOF") != std::string::npos; });
   std::filesystem::remove_all(folder);
 }
 

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <gtkmm/treemodel.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/tree_view.h"
+
+namespace corvane::desktop {
+
+class TreeViewControl;
+class TreeRows;
+
+/// A TreeNode in a row of a TreeViewControl.
+class TreeRow : public TreeNode {
+ public:
+  TreeRow(TreeViewControl& tree, TreeRow* parent, int index, const std::string& text);
+
+  std::string Text() const override { return text_; }
+  std::string Tag() const override { return tag_; }
+  void SetTag(const std::string& tag) override { tag_ = tag; }
+  std::size_t Children() const override { return children_.size(); }
+  bool Expanded() const override;
+  void SetExpanded(bool expanded) override;
+
+  TreeRow& Child(std::size_t index) const { return *children_[index]; }
+  Gtk::TreePath Path() const;
+
+ private:
+  friend class TreeRows;
+  TreeViewControl& tree_;
+  TreeRow* parent_;
+  int index_;  // among its siblings
+  std::string text_;
+  Glib::ustring shown_;
+  std::string tag_;
+  std::vector<std::unique_ptr<TreeRow>> children_;
+};
+
+/// The rows of a tree as a model with one column, their text. Every row knows
+/// its place, so that adding one takes the same time however many there are:
+/// the toolkit's own store counts all siblings each time. (The interface comes
+/// first among the bases: the toolkit must know of it when the type is made.)
+class TreeRows : public Gtk::TreeModel, public Glib::Object {
+ public:
+  static Glib::RefPtr<TreeRows> Create();
+
+  TreeRow& Add(TreeViewControl& tree, TreeRow* parent, const std::string& text);
+  const std::vector<std::unique_ptr<TreeRow>>& Roots() const { return roots_; }
+  static TreeRow* RowAt(const Gtk::TreeIter& iter);
+
+ protected:
+  TreeRows();
+  Gtk::TreeModelFlags get_flags_vfunc() const override;
+  int get_n_columns_vfunc() const override { return 1; }
+  GType get_column_type_vfunc(int index) const override;
+  bool iter_next_vfunc(const iterator& iter, iterator& next) const override;
+  bool get_iter_vfunc(const Path& path, iterator& iter) const override;
+  bool iter_children_vfunc(const iterator& parent, iterator& iter) const override;
+  bool iter_parent_vfunc(const iterator& child, iterator& iter) const override;
+  bool iter_nth_child_vfunc(const iterator& parent, int n, iterator& iter) const override;
+  bool iter_nth_root_child_vfunc(int n, iterator& iter) const override;
+  bool iter_has_child_vfunc(const iterator& iter) const override;
+  int iter_n_children_vfunc(const iterator& iter) const override;
+  int iter_n_root_children_vfunc() const override;
+  Path get_path_vfunc(const iterator& iter) const override;
+  void get_value_vfunc(const iterator& iter, int column, Glib::ValueBase& value) const override;
+
+ private:
+  const std::vector<std::unique_ptr<TreeRow>>& Siblings(const TreeRow* parent) const {
+    return parent ? parent->children_ : roots_;
+  }
+  static bool Set(iterator& iter, TreeRow* row);
+
+  std::vector<std::unique_ptr<TreeRow>> roots_;
+};
+
+}  // namespace corvane::desktop
