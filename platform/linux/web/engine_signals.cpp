@@ -128,6 +128,8 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
       address_ = Text(webkit_web_view_get_uri(view_.get()));
       break;
     case WEBKIT_LOAD_FINISHED:
+      // Where more is loading, this was a load that has been overtaken.
+      if (webkit_web_view_is_loading(view_.get())) break;
       if (navigation_.Finished()) StartReading();
       break;
   }

@@ -211,6 +211,7 @@ void EngineView::OnProcessGone(WebKitWebProcessTerminationReason reason) {
   navigation_.Started();
   reader_->Forget();
   problem_ = problem;
+  address_ = address;
   auto document = std::make_shared<HTMLDocument>();
   document->Title = document->nameProp = problem.title;
   document->location = address;

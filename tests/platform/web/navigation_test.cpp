@@ -166,6 +166,22 @@ TEST_F(NavigationTest, AnotherAddressWhileLoading) {
   EXPECT_THAT(view_.EventsWithoutStatus(), ElementsAre("begin", "complete", "begin", "complete"));
 }
 
+TEST_F(NavigationTest, ManyAddressesInARowEndAtTheLast) {
+  server_.Page("/b", "<title>B</title>");
+  TestServer other;
+  other.Page("/a", "<title>A</title>");
+  for (int i = 0; i < 10; ++i) {
+    view_->Navigate(other.Url("/a"));
+    EXPECT_TRUE(view_->Busy());
+    view_->Navigate(server_.Url("/b"));
+    EXPECT_TRUE(view_->Busy());
+  }
+  view_.WaitIdle();
+  EXPECT_EQ(view_->LocationURL(), server_.Url("/b"));
+  EXPECT_EQ(view_.Document()->Title, "B");
+  EXPECT_EQ(view_.Count("begin"), view_.Count("complete"));
+}
+
 TEST_F(NavigationTest, StopEndsAStalledConnection) {
   server_.Stall("/slow");
   view_->Navigate(server_.Url("/slow"));
@@ -193,8 +209,7 @@ TEST_F(NavigationTest, TheAddressIsThatOfThePageShown) {
   server_.Stall("/slow");
   view_.Go(server_.Url("/a"));
   view_.RunInPage("location = '/slow'");
-  ASSERT_TRUE(WaitUntil([&] { return server_.Requests("/slow") == 1; }));
-  EXPECT_TRUE(view_->Busy());
+  ASSERT_TRUE(WaitUntil([&] { return server_.Requests("/slow") == 1 && view_->Busy(); }));
   EXPECT_EQ(view_->LocationURL(), server_.Url("/a"));
   view_->Stop();
   view_.WaitIdle();

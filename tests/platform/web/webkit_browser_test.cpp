@@ -124,7 +124,7 @@ TEST_F(WebKitBrowserTest, AKeyThatAHandlerTakesDoesNotReachThePage) {
 TEST_F(WebKitBrowserTest, MayBeDestroyedWhileAPageLoads) {
   server_.Stall("/");
   browser_->Navigate2(server_.Url());
-  ASSERT_TRUE(WaitUntil([&] { return server_.Requests("/") == 1; }));
+  ASSERT_TRUE(WaitUntil([&] { return server_.Requests("/") == 1 && !log_.empty(); }));
   browser_.reset();
   EXPECT_THAT(log_, ElementsAre("begin"));
 }
