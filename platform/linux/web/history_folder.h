@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/linux/web/corvane_pages.h"
+
+namespace corvane::desktop {
+
+/// The pages that were visited, as ordinary files: a folder a day, in it one
+/// Internet shortcut (.url) a page, named by its title. The oldest days are
+/// removed.
+class HistoryFolder {
+ public:
+  /// `today` answers the present day as "2001-12-31"; by default the clock's.
+  explicit HistoryFolder(std::string root, int days_kept = 30,
+                         std::function<std::string()> today = {});
+
+  /// Notes a visit. A second visit of a page on one day replaces the first. What
+  /// cannot be written is left out: the history never stands in the way.
+  void Add(const std::string& address, const std::string& title);
+  /// Removes all days.
+  void Clear();
+
+ private:
+  std::vector<std::string> Days() const;  // oldest first
+  void RemoveOldDays();
+
+  std::string root_;
+  std::size_t days_kept_;
+  std::function<std::string()> today_;
+  std::string last_day_;
+};
+
+/// The Internet shortcuts below the folders whose name or address holds all the
+/// words, whatever their case; the newest history day first within a folder.
+std::vector<SearchMatch> FindShortcuts(const std::vector<std::string>& folders,
+                                       const std::string& words);
+
+}  // namespace corvane::desktop

@@ -1,0 +1,149 @@
+// The history as files, and finding shortcuts in it.
+#include "platform/linux/web/history_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace corvane::desktop {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::UnorderedElementsAre;
+
+class HistoryFolderTest : public testing::Test {
+ protected:
+  HistoryFolderTest() {
+    std::string pattern = (fs::temp_directory_path() / "corvane-history.XXXXXX").string();
+    root_ = mkdtemp(pattern.data());
+  }
+  ~HistoryFolderTest() override { fs::remove_all(root_); }
+
+  std::vector<std::string> Files(const std::string& day) {
+    std::vector<std::string> names;
+    if (!fs::exists(root_ / day)) return names;
+    for (const auto& each : fs::directory_iterator(root_ / day)) {
+      names.push_back(each.path().filename().string());
+    }
+    return names;
+  }
+  static std::string Content(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  fs::path root_;
+  std::string day_ = "2001-12-31";
+  HistoryFolder MakeHistory(int days = 30) {
+    return HistoryFolder(root_.string(), days, [this] { return day_; });
+  }
+};
+
+TEST_F(HistoryFolderTest, WritesAShortcutIntoTheDaysFolder) {
+  auto history = MakeHistory();
+  history.Add("http://a.example/x?y", "My page");
+  EXPECT_THAT(Files(day_), ElementsAre("My page.url"));
+  EXPECT_EQ(Content(root_ / day_ / "My page.url"),
+            "[InternetShortcut]\r\nURL=http://a.example/x?y\r\n");
+}
+
+TEST_F(HistoryFolderTest, IsForItsOwnerOnly) {
+  auto history = MakeHistory();
+  history.Add("http://a.example/", "A");
+  EXPECT_EQ(fs::status(root_ / day_).permissions(), fs::perms::owner_all);
+  EXPECT_EQ(fs::status(root_ / day_ / "A.url").permissions(),
+            fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(HistoryFolderTest, ASecondVisitReplacesTheFirst) {
+  auto history = MakeHistory();
+  history.Add("http://a.example/", "A");
+  history.Add("http://a.example/", "A");
+  EXPECT_THAT(Files(day_), SizeIs(1));
+}
+
+TEST_F(HistoryFolderTest, PagesOfTheSameTitleAreKeptApart) {
+  auto history = MakeHistory();
+  history.Add("http://a.example/", "A");
+  history.Add("http://b.example/", "A");
+  history.Add("http://b.example/", "A");
+  EXPECT_THAT(Files(day_), UnorderedElementsAre("A.url", "A 2.url"));
+}
+
+TEST_F(HistoryFolderTest, ATitleCannotLeadElsewhere) {
+  auto history = MakeHistory();
+  history.Add("http://a.example/", "../../evil");
+  EXPECT_THAT(Files(day_), ElementsAre("evil.url"));
+}
+
+TEST_F(HistoryFolderTest, AnAddressCannotAddLines) {
+  auto history = MakeHistory();
+  history.Add("http://a.example/\r\nIconFile=x", "A");
+  EXPECT_THAT(Files(day_), IsEmpty());
+}
+
+TEST_F(HistoryFolderTest, OldDaysGo) {
+  auto history = MakeHistory(2);
+  for (const char* day : {"2001-12-29", "2001-12-30", "2001-12-31", "2002-01-01"}) {
+    day_ = day;
+    history.Add("http://a.example/", "A");
+  }
+  EXPECT_THAT(Files("2001-12-29"), IsEmpty());
+  EXPECT_THAT(Files("2001-12-30"), IsEmpty());
+  EXPECT_THAT(Files("2001-12-31"), SizeIs(1));
+  EXPECT_THAT(Files("2002-01-01"), SizeIs(1));
+}
+
+TEST_F(HistoryFolderTest, WhatIsNoDayIsLeftAlone) {
+  fs::create_directories(root_ / "notes");
+  auto history = MakeHistory(1);
+  history.Add("http://a.example/", "A");
+  day_ = "2002-01-01";
+  history.Add("http://a.example/", "A");
+  history.Clear();
+  EXPECT_TRUE(fs::exists(root_ / "notes"));
+  EXPECT_FALSE(fs::exists(root_ / "2002-01-01"));
+}
+
+TEST_F(HistoryFolderTest, AFolderThatCannotBeWrittenIsNoTrouble) {
+  HistoryFolder history("/proc/none", 3, [this] { return day_; });
+  history.Add("http://a.example/", "A");
+  history.Clear();
+  EXPECT_FALSE(fs::exists("/proc/none"));
+}
+
+TEST_F(HistoryFolderTest, FindsByAllWordsInNameOrAddress) {
+  auto history = MakeHistory();
+  history.Add("http://cats.example/", "All about CATS");
+  history.Add("http://dogs.example/", "All about dogs");
+  const auto matches = FindShortcuts({root_.string()}, "about cats.example");
+  ASSERT_THAT(matches, SizeIs(1));
+  EXPECT_EQ(matches[0].title, "All about CATS");
+  EXPECT_EQ(matches[0].address, "http://cats.example/");
+}
+
+TEST_F(HistoryFolderTest, FindsAPageOnceTheNewestFirst) {
+  auto history = MakeHistory();
+  history.Add("http://a.example/", "Page one");
+  day_ = "2002-01-01";
+  history.Add("http://a.example/", "Page one");
+  history.Add("http://b.example/", "Page two");
+  const auto matches = FindShortcuts({root_.string()}, "page");
+  ASSERT_THAT(matches, SizeIs(2));
+  EXPECT_EQ(matches[0].title, "Page two");
+}
+
+TEST_F(HistoryFolderTest, NoWordsFindNothing) {
+  auto history = MakeHistory();
+  history.Add("http://a.example/", "A");
+  EXPECT_THAT(FindShortcuts({root_.string(), "/no/such/folder"}, "  "), IsEmpty());
+}
+
+}  // namespace
+}  // namespace corvane::desktop
