@@ -1,6 +1,8 @@
 #include "platform/linux/gtk/command_button.h"
 
 #include <giomm/themedicon.h>
+#include <gtkmm/cssprovider.h>
+#include <gtkmm/stylecontext.h>
 
 #include <utility>
 #include <vector>
@@ -38,6 +40,10 @@ std::vector<Glib::ustring> IconNames(int image) {
 }  // namespace
 
 CommandButtonControl::CommandButtonControl(const std::string& name, WindowTable& windows) {
+  // Slim, so that a row of seven fits into a small window.
+  const auto slim = Gtk::CssProvider::create();
+  slim->load_from_data("button { padding: 3px 4px; }");
+  button_.get_style_context()->add_provider(slim, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
   button_.set_use_underline(true);
   button_.set_always_show_image(true);
   Bind(button_, button_, name, "CommandButton", windows,

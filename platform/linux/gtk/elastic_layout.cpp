@@ -7,7 +7,7 @@
 namespace corvane::desktop {
 namespace {
 
-constexpr int kGap = 4;  // pixels between the controls of a frame that holds no frames
+constexpr int kGap = 2;  // pixels between the controls of a frame that holds no frames
 
 int NaturalSize(Gtk::Widget& widget, Gtk::Orientation orientation) {
   int minimum = 0;

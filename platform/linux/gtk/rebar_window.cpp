@@ -227,9 +227,7 @@ void RebarControl::LayOut(int width, int) {
 
 void RebarControl::TellHeight(int height) {
   if (height == told_height_) return;
-  const bool first = told_height_ < 0;
   told_height_ = height;
-  if (first) return;
   PostToLoop([self = self_] {
     if (!*self) return;
     auto* told = (*self)->windows_.WidgetOf((*self)->notify_);

@@ -178,7 +178,9 @@ TEST_F(RebarTest, ChildrenMoveBackIntoTheContainerAndTheRestGoesWithTheStrip) {
 }
 
 TEST_F(RebarTest, RepaintingCanBeStopped) {
+  Insert(buttons_, "", 1);
   window_.Show();
+  Settle();
   windows_.LockUpdate(top_.hwnd(), true);
   windows_.LockUpdate(top_.hwnd(), true);
   windows_.LockUpdate(top_.hwnd(), false);
