@@ -2,6 +2,9 @@
 #include <glib/gstdio.h>
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+#include <filesystem>
+
 #include "tests/platform/web/page_harness.h"
 
 namespace corvane::desktop {
@@ -169,6 +172,33 @@ TEST_F(OwnPageTest, OnlyRealPagesEnterTheHistory) {
   view_.Go("about:blank");
   view_.Go("http://does-not-exist.invalid/");
   EXPECT_THAT(visited_, testing::ElementsAre(server_.Url() + " A"));
+}
+
+TEST_F(OwnPageTest, CookiesOutliveTheEngine) {
+  std::string pattern = std::string(g_get_tmp_dir()) + "/corvane-data.XXXXXX";
+  const std::string folder = mkdtemp(pattern.data());
+  EngineOptions options = Options();
+  options.ephemeral = false;
+  options.data_directory = folder + "/data";
+  options.cache_directory = folder + "/cache";
+  server_.Page("/set", "<title>Set</title>", "text/html",
+               {{"Set-Cookie", "kept=yes; Max-Age=9999"}});
+  server_.Page("/get", "<script>document.title = document.cookie</script>");
+  {
+    WebEngine engine(options);
+    TestView view(engine);
+    view.Go(server_.Url("/set"));
+    EXPECT_EQ(view.Document()->Title, "Set");
+  }
+  {
+    WebEngine engine(options);
+    TestView view(engine);
+    view.Go(server_.Url("/get"));
+    EXPECT_EQ(view.Document()->Title, "kept=yes");
+    engine.ClearSiteData();
+    EXPECT_TRUE(WaitUntil([&] { return view.EvaluateInPage("document.cookie").empty(); }));
+  }
+  std::filesystem::remove_all(folder);
 }
 
 TEST_F(OwnPageTest, SavingWritesTheWholePage) {
