@@ -8,8 +8,8 @@ PAGES = pathlib.Path(__file__).resolve().parent / "pages"
 
 
 def _links(count):
-    items = "".join(f'<li><a href="/page/{i}">Link number {i}</a></li>\n' for i in range(1, count + 1))
-    return f"<!doctype html><title>{count} links</title><body><ul>\n{items}</ul>"
+    items = "".join(f'<p><a href="/page/{i}">Link number {i}</a></p>\n' for i in range(1, count + 1))
+    return f"<!doctype html><title>{count} links</title><body>\n{items}"
 
 
 def _megabytes(count, line):
