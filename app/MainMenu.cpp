@@ -3,17 +3,15 @@
 namespace corvane {
 
 MainMenu::MainMenu(Desktop& desktop) : bar_(desktop.CreateMenu()) {
-  for (const char* title :
-       {"&File", "&Edit", "&Go", "Settin&gs", "&View", "Spee&ch", "Help"}) {
+  for (const char* title : {"&File", "&Edit", "&Go", "Settin&gs", "&View", "Spee&ch", "Help"}) {
     mnuFile.Append(bar_->Add(title));
   }
   mnuFileItem.AppendAll(mnuFile(0), {"&New Window", "&Open Web Site", "Open &File", "&Save as", "-",
                                      "&Print", "-", "E&xit"});
   mnuEdit.AppendAll(mnuFile(1), {"Cu&t", "&Copy", "&Paste", "-", "Select &All"});
   mnuGo.AppendAll(mnuFile(2), {"&Back", "&Forward", "S&top", "&Refresh", "&Home", "S&earch"});
-  mnuSettings.AppendAll(mnuFile(3),
-                        {"&IE Settings", "-", "Side&Bar", "&Text History", "&Home", "Auto&Focus",
-                         "-", "Enable &Status Change Feedback"});
+  mnuSettings.AppendAll(mnuFile(3), {"&IE Settings", "-", "Side&Bar", "&Text History", "&Home",
+                                     "Auto&Focus", "-", "Enable &Status Change Feedback"});
   mnuSideBarContent.AppendAll(
       mnuSettings(kSettingsSideBar),
       {"None", "-", "Favorites", "History", "Page Structure", "Accessibility Browser"});
@@ -24,8 +22,7 @@ MainMenu::MainMenu(Desktop& desktop) : bar_(desktop.CreateMenu()) {
   mnuFocus.AppendAll(mnuSettings(kSettingsFocus),
                      {"None", "-", "Links", "SideBar", "WebBrowser", "Text Box"});
   mnuView.AppendAll(mnuFile(4), {"&Toolbar", "&Statusbar"});
-  mnuSpeech.AppendAll(mnuFile(5),
-                      {"Enable Speech", "Enable Keyboard Echo", "-", "Rate", "&Pitch"});
+  mnuSpeech.AppendAll(mnuFile(5), {"Enable Speech", "Enable Keyboard Echo", "-", "Rate", "&Pitch"});
   mnuRate.AppendAll(mnuSpeech(kSpeechRate), {"Very Slow", "Slow", "Normal", "Fast", "Very Fast"});
   mnuPitch.AppendAll(mnuSpeech(kSpeechPitch), {"Very Low", "Low", "Normal", "High", "Very High"});
   mnuHelp.AppendAll(mnuFile(6), {"&Contents", "&About"});

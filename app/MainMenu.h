@@ -8,7 +8,14 @@
 namespace corvane {
 
 /// Indexes of menu items that code refers to.
-enum FileItem : int { kFileNewWindow, kFileOpenWebSite, kFileOpen, kFileSaveAs, kFilePrint = 5, kFileExit = 7 };
+enum FileItem : int {
+  kFileNewWindow,
+  kFileOpenWebSite,
+  kFileOpen,
+  kFileSaveAs,
+  kFilePrint = 5,
+  kFileExit = 7
+};
 enum SettingsItem : int {
   kSettingsEngine = 0,
   kSettingsSideBar = 2,

@@ -105,7 +105,8 @@ void MenuCommands::mnuRate_Click(int index) {
   pane_.MenuToggleCheck(index, menu_.mnuRate);
   ErrorsIgnored([&] { host_.SaveSetting("Rate", std::to_string(index)); },
                 [&] {
-                  if (SpeechEnabled()) Required(Required(host_.MainApp()).gMSAgent()).SetRate(index);
+                  if (SpeechEnabled())
+                    Required(Required(host_.MainApp()).gMSAgent()).SetRate(index);
                 });
 }
 
@@ -113,7 +114,8 @@ void MenuCommands::mnuPitch_Click(int index) {
   pane_.MenuToggleCheck(index, menu_.mnuPitch);
   ErrorsIgnored([&] { host_.SaveSetting("Pitch", std::to_string(index)); },
                 [&] {
-                  if (SpeechEnabled()) Required(Required(host_.MainApp()).gMSAgent()).SetPitch(index);
+                  if (SpeechEnabled())
+                    Required(Required(host_.MainApp()).gMSAgent()).SetPitch(index);
                 });
 }
 

@@ -105,7 +105,8 @@ void frmCorvane::LoadSettings() {
   if (Setting("KeyEcho", "False") == kTrue) commands.mnuSpeech_Click(kSpeechKeyEcho);
   commands.mnuRate_Click(number::to_integer(Setting("Rate", "2")));
   commands.mnuPitch_Click(number::to_integer(Setting("Pitch", "2")));
-  if (Setting("StatusChange", "False") == kTrue) commands.mnuSettings_Click(kSettingsStatusFeedback);
+  if (Setting("StatusChange", "False") == kTrue)
+    commands.mnuSettings_Click(kSettingsStatusFeedback);
 }
 
 void frmCorvane::ISpeechNotify_Say(const std::string& Text, const bool& blnUrgent) {

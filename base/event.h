@@ -63,7 +63,8 @@ class Event {
     handlers_->push_back(entry);
     return Connection([weak = std::weak_ptr(handlers_), entry] {
       *entry = nullptr;
-      if (auto all = weak.lock()) all->erase(std::remove(all->begin(), all->end(), entry), all->end());
+      if (auto all = weak.lock())
+        all->erase(std::remove(all->begin(), all->end(), entry), all->end());
     });
   }
 

@@ -15,9 +15,8 @@ struct Build {
 };
 
 constexpr std::array kVersion4 = {
-    Build{4544.0F, "4.0 (PP1)"},    Build{41008.3F, "4.0 (PP2)"},
-    Build{41712.6F, "4.0"},         Build{42106.8F, "4.01"},
-    Build{43110.8F, "4.01 (SP1)"},  Build{43612.1713F, "4.01 (SP2)"},
+    Build{4544.0F, "4.0 (PP1)"}, Build{41008.3F, "4.0 (PP2)"},  Build{41712.6F, "4.0"},
+    Build{42106.8F, "4.01"},     Build{43110.8F, "4.01 (SP1)"}, Build{43612.1713F, "4.01 (SP2)"},
 };
 constexpr std::array kVersion5 = {
     Build{5518.1F, "5.0 (Beta 1)"},
@@ -41,9 +40,9 @@ const char* find(const Table& table, float build) {
 
 std::string label_or_empty(const char* label) { return label == nullptr ? "" : label; }
 
-constexpr std::array kRoots = {"HKEY_CLASSES_ROOT",     "HKEY_CURRENT_USER",   "HKEY_LOCAL_MACHINE",
-                               "HKEY_USERS",            "HKEY_PERFORMANCE_DATA",
-                               "HKEY_CURRENT_CONFIG",   "HKEY_DYN_DATA"};
+constexpr std::array kRoots = {"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER",     "HKEY_LOCAL_MACHINE",
+                               "HKEY_USERS",        "HKEY_PERFORMANCE_DATA", "HKEY_CURRENT_CONFIG",
+                               "HKEY_DYN_DATA"};
 constexpr std::uint32_t kFirstRoot = 0x80000000U;
 
 }  // namespace

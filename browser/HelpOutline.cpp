@@ -36,7 +36,8 @@ void HelpOutline::GetHelp(const std::string& file) {
       if (trimmed(line).empty()) continue;
       const std::size_t depth = depth_of(line);
       TreeNode* parent = nullptr;
-      for (std::size_t above = depth; above > 0 && parent == nullptr; --above) parent = last[above - 1];
+      for (std::size_t above = depth; above > 0 && parent == nullptr; --above)
+        parent = last[above - 1];
       const auto colon = line.find(':');
       TreeNode& node = tree.Add(parent, trimmed(line.substr(0, colon)));
       if (colon != std::string::npos) node.SetTag(trimmed(line.substr(colon + 1)));

@@ -68,7 +68,8 @@ Navigation::Navigation(PaneContext& pane, PaneSettings& settings)
       c.brwWebBrowser->DownloadComplete.Connect([this] { brwWebBrowser_DownloadComplete(); });
   connections_ += c.brwWebBrowser->StatusTextChange.Connect(
       [this](const std::string& text) { brwWebBrowser_StatusTextChange(text); });
-  connections_ += pane_.menu.mnuOptions.Click.Connect([this](int index) { mnuOptions_Click(index); });
+  connections_ +=
+      pane_.menu.mnuOptions.Click.Connect([this](int index) { mnuOptions_Click(index); });
 }
 
 void Navigation::Navigate(const std::string& url) {
@@ -97,16 +98,16 @@ void Navigation::StartPage() {
 
 void Navigation::cboAddress_DblClick() {
   std::string typed;
-  ErrorsIgnored(
-      [&] { typed = pane_.controls.cboAddress->Text(); }, [&] { pane_.announcer.Say(typed); },
-      [&] {
-        if (text::same_ignoring_case(text::left(typed, kSearchWordLength), kSearchWord)) {
-          GoSearch(text::mid(typed, kSearchWordLength + 1));
-        } else {
-          Navigate(typed);
-        }
-      },
-      [&] { pane_.StartReading(); });
+  ErrorsIgnored([&] { typed = pane_.controls.cboAddress->Text(); },
+                [&] { pane_.announcer.Say(typed); },
+                [&] {
+                  if (text::same_ignoring_case(text::left(typed, kSearchWordLength), kSearchWord)) {
+                    GoSearch(text::mid(typed, kSearchWordLength + 1));
+                  } else {
+                    Navigate(typed);
+                  }
+                },
+                [&] { pane_.StartReading(); });
 }
 
 void Navigation::GoSearch(const std::string& words) {

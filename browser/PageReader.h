@@ -33,7 +33,7 @@ class PageReader {
   bool firstTick_ = false;
   std::int16_t busyTicks_ = 0;
   int stopIcon_;
-  std::string title_;   // of the page that was read last
+  std::string title_;     // of the page that was read last
   unsigned reading_ = 0;  // counts readings: a newer one makes an older one stop
   Connections connections_;
 };

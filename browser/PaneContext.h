@@ -11,10 +11,10 @@ namespace corvane {
 
 /// Plain state of the pane that several of its collaborators use.
 struct PaneState {
-  std::string strAddress;            ///< the present page; saved as "StartingAddress"
-  float sngSplitter = 0.25F;         ///< side bar width / container width
-  float sngSplitterH = 0.25F;        ///< text pane height / container height
-  bool blnStatusFeedback = false;    ///< status texts are spoken
+  std::string strAddress;          ///< the present page; saved as "StartingAddress"
+  float sngSplitter = 0.25F;       ///< side bar width / container width
+  float sngSplitterH = 0.25F;      ///< text pane height / container height
+  bool blnStatusFeedback = false;  ///< status texts are spoken
 };
 
 /// What the pane's collaborators share.

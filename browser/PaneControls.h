@@ -9,7 +9,16 @@
 namespace corvane {
 
 /// Indexes of the toolbar's buttons.
-enum ToolbarButton : int { kBack, kForward, kStop, kRefresh, kHome, kSearch, kPrint, kToolbarButtons };
+enum ToolbarButton : int {
+  kBack,
+  kForward,
+  kStop,
+  kRefresh,
+  kHome,
+  kSearch,
+  kPrint,
+  kToolbarButtons
+};
 
 /// The browser pane's child controls, made in the order of the pane's design and
 /// put into each other. They have no behaviour here.

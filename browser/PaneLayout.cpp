@@ -53,10 +53,10 @@ void PaneLayout::PopulateButtons() {
 }
 
 void PaneLayout::CreateRebar() {
-  ErrorsIgnored(
-      [&] { oRebar_ = std::make_unique<CRebar>(pane_.desktop); },
-      [&] { Required(oRebar_).SetParent(pane_.controls.ELATop.get()); },
-      [&] { Required(oRebar_).Create(); }, [&] { AddButtonsBand(); }, [&] { AddAddressBand(); });
+  ErrorsIgnored([&] { oRebar_ = std::make_unique<CRebar>(pane_.desktop); },
+                [&] { Required(oRebar_).SetParent(pane_.controls.ELATop.get()); },
+                [&] { Required(oRebar_).Create(); }, [&] { AddButtonsBand(); },
+                [&] { AddAddressBand(); });
 }
 
 void PaneLayout::AddButtonsBand() {
@@ -76,8 +76,8 @@ void PaneLayout::HideButtonToolBar(bool hide) {
   };
   ErrorsIgnored([&] { windows.LockUpdate(c.ELATop->hwnd(), true); });
   if (hide) {
-    ErrorsIgnored(remove_all, [&] { AddAddressBand(); },
-                  [&] { c.ButtonContainer->SetVisible(false); });
+    ErrorsIgnored(
+        remove_all, [&] { AddAddressBand(); }, [&] { c.ButtonContainer->SetVisible(false); });
   } else {
     ErrorsIgnored([&] { c.ButtonContainer->SetVisible(true); }, remove_all,
                   [&] { AddButtonsBand(); }, [&] { AddAddressBand(); });

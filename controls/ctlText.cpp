@@ -7,9 +7,9 @@
 namespace corvane {
 namespace {
 
-constexpr std::size_t kPieceLength = 127;      // characters of one mirror entry
-constexpr int kListResetThreshold = 101;       // entries at which the mirror starts anew
-constexpr std::size_t kMirrorBound = 12700;    // no piece starts at or behind this position
+constexpr std::size_t kPieceLength = 127;    // characters of one mirror entry
+constexpr int kListResetThreshold = 101;     // entries at which the mirror starts anew
+constexpr std::size_t kMirrorBound = 12700;  // no piece starts at or behind this position
 
 }  // namespace
 

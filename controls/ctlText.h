@@ -95,7 +95,9 @@ class ctlText {
   /// The rich text box's window, read once.
   WindowHandle TextWindow() const { return lngTextWindow_; }
   /// Passes the focus on to the rich text box.
-  void SetFocus() { ErrorsIgnored([&] { Text1_->SetFocus(); }); }
+  void SetFocus() {
+    ErrorsIgnored([&] { Text1_->SetFocus(); });
+  }
 
   /// The two children, for the pane's frames and for whoever reads the mirror.
   RichTextBox& Text1() { return *Text1_; }

@@ -134,7 +134,8 @@ void CRebar::SetMainParent(WindowHandle window) {
 void CRebar::TBMakeFlat(ToolbarControl& toolbar, bool flat) {
   Windows& windows = desktop_.GetWindows();
   WindowHandle inner = windows.FirstChild(toolbar.hwnd());
-  while (inner != 0 && windows.ClassName(inner) != kToolbarClass) inner = windows.NextSibling(inner);
+  while (inner != 0 && windows.ClassName(inner) != kToolbarClass)
+    inner = windows.NextSibling(inner);
   windows.SetStyle(inner, windows.Style(inner) | (flat ? kFlatListBits : kFlatBits));
   toolbar.Refresh();
 }

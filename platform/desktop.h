@@ -39,7 +39,8 @@ class Desktop {
   virtual std::unique_ptr<Form> CreateForm(const std::string& name) = 0;
   virtual std::unique_ptr<Menu> CreateMenu() = 0;
   virtual std::unique_ptr<ElasticFrame> CreateElasticFrame(const std::string& name) = 0;
-  virtual std::unique_ptr<ComboBox> CreateComboBox(const std::string& name, ComboBox::Style style) = 0;
+  virtual std::unique_ptr<ComboBox> CreateComboBox(const std::string& name,
+                                                   ComboBox::Style style) = 0;
   virtual std::unique_ptr<CommandButton> CreateCommandButton(const std::string& name) = 0;
   virtual std::unique_ptr<StatusBar> CreateStatusBar(const std::string& name) = 0;
   virtual std::unique_ptr<RichTextBox> CreateRichTextBox(const std::string& name) = 0;

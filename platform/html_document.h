@@ -22,9 +22,9 @@ class HTMLElement {
   /// "HTMLAnchorElement", "HTMLInputElement" or "HTMLButtonElement".
   std::string type_name;
   std::string innerText;
-  std::string href;   ///< absolute address; empty where there is none
+  std::string href;  ///< absolute address; empty where there is none
   std::string name;
-  std::string type;   ///< "text", "checkbox", "select-one", "textarea" ...
+  std::string type;  ///< "text", "checkbox", "select-one", "textarea" ...
   std::string value;
   bool status = false;  ///< a check box or radio button is checked
   int selectedIndex = -1;
@@ -53,7 +53,7 @@ class HTMLDocument {
   /// Whether the page has a body; without one there is no innerText to read.
   bool has_body = false;
   std::string body_innerText;
-  std::vector<HTMLElementPtr> links;  ///< every anchor and area with an address, in order
+  std::vector<HTMLElementPtr> links;    ///< every anchor and area with an address, in order
   std::vector<HTMLElementPtr> anchors;  ///< every named anchor
   std::vector<HTMLForm> forms;
   std::vector<std::shared_ptr<HTMLDocument>> frames;

@@ -13,7 +13,9 @@ class ISpeechWindow {
  public:
   virtual ~ISpeechWindow() = default;
   /// Gives the window the service that it shares with the others. Before Show.
-  void SetMainApp(std::shared_ptr<MainApp> service) { ISpeechWindow_SetMainApp(std::move(service)); }
+  void SetMainApp(std::shared_ptr<MainApp> service) {
+    ISpeechWindow_SetMainApp(std::move(service));
+  }
   void Show() { ISpeechWindow_Show(); }
   /// The menu item by which the user switches speech on and off.
   MenuItem& EnableSpeechItem() { return ISpeechWindow_EnableSpeechItem(); }

@@ -12,12 +12,12 @@ constexpr const char* kCharacterFile = "talker.acf";
 constexpr const char* kWelcomeText = "Hello, welcome to Corvane 2000";
 constexpr const char* kAlertCaption = "microsoft internet explorer";
 
-constexpr int kLoadDelay = 1;                     // milliseconds
-constexpr int kMessageDelay = 1000;               // milliseconds
-constexpr int kLoadLimit = 60'000 * 1000;         // 60000 seconds, on purpose
-constexpr std::int16_t kProtectedMessages = 2;    // ordinary messages after an urgent one
-constexpr std::size_t kCaptionLength = 255;       // characters read of a caption
-constexpr float kBoxWidth = 6000;                 // twips
+constexpr int kLoadDelay = 1;                   // milliseconds
+constexpr int kMessageDelay = 1000;             // milliseconds
+constexpr int kLoadLimit = 60'000 * 1000;       // 60000 seconds, on purpose
+constexpr std::int16_t kProtectedMessages = 2;  // ordinary messages after an urgent one
+constexpr std::size_t kCaptionLength = 255;     // characters read of a caption
+constexpr float kBoxWidth = 6000;               // twips
 constexpr float kBoxHeight = 3000;
 
 }  // namespace
@@ -39,7 +39,8 @@ MSAgent::MSAgent(Desktop& desktop)
   connections_ += Timer1_->Tick.Connect([this] { Timer1_Timer(); });
   connections_ += Timer2_->Tick.Connect([this] { Timer2_Timer(); });
   connections_ += timLoadLimit_->Tick.Connect([this] { LoadLimit_Timer(); });
-  connections_ += WinHook2_->Activated.Connect([this](WindowHandle window) { WinHook2_CBTProc(window); });
+  connections_ +=
+      WinHook2_->Activated.Connect([this](WindowHandle window) { WinHook2_CBTProc(window); });
   connections_ += Agent1_->RequestComplete.Connect(
       [this](const AgentRequest& request) { Agent1_RequestComplete(request); });
   connections_ += form_->QueryUnload.Connect(

@@ -21,6 +21,7 @@
 #include "platform/linux/gtk/timer.h"
 #include "platform/linux/gtk/tree_view.h"
 #include "platform/linux/speech/linux_agent.h"
+#include "platform/linux/web/history_folder.h"
 #include "platform/linux/web/webkit_browser.h"
 
 namespace corvane::desktop {
@@ -37,9 +38,10 @@ LinuxDesktop::LinuxDesktop() : speech_(MakeSpeechOutput()) {
   root.class_name = "Root";
   root.text = [] { return std::string(kApplication); };
   windows_.Add(std::move(root));
-  message_box_ = std::make_unique<MessageBoxQueue>(windows_, kApplication, [this](const std::string& text) {
-    if (SpeechIsWanted()) speech_->SpeakNow(text);
-  });
+  message_box_ =
+      std::make_unique<MessageBoxQueue>(windows_, kApplication, [this](const std::string& text) {
+        if (SpeechIsWanted()) speech_->SpeakNow(text);
+      });
   alerts_ = std::make_shared<PageAlerts>(windows_);
   engine_ = std::make_unique<WebEngine>(MakeEngineOptions());
   connections_ += speech_->Notified.Connect([this](const std::string& text) {
@@ -61,6 +63,14 @@ EngineOptions LinuxDesktop::MakeEngineOptions() {
   options.start_page = [this] { return OwnSetting("StartPage", kHomePage); };
   options.search_service = [this] { return OwnSetting("SearchService", kDefaultSearchService); };
   options.dialogs = alerts_;
+  const std::string data = std::string(g_get_user_data_dir()) + "/corvane/";
+  const std::string history = data + "History";
+  options.page_visited = [visits = std::make_shared<HistoryFolder>(history)](
+                             const std::string& address, const std::string& title) {
+    visits->Add(address, title);
+  };
+  options.find_matches = [folders = std::vector{data + "Favorites", history}](
+                             const std::string& words) { return FindShortcuts(folders, words); };
   return options;
 }
 
@@ -110,7 +120,9 @@ std::unique_ptr<RebarWindow> LinuxDesktop::CreateRebarWindow(ElasticFrame& paren
                                                              int height) {
   return std::make_unique<RebarControl>(parent, style, width, height, windows_);
 }
-std::unique_ptr<Agent> LinuxDesktop::CreateAgent() { return std::make_unique<LinuxAgent>(*speech_); }
+std::unique_ptr<Agent> LinuxDesktop::CreateAgent() {
+  return std::make_unique<LinuxAgent>(*speech_);
+}
 std::unique_ptr<ActivationHook> LinuxDesktop::CreateActivationHook() {
   return std::make_unique<TableActivationHook>(windows_);
 }
@@ -119,11 +131,11 @@ void LinuxDesktop::DoEvents() { RunPendingEvents(); }
 
 float LinuxDesktop::TwipsPerPixel() const { return kTwipsPerPixel; }
 
-std::uint32_t LinuxDesktop::SysColor(SystemColor index) const {
-  return ThemeColor(index);
-}
+std::uint32_t LinuxDesktop::SysColor(SystemColor index) const { return ThemeColor(index); }
 
-double LinuxDesktop::Now() const { return static_cast<double>(g_get_monotonic_time()) / G_USEC_PER_SEC; }
+double LinuxDesktop::Now() const {
+  return static_cast<double>(g_get_monotonic_time()) / G_USEC_PER_SEC;
+}
 
 bool LinuxDesktop::StartedByAutomation() const {
   return g_getenv("DBUS_STARTER_ADDRESS") != nullptr;
@@ -144,6 +156,15 @@ void LinuxDesktop::Run() {
   TellNotices();
   if (running_) gtk_main();
   running_ = false;
+}
+
+void LinuxDesktop::ShowEscapedError() {
+  try {
+    throw;
+  } catch (const std::exception& error) {
+    g_warning("An error reached the event loop: %s", error.what());
+    message_box_->Show(std::string("Error: ") + error.what(), MessageBox::Icon::Critical);
+  }
 }
 
 }  // namespace corvane::desktop

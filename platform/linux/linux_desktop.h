@@ -58,6 +58,9 @@ class LinuxDesktop : public Desktop {
 
   /// Runs the event loop until no window and no message box is left.
   void Run();
+  /// For an exception that no handler has taken: shows it and lets the program go
+  /// on. Only inside a catch clause.
+  void ShowEscapedError();
 
  private:
   EngineOptions MakeEngineOptions();

@@ -1,3 +1,4 @@
+#include <glibmm/exceptionhandler.h>
 #include <gtkmm/main.h>
 
 #include <clocale>
@@ -15,6 +16,8 @@ int main(int argc, char** argv) {
   }
   Gtk::Main::init_gtkmm_internals();
   corvane::desktop::LinuxDesktop desktop;
+  Glib::add_exception_handler(
+      sigc::mem_fun(desktop, &corvane::desktop::LinuxDesktop::ShowEscapedError));
   corvane::Multithread process(desktop);
   process.Main();
   desktop.Run();

@@ -43,7 +43,8 @@ class FakeAgent : public Agent {
     return {++journal_.last_id};
   }
   std::shared_ptr<AgentCharacter> Character(const std::string& name) override {
-    if (!character_ || name != "Genie") throw RunTimeError(kErrObjectNotSet, "Agent", "No character");
+    if (!character_ || name != "Genie")
+      throw RunTimeError(kErrObjectNotSet, "Agent", "No character");
     return character_;
   }
 

@@ -104,8 +104,8 @@ std::unique_ptr<Timer> FakeDesktop::CreateTimer() {
   return timer;
 }
 
-std::unique_ptr<RebarWindow> FakeDesktop::CreateRebarWindow(ElasticFrame& parent, std::uint32_t style,
-                                                            int, int) {
+std::unique_ptr<RebarWindow> FakeDesktop::CreateRebarWindow(ElasticFrame& parent,
+                                                            std::uint32_t style, int, int) {
   auto window = std::make_unique<FakeRebarWindow>(*this, parent.hwnd());
   windows.windows[window->hwnd()].style = style;
   return window;

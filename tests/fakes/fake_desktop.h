@@ -114,7 +114,9 @@ class FakeRebarWindow : public RebarWindow {
   explicit FakeRebarWindow(FakeDesktop& desktop, WindowHandle parent);
   ~FakeRebarWindow() override;
   WindowHandle hwnd() const override { return handle_; }
-  void Move(int left, int top, int width, int height) override { place = {left, top, width, height}; }
+  void Move(int left, int top, int width, int height) override {
+    place = {left, top, width, height};
+  }
   void SetVisible(bool visible) override;
   bool InsertBand(int index, const BandInfo& info) override;
   bool DeleteBand(int index) override;
@@ -188,7 +190,8 @@ class FakeDesktop : public Desktop {
     return count;
   }
   void Gone(void* object) {
-    for (auto& [key, all] : living) all.erase(std::remove(all.begin(), all.end(), object), all.end());
+    for (auto& [key, all] : living)
+      all.erase(std::remove(all.begin(), all.end(), object), all.end());
   }
 
   FakeWindows windows;

@@ -77,7 +77,8 @@ class FakeRichTextBox : public FakeControl<RichTextBox> {
     return -1;
   }
   int LineLength(int position) const override {
-    return static_cast<int>(text::length(Lines()[static_cast<std::size_t>(GetLineFromChar(position))]));
+    return static_cast<int>(
+        text::length(Lines()[static_cast<std::size_t>(GetLineFromChar(position))]));
   }
   std::string GetLine(int line, int capacity) const override {
     const auto lines = Lines();

@@ -52,9 +52,9 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
 };
 
 /// A page with a title, text and links (text, address).
-inline HTMLDocumentPtr MakePage(const std::string& location, const std::string& title,
-                                const std::string& body,
-                                const std::vector<std::pair<std::string, std::string>>& links = {}) {
+inline HTMLDocumentPtr MakePage(
+    const std::string& location, const std::string& title, const std::string& body,
+    const std::vector<std::pair<std::string, std::string>>& links = {}) {
   auto page = std::make_shared<HTMLDocument>();
   page->location = location;
   page->Title = title;

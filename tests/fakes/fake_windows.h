@@ -22,7 +22,8 @@ class FakeWindows : public Windows {
 
   FakeWindows() { first_thread_window = Add("Corvane root", "Root"); }
 
-  WindowHandle Add(const std::string& text, const std::string& class_name, WindowHandle parent = 0) {
+  WindowHandle Add(const std::string& text, const std::string& class_name,
+                   WindowHandle parent = 0) {
     const WindowHandle handle = ++last_;
     windows[handle] = Window{text, class_name, parent, 0, 20, ++order_};
     return handle;
@@ -69,7 +70,9 @@ class FakeWindows : public Windows {
   }
   void PostClose(WindowHandle window) override { closed.push_back(window); }
   std::uint32_t Style(WindowHandle window) const override { return Get(window).style; }
-  void SetStyle(WindowHandle window, std::uint32_t style) override { windows[window].style = style; }
+  void SetStyle(WindowHandle window, std::uint32_t style) override {
+    windows[window].style = style;
+  }
   int PixelHeight(WindowHandle window) const override { return Get(window).pixel_height; }
   void LockUpdate(WindowHandle window, bool locked) override { locks.emplace_back(window, locked); }
 

@@ -25,9 +25,8 @@ TEST_F(AgentForm, LoadsShowsAndWelcomesInThatOrder) {
   EXPECT_THAT(desktop.speech.calls, ElementsAre("load Genie /opt/corvane/talker.acf"));
   desktop.speech.agent->CompleteLast();
   desktop.speech.agent->CompleteLast();
-  EXPECT_THAT(desktop.speech.calls,
-              ElementsAre("load Genie /opt/corvane/talker.acf", "show",
-                          "speak Hello, welcome to Corvane 2000"));
+  EXPECT_THAT(desktop.speech.calls, ElementsAre("load Genie /opt/corvane/talker.acf", "show",
+                                                "speak Hello, welcome to Corvane 2000"));
 }
 
 TEST_F(AgentForm, ProgramFolderThatEndsInASeparatorGetsNoSecondOne) {
@@ -87,8 +86,7 @@ TEST_F(AgentForm, BackslashesAreSpokenAsSlashesAndNeverMakeATag) {
   agent.SetPitch(2);
   agent.SetRate(2);
   agent.Say("C:\\x \\Spd=999\\fast", false);
-  EXPECT_THAT(desktop.speech.Spoken(),
-              ElementsAre("\\Pit=90\\\\Spd=150\\C:/x /Spd=999/fast"));
+  EXPECT_THAT(desktop.speech.Spoken(), ElementsAre("\\Pit=90\\\\Spd=150\\C:/x /Spd=999/fast"));
 }
 
 TEST_F(AgentForm, UrgentMessageIsKeptFromTheNextTwoOrdinaryOnes) {

@@ -22,9 +22,9 @@ TEST(Text, CountsAndCutsCharacters) {
 TEST(Text, InvalidBytesBecomeTheReplacementCharacter) {
   const std::string bad = "\xEF\xBF\xBD";
   EXPECT_EQ(text::valid("ok\xFFok"), "ok" + bad + "ok");
-  EXPECT_EQ(text::valid("\xC0\xAF"), bad + bad);              // overlong
-  EXPECT_EQ(text::valid("\xED\xA0\x80"), bad + bad + bad);    // half a surrogate pair
-  EXPECT_EQ(text::valid("\xE2\x82"), bad + bad);              // cut short
+  EXPECT_EQ(text::valid("\xC0\xAF"), bad + bad);            // overlong
+  EXPECT_EQ(text::valid("\xED\xA0\x80"), bad + bad + bad);  // half a surrogate pair
+  EXPECT_EQ(text::valid("\xE2\x82"), bad + bad);            // cut short
   EXPECT_EQ(text::valid("\xF4\x90\x80\x80"), bad + bad + bad + bad);
   EXPECT_EQ(text::valid("\xF0\x9F\x98\x80"), "\xF0\x9F\x98\x80");
 }

@@ -96,7 +96,9 @@ struct ParseString : ::testing::Test {
   } sink;
 
   void SetUp() override { pane.announcer.SetSpeechNotify(&sink); }
-  void Parse(const std::string& text, int line, int column) { echo.parse_string(text, line, column); }
+  void Parse(const std::string& text, int line, int column) {
+    echo.parse_string(text, line, column);
+  }
 };
 
 TEST_F(ParseString, MinusOneSpeaksTheRememberedLine) {

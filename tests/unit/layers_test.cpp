@@ -28,8 +28,8 @@ std::vector<std::string> forbidden_includes(const fs::path& file, const std::reg
   return found;
 }
 
-std::vector<std::string> offences(const std::vector<std::string>& folders, const std::regex& allowed,
-                                  bool recursive) {
+std::vector<std::string> offences(const std::vector<std::string>& folders,
+                                  const std::regex& allowed, bool recursive) {
   std::vector<std::string> all;
   int files = 0;
   const auto look = [&](const fs::path& path) {
@@ -52,8 +52,9 @@ std::vector<std::string> offences(const std::vector<std::string>& folders, const
 TEST(Layers, ProductKnowsNoToolkit) {
   const std::regex allowed(
       R"((app|speech|browser|explorer|access|controls|base|platform)/[A-Za-z0-9_]+\.h|[a-z_]+)");
-  EXPECT_THAT(offences({"app", "speech", "browser", "explorer", "access", "controls"}, allowed, true),
-              ::testing::IsEmpty());
+  EXPECT_THAT(
+      offences({"app", "speech", "browser", "explorer", "access", "controls"}, allowed, true),
+      ::testing::IsEmpty());
 }
 
 TEST(Layers, PortsKnowNeitherProductNorToolkit) {

@@ -112,8 +112,8 @@ TEST(MainWindow, ValueThatIsNoNumberStopsTheLoadWithItsMessage) {
   p.Start();
   EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("FormLoad Error: Type mismatch"));
   const auto& form = p.desktop.Get<FakeForm>("frmCorvane");
-  EXPECT_EQ(form.left, 500);    // before the bad value
-  EXPECT_EQ(form.width, 0);     // after it nothing was set
+  EXPECT_EQ(form.left, 500);  // before the bad value
+  EXPECT_EQ(form.width, 0);   // after it nothing was set
   EXPECT_FALSE(p.Inside().menu.mnuSpeech(0).Checked());
   EXPECT_EQ(p.Inside().menu.mnuRate.FirstChecked(), -1);
 }

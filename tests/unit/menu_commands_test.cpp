@@ -23,21 +23,19 @@ TEST(MainMenu, CaptionsStandAsTheyAre) {
   EXPECT_THAT(captions(m.mnuSettings),
               ElementsAre("&IE Settings", "-", "Side&Bar", "&Text History", "&Home", "Auto&Focus",
                           "-", "Enable &Status Change Feedback"));
-  EXPECT_THAT(captions(m.mnuSideBarContent),
-              ElementsAre("None", "-", "Favorites", "History", "Page Structure",
-                          "Accessibility Browser"));
+  EXPECT_THAT(
+      captions(m.mnuSideBarContent),
+      ElementsAre("None", "-", "Favorites", "History", "Page Structure", "Accessibility Browser"));
   EXPECT_THAT(captions(m.mnuTextHistory), ElementsAre("Clear with New Page", "Never Clear"));
-  EXPECT_THAT(captions(m.mnuHome), ElementsAre("None", "-", "Use Explorer's", "Use Corvane's",
-                                               "Last one Opened"));
+  EXPECT_THAT(captions(m.mnuHome),
+              ElementsAre("None", "-", "Use Explorer's", "Use Corvane's", "Last one Opened"));
   EXPECT_THAT(captions(m.mnuFocus),
               ElementsAre("None", "-", "Links", "SideBar", "WebBrowser", "Text Box"));
   EXPECT_THAT(captions(m.mnuView), ElementsAre("&Toolbar", "&Statusbar"));
   EXPECT_THAT(captions(m.mnuSpeech),
               ElementsAre("Enable Speech", "Enable Keyboard Echo", "-", "Rate", "&Pitch"));
-  EXPECT_THAT(captions(m.mnuRate),
-              ElementsAre("Very Slow", "Slow", "Normal", "Fast", "Very Fast"));
-  EXPECT_THAT(captions(m.mnuPitch),
-              ElementsAre("Very Low", "Low", "Normal", "High", "Very High"));
+  EXPECT_THAT(captions(m.mnuRate), ElementsAre("Very Slow", "Slow", "Normal", "Fast", "Very Fast"));
+  EXPECT_THAT(captions(m.mnuPitch), ElementsAre("Very Low", "Low", "Normal", "High", "Very High"));
   EXPECT_THAT(captions(m.mnuHelp), ElementsAre("&Contents", "&About"));
 }
 

@@ -68,11 +68,10 @@ TEST_F(NavigationTest, OtherCharactersOfASearchStayAsTheyAre) {
 }
 
 TEST_F(NavigationTest, StartPageFollowsTheHomeChoice) {
-  const std::vector<std::pair<int, std::string>> choices = {
-      {0, "Navigate2 about:blank"},
-      {2, "GoHome"},
-      {3, "Navigate2 corvane://home/cv/"},
-      {4, "Navigate2 http://last.example/"}};
+  const std::vector<std::pair<int, std::string>> choices = {{0, "Navigate2 about:blank"},
+                                                            {2, "GoHome"},
+                                                            {3, "Navigate2 corvane://home/cv/"},
+                                                            {4, "Navigate2 http://last.example/"}};
   for (const auto& [choice, call] : choices) {
     Program program;
     program.desktop.settings.Pane("Home") = std::to_string(choice);
@@ -150,8 +149,8 @@ TEST_F(NavigationTest, CompletedAddressEntersTheListOnce) {
   const auto page = MakePage("http://a.example/", "A", "");
   p.Browser().Finish(page);
   p.Browser().Finish(page);
-  EXPECT_THAT(p.Address().list, ElementsAre("corvane://home/cv/", "https://www.microsoft.com/",
-                                            "http://a.example/"));
+  EXPECT_THAT(p.Address().list,
+              ElementsAre("corvane://home/cv/", "https://www.microsoft.com/", "http://a.example/"));
   EXPECT_EQ(p.Address().text, "http://a.example/");
   EXPECT_EQ(p.Status().PanelText(1), "A");
 }

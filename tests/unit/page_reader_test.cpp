@@ -20,9 +20,8 @@ TEST_F(PageReaderTest, PageReadWithinOneTickSaysItsWordsInOrder) {
   p.desktop.settings.Pane("Focus") = "0";
   Start();
   p.Read(MakePage("http://news.example/", "News", "All the news", {{"One", "http://1/"}}));
-  EXPECT_THAT(p.Spoken(),
-              ElementsAre("Working...", "Done", "Extracting Forms ...", "Extracting Links ...",
-                          "1 Links in News", "Done", "News"));
+  EXPECT_THAT(p.Spoken(), ElementsAre("Working...", "Done", "Extracting Forms ...",
+                                      "Extracting Links ...", "1 Links in News", "Done", "News"));
   EXPECT_EQ(p.TextPane().text, "News\nAll the news");
   EXPECT_FALSE(p.Reading().enabled);
 }
@@ -111,9 +110,11 @@ TEST_F(PageReaderTest, OnlyTheTitleIsSpokenOfThePage) {
 }
 
 TEST_F(PageReaderTest, AutoFocusFollowsTheChoice) {
-  const std::vector<std::pair<std::string, std::string>> choices = {
-      {"0", "before"}, {"2", "cmbListLinks"}, {"3", "TreeView1"}, {"4", "brwWebBrowser"},
-      {"5", "Text1"}};
+  const std::vector<std::pair<std::string, std::string>> choices = {{"0", "before"},
+                                                                    {"2", "cmbListLinks"},
+                                                                    {"3", "TreeView1"},
+                                                                    {"4", "brwWebBrowser"},
+                                                                    {"5", "Text1"}};
   for (const auto& [choice, control] : choices) {
     Program program;
     program.desktop.settings.Pane("Focus") = choice;

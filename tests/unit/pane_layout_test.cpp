@@ -97,7 +97,8 @@ TEST_F(PaneLayoutTest, TopStripIsAsHighAsTheRebar) {
 TEST_F(PaneLayoutTest, EachButtonGetsThePictureOfItsPosition) {
   Start();
   for (int i = 0; i < 7; ++i) {
-    EXPECT_EQ(p.desktop.Get<FakeCommandButton>("cmdToolbar" + std::to_string(i)).pictures.at(0), i + 1);
+    EXPECT_EQ(p.desktop.Get<FakeCommandButton>("cmdToolbar" + std::to_string(i)).pictures.at(0),
+              i + 1);
   }
 }
 

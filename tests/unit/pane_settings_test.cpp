@@ -111,7 +111,8 @@ TEST(EngineVersion, BuildsAreComparedAsSingles) {
   EXPECT_EQ(label("5.00", "52014.03"), "");
 }
 
-std::vector<std::string> warnings_with_engine(const std::string& version, const std::string& build) {
+std::vector<std::string> warnings_with_engine(const std::string& version,
+                                              const std::string& build) {
   Program p;
   p.desktop.registry.SetEngine(version, build);
   p.Start();

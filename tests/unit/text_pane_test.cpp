@@ -39,7 +39,7 @@ TEST_F(TextPane, ThreeHundredCharactersMakeThreeEntriesAndSelectTheLast) {
 }
 
 TEST_F(TextPane, Character128IsShownButNotMirrored) {
-  pane.AddText(std::string(127, 'x') + "y", true);
+  pane.AddText(std::string(127, 'x').append("y"), true);
   EXPECT_THAT(mirror.list, ElementsAre(std::string(127, 'x')));
   EXPECT_EQ(pane.Text().back(), 'y');
 }
