@@ -2,7 +2,9 @@
 
 #include <giomm/themedicon.h>
 #include <gtkmm/cssprovider.h>
+#include <gtkmm/label.h>
 #include <gtkmm/stylecontext.h>
+#include <gtkmm/window.h>
 
 #include <utility>
 #include <vector>
@@ -49,6 +51,19 @@ CommandButtonControl::CommandButtonControl(const std::string& name, WindowTable&
   Bind(button_, button_, name, "CommandButton", windows,
        [this] { return WithoutMnemonic(caption_); });
   button_.signal_clicked().connect([this] { Click.Raise(); });
+}
+
+bool CommandButtonControl::YieldingButton::on_mnemonic_activate(bool group_cycling) {
+  auto* window = dynamic_cast<Gtk::Window*>(get_toplevel());
+  const guint key = Gtk::Label(get_label(), true).get_mnemonic_keyval();
+  if (!group_cycling || yielding_ || window == nullptr) {
+    return Gtk::Button::on_mnemonic_activate(group_cycling);
+  }
+  // The window has put this button behind the others; now it is another's turn.
+  yielding_ = true;
+  const bool taken = window->mnemonic_activate(key, window->get_mnemonic_modifier());
+  yielding_ = false;
+  return taken;
 }
 
 void CommandButtonControl::SetCaption(const std::string& caption) {

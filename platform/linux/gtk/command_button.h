@@ -21,7 +21,17 @@ class CommandButtonControl : public WidgetControl<CommandButton> {
   void SetPicture(int image) override;
 
  private:
-  Gtk::Button button_;
+  /// A button that leaves an access key to the menu bar when a menu has the same
+  /// one; the toolkit would take turns between the two.
+  class YieldingButton : public Gtk::Button {
+   protected:
+    bool on_mnemonic_activate(bool group_cycling) override;
+
+   private:
+    bool yielding_ = false;
+  };
+
+  YieldingButton button_;
   Gtk::Image picture_;
   std::string caption_;
   int image_ = 0;

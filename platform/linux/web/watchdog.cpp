@@ -3,6 +3,14 @@
 #include <utility>
 
 namespace corvane::desktop {
+namespace {
+
+// A long list of 50,000 entries was seen to keep the engine busy for 15 seconds
+// while it loads, and then to be a page like any other. Stop is there for those
+// who do not want to wait.
+constexpr double kMoreWhileLoading = 4;
+
+}  // namespace
 
 Watchdog::Watchdog(Limits limits, std::function<void(Answer)> ping,
                    std::function<bool()> keep_watching, std::function<void()> warn,
@@ -21,7 +29,7 @@ void Watchdog::Watch() {
     warned_ = true;
     warn_();
   });
-  end_delay_.Start(limits_.end, [this] {
+  end_delay_.Start(keep_watching_() ? kMoreWhileLoading * limits_.end : limits_.end, [this] {
     Reset();
     end_();
   });

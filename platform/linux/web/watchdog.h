@@ -14,7 +14,7 @@ class Watchdog {
  public:
   struct Limits {
     double warn = 5;   ///< seconds without an answer until the user is told
-    double end = 15;   ///< until the page is given up
+    double end = 15;   ///< until the page is given up; four times that while it loads
     double pause = 1;  ///< between an answer and the next ping
   };
   using Answer = std::function<void()>;
