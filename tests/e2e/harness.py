@@ -83,6 +83,7 @@ class Corvane:
 
     def __init__(self, home, settings=None, environment=None):
         self.home = pathlib.Path(home)
+        (self.home / "transcript").unlink(missing_ok=True)  # of an earlier start
         self.transcript = Transcript(self.home / "transcript")
         self.log = self.home / "log"
         config = self.home / "config" / "corvane"

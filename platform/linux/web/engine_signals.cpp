@@ -126,6 +126,10 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
       document_is_present_ = false;
       problem_ = std::exchange(coming_problem_, std::nullopt);
       address_ = Text(webkit_web_view_get_uri(view_.get()));
+      if (const std::string asked = std::exchange(asked_for_, "");
+          !problem_ && address_ == "about:blank" && asked.starts_with("http")) {
+        ShowRefusedPort(asked);
+      }
       break;
     case WEBKIT_LOAD_FINISHED:
       // Where more is loading, this was a load that has been overtaken.
@@ -133,6 +137,14 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
       if (navigation_.Finished()) StartReading();
       break;
   }
+}
+
+// The engine says nothing when it refuses a port that other services use: it shows
+// an empty page instead of the one that was asked for.
+void EngineView::ShowRefusedPort(const std::string& address) {
+  const ErrorPtr error(g_error_new_literal(
+      WEBKIT_POLICY_ERROR, WEBKIT_POLICY_ERROR_CANNOT_USE_RESTRICTED_PORT, "restricted port"));
+  ShowProblem(LoadProblem(address, *error));
 }
 
 void EngineView::OnLoadFailed(WebKitLoadEvent event, const std::string& address,

@@ -127,7 +127,7 @@ void EngineView::LoadSearch(const std::string& search) {
 void EngineView::Load(const std::string& address) {
   stopping_ = false;
   coming_problem_.reset();
-  requested_ = address;
+  requested_ = asked_for_ = address;
   watchdog_.Reset();
   reader_->Cancel();
   webkit_web_view_load_uri(view_.get(), address.c_str());

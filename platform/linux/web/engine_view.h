@@ -54,6 +54,7 @@ class EngineView {
   // What the view reports.
   void ConnectView();
   void OnLoadChanged(WebKitLoadEvent event);
+  void ShowRefusedPort(const std::string& address);
   void OnLoadFailed(WebKitLoadEvent event, const std::string& address, const GError& error);
   void OnAddressChanged();
   void OnIdle();
@@ -83,6 +84,7 @@ class EngineView {
 
   std::string address_;    // of the page shown
   std::string requested_;  // what the program asked for last
+  std::string asked_for_;  // by the user, until a page comes
   std::string fallback_;   // tried when there is no connection to it
   HTMLDocumentPtr document_;
   bool document_is_present_ = false;  // it is of the page shown

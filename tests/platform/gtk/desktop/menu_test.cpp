@@ -4,6 +4,8 @@
 #include <gtkmm/checkmenuitem.h>
 #include <gtkmm/separatormenuitem.h>
 
+#include "platform/button_image.h"
+#include "platform/linux/gtk/command_button.h"
 #include "platform/linux/gtk/menu_entry.h"
 #include "platform/linux/gtk/text_box.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
@@ -149,6 +151,24 @@ TEST_F(ShownMenuTest, F10AndAccessKeysOpenTheBarAndArrowsReachDisabledEntries) {
   WaitFor("the menu to close", [&] { return !submenu->get_mapped(); });
   Settle();
   EXPECT_EQ(focused, 0) << "the focus was never anywhere else";
+}
+
+TEST_F(ShownMenuTest, AnAccessKeyThatAButtonHasTooOpensTheMenuEveryTime) {
+  CommandButtonControl button("cmdFind", windows_);
+  button.SetCaption("&Find");
+  button.SetPicture(kImageSearch);
+  window_.frame.Add(button);
+  Settle();
+  int focused = 0;
+  listening_ += button.GotFocus.Connect([&] { ++focused; });
+  auto* submenu = Entry(file_).Widget()->get_submenu();
+  for (int press = 0; press < 3; ++press) {
+    Outside({"xdotool", "key", "alt+f"});
+    WaitFor("the File menu", [&] { return submenu->get_mapped(); });
+    Outside({"xdotool", "key", "Escape", "Escape"});
+    WaitFor("the menu to close", [&] { return !submenu->get_mapped(); });
+  }
+  EXPECT_EQ(focused, 0);
 }
 
 TEST_F(ShownMenuTest, ATopLevelEntryWithoutEntriesIsChosenItself) {
