@@ -1,4 +1,6 @@
 // What the engine's view reports, translated for EngineView.
+#include <gdk/gdkkeysyms.h>
+
 #include <utility>
 
 #include "platform/linux/web/engine_view.h"
@@ -82,6 +84,7 @@ void EngineView::ConnectView() {
   connect(view, "key-press-event",
           G_CALLBACK(+[](GtkWidget* widget, GdkEventKey* event, gpointer self) -> gboolean {
             if (!IsGivenBack()) {
+              if (ViewOf(self).watchdog_.Warned()) return ViewOf(self).KeepFromHungPage(*event);
               ViewOf(self).OnInput();
               return FALSE;
             }
@@ -94,6 +97,20 @@ void EngineView::ConnectView() {
             ViewOf(self).OnInput();
             return FALSE;
           }));
+}
+
+// A page that does not answer would swallow every key and hold the user. Until it
+// answers again its keys are the window's: Tab leads out, access keys work.
+bool EngineView::KeepFromHungPage(GdkEventKey& event) {
+  GtkWidget* window = gtk_widget_get_toplevel(GTK_WIDGET(view_.get()));
+  if (!GTK_IS_WINDOW(window)) return false;
+  if (event.keyval == GDK_KEY_Tab || event.keyval == GDK_KEY_ISO_Left_Tab) {
+    const bool back = event.keyval == GDK_KEY_ISO_Left_Tab;
+    g_signal_emit_by_name(window, "move-focus", back ? GTK_DIR_TAB_BACKWARD : GTK_DIR_TAB_FORWARD);
+  } else {
+    gtk_window_activate_key(GTK_WINDOW(window), &event);
+  }
+  return true;
 }
 
 void EngineView::OnInput() {

@@ -62,6 +62,7 @@ class EngineView {
   void OnProcessGone(WebKitWebProcessTerminationReason reason);
   void OnPointer(WebKitHitTestResult* target);
   void OnInput();
+  bool KeepFromHungPage(GdkEventKey& event);
 
   void Load(const std::string& address);
   void LoadSearch(const std::string& search);
