@@ -231,7 +231,7 @@ class EndToEndTest(unittest.TestCase):
         cls.server.shutdown()
 
     def setUp(self):
-        folder = tempfile.TemporaryDirectory(prefix="corvane-e2e-")
+        folder = tempfile.TemporaryDirectory(prefix="corvane-e2e-", ignore_cleanup_errors=True)
         self.addCleanup(folder.cleanup)
         self.home = folder.name
         self.corvane = None

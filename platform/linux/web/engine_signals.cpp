@@ -123,12 +123,14 @@ void EngineView::OnInput() {
 void EngineView::OnLoadChanged(WebKitLoadEvent event) {
   switch (event) {
     case WEBKIT_LOAD_STARTED:
-      navigation_.Started();
       watchdog_.Reset();
       watchdog_.Watch();
       reader_->Cancel();
       base_status_ = "Loading " + Text(webkit_web_view_get_uri(view_.get()));
-      ShowStatus(base_status_);
+      // Whoever is told may let events run, so that the page is there already when
+      // this returns.
+      navigation_.Started();
+      if (navigation_.Loading()) ShowStatus(base_status_);
       break;
     case WEBKIT_LOAD_REDIRECTED:
       break;

@@ -13,11 +13,6 @@ constexpr std::size_t kLongestText = 256 * 1024 * 1024;
 /// How long a page waits for frames whose documents have said nothing yet.
 constexpr double kFrameSeconds = 0.5;
 constexpr std::size_t kMostFrames = 500;
-/// When to look whether the page has lost the question, when to take it for lost,
-/// and how often to ask at most.
-constexpr double kLookSeconds = 0.25;
-constexpr double kLostSeconds = 5;
-constexpr int kMostAsked = 4;
 
 using Records = std::vector<PageRecord>;
 
@@ -88,7 +83,6 @@ void PageReader::Cancel() {
   done_ = nullptr;
   collected_ = false;
   frame_delay_.Cancel();
-  lost_delay_.Cancel();
 }
 
 void PageReader::Read(Done done) {
@@ -96,35 +90,14 @@ void PageReader::Read(Done done) {
   done_ = std::move(done);
   document_.reset();
   cancel_.reset(g_cancellable_new());
-  asked_ = 0;
-  Ask();
-}
-
-void PageReader::Ask() {
-  ++asked_;
-  answered_ = false;
   Evaluate(view_, "corvane.collect()", cancel_.get(),
            WhileReading([this](std::optional<std::string> text) {
-             answered_ = true;
              if (text) return ReceiveCollected(std::move(*text));
              CollectWithoutScripts(view_, cancel_.get(),
                                    WhileReading([this](std::optional<std::string> second) {
                                      ReceiveCollected(std::move(second).value_or(""));
                                    }));
            }));
-  lost_delay_.Start(kLookSeconds, [this] { LookWhetherLost(); });
-}
-
-// Now and then the engine loses what a page was asked that has just come. Questions
-// are answered in their order: an answer to a later one shows the loss, and so does
-// a long silence. A page that is only slow is not asked again and again.
-void PageReader::LookWhetherLost() {
-  if (answered_ || asked_ >= kMostAsked) return;
-  const auto ask_again = [this] {
-    if (!answered_) Ask();
-  };
-  lost_delay_.Start(kLostSeconds, ask_again);
-  Evaluate(view_, "''", cancel_.get(), WhileReading([ask_again](const auto&) { ask_again(); }));
 }
 
 std::function<void(std::optional<std::string>)> PageReader::WhileReading(

@@ -40,8 +40,6 @@ class PageReader {
   void Cancel();
 
  private:
-  void Ask();
-  void LookWhetherLost();
   void Receive(const std::string& kind, const std::string& text);
   void ReceiveEvent(const std::string& text);
   void ReceiveRecord(PageRecord record);
@@ -65,14 +63,11 @@ class PageReader {
   ObjectPtr<GCancellable> cancel_;  // while a record is asked for
   int reading_ = 0;                 // counts readings, so that answers to an older one are known
   Done done_;
-  int asked_ = 0;
-  bool answered_ = false;   // the page has answered what was asked last
   bool collected_ = false;  // the page's own record is among `records_`
   int parsing_ = 0;         // frames' records that are being read
   int page_ = 0;            // counts pages, so that answers for an older one are known
   std::map<FramePlace, PageRecord> records_;
   Delay frame_delay_;
-  Delay lost_delay_;
 
   HTMLDocumentPtr document_;
   std::string origin_;

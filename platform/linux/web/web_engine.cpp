@@ -84,9 +84,7 @@ WebEngine::WebEngine(EngineOptions options) : options_(std::move(options)) {
   webkit_settings_set_hardware_acceleration_policy(settings,
                                                    WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER);
   webkit_settings_set_enable_tabs_to_links(settings, TRUE);
-  // A page that the engine brings back from its cache was seen not to answer scripts
-  // any more, now and then: Back would end in "Working..." for ever.
-  webkit_settings_set_enable_page_cache(settings, FALSE);
+  webkit_settings_set_enable_page_cache(settings, TRUE);
   webkit_settings_set_javascript_can_open_windows_automatically(settings, FALSE);
   webkit_settings_set_allow_modal_dialogs(settings, TRUE);
   webkit_settings_set_default_charset(settings, "utf-8");

@@ -328,6 +328,9 @@
     const soon = () => setTimeout(report, 0);  // after the page's own load handlers
     if (readyStateOf(document) === 'complete') soon();
     window.addEventListener('load', (event) => { if (event.isTrusted) soon(); });
+    window.addEventListener('pageshow', (event) => {
+      if (event.isTrusted && event.persisted) soon();
+    });
   }
 
   // --- events ----------------------------------------------------------------
