@@ -68,8 +68,6 @@ class Desktop {
   /// Twips that one pixel measures.
   virtual float TwipsPerPixel() const = 0;
   virtual std::uint32_t SysColor(SystemColor index) const = 0;
-  /// Seconds on a clock that only runs forward.
-  virtual double Now() const = 0;
   /// Whether an automation client, not a person, started the process.
   virtual bool StartedByAutomation() const = 0;
 

@@ -133,10 +133,6 @@ float LinuxDesktop::TwipsPerPixel() const { return kTwipsPerPixel; }
 
 std::uint32_t LinuxDesktop::SysColor(SystemColor index) const { return ThemeColor(index); }
 
-double LinuxDesktop::Now() const {
-  return static_cast<double>(g_get_monotonic_time()) / G_USEC_PER_SEC;
-}
-
 bool LinuxDesktop::StartedByAutomation() const {
   return g_getenv("DBUS_STARTER_ADDRESS") != nullptr;
 }

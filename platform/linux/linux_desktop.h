@@ -53,7 +53,6 @@ class LinuxDesktop : public Desktop {
   void DoEvents() override;
   float TwipsPerPixel() const override;
   std::uint32_t SysColor(SystemColor index) const override;
-  double Now() const override;
   bool StartedByAutomation() const override;
 
   /// Runs the event loop until no window and no message box is left.

@@ -173,7 +173,6 @@ class FakeDesktop : public Desktop {
   }
   float TwipsPerPixel() const override { return 15; }
   std::uint32_t SysColor(SystemColor index) const override { return 0x100U + index; }
-  double Now() const override { return now; }
   bool StartedByAutomation() const override { return by_automation; }
 
   /// The living control or form of that name; the newest where there are several.
@@ -207,7 +206,6 @@ class FakeDesktop : public Desktop {
   std::string focus;  ///< the control that was focused last
   int yields = 0;
   std::function<void()> on_yield;
-  double now = 0;
   bool by_automation = false;
   std::map<std::pair<std::string, std::type_index>, std::vector<void*>> living;
 };
