@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "base/number.h"
 #include "platform/linux/gtk/combo_box.h"
 #include "platform/linux/gtk/command_button.h"
 #include "platform/linux/gtk/do_events.h"
@@ -33,15 +34,15 @@ constexpr const char* kDefaultSearchService = "https://html.duckduckgo.com/html/
 
 }  // namespace
 
-LinuxDesktop::LinuxDesktop() : speech_(MakeSpeechOutput()) {
+LinuxDesktop::LinuxDesktop()
+    : speech_(MakeSpeechOutput()),
+      dialogs_(windows_, [this](const std::string& text, bool /*urgent*/) { Speak(text); }) {
   WindowTable::Entry root;
   root.class_name = "Root";
   root.text = [] { return std::string(kApplication); };
   windows_.Add(std::move(root));
-  message_box_ =
-      std::make_unique<MessageBoxQueue>(windows_, kApplication, [this](const std::string& text) {
-        if (SpeechIsWanted()) speech_->SpeakNow(text);
-      });
+  message_box_ = std::make_unique<MessageBoxQueue>(
+      windows_, kApplication, [this](const std::string& text) { Speak(text); });
   alerts_ = std::make_shared<PageAlerts>(windows_);
   engine_ = std::make_unique<WebEngine>(MakeEngineOptions());
   connections_ += speech_->Notified.Connect([this](const std::string& text) {
@@ -78,9 +79,18 @@ std::string LinuxDesktop::OwnSetting(const std::string& key, const std::string& 
   return settings_.GetSetting(kApplication, kSection, key, fallback);
 }
 
-// Message boxes speak for themselves, also when no character could be loaded;
-// not for a user who has switched speech off.
 bool LinuxDesktop::SpeechIsWanted() const { return OwnSetting("Speech", "False") == "True"; }
+
+// Dialogs speak for themselves, also when no character could be loaded; not for a
+// user who has switched speech off. Before the character has said anything, the
+// stored choices tell how the user wants it to sound.
+void LinuxDesktop::Speak(const std::string& text) {
+  if (!SpeechIsWanted()) return;
+  const auto choice = [this](const char* key) {
+    return static_cast<int>(number::leading(OwnSetting(key, "2")));
+  };
+  speech_->SpeakNow(text, {.pitch = 50 + 20 * choice("Pitch"), .speed = 50 + 50 * choice("Rate")});
+}
 
 std::unique_ptr<Form> LinuxDesktop::CreateForm(const std::string& name) {
   return std::make_unique<FormWindow>(name, windows_);

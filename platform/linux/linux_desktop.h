@@ -8,6 +8,7 @@
 #include "platform/linux/gtk/activation_hook.h"
 #include "platform/linux/gtk/clipboard.h"
 #include "platform/linux/gtk/message_box.h"
+#include "platform/linux/gtk/spoken_dialogs.h"
 #include "platform/linux/gtk/window_table.h"
 #include "platform/linux/page_alerts.h"
 #include "platform/linux/speech/speech_output.h"
@@ -65,6 +66,7 @@ class LinuxDesktop : public Desktop {
   EngineOptions MakeEngineOptions();
   std::string OwnSetting(const std::string& key, const std::string& fallback) const;
   bool SpeechIsWanted() const;
+  void Speak(const std::string& text);
   void QuitWhenNothingIsLeft();
   void TellNotices();
 
@@ -75,6 +77,7 @@ class LinuxDesktop : public Desktop {
   SystemClipboard clipboard_;
   std::unique_ptr<SpeechOutput> speech_;
   std::unique_ptr<MessageBoxQueue> message_box_;
+  SpokenDialogs dialogs_;  // the program's own questions
   std::shared_ptr<PageAlerts> alerts_;
   std::unique_ptr<WebEngine> engine_;
   bool running_ = false;

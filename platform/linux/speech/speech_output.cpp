@@ -72,7 +72,7 @@ int SpeechOutput::Speak(Utterance utterance, Begun begun, Ended ended) {
   request->begun = std::move(begun);
   request->ended = std::move(ended);
   last_style_ = request->utterance;
-  last_style_.text.clear();
+  last_style_->text.clear();
   const Utterance& asked = request->utterance;
   {
     const std::lock_guard lock(mutex_);
@@ -87,9 +87,9 @@ int SpeechOutput::Speak(Utterance utterance, Begun begun, Ended ended) {
   return request->id;
 }
 
-int SpeechOutput::SpeakNow(const std::string& text) {
+int SpeechOutput::SpeakNow(const std::string& text, Utterance first) {
   Stop();
-  Utterance utterance = last_style_;
+  Utterance utterance = last_style_.value_or(std::move(first));
   utterance.text = text;
   utterance.urgent = true;
   return Speak(std::move(utterance));

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 
@@ -18,7 +19,7 @@ namespace corvane::desktop {
 
 /// One text to be spoken.
 struct Utterance {
-  std::string text;  ///< UTF-8; shown in the transcript as it is
+  std::string text = {};  ///< UTF-8; shown in the transcript as it is
   int pitch = kPitchDefault;
   int speed = kSpeedDefault;
   bool urgent = false;     ///< only noted in the transcript
@@ -57,8 +58,9 @@ class SpeechOutput {
   int Speak(Utterance utterance, Begun begun = nullptr, Ended ended = nullptr);
 
   /// Silences everything and speaks `text` with the voice, pitch and speed last
-  /// used: for message boxes, which speak without any character.
-  int SpeakNow(const std::string& text);
+  /// used: for dialogs, which speak without any character. `first`: how to sound
+  /// when nothing has been spoken yet.
+  int SpeakNow(const std::string& text, Utterance first = {});
 
   /// Silence at once: empties the queue and what the device holds.
   void Stop();
@@ -82,7 +84,7 @@ class SpeechOutput {
   std::shared_ptr<Request> current_;
 
   int last_request_ = 0;
-  Utterance last_style_;
+  std::optional<Utterance> last_style_;
   SynthesizerMaker make_synthesizer_;
   LoopQueue loop_;
   std::unique_ptr<Transcript> transcript_;

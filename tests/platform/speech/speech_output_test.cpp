@@ -156,6 +156,18 @@ TEST_F(SpeechOutputTest, StopWithNothingToSayLeavesTheDeviceAlone) {
   EXPECT_EQ(audio_->Stops(), 0);
 }
 
+TEST_F(SpeechOutputTest, SpeakNowSoundsAsAskedWhileNothingHasBeenSpoken) {
+  Utterance first;
+  first.pitch = 110;
+  first.speed = 200;
+  speech_->SpeakNow("An error has occurred.", first);
+  Speak("last");
+  ASSERT_TRUE(RunLoopUntil([&] { return !events_.empty() && events_.back() == "last spoken"; }));
+  const auto entries = spoken_->Entries();
+  EXPECT_EQ(entries.at(0).style.pitch, 110);
+  EXPECT_EQ(entries.at(0).style.speed, 200);
+}
+
 TEST_F(SpeechOutputTest, SpeakNowSilencesTheRestAndKeepsTheVoiceInUse) {
   audio_->SetRoom(10);
   Utterance utterance = Plain("page text");
