@@ -27,6 +27,9 @@
 
 namespace corvane {
 
+class ImageList;
+class Shell;
+
 /// Indexes of the desktop's own colours, as its colour query numbers them.
 enum SystemColor : int { kColorButtonFace = 15, kColorButtonText = 18 };
 
@@ -47,6 +50,7 @@ class Desktop {
   virtual std::unique_ptr<ListBox> CreateListBox(const std::string& name) = 0;
   virtual std::unique_ptr<TextBox> CreateTextBox(const std::string& name) = 0;
   virtual std::unique_ptr<TreeView> CreateTreeView(const std::string& name) = 0;
+  virtual std::unique_ptr<ImageList> CreateImageList() = 0;
   virtual std::unique_ptr<WebBrowser> CreateWebBrowser(const std::string& name) = 0;
   virtual std::unique_ptr<Timer> CreateTimer() = 0;
   /// Makes the strip inside `parent`; empty when it cannot be made.
@@ -61,10 +65,14 @@ class Desktop {
   virtual Registry& GetRegistry() = 0;
   virtual FileSystem& GetFileSystem() = 0;
   virtual Clipboard& GetClipboard() = 0;
+  virtual Shell& GetShell() = 0;
 
   /// Lets events that are already waiting run, then returns. Handlers may
   /// re-enter the caller. May pass when it was called a moment ago.
   virtual void DoEvents() = 0;
+  /// Returns after so many milliseconds, in which events run. Handlers may
+  /// re-enter the caller.
+  virtual void Pause(int milliseconds) = 0;
   /// Twips that one pixel measures.
   virtual float TwipsPerPixel() const = 0;
   virtual std::uint32_t SysColor(SystemColor index) const = 0;

@@ -11,6 +11,7 @@
 #include "platform/linux/gtk/do_events.h"
 #include "platform/linux/gtk/elastic_frame.h"
 #include "platform/linux/gtk/form.h"
+#include "platform/linux/gtk/image_list.h"
 #include "platform/linux/gtk/list_box.h"
 #include "platform/linux/gtk/menu.h"
 #include "platform/linux/gtk/post.h"
@@ -21,6 +22,7 @@
 #include "platform/linux/gtk/text_box.h"
 #include "platform/linux/gtk/timer.h"
 #include "platform/linux/gtk/tree_view.h"
+#include "platform/linux/shell/file_shell.h"
 #include "platform/linux/speech/linux_agent.h"
 #include "platform/linux/web/history_folder.h"
 #include "platform/linux/web/webkit_browser.h"
@@ -43,6 +45,7 @@ LinuxDesktop::LinuxDesktop()
   windows_.Add(std::move(root));
   message_box_ = std::make_unique<MessageBoxQueue>(
       windows_, kApplication, [this](const std::string& text) { Speak(text); });
+  shell_ = std::make_unique<FileShell>(std::string(g_get_user_data_dir()) + "/corvane");
   alerts_ = std::make_shared<PageAlerts>(windows_);
   engine_ = std::make_unique<WebEngine>(MakeEngineOptions());
   connections_ += speech_->Notified.Connect([this](const std::string& text) {
@@ -121,6 +124,9 @@ std::unique_ptr<TextBox> LinuxDesktop::CreateTextBox(const std::string& name) {
 std::unique_ptr<TreeView> LinuxDesktop::CreateTreeView(const std::string& name) {
   return std::make_unique<TreeViewControl>(name, windows_);
 }
+std::unique_ptr<ImageList> LinuxDesktop::CreateImageList() {
+  return std::make_unique<PixbufList>();
+}
 std::unique_ptr<WebBrowser> LinuxDesktop::CreateWebBrowser(const std::string& name) {
   return std::make_unique<WebKitBrowser>(name, *engine_, windows_);
 }
@@ -137,7 +143,11 @@ std::unique_ptr<ActivationHook> LinuxDesktop::CreateActivationHook() {
   return std::make_unique<TableActivationHook>(windows_);
 }
 
+Shell& LinuxDesktop::GetShell() { return *shell_; }
+
 void LinuxDesktop::DoEvents() { RunPendingEvents(); }
+
+void LinuxDesktop::Pause(int milliseconds) { RunEventsFor(milliseconds); }
 
 float LinuxDesktop::TwipsPerPixel() const { return kTwipsPerPixel; }
 

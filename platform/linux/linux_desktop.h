@@ -17,6 +17,7 @@
 #include "platform/linux/store/ini_settings_store.h"
 #include "platform/linux/store/local_file_system.h"
 #include "platform/linux/web/web_engine.h"
+#include "platform/shell_folder.h"
 
 namespace corvane::desktop {
 
@@ -37,6 +38,7 @@ class LinuxDesktop : public Desktop {
   std::unique_ptr<ListBox> CreateListBox(const std::string& name) override;
   std::unique_ptr<TextBox> CreateTextBox(const std::string& name) override;
   std::unique_ptr<TreeView> CreateTreeView(const std::string& name) override;
+  std::unique_ptr<ImageList> CreateImageList() override;
   std::unique_ptr<WebBrowser> CreateWebBrowser(const std::string& name) override;
   std::unique_ptr<Timer> CreateTimer() override;
   std::unique_ptr<RebarWindow> CreateRebarWindow(ElasticFrame& parent, std::uint32_t style,
@@ -50,8 +52,10 @@ class LinuxDesktop : public Desktop {
   Registry& GetRegistry() override { return registry_; }
   FileSystem& GetFileSystem() override { return files_; }
   Clipboard& GetClipboard() override { return clipboard_; }
+  Shell& GetShell() override;
 
   void DoEvents() override;
+  void Pause(int milliseconds) override;
   float TwipsPerPixel() const override;
   std::uint32_t SysColor(SystemColor index) const override;
   bool StartedByAutomation() const override;
@@ -75,6 +79,7 @@ class LinuxDesktop : public Desktop {
   EngineRegistry registry_;
   LocalFileSystem files_;
   SystemClipboard clipboard_;
+  std::unique_ptr<Shell> shell_;
   std::unique_ptr<SpeechOutput> speech_;
   std::unique_ptr<MessageBoxQueue> message_box_;
   SpokenDialogs dialogs_;  // the program's own questions

@@ -171,40 +171,4 @@ class FakeTextBox : public FakeControl<TextBox> {
   std::string text;
 };
 
-class FakeTreeNode : public TreeNode {
- public:
-  std::string Text() const override { return text; }
-  std::string Tag() const override { return tag; }
-  void SetTag(const std::string& value) override { tag = value; }
-  std::size_t Children() const override { return children.size(); }
-  bool Expanded() const override { return expanded; }
-  void SetExpanded(bool value) override { expanded = value; }
-
-  std::string text;
-  std::string tag;
-  bool expanded = false;
-  std::vector<std::unique_ptr<FakeTreeNode>> children;
-};
-
-class FakeTreeView : public FakeControl<TreeView> {
- public:
-  using FakeControl::FakeControl;
-  TreeNode& Add(TreeNode* parent, const std::string& text) override {
-    auto node = std::make_unique<FakeTreeNode>();
-    node->text = text;
-    auto& siblings = parent == nullptr ? nodes : static_cast<FakeTreeNode*>(parent)->children;
-    siblings.push_back(std::move(node));
-    return *siblings.back();
-  }
-  void Clear() override {
-    nodes.clear();
-    selected = nullptr;
-  }
-  TreeNode* SelectedItem() const override { return selected; }
-  void SetSelectedItem(TreeNode* node) override { selected = node; }
-
-  std::vector<std::unique_ptr<FakeTreeNode>> nodes;
-  TreeNode* selected = nullptr;
-};
-
 }  // namespace corvane::fakes

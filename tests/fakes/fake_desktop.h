@@ -12,6 +12,8 @@
 #include "tests/fakes/fake_controls.h"
 #include "tests/fakes/fake_rich_text_box.h"
 #include "tests/fakes/fake_services.h"
+#include "tests/fakes/fake_shell.h"
+#include "tests/fakes/fake_tree.h"
 #include "tests/fakes/fake_web_browser.h"
 #include "tests/fakes/fake_windows.h"
 
@@ -153,6 +155,9 @@ class FakeDesktop : public Desktop {
   std::unique_ptr<ListBox> CreateListBox(const std::string& name) override;
   std::unique_ptr<TextBox> CreateTextBox(const std::string& name) override;
   std::unique_ptr<TreeView> CreateTreeView(const std::string& name) override;
+  std::unique_ptr<ImageList> CreateImageList() override {
+    return std::make_unique<FakeImageList>();
+  }
   std::unique_ptr<WebBrowser> CreateWebBrowser(const std::string& name) override;
   std::unique_ptr<Timer> CreateTimer() override;
   std::unique_ptr<RebarWindow> CreateRebarWindow(ElasticFrame& parent, std::uint32_t style,
@@ -166,10 +171,15 @@ class FakeDesktop : public Desktop {
   FakeRegistry& GetRegistry() override { return registry; }
   FakeFileSystem& GetFileSystem() override { return files; }
   FakeClipboard& GetClipboard() override { return clipboard; }
+  FakeShell& GetShell() override { return shell; }
 
   void DoEvents() override {
     ++yields;
     if (on_yield) on_yield();
+  }
+  void Pause(int milliseconds) override {
+    pauses.push_back(milliseconds);
+    DoEvents();
   }
   float TwipsPerPixel() const override { return 15; }
   std::uint32_t SysColor(SystemColor index) const override { return 0x100U + index; }
@@ -199,12 +209,14 @@ class FakeDesktop : public Desktop {
   FakeRegistry registry;
   FakeFileSystem files;
   FakeClipboard clipboard;
+  FakeShell shell;
   FakeAgent::Journal speech;
   std::vector<FakeTimer*> timers;  ///< in the order of their making
   FakeActivationHook* hook = nullptr;
   FakeRebarWindow* rebar = nullptr;
   std::string focus;  ///< the control that was focused last
   int yields = 0;
+  std::vector<int> pauses;
   std::function<void()> on_yield;
   bool by_automation = false;
   std::map<std::pair<std::string, std::type_index>, std::vector<void*>> living;

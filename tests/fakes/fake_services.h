@@ -77,7 +77,7 @@ class FakeRegistry : public Registry {
 class FakeFileSystem : public FileSystem {
  public:
   std::string ProgramFolder() const override { return program_folder; }
-  char Separator() const override { return '/'; }
+  char Separator() const override { return separator; }
   bool Exists(const std::string& path) const override { return files.count(path) != 0; }
   std::vector<std::string> ReadLines(const std::string& path) const override {
     if (unreadable) throw RunTimeError(kErrPermissionDenied, "FileSystem", "Permission denied");
@@ -93,6 +93,7 @@ class FakeFileSystem : public FileSystem {
   }
 
   std::string program_folder = "/opt/corvane";
+  char separator = '/';
   bool unreadable = false;
   std::map<std::string, std::vector<std::string>> files;
   std::map<std::tuple<std::string, std::string, std::string>, std::string> profile;

@@ -20,4 +20,17 @@ void RunPendingEvents() {
   last = g_get_monotonic_time();
 }
 
+void RunEventsFor(int milliseconds) {
+  bool over = false;
+  const guint source = g_timeout_add_full(
+      G_PRIORITY_HIGH, static_cast<guint>(milliseconds),
+      [](gpointer data) -> gboolean {
+        *static_cast<bool*>(data) = true;
+        return G_SOURCE_CONTINUE;
+      },
+      &over, nullptr);
+  while (!over) g_main_context_iteration(nullptr, TRUE);
+  g_source_remove(source);
+}
+
 }  // namespace corvane::desktop

@@ -8,4 +8,7 @@ namespace corvane::desktop {
 /// ended less than 4 ms ago, so that a caller may ask after every small step.
 void RunPendingEvents();
 
+/// Runs events for so many milliseconds and sleeps while there are none.
+void RunEventsFor(int milliseconds);
+
 }  // namespace corvane::desktop

@@ -1,5 +1,8 @@
 #include "platform/linux/gtk/tree_rows.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "platform/linux/gtk/text.h"
 #include "platform/linux/gtk/tree_view.h"
 
@@ -8,10 +11,24 @@ namespace {
 
 constexpr int kStamp = 1;  // marks iterators that mean a row
 
+TreeNodeId NextId() {
+  static TreeNodeId last = 0;
+  return ++last;
+}
+
+std::string UpToZero(const std::string& text) { return text.substr(0, text.find('\0')); }
+
 }  // namespace
 
-TreeRow::TreeRow(TreeViewControl& tree, TreeRow* parent, int index, const std::string& text)
-    : tree_(tree), parent_(parent), index_(index), text_(text), shown_(Valid(OnOneLine(text))) {}
+TreeRow::TreeRow(TreeViewControl& tree, TreeRow* parent, int index, const std::string& text,
+                 Images images)
+    : tree_(tree),
+      id_(NextId()),
+      parent_(parent),
+      index_(index),
+      text_(UpToZero(text)),
+      shown_(Valid(OnOneLine(text_))),
+      images_(images) {}
 
 Gtk::TreePath TreeRow::Path() const {
   Gtk::TreePath path;
@@ -19,37 +36,73 @@ Gtk::TreePath TreeRow::Path() const {
   return path;
 }
 
-bool TreeRow::Expanded() const { return tree_.View().row_expanded(Path()); }
+bool TreeRow::Expanded() const { return tree_.IsOpen(*this); }
 
 void TreeRow::SetExpanded(bool expanded) {
-  const auto path = Path();
-  if (!expanded) {
-    tree_.View().collapse_row(path);
-    return;
+  if (expanded) {
+    tree_.Open(*this);
+  } else {
+    tree_.Close(*this);
   }
-  tree_.View().expand_to_path(path);  // so that the row itself is one that can be opened
-  tree_.View().expand_row(path, false);
 }
 
 TreeRows::TreeRows() : Glib::ObjectBase(typeid(TreeRows)), Glib::Object() {}
 
 Glib::RefPtr<TreeRows> TreeRows::Create() { return Glib::RefPtr<TreeRows>(new TreeRows()); }
 
-TreeRow& TreeRows::Add(TreeViewControl& tree, TreeRow* parent, const std::string& text) {
-  auto& siblings = parent ? parent->children_ : roots_;
-  siblings.push_back(
-      std::make_unique<TreeRow>(tree, parent, static_cast<int>(siblings.size()), text));
-  auto& row = *siblings.back();
-  auto* model = GTK_TREE_MODEL(Glib::Object::gobj());
+void TreeRows::Tell(TreeRow& row, void (*what)(GtkTreeModel*, GtkTreePath*, GtkTreeIter*)) {
   GtkTreeIter iter{kStamp, &row, nullptr, nullptr};
   auto path = row.Path();
-  gtk_tree_model_row_inserted(model, path.gobj(), &iter);
-  if (parent && siblings.size() == 1) {
-    iter.user_data = parent;
-    path.up();
-    gtk_tree_model_row_has_child_toggled(model, path.gobj(), &iter);
-  }
+  what(GTK_TREE_MODEL(Glib::Object::gobj()), path.gobj(), &iter);
+}
+
+TreeRow& TreeRows::Add(TreeViewControl& tree, TreeRow* parent, const std::string& text,
+                       TreeRow::Images images) {
+  auto& siblings = parent ? parent->children_ : roots_;
+  siblings.push_back(
+      std::make_unique<TreeRow>(tree, parent, static_cast<int>(siblings.size()), text, images));
+  auto& row = *siblings.back();
+  by_id_[row.Id()] = &row;
+  Tell(row, &gtk_tree_model_row_inserted);
+  if (parent && siblings.size() == 1) Tell(*parent, &gtk_tree_model_row_has_child_toggled);
   return row;
+}
+
+void TreeRows::Remove(TreeRow& row) {
+  auto* parent = row.parent_;
+  auto path = row.Path();
+  auto& siblings = parent ? parent->children_ : roots_;
+  const auto at = siblings.begin() + row.index_;
+  const auto gone = std::move(*at);  // lives until everybody has been told
+  for (auto after = siblings.erase(at); after != siblings.end(); ++after) --(*after)->index_;
+  Forget(*gone);
+  gtk_tree_model_row_deleted(GTK_TREE_MODEL(Glib::Object::gobj()), path.gobj());
+  if (parent && parent->children_.empty()) Tell(*parent, &gtk_tree_model_row_has_child_toggled);
+}
+
+void TreeRows::Forget(const TreeRow& row) {
+  by_id_.erase(row.Id());
+  for (const auto& child : row.children_) Forget(*child);
+}
+
+void TreeRows::SetText(TreeRow& row, const std::string& text) {
+  row.text_ = UpToZero(text);
+  row.shown_ = Valid(OnOneLine(row.text_));
+  Tell(row, &gtk_tree_model_row_changed);
+}
+
+TreeRow* TreeRows::Find(TreeNodeId id) const {
+  const auto at = by_id_.find(id);
+  return at == by_id_.end() ? nullptr : at->second;
+}
+
+std::vector<TreeNode*> TreeRows::All() const {
+  std::vector<TreeNode*> all;
+  all.reserve(by_id_.size());
+  for (const auto& [id, row] : by_id_) all.push_back(row);
+  std::sort(all.begin(), all.end(),
+            [](const TreeNode* one, const TreeNode* other) { return one->Id() < other->Id(); });
+  return all;
 }
 
 TreeRow* TreeRows::RowAt(const Gtk::TreeIter& iter) {

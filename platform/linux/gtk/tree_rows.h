@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/tree_view.h"
@@ -16,26 +17,38 @@ class TreeRows;
 /// A TreeNode in a row of a TreeViewControl.
 class TreeRow : public TreeNode {
  public:
-  TreeRow(TreeViewControl& tree, TreeRow* parent, int index, const std::string& text);
+  /// The indexes of a row's pictures, 0 for none.
+  struct Images {
+    int usual = 0;
+    int selected = 0;
+  };
+  TreeRow(TreeViewControl& tree, TreeRow* parent, int index, const std::string& text,
+          Images images);
 
+  TreeNodeId Id() const override { return id_; }
   std::string Text() const override { return text_; }
   std::string Tag() const override { return tag_; }
   void SetTag(const std::string& tag) override { tag_ = tag; }
+  TreeNode* Parent() const override { return parent_; }
   std::size_t Children() const override { return children_.size(); }
+  TreeRow& Child(std::size_t index) const override { return *children_[index]; }
   bool Expanded() const override;
   void SetExpanded(bool expanded) override;
 
-  TreeRow& Child(std::size_t index) const { return *children_[index]; }
+  TreeRow* Above() const { return parent_; }
+  Images Pictures() const { return images_; }
   Gtk::TreePath Path() const;
 
  private:
   friend class TreeRows;
   TreeViewControl& tree_;
+  TreeNodeId id_;
   TreeRow* parent_;
   int index_;  // among its siblings
   std::string text_;
   Glib::ustring shown_;
   std::string tag_;
+  Images images_;
   std::vector<std::unique_ptr<TreeRow>> children_;
 };
 
@@ -47,7 +60,13 @@ class TreeRows : public Gtk::TreeModel, public Glib::Object {
  public:
   static Glib::RefPtr<TreeRows> Create();
 
-  TreeRow& Add(TreeViewControl& tree, TreeRow* parent, const std::string& text);
+  TreeRow& Add(TreeViewControl& tree, TreeRow* parent, const std::string& text,
+               TreeRow::Images images);
+  void Remove(TreeRow& row);
+  void SetText(TreeRow& row, const std::string& text);
+  TreeRow* Find(TreeNodeId id) const;
+  /// All rows, the one added first in front.
+  std::vector<TreeNode*> All() const;
   const std::vector<std::unique_ptr<TreeRow>>& Roots() const { return roots_; }
   static TreeRow* RowAt(const Gtk::TreeIter& iter);
 
@@ -73,8 +92,11 @@ class TreeRows : public Gtk::TreeModel, public Glib::Object {
     return parent ? parent->children_ : roots_;
   }
   static bool Set(iterator& iter, TreeRow* row);
+  void Tell(TreeRow& row, void (*what)(GtkTreeModel*, GtkTreePath*, GtkTreeIter*));
+  void Forget(const TreeRow& row);
 
   std::vector<std::unique_ptr<TreeRow>> roots_;
+  std::unordered_map<TreeNodeId, TreeRow*> by_id_;
 };
 
 }  // namespace corvane::desktop

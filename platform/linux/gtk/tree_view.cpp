@@ -1,15 +1,19 @@
 #include "platform/linux/gtk/tree_view.h"
 
-#include <gtkmm/cellrenderertext.h>
 #include <gtkmm/settings.h>
 
 #include <utility>
 
+#include "base/error.h"
+#include "platform/linux/gtk/post.h"
 #include "platform/linux/gtk/text.h"
 #include "platform/linux/gtk/virtual_key.h"
 
 namespace corvane::desktop {
 namespace {
+
+constexpr int kRowHeight = 26;  // pixels: room for a picture of 24
+constexpr int kErrElementNotFound = 35601;
 
 gunichar Folded(gunichar character) { return g_unichar_tolower(character); }
 
@@ -17,9 +21,15 @@ gunichar Folded(gunichar character) { return g_unichar_tolower(character); }
 
 TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows)
     : rows_(TreeRows::Create()) {
+  auto* picture = Gtk::make_managed<Gtk::CellRendererPixbuf>();
+  picture->set_fixed_size(-1, kRowHeight);
   auto* cell = Gtk::make_managed<Gtk::CellRendererText>();
   cell->property_ellipsize() = Pango::ELLIPSIZE_END;
   auto* column = Gtk::make_managed<Gtk::TreeViewColumn>();
+  column->pack_start(*picture, false);
+  column->set_cell_data_func(
+      *picture,
+      [this, picture](Gtk::CellRenderer*, const Gtk::TreeIter& at) { Draw(*picture, at); });
   column->pack_start(*cell, true);
   column->add_attribute(*cell, "text", 0);
   column->set_sizing(Gtk::TREE_VIEW_COLUMN_FIXED);
@@ -30,6 +40,7 @@ TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows)
   view_.set_fixed_height_mode(true);  // 10,000 children open at once without being measured
   view_.set_model(rows_);
   view_.show();
+  editor_.Attach(*column, *cell);
   scroll_.set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
   scroll_.set_vexpand(true);
   scroll_.add(view_);
@@ -37,7 +48,16 @@ TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows)
     const auto* node = SelectedItem();
     return node ? node->Text() : std::string();
   });
+  ListenToView();
+}
 
+// What the widgets tell as they go is no news.
+TreeViewControl::~TreeViewControl() {
+  showing_ = true;
+  *alive_ = false;
+}
+
+void TreeViewControl::ListenToView() {
   view_.get_selection()->signal_changed().connect([this] {
     if (showing_) return;
     if (auto* node = SelectedItem()) NodeClick.Raise(*node);
@@ -49,10 +69,77 @@ TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows)
         return false;
       },
       false);
+  // Asking for children may do anything to the tree, which the view does not
+  // bear while it opens a row itself: it is kept from it, and the row is opened
+  // afterwards.
+  view_.signal_test_expand_row().connect(
+      [this](const Gtk::TreeIter& at, const Gtk::TreePath&) {
+        if (showing_) return false;
+        ToggledOutside(at, true);
+        return true;
+      },
+      false);
+  view_.signal_test_collapse_row().connect(
+      [this](const Gtk::TreeIter& at, const Gtk::TreePath&) {
+        if (showing_) return false;
+        ToggledOutside(at, false);
+        return true;
+      },
+      false);
 }
 
-TreeNode& TreeViewControl::Add(TreeNode* parent, const std::string& text) {
-  return rows_->Add(*this, dynamic_cast<TreeRow*>(parent), text);
+void TreeViewControl::ToggledOutside(const Gtk::TreeIter& at, bool open) {
+  const auto* row = TreeRows::RowAt(at);
+  if (!row) return;
+  PostToLoop([this, alive = alive_, id = row->Id(), open] {
+    auto* still = *alive ? rows_->Find(id) : nullptr;
+    if (still && still->Expanded() != open) ToggleByUser(*still);
+  });
+}
+
+void TreeViewControl::ToggleByUser(TreeRow& row) {
+  const auto alive = alive_;
+  const TreeNodeId id = row.Id();
+  row.SetExpanded(!row.Expanded());
+  auto* still = *alive ? rows_->Find(id) : nullptr;
+  if (still) Toggled.Raise(*still);
+}
+
+void TreeViewControl::Open(TreeRow& row) {
+  if (row.Expanded()) return;
+  const auto alive = alive_;
+  const TreeNodeId id = row.Id();
+  Expand.Raise(row);
+  auto* still = *alive ? rows_->Find(id) : nullptr;
+  if (!still || still->Children() == 0) return;
+  const bool before = std::exchange(showing_, true);
+  view_.expand_to_path(still->Path());
+  showing_ = before;
+}
+
+bool TreeViewControl::IsOpen(const TreeRow& row) const {
+  return const_cast<Gtk::TreeView&>(view_).row_expanded(row.Path());
+}
+
+void TreeViewControl::Close(TreeRow& row) {
+  const bool before = std::exchange(showing_, true);
+  view_.collapse_row(row.Path());
+  showing_ = before;
+}
+
+TreeNode& TreeViewControl::Add(TreeNode* parent, const std::string& text, int image,
+                               int selected_image) {
+  const int known = images_ ? images_->Count() : 0;
+  if (image < 0 || image > known || selected_image < 0 || selected_image > known) {
+    throw RunTimeError(kErrElementNotFound, "TreeView", "Element not found");
+  }
+  return rows_->Add(*this, dynamic_cast<TreeRow*>(parent), text, {image, selected_image});
+}
+
+void TreeViewControl::Remove(TreeNode& node) {
+  const bool before = std::exchange(showing_, true);
+  rows_->Remove(dynamic_cast<TreeRow&>(node));
+  showing_ = before;
 }
 
 void TreeViewControl::Clear() {
@@ -60,6 +147,47 @@ void TreeViewControl::Clear() {
   rows_ = TreeRows::Create();
   view_.set_model(rows_);
   showing_ = before;
+}
+
+void TreeViewControl::SetImageList(const ImageList* images) {
+  images_ = dynamic_cast<const PixbufList*>(images);
+  view_.queue_draw();
+}
+
+void TreeViewControl::Draw(Gtk::CellRendererPixbuf& cell, const Gtk::TreeIter& at) const {
+  const auto* row = TreeRows::RowAt(at);
+  Glib::RefPtr<Gdk::Pixbuf> picture;
+  if (row && images_) {
+    const bool selected = row == SelectedItem();
+    picture = images_->Pixbuf(selected ? row->Pictures().selected : row->Pictures().usual);
+  }
+  cell.property_pixbuf() = picture;
+}
+
+void TreeViewControl::StartLabelEdit() {
+  auto* row = dynamic_cast<TreeRow*>(SelectedItem());
+  if (!row) return;
+  const auto alive = alive_;
+  const TreeNodeId id = row->Id();
+  bool cancel = false;
+  BeforeLabelEdit.Raise(cancel);
+  if (cancel || !*alive || rows_->Find(id) == nullptr) return;
+  edited_ = id;
+  editor_.Start(row->Path(), [this, alive](const std::string& text) {
+    if (*alive) Edited(text);
+  });
+}
+
+// The handlers ask for the selected node: it is the edited one, unless the tree
+// has become another meanwhile.
+void TreeViewControl::Edited(const std::string& text) {
+  const auto alive = alive_;
+  const TreeNodeId id = edited_;
+  if (SelectedItem() == nullptr || SelectedItem()->Id() != id) return;
+  bool cancel = false;
+  AfterLabelEdit.Raise(cancel, text);
+  auto* row = *alive && !cancel ? rows_->Find(id) : nullptr;
+  if (row) rows_->SetText(*row, text);
 }
 
 TreeNode* TreeViewControl::SelectedItem() const {
@@ -94,12 +222,12 @@ bool TreeViewControl::Key(const GdkEventKey& event) {
   if (key == kKeyRight) {
     if (node->Children() == 0) return true;
     if (node->Expanded()) return GoTo(node->Child(0).Path());
-    node->SetExpanded(true);
+    ToggleByUser(*node);
     return true;
   }
   if (key == kKeyLeft) {
     if (node->Expanded()) {
-      node->SetExpanded(false);
+      ToggleByUser(*node);
     } else if (path.up() && !path.empty()) {
       GoTo(path);
     }

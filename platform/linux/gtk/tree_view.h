@@ -1,10 +1,16 @@
 #pragma once
 
+#include <gtkmm/cellrendererpixbuf.h>
+#include <gtkmm/cellrenderertext.h>
 #include <gtkmm/scrolledwindow.h>
 #include <gtkmm/treeview.h>
 
+#include <memory>
 #include <string>
+#include <vector>
 
+#include "platform/linux/gtk/image_list.h"
+#include "platform/linux/gtk/label_editor.h"
 #include "platform/linux/gtk/tree_rows.h"
 #include "platform/linux/gtk/widget_control.h"
 #include "platform/tree_view.h"
@@ -18,18 +24,36 @@ namespace corvane::desktop {
 class TreeViewControl : public WidgetControl<TreeView> {
  public:
   TreeViewControl(const std::string& name, WindowTable& windows);
-  ~TreeViewControl() override { showing_ = true; }  // what the widgets tell as they go is no news
+  ~TreeViewControl() override;
   Gtk::Widget& widget() override { return scroll_; }
 
-  TreeNode& Add(TreeNode* parent, const std::string& text) override;
+  using TreeView::Add;
+  TreeNode& Add(TreeNode* parent, const std::string& text, int image, int selected_image) override;
+  void Remove(TreeNode& node) override;
   void Clear() override;
+  std::vector<TreeNode*> Nodes() const override { return rows_->All(); }
+  TreeNode* Find(TreeNodeId id) const override { return rows_->Find(id); }
   TreeNode* SelectedItem() const override;
   void SetSelectedItem(TreeNode* node) override;
+  void SetImageList(const ImageList* images) override;
+  void SetLabelEdit(LabelEdit mode) override { label_edit_ = mode; }
+  void StartLabelEdit() override;
+  /// Children are added while their node is closed, and a closed node's children
+  /// are not drawn: there is nothing to hold back.
+  void LockUpdate(bool) override {}
 
-  /// The toolkit's view, for the rows to open and close themselves.
-  Gtk::TreeView& View() { return view_; }
+  // For the rows.
+  bool IsOpen(const TreeRow& row) const;
+  /// Asks for the row's children and opens it, if both still exist then.
+  void Open(TreeRow& row);
+  void Close(TreeRow& row);
 
  private:
+  void Draw(Gtk::CellRendererPixbuf& cell, const Gtk::TreeIter& at) const;
+  void ListenToView();
+  void ToggleByUser(TreeRow& row);
+  void ToggledOutside(const Gtk::TreeIter& at, bool open);
+  void Edited(const std::string& text);
   bool Key(const GdkEventKey& event);
   bool GoTo(const Gtk::TreePath& path);
   bool FindLetter(gunichar letter);
@@ -38,8 +62,13 @@ class TreeViewControl : public WidgetControl<TreeView> {
   Glib::RefPtr<TreeRows> rows_;
   Gtk::ScrolledWindow scroll_;
   Gtk::TreeView view_;
+  LabelEditor editor_{view_};
+  const PixbufList* images_ = nullptr;
+  LabelEdit label_edit_ = LabelEdit::Automatic;
   bool showing_ = false;  // what the view tells now is our own doing
   guint32 last_press_ = 0;
+  TreeNodeId edited_ = 0;
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // to be watched
 };
 
 }  // namespace corvane::desktop

@@ -2,6 +2,8 @@
 
 #include <gdk/gdkkeysyms.h>
 
+#include "base/error.h"
+#include "platform/linux/gtk/image_list.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 namespace corvane::desktop {
@@ -149,6 +151,148 @@ TEST_F(TreeViewTest, TenThousandChildrenCanBeOpened) {
   tree_.SetSelectedItem(second_);
   Press(GDK_KEY_Right);
   EXPECT_EQ(tree_.SelectedItem()->Text(), "child 0");
+}
+
+TEST_F(TreeViewTest, ChildrenAreWantedBeforeANodeOpens) {
+  Fill();
+  std::vector<std::string> wanted;
+  listening_ += tree_.Expand.Connect([&](TreeNode& node) {
+    wanted.push_back(node.Text() + (node.Expanded() ? " open" : " closed"));
+    tree_.Remove(node.Child(0));
+    tree_.Add(&node, "made now");
+  });
+  listening_ += tree_.Toggled.Connect([this](TreeNode& node) {
+    log_.push_back(node.Text() + (node.Expanded() ? " opened" : " closed"));
+  });
+  Press(GDK_KEY_Right);
+  EXPECT_THAT(wanted, ElementsAre("alpha closed"));
+  Press(GDK_KEY_Right);
+  EXPECT_EQ(tree_.SelectedItem()->Text(), "made now");
+  Press(GDK_KEY_Left);
+  Press(GDK_KEY_Left);
+  EXPECT_THAT(log_, ElementsAre("alpha opened", "made now", "alpha", "alpha closed"));
+}
+
+TEST_F(TreeViewTest, NodeThatLosesItsChildrenStaysClosed) {
+  Fill();
+  listening_ += tree_.Expand.Connect([&](TreeNode& node) { tree_.Remove(node.Child(0)); });
+  first_->SetExpanded(true);
+  EXPECT_FALSE(first_->Expanded());
+  EXPECT_EQ(first_->Children(), 0U);
+}
+
+TEST_F(TreeViewTest, TreeMayBeReplacedWhileANodeOpens) {
+  Fill();
+  listening_ += tree_.Expand.Connect([&](TreeNode&) {
+    tree_.Clear();
+    tree_.Add(nullptr, "new");
+  });
+  Press(GDK_KEY_Right);
+  Settle();
+  ASSERT_EQ(tree_.Nodes().size(), 1U);
+  EXPECT_EQ(tree_.Nodes()[0]->Text(), "new");
+}
+
+TEST_F(TreeViewTest, OpenersOfThePointerAskForChildrenToo) {
+  Fill();
+  int wanted = 0;
+  listening_ += tree_.Expand.Connect([&](TreeNode&) { ++wanted; });
+  listening_ += tree_.Toggled.Connect([this](TreeNode& node) {
+    log_.push_back(node.Text() + (node.Expanded() ? " opened" : " closed"));
+  });
+  auto* view = dynamic_cast<Gtk::TreeView*>(window_.form.window().get_focus());
+  ASSERT_NE(view, nullptr);
+  view->expand_row(Gtk::TreePath("0"), false);  // as the view's own arrow does
+  WaitFor("the opening", [&] { return first_->Expanded(); });
+  EXPECT_EQ(wanted, 1);
+  view->collapse_row(Gtk::TreePath("0"));
+  WaitFor("the closing", [&] { return !first_->Expanded(); });
+  EXPECT_THAT(log_, ElementsAre("alpha opened", "alpha closed"));
+}
+
+TEST_F(TreeViewTest, RemovedNodeTakesItsDescendantsAlong) {
+  Fill();
+  const TreeNodeId child = child_->Id();
+  const TreeNodeId first = first_->Id();
+  tree_.SetSelectedItem(second_);
+  tree_.Remove(*first_);
+  EXPECT_EQ(tree_.Find(child), nullptr);
+  EXPECT_EQ(tree_.Find(first), nullptr);
+  EXPECT_EQ(tree_.Find(second_->Id()), second_);
+  EXPECT_EQ(tree_.SelectedItem(), second_);
+  tree_.Add(nullptr, "gamma");
+  Press(GDK_KEY_Down);
+  EXPECT_EQ(tree_.SelectedItem()->Text(), "gamma");
+  EXPECT_TRUE(tree_.Add(nullptr, "later").Id() > first) << "no identity comes twice";
+}
+
+TEST_F(TreeViewTest, NodesAreToldInTheOrderOfTheirAdding) {
+  Fill();
+  TreeNode& late = tree_.Add(first_, "late");
+  EXPECT_THAT(tree_.Nodes(), ElementsAre(first_, child_, second_, &late));
+  EXPECT_EQ(late.FullPath(), "alpha\\late");
+  EXPECT_EQ(late.Parent(), first_);
+}
+
+TEST_F(TreeViewTest, LabelEndsAtItsFirstZeroCharacter) {
+  EXPECT_EQ(tree_.Add(nullptr, std::string("Favorites\0", 10)).Text(), "Favorites");
+}
+
+TEST_F(TreeViewTest, PictureMustBeInTheList) {
+  PixbufList images;
+  EXPECT_THROW(tree_.Add(nullptr, "x", 1, 0), RunTimeError);
+  images.Add("1K", StockImage::Link);
+  tree_.SetImageList(&images);
+  tree_.Add(nullptr, "with a picture", 1, 1);
+  EXPECT_THROW(tree_.Add(nullptr, "x", 1, 2), RunTimeError);
+  EXPECT_THROW(tree_.Add(nullptr, "x", -1, 0), RunTimeError);
+  Settle();
+  tree_.SetImageList(nullptr);
+}
+
+TEST_F(TreeViewTest, LabelIsEditedInItsPlace) {
+  Fill();
+  std::string typed;
+  bool refuse = true;
+  listening_ += tree_.AfterLabelEdit.Connect([&](bool& cancel, const std::string& text) {
+    typed = text;
+    cancel = refuse;
+  });
+  listening_ += tree_.KeyUp.Connect([this](KeyEvent&) { log_.emplace_back("key of the tree"); });
+  const auto edit = [&] {
+    tree_.StartLabelEdit();
+    Settle();
+    for (const guint key : {'n', 'e', 'w'}) Key(*window_.form.window().get_focus(), key);
+    Key(*window_.form.window().get_focus(), GDK_KEY_Return);
+    Settle();
+  };
+  edit();
+  EXPECT_EQ(typed, "new");
+  EXPECT_EQ(first_->Text(), "alpha") << "refused";
+  refuse = false;
+  edit();
+  EXPECT_EQ(first_->Text(), "new");
+  EXPECT_TRUE(log_.empty()) << "keys of the editing are none of the tree's";
+}
+
+TEST_F(TreeViewTest, EditingCanBePreventedAndGivenUp) {
+  Fill();
+  bool prevent = true;
+  bool edited = false;
+  listening_ += tree_.BeforeLabelEdit.Connect([&](bool& cancel) { cancel = prevent; });
+  listening_ += tree_.AfterLabelEdit.Connect([&](bool&, const std::string&) { edited = true; });
+  auto* view = window_.form.window().get_focus();
+  tree_.StartLabelEdit();
+  Settle();
+  EXPECT_EQ(window_.form.window().get_focus(), view);
+  prevent = false;
+  tree_.StartLabelEdit();
+  Settle();
+  EXPECT_NE(window_.form.window().get_focus(), view);
+  Key(*window_.form.window().get_focus(), GDK_KEY_Escape);
+  Settle();
+  EXPECT_FALSE(edited);
+  EXPECT_EQ(first_->Text(), "alpha");
 }
 
 }  // namespace
