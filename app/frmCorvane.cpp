@@ -1,5 +1,6 @@
 #include "app/frmCorvane.h"
 
+#include "app/Application.h"
 #include "app/Multithread.h"
 #include "base/handling.h"
 #include "base/number.h"
@@ -63,6 +64,9 @@ void frmCorvane::Load() {
   parts_->connections += parts_->form->Unload.Connect([this] { Form_Unload(); });
   parts_->connections += desktop_.Notice.Connect(
       [this](const std::string& text) { parts_->sbStatusBar->SetPanelText(kNoticePanel, text); });
+  parts_->connections +=
+      parts_->ctlWebBrowser1.NewWindow().Connect([this] { ctlWebBrowser1_NewWindow(); });
+  parts_->connections += parts_->ctlWebBrowser1.WindowClosing().Connect([this] { Unload(); });
   process_.Loaded(shared_from_this());
   Form_Load();
 }
@@ -114,6 +118,12 @@ void frmCorvane::ISpeechNotify_Say(const std::string& Text, const bool& blnUrgen
     if (!Required(parts_).menu.mnuSpeech(kSpeechEnable).Checked()) return;
     Required(Required(service_).gMSAgent()).Say(Text, blnUrgent);
   });
+}
+
+// The words are urgent, so that the new page's own do not cut them off.
+void frmCorvane::ctlWebBrowser1_NewWindow() {
+  ErrorsIgnored([&] { Application(process_).StartBrowser(service_); },
+                [&] { Say("New window", true); });
 }
 
 void frmCorvane::MainApp_KeyboardEchoStatus(bool blnKeyboardEcho) {

@@ -62,6 +62,7 @@ class frmCorvane : public ISpeechNotify,
   void Load();
   void Form_Load();
   void Form_Unload();
+  void ctlWebBrowser1_NewWindow();
   void MainApp_KeyboardEchoStatus(bool blnKeyboardEcho);
   std::string Setting(const std::string& key, const std::string& fallback) const;
   std::int16_t PaneChoice(const std::string& key, const std::string& fallback) const;

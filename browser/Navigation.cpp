@@ -68,6 +68,8 @@ Navigation::Navigation(PaneContext& pane, PaneSettings& settings)
       c.brwWebBrowser->DownloadComplete.Connect([this] { brwWebBrowser_DownloadComplete(); });
   connections_ += c.brwWebBrowser->StatusTextChange.Connect(
       [this](const std::string& text) { brwWebBrowser_StatusTextChange(text); });
+  connections_ += c.brwWebBrowser->Announcement.Connect(
+      [this](const std::string& text) { pane_.announcer.AddAndSay(text); });
   connections_ +=
       pane_.menu.mnuOptions.Click.Connect([this](int index) { mnuOptions_Click(index); });
 }

@@ -24,7 +24,9 @@ PageReader::PageReader(PaneContext& pane, Navigation& navigation, LinksList& lin
 void PageReader::timTimer_Timer() {
   if (!firstTick_) {
     firstTick_ = true;
-    ErrorsIgnored([&] { navigation_.StartPage(); });
+    if (!pane_.controls.brwWebBrowser->OpenedByPage()) {
+      ErrorsIgnored([&] { navigation_.StartPage(); });
+    }
   }
   if (pane_.controls.brwWebBrowser->Busy()) {
     StillLoading();

@@ -51,6 +51,11 @@ class ctlWebBrowser {
   void mnuHome_Click(int index) { settings_.mnuHome_Click(index); }
   void mnuFocus_Click(int index) { settings_.mnuFocus_Click(index); }
 
+  /// A page opens a window; see WebBrowser::NewWindow.
+  Event<>& NewWindow() { return pane_.controls.brwWebBrowser->NewWindow; }
+  /// The page that opened this window is done with it.
+  Event<>& WindowClosing() { return pane_.controls.brwWebBrowser->WindowClosing; }
+
   /// One value of an Internet shortcut or other profile file, at most 126
   /// characters; empty when it is not there.
   std::string VBGetPrivateProfileString(const std::string& section, const std::string& key,

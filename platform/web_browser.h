@@ -40,11 +40,24 @@ class WebBrowser : public Control {
   /// The present page's document; empty before the first page.
   virtual HTMLDocumentPtr Document() const = 0;
 
+  /// A page has opened this control for a page of its own, which comes by itself:
+  /// the control is not to be sent anywhere at its start.
+  virtual bool OpenedByPage() const = 0;
+
   Event<> DownloadBegin;
   Event<> DownloadComplete;
   /// What a status bar shows: the link under pointer or focus, loading, whether
   /// the connection is secure.
   Event<const std::string&> StatusTextChange;
+  /// A sentence of the program's own about the page that the user is to hear now.
+  /// However often pages give cause for it, it does not come often.
+  Event<const std::string&> Announcement;
+  /// A page, and with it the user, opens a window. The next control that is made
+  /// while this is raised shows the page; without one it never appears.
+  Event<> NewWindow;
+  /// The page that opened this control is done with it: its window may close. Not
+  /// raised from inside a call of the control.
+  Event<> WindowClosing;
 };
 
 }  // namespace corvane

@@ -26,6 +26,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   std::string LocationName() const override { return location_name; }
   bool Busy() const override { return busy; }
   HTMLDocumentPtr Document() const override { return document; }
+  bool OpenedByPage() const override { return opened_by_page; }
 
   /// The page begins to load.
   void Begin() {
@@ -45,6 +46,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   std::string location_url;
   std::string location_name;
   bool busy = false;
+  bool opened_by_page = false;
   HTMLDocumentPtr document;
 
  private:

@@ -51,27 +51,13 @@ void EngineView::ConnectView() {
       view, "decide-policy",
       G_CALLBACK(+[](WebKitWebView*, WebKitPolicyDecision* decision, WebKitPolicyDecisionType type,
                      gpointer self) -> gboolean { return ViewOf(self).OnPolicy(decision, type); }));
-  connect(view, "create",
-          G_CALLBACK(
-              +[](WebKitWebView*, WebKitNavigationAction* action, gpointer self) -> WebKitWebView* {
-                // A script opens a window. Where the user asked for it, it opens here.
-                WebKitURIRequest* request = webkit_navigation_action_get_request(action);
-                const std::string address = Text(webkit_uri_request_get_uri(request));
-                const bool is_web = address.starts_with("http:") || address.starts_with("https:");
-                if (is_web && webkit_navigation_action_is_user_gesture(action)) {
-                  webkit_web_view_load_request(ViewOf(self).View(), request);
-                }
-                return nullptr;
-              }));
-  connect(view, "script-dialog",
-          G_CALLBACK(+[](WebKitWebView*, WebKitScriptDialog* dialog, gpointer self) -> gboolean {
-            ViewOf(self).dialogs_->Show(dialog);
-            return TRUE;
-          }));
-  connect(view, "permission-request",
-          G_CALLBACK(+[](WebKitWebView*, WebKitPermissionRequest* request, gpointer) -> gboolean {
-            webkit_permission_request_deny(request);
-            return TRUE;
+  connect(
+      view, "create",
+      G_CALLBACK(+[](WebKitWebView*, WebKitNavigationAction* action,
+                     gpointer self) -> WebKitWebView* { return ViewOf(self).OnCreate(action); }));
+  connect(view, "close", G_CALLBACK(+[](WebKitWebView*, gpointer self) {
+            EngineView& page = ViewOf(self);
+            if (page.opened_by_page_) page.opening_.Start(0, [&page] { page.listener_.close(); });
           }));
   connect(view, "web-process-terminated",
           G_CALLBACK(+[](WebKitWebView*, WebKitWebProcessTerminationReason reason, gpointer self) {
@@ -114,6 +100,7 @@ bool EngineView::KeepFromHungPage(GdkEventKey& event) {
 }
 
 void EngineView::OnInput() {
+  requests_->UserActed();
   // The watchdog asks after the page has been given the event, not before.
   input_.Start(0, [this] {
     if (!dialog_open_) watchdog_.Watch();
@@ -141,7 +128,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
       watchdog_.Reset();
       watchdog_.Watch();
       reader_->Forget();
-      dialogs_->Reset();
+      requests_->PageChanged();
       document_is_present_ = false;
       problem_ = std::exchange(coming_problem_, std::nullopt);
       address_ = Text(webkit_web_view_get_uri(view_.get()));
@@ -206,7 +193,8 @@ void EngineView::OnIdle() {
 }
 
 bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type) {
-  const std::string requested = navigation_.Waiting() ? requested_ : "";
+  const bool waits = navigation_.Waiting() || (opened_by_page_ && address_.empty());
+  const std::string requested = waits ? requested_ : "";
   const Verdict verdict = Judge(decision, type, {address_, requested});
   // A search by one of our own pages goes to the service, unless that failed just now.
   const bool searches = type == WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION &&
@@ -216,12 +204,33 @@ bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionTy
   webkit_policy_decision_ignore(decision);
   if (searches) {
     LoadSearch(verdict.address);
-  } else if (verdict.kind == Verdict::Kind::LoadHere) {
-    webkit_web_view_load_uri(view_.get(), verdict.address.c_str());
+  } else if (verdict.kind == Verdict::Kind::Outside) {
+    requests_->OpenOutside(verdict.address, verdict.user_gesture);
   } else if (verdict.kind == Verdict::Kind::NotAPage) {
     ShowProblem(FileProblem(verdict.address, verdict.content_type));
   }
   return true;
+}
+
+WebKitWebView* EngineView::OnCreate(WebKitNavigationAction* action) {
+  const Verdict verdict = JudgeNewWindow(action, {address_, ""});
+  if (verdict.kind == Verdict::Kind::Outside) {
+    requests_->OpenOutside(verdict.address, verdict.user_gesture);
+    return nullptr;
+  }
+  if (verdict.kind != Verdict::Kind::Use) return nullptr;
+  if (!requests_->MayOpenWindow(verdict.user_gesture)) return nullptr;
+  auto opened = std::make_unique<EngineView>(engine_, Listener(), this);
+  opened->requested_ = verdict.address;
+  WebKitWebView* view = opened->View();
+  engine_.Offer(std::move(opened));
+  // The engine still waits for the answer. Nobody who wants the view: it goes.
+  opening_.Start(0, [this] {
+    WebEngine& engine = engine_;
+    listener_.new_window();
+    engine.TakeOffered().reset();
+  });
+  return view;
 }
 
 void EngineView::OnPointer(WebKitHitTestResult* target) {

@@ -34,30 +34,28 @@ bool HasLink(const HTMLDocument& document, const std::string& address) {
                      [&](const auto& frame) { return HasLink(*frame, address); });
 }
 
-WebKitWebView* MakeView(WebEngine& engine) {
+/// `opener`: the view whose page opens this one, or null.
+WebKitWebView* MakeView(WebEngine& engine, WebKitWebView* opener) {
   const ObjectPtr<WebKitUserContentManager> content(webkit_user_content_manager_new());
-  return WEBKIT_WEB_VIEW(g_object_ref_sink(
-      g_object_new(WEBKIT_TYPE_WEB_VIEW, "web-context", engine.Context(), "settings",
-                   engine.Settings(), "user-content-manager", content.get(), nullptr)));
+  const auto make = [&](const char* property, gpointer value) {
+    return WEBKIT_WEB_VIEW(g_object_ref_sink(
+        g_object_new(WEBKIT_TYPE_WEB_VIEW, property, value, "settings", engine.Settings(),
+                     "user-content-manager", content.get(), nullptr)));
+  };
+  if (opener != nullptr) return make("related-view", opener);
+  return make("web-context", engine.Context());
 }
 
 }  // namespace
 
-EngineView::EngineView(WebEngine& engine, Listener listener)
+EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
     : engine_(engine),
       listener_(std::move(listener)),
-      view_(MakeView(engine)),
+      view_(MakeView(engine, opener == nullptr ? nullptr : opener->View())),
       navigation_([this] { listener_.begin(); }, [this] { listener_.complete(); }),
       reader_(std::make_unique<PageReader>(view_.get(),
                                            [this](const std::string& href) { ShowStatus(href); })),
-      dialogs_(std::make_unique<PageDialogs>(
-          engine.Options().dialogs,
-          [this](bool open) {
-            dialog_open_ = open;  // a page that waits for the user does not hang
-            watchdog_.Reset();
-            if (!open) watchdog_.Watch();
-          },
-          [this](const std::string& text) { ShowStatus(text); })),
+      requests_(std::make_unique<PageRequests>(engine, view_.get(), RequestsHost())),
       watchdog_(
           engine.Options().hang,
           [this](Watchdog::Answer answer) {
@@ -70,7 +68,8 @@ EngineView::EngineView(WebEngine& engine, Listener listener)
             ShowStatus("The page does not answer. Press Stop to close it.");
           },
           [this] { EndHungPage(); }),
-      self_(std::make_shared<EngineView*>(this)) {
+      self_(std::make_shared<EngineView*>(this)),
+      opened_by_page_(opener != nullptr) {
   ConnectView();
   ApplyPreferences();
   connections_ += engine_.PreferencesChanged.Connect([this] { ApplyPreferences(); });
@@ -83,8 +82,38 @@ EngineView::EngineView(WebEngine& engine, Listener listener)
 
 EngineView::~EngineView() {
   g_signal_handlers_disconnect_by_data(view_.get(), this);
+  requests_.reset();
   reader_.reset();
   gtk_widget_destroy(GTK_WIDGET(view_.get()));
+}
+
+PageRequests::Host EngineView::RequestsHost() {
+  return {[this] { return address_; }, [this](const std::string& text) { ShowStatus(text); },
+          [this](const std::string& sentence) { listener_.say(sentence); },
+          [this](bool open) {
+            dialog_open_ = open;  // a page that waits for the user does not hang
+            watchdog_.Reset();
+            if (!open) watchdog_.Watch();
+          },
+          [this] { StayOnPage(); }};
+}
+
+void EngineView::TakeOver(Listener listener) {
+  listener_ = std::move(listener);
+  if (Busy()) return listener_.begin();
+  if (webkit_web_view_is_loading(view_.get())) return;
+  // Read already, or a page without an address that its opener fills.
+  navigation_.Requested();
+  navigation_.Started();
+  if (navigation_.Idle()) StartReading();
+}
+
+void EngineView::StayOnPage() {
+  requested_.clear();
+  asked_for_.clear();
+  fallback_.clear();
+  stays_ = true;
+  if (navigation_.Idle()) StartReading();
 }
 
 void EngineView::ApplyPreferences() {
@@ -94,6 +123,7 @@ void EngineView::ApplyPreferences() {
 // --- going somewhere ---------------------------------------------------------
 
 void EngineView::Navigate(const std::string& typed) {
+  requests_->UserAskedForPage();
   // A link that runs a script of its page is followed there; typed out of the
   // blue, the same text is refused.
   if (IsScript(typed) && document_is_present_ && HasLink(*document_, typed)) {
@@ -101,6 +131,9 @@ void EngineView::Navigate(const std::string& typed) {
     return Evaluate(view_.get(), call, nullptr, [](const auto&) {});
   }
   const TypedAddress target = ResolveTyped(typed, engine_.Options().home_directory);
+  if (!target.outside.empty() && engine_.Options().programs->CanOpen(SchemeOf(target.outside))) {
+    return requests_->OpenOutside(target.outside, true);
+  }
   if (target.problem) {
     navigation_.Requested();
     return ShowProblem(*target.problem);
@@ -151,6 +184,7 @@ void EngineView::GoHome() { Navigate(engine_.Options().start_page()); }
 
 void EngineView::Refresh() {
   if (address_.empty() && requested_.empty()) return;
+  requests_->UserAskedForPage();
   navigation_.Requested();
   if (problem_) {
     const TypedAddress target = ResolveTyped(problem_->address, engine_.Options().home_directory);
@@ -196,7 +230,7 @@ void EngineView::EndHungPage() {
 
 void EngineView::OnProcessGone(WebKitWebProcessTerminationReason reason) {
   watchdog_.Reset();
-  dialogs_->Reset();
+  requests_->PageChanged();
   const bool hung = std::exchange(hung_, false);
   const std::string address = navigation_.Waiting() || address_.empty() ? requested_ : address_;
   const Problem problem =
@@ -233,7 +267,9 @@ void EngineView::FinishReading(HTMLDocumentPtr document) {
   document_ = std::move(document);
   document_is_present_ = true;
   stopping_ = false;
-  OnAddressChanged();  // back within the page, or stopped before the next one
+  // Back within the page, or stopped before the next one. Where the user has
+  // stayed, the engine still names the page that was refused.
+  if (!std::exchange(stays_, false)) OnAddressChanged();
   if (!problem_) crashes_ = 0;
 
   if (!problem_ && address_.starts_with("https:")) {

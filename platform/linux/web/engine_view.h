@@ -10,9 +10,9 @@
 #include "platform/html_document.h"
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/navigation.h"
-#include "platform/linux/web/page_dialogs.h"
 #include "platform/linux/web/page_policy.h"
 #include "platform/linux/web/page_reader.h"
+#include "platform/linux/web/page_requests.h"
 #include "platform/linux/web/problem.h"
 #include "platform/linux/web/watchdog.h"
 #include "platform/linux/web/web_engine.h"
@@ -24,17 +24,28 @@ namespace corvane::desktop {
 class EngineView {
  public:
   struct Listener {
-    std::function<void()> begin;
-    std::function<void()> complete;
-    std::function<void(const std::string&)> status;
+    std::function<void()> begin = [] {};
+    std::function<void()> complete = [] {};
+    std::function<void(const std::string&)> status = [](const auto&) {};
+    /// A sentence of the program's own that the user is to hear.
+    std::function<void(const std::string&)> say = [](const auto&) {};
+    /// A page has opened a window: its view waits at the engine until this returns.
+    std::function<void()> new_window = [] {};
+    /// The page, which another one has opened, wants its window closed.
+    std::function<void()> close = [] {};
   };
 
-  EngineView(WebEngine& engine, Listener listener);
+  /// `opener`: the view whose page opens this one; null for a view of its own.
+  EngineView(WebEngine& engine, Listener listener, EngineView* opener = nullptr);
   ~EngineView();
   EngineView(const EngineView&) = delete;
   EngineView& operator=(const EngineView&) = delete;
 
   WebKitWebView* View() const { return view_.get(); }
+  bool OpenedByPage() const { return opened_by_page_; }
+  /// Takes over a view that has been at work already: what it has reported so far
+  /// is reported again.
+  void TakeOver(Listener listener);
 
   void Navigate(const std::string& typed);
   void GoBack();
@@ -59,6 +70,7 @@ class EngineView {
   void OnAddressChanged();
   void OnIdle();
   bool OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type);
+  WebKitWebView* OnCreate(WebKitNavigationAction* action);
   void OnProcessGone(WebKitWebProcessTerminationReason reason);
   void OnPointer(WebKitHitTestResult* target);
   void OnInput();
@@ -72,13 +84,15 @@ class EngineView {
   void EndHungPage();
   void ShowStatus(const std::string& text);
   void ApplyPreferences();
+  void StayOnPage();
+  PageRequests::Host RequestsHost();
 
   WebEngine& engine_;
   Listener listener_;
   ObjectPtr<WebKitWebView> view_;
   Navigation navigation_;
   std::unique_ptr<PageReader> reader_;
-  std::unique_ptr<PageDialogs> dialogs_;
+  std::unique_ptr<PageRequests> requests_;
   Watchdog watchdog_;
   Connections connections_;
   std::shared_ptr<EngineView*> self_;  // answers that come after the view find it gone
@@ -91,13 +105,16 @@ class EngineView {
   bool document_is_present_ = false;  // it is of the page shown
   std::optional<Problem> problem_;    // the page shown is this problem's
   std::optional<Problem> coming_problem_;
+  const bool opened_by_page_;
   bool dialog_open_ = false;
   bool stopping_ = false;
+  bool stays_ = false;  // the user has just refused to leave the page
   bool hung_ = false;
   int crashes_ = 0;  // since a page was last read
   std::string base_status_;
-  Delay idle_;   // a look at whether anything still loads
-  Delay input_;  // the watchdog's look after a key or a click
+  Delay idle_;     // a look at whether anything still loads
+  Delay input_;    // the watchdog's look after a key or a click
+  Delay opening_;  // of a window that the page wants, or closing of its own
 };
 
 }  // namespace corvane::desktop

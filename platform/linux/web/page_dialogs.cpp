@@ -1,6 +1,5 @@
 #include "platform/linux/web/page_dialogs.h"
 
-#include <optional>
 #include <utility>
 
 #include "platform/linux/web/gobject.h"
@@ -10,34 +9,24 @@ namespace corvane::desktop {
 namespace {
 
 constexpr int kMostAlerts = 5;
-constexpr gint64 kShortTime = 60 * G_USEC_PER_SEC;
+constexpr int kShortTime = 60;  // seconds
 constexpr std::size_t kLongestMessage = 10'000;
+
+std::string MessageOf(WebKitScriptDialog* dialog) {
+  return Shorten(Text(webkit_script_dialog_get_message(dialog)), kLongestMessage);
+}
 
 }  // namespace
 
-PageDialogs::PageDialogs(std::shared_ptr<ScriptDialogs> dialogs, std::function<void(bool)> open,
-                         std::function<void(const std::string&)> notice)
-    : dialogs_(std::move(dialogs)),
-      open_(std::move(open)),
-      notice_(std::move(notice)),
-      self_(std::make_shared<PageDialogs*>(this)) {}
+PageDialogs::PageDialogs(std::shared_ptr<ScriptDialogs> alerts, QuestionDesk& desk,
+                         Listener listener)
+    : alerts_(std::move(alerts)),
+      desk_(desk),
+      listener_(std::move(listener)),
+      self_(std::make_shared<PageDialogs*>(this)),
+      allowance_(kMostAlerts, kShortTime) {}
 
-void PageDialogs::Reset() {
-  alerts_ = 0;
-  muted_ = false;
-}
-
-bool PageDialogs::MayAlert() {
-  if (muted_) return false;
-  const gint64 now = g_get_monotonic_time();
-  if (alerts_ == 0 || now - first_alert_ > kShortTime) {
-    alerts_ = 0;
-    first_alert_ = now;
-  }
-  muted_ = ++alerts_ > kMostAlerts;
-  if (muted_) notice_("This page shows too many messages. No more of them are shown.");
-  return !muted_;
-}
+void PageDialogs::Reset() { allowance_.Reset(); }
 
 /// A dialog that holds its page. Closing it, or forgetting it, lets the page go on.
 class PageDialogs::Held {
@@ -48,7 +37,14 @@ class PageDialogs::Held {
   Held(const Held&) = delete;
   Held& operator=(const Held&) = delete;
 
-  WebKitScriptDialog* dialog() const { return dialog_; }  ///< null once closed
+  void Confirm(bool yes) {
+    if (dialog_ != nullptr) webkit_script_dialog_confirm_set_confirmed(dialog_, yes);
+    Close();
+  }
+  void Enter(const std::string& text) {
+    if (dialog_ != nullptr) webkit_script_dialog_prompt_set_text(dialog_, text.c_str());
+    Close();
+  }
   void Close() {
     WebKitScriptDialog* dialog = std::exchange(dialog_, nullptr);
     if (dialog == nullptr) return;
@@ -59,53 +55,71 @@ class PageDialogs::Held {
   }
 
  private:
-  WebKitScriptDialog* dialog_;
+  WebKitScriptDialog* dialog_;  // null once closed
   std::weak_ptr<PageDialogs*> owner_;
 };
 
 std::shared_ptr<PageDialogs::Held> PageDialogs::Hold(WebKitScriptDialog* dialog) {
-  if (open_count_++ == 0) open_(true);
+  if (open_count_++ == 0) listener_.open(true);
   return std::make_shared<Held>(dialog, self_);
 }
 
 void PageDialogs::Closed() {
-  if (--open_count_ == 0) open_(false);
+  if (--open_count_ == 0) listener_.open(false);
+}
+
+void PageDialogs::Show(WebKitScriptDialog* dialog, const std::string& site) {
+  const auto type = webkit_script_dialog_get_dialog_type(dialog);
+  if (type == WEBKIT_SCRIPT_DIALOG_BEFORE_UNLOAD_CONFIRM) return ShowBeforeUnload(dialog, site);
+  if (!allowance_.Take()) {  // returning lets the page go on
+    return listener_.tell("This page shows too many messages. No more of them are shown.");
+  }
+  if (type == WEBKIT_SCRIPT_DIALOG_ALERT) return ShowAlert(dialog);
+  if (type == WEBKIT_SCRIPT_DIALOG_CONFIRM) return ShowConfirm(dialog, site);
+  ShowPrompt(dialog, site);
 }
 
 void PageDialogs::ShowAlert(WebKitScriptDialog* dialog) {
-  if (!MayAlert()) return;  // returning lets the page go on
-  const std::string text = Shorten(Text(webkit_script_dialog_get_message(dialog)), kLongestMessage);
-  if (!dialogs_) return notice_(text);
-  dialogs_->ShowAlert(text, [held = Hold(dialog)] { held->Close(); });
+  const std::string text = MessageOf(dialog);
+  if (!alerts_) return listener_.status(text);
+  alerts_->ShowAlert(text, [held = Hold(dialog)] { held->Close(); });
 }
 
-void PageDialogs::Show(WebKitScriptDialog* dialog) {
-  const auto type = webkit_script_dialog_get_dialog_type(dialog);
-  if (type == WEBKIT_SCRIPT_DIALOG_ALERT) return ShowAlert(dialog);
-  const std::string text = Shorten(Text(webkit_script_dialog_get_message(dialog)), kLongestMessage);
-  if (!dialogs_) {
-    if (type != WEBKIT_SCRIPT_DIALOG_PROMPT) {
-      webkit_script_dialog_confirm_set_confirmed(
-          dialog, type == WEBKIT_SCRIPT_DIALOG_BEFORE_UNLOAD_CONFIRM);
-    }
-    return;
-  }
-  const auto held = Hold(dialog);
-  auto answer = [held](bool yes) {
-    if (held->dialog() != nullptr) webkit_script_dialog_confirm_set_confirmed(held->dialog(), yes);
-    held->Close();
-  };
-  if (type == WEBKIT_SCRIPT_DIALOG_CONFIRM) return dialogs_->ShowConfirm(text, std::move(answer));
-  if (type == WEBKIT_SCRIPT_DIALOG_BEFORE_UNLOAD_CONFIRM) {
-    return dialogs_->ShowBeforeUnload(text, std::move(answer));
-  }
-  dialogs_->ShowPrompt(text, Text(webkit_script_dialog_prompt_get_default_text(dialog)),
-                       [held](std::optional<std::string> typed) {
-                         if (typed && held->dialog() != nullptr) {
-                           webkit_script_dialog_prompt_set_text(held->dialog(), typed->c_str());
-                         }
-                         held->Close();
-                       });
+void PageDialogs::ShowConfirm(WebKitScriptDialog* dialog, const std::string& site) {
+  desk_.Ask(
+      QuestionDesk::Asker::Page, {"Question of " + site, MessageOf(dialog), {}, {"&OK", "&Cancel"}},
+      [held = Hold(dialog)](const auto& reply) { held->Confirm(reply && reply->button == 0); });
+}
+
+void PageDialogs::ShowPrompt(WebKitScriptDialog* dialog, const std::string& site) {
+  const std::string preset = Text(webkit_script_dialog_prompt_get_default_text(dialog));
+  desk_.Ask(QuestionDesk::Asker::Page,
+            {"Question of " + site,
+             MessageOf(dialog),
+             {{"Answer", Shorten(preset, kLongestMessage)}},
+             {"&OK", "&Cancel"}},
+            [held = Hold(dialog)](const auto& reply) {
+              if (reply && reply->button == 0) return held->Enter(reply->values.at(0));
+              held->Close();
+            });
+}
+
+// The page's own words are not shown: they were used to frighten people into
+// staying.
+void PageDialogs::ShowBeforeUnload(WebKitScriptDialog* dialog, const std::string& site) {
+  desk_.Ask(QuestionDesk::Asker::Page,
+            {"Leave this page?",
+             "The page " + site +
+                 " asks whether you want to leave it. What you have entered there "
+                 "may be lost.",
+             {},
+             {"&Leave", "&Stay"}},
+            [held = Hold(dialog), owner = std::weak_ptr(self_)](const auto& reply) {
+              const bool leaves = !reply || reply->button == 0;
+              held->Confirm(leaves);
+              const auto self = owner.lock();
+              if (!leaves && self) (*self)->listener_.stay();
+            });
 }
 
 }  // namespace corvane::desktop

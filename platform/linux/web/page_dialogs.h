@@ -6,40 +6,51 @@
 #include <memory>
 #include <string>
 
+#include "platform/linux/web/allowance.h"
+#include "platform/linux/web/question_desk.h"
 #include "platform/linux/web/script_dialogs.h"
 
 namespace corvane::desktop {
 
-/// Hands a page's dialogs to the ScriptDialogs. A page that shows alert after
-/// alert cannot hold the user: after a few in a short time the rest of that
-/// page's alerts do not appear.
+/// Shows the dialogs of a page's scripts: alerts through the ScriptDialogs,
+/// confirm, prompt and the question whether the page may be left as questions. A
+/// page that shows one after the other cannot hold the user: after a few in a
+/// short time the rest do not appear, and are answered as if Escape was pressed.
 class PageDialogs {
  public:
-  /// `open` is told whether a dialog holds the page now; `notice` gets a text for
-  /// the status bar.
-  PageDialogs(std::shared_ptr<ScriptDialogs> dialogs, std::function<void(bool)> open,
-              std::function<void(const std::string&)> notice);
+  struct Listener {
+    /// Whether a dialog holds the page now.
+    std::function<void(bool)> open;
+    /// A text for the status bar.
+    std::function<void(const std::string&)> status;
+    /// A sentence that the user must hear.
+    std::function<void(const std::string&)> tell;
+    /// The user does not want to leave the page.
+    std::function<void()> stay;
+  };
+
+  PageDialogs(std::shared_ptr<ScriptDialogs> alerts, QuestionDesk& desk, Listener listener);
 
   /// Another page is shown: its alerts count anew.
   void Reset();
-  void Show(WebKitScriptDialog* dialog);
+  /// `site` is what people call the page's site.
+  void Show(WebKitScriptDialog* dialog, const std::string& site);
 
  private:
   void ShowAlert(WebKitScriptDialog* dialog);
-  /// Whether the page may show one more alert now.
-  bool MayAlert();
+  void ShowConfirm(WebKitScriptDialog* dialog, const std::string& site);
+  void ShowPrompt(WebKitScriptDialog* dialog, const std::string& site);
+  void ShowBeforeUnload(WebKitScriptDialog* dialog, const std::string& site);
   class Held;
   std::shared_ptr<Held> Hold(WebKitScriptDialog* dialog);
   void Closed();
 
-  std::shared_ptr<ScriptDialogs> dialogs_;
-  std::function<void(bool)> open_;
-  std::function<void(const std::string&)> notice_;
+  std::shared_ptr<ScriptDialogs> alerts_;
+  QuestionDesk& desk_;
+  Listener listener_;
   std::shared_ptr<PageDialogs*> self_;  // dialogs closed later find the object gone
   int open_count_ = 0;
-  int alerts_ = 0;
-  gint64 first_alert_ = 0;  // microseconds
-  bool muted_ = false;
+  Allowance allowance_;
 };
 
 }  // namespace corvane::desktop

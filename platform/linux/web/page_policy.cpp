@@ -3,6 +3,7 @@
 #include <libsoup/soup.h>
 
 #include "platform/linux/web/gobject.h"
+#include "platform/linux/web/outside_links.h"
 
 namespace corvane::desktop {
 namespace {
@@ -18,8 +19,10 @@ Verdict JudgeNavigation(WebKitNavigationAction* action, const PolicyContext& con
   const std::string address = AddressOf(action);
   const auto type = webkit_navigation_action_get_navigation_type(action);
   const bool from_history = type == WEBKIT_NAVIGATION_TYPE_BACK_FORWARD;
+  const bool gesture = webkit_navigation_action_is_user_gesture(action);
+  if (IsOutside(address)) return {Verdict::Kind::Outside, address, "", false, gesture};
   if (!IsFile(address) && !IsOwnPage(address)) {
-    return {Verdict::Kind::Use, address, "", from_history};
+    return {Verdict::Kind::Use, address, "", from_history, gesture};
   }
   const bool known = from_history || type == WEBKIT_NAVIGATION_TYPE_RELOAD;
   const bool from_here = IsOwnPage(context.present) || (IsFile(context.present) && IsFile(address));
@@ -28,14 +31,7 @@ Verdict JudgeNavigation(WebKitNavigationAction* action, const PolicyContext& con
                          (IsFile(address) && IsFile(context.requested));
   const bool allowed =
       !webkit_navigation_action_is_redirect(action) && (known || from_here || asked_for);
-  return {allowed ? Verdict::Kind::Use : Verdict::Kind::Ignore, address, "", from_history};
-}
-
-Verdict JudgeNewWindow(WebKitNavigationAction* action, const PolicyContext& context) {
-  const std::string address = AddressOf(action);
-  const bool allowed = !IsOwnPage(address) && (!IsFile(address) || IsFile(context.present));
-  const bool asked = webkit_navigation_action_is_user_gesture(action) && !address.empty();
-  return {asked && allowed ? Verdict::Kind::LoadHere : Verdict::Kind::Ignore, address, "", false};
+  return {allowed ? Verdict::Kind::Use : Verdict::Kind::Ignore, address, "", from_history, gesture};
 }
 
 bool IsAttachment(WebKitURIResponse* response) {
@@ -55,14 +51,22 @@ Verdict JudgeAnswer(WebKitResponsePolicyDecision* decision) {
   WebKitURIResponse* response = webkit_response_policy_decision_get_response(decision);
   const std::string address = Text(webkit_uri_response_get_uri(response));
   if (webkit_response_policy_decision_is_mime_type_supported(decision) && !IsAttachment(response)) {
-    return {Verdict::Kind::Use, address, "", false};
+    return {Verdict::Kind::Use, address, "", false, false};
   }
   const bool is_page = webkit_response_policy_decision_is_main_frame_main_resource(decision);
   return {is_page ? Verdict::Kind::NotAPage : Verdict::Kind::Ignore, address,
-          Text(webkit_uri_response_get_mime_type(response)), false};
+          Text(webkit_uri_response_get_mime_type(response)), false, false};
 }
 
 }  // namespace
+
+Verdict JudgeNewWindow(WebKitNavigationAction* action, const PolicyContext& context) {
+  const std::string address = AddressOf(action);
+  const bool gesture = webkit_navigation_action_is_user_gesture(action);
+  if (IsOutside(address)) return {Verdict::Kind::Outside, address, "", false, gesture};
+  const bool allowed = !IsOwnPage(address) && (!IsFile(address) || IsFile(context.present));
+  return {allowed ? Verdict::Kind::Use : Verdict::Kind::Ignore, address, "", false, gesture};
+}
 
 Verdict Judge(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type,
               const PolicyContext& context) {

@@ -11,13 +11,14 @@ struct Verdict {
   enum class Kind {
     Use,       ///< goes on
     Ignore,    ///< does not happen
-    LoadHere,  ///< loads in this view instead of a new window
+    Outside,   ///< is for another program of the desktop
     NotAPage,  ///< would be a page but cannot be shown
   };
   Kind kind = Kind::Ignore;
   std::string address;
   std::string content_type;
   bool from_history = false;  ///< the user goes back or forward
+  bool user_gesture = false;  ///< the user has just done something in the page
 };
 
 /// What the judgement depends on beside the decision itself.
@@ -27,9 +28,11 @@ struct PolicyContext {
 };
 
 /// Judges a navigation, a new window or an answer. Pages of the network never
-/// lead to files or to the program's own pages; a new window opens only when the
-/// user asked, and then in place.
+/// lead to files or to the program's own pages, whether in place or in a new
+/// window.
 Verdict Judge(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type,
               const PolicyContext& context);
+/// Judges what a page wants to load in a new window.
+Verdict JudgeNewWindow(WebKitNavigationAction* action, const PolicyContext& context);
 
 }  // namespace corvane::desktop

@@ -6,6 +6,7 @@
 #include <cctype>
 
 #include "platform/linux/web/gobject.h"
+#include "platform/linux/web/outside_links.h"
 #include "platform/linux/web/web_text.h"
 
 namespace corvane::desktop {
@@ -64,7 +65,7 @@ std::string EscapeBlanks(std::string_view text) {
 }
 
 /// The scheme in front of the text, in small letters; none for "host:port".
-std::string SchemeOf(const std::string& text) {
+std::string TypedScheme(const std::string& text) {
   const auto colon = text.find(':');
   if (colon == std::string::npos || colon == 0 || !IsLetter(text[0])) return {};
   for (std::size_t i = 1; i < colon; ++i) {
@@ -151,9 +152,11 @@ TypedAddress ResolveScheme(const std::string& scheme, const std::string& typed) 
                     "paste one that harms you.",
                     kHowTo, typed);
   }
-  return Unusable("Unknown kind of address",
-                  "Corvane cannot open addresses that begin with " + Shorten(scheme, 50) + ":",
-                  kHowTo, typed);
+  TypedAddress unknown = Unusable(
+      "Unknown kind of address",
+      "Corvane cannot open addresses that begin with " + Shorten(scheme, 50) + ":", kHowTo, typed);
+  if (IsOutside(typed)) unknown.outside = EscapeBlanks(typed);
+  return unknown;
 }
 
 TypedAddress ResolveHost(std::string typed) {
@@ -189,7 +192,7 @@ TypedAddress ResolveTyped(std::string_view text, const std::string& home) {
   }
   if (typed == "~" || typed.starts_with("~/")) return ResolvePath(home + typed.substr(1), typed);
   if (typed.starts_with('/') && !typed.starts_with("//")) return ResolvePath(typed, typed);
-  const std::string scheme = SchemeOf(typed);
+  const std::string scheme = TypedScheme(typed);
   return scheme.empty() ? ResolveHost(typed) : ResolveScheme(scheme, typed);
 }
 

@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <utility>
 
+#include "platform/linux/web/engine_view.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -34,6 +36,10 @@ void FillDefaults(EngineOptions& options) {
     options.cache_directory = InFolder(g_get_user_cache_dir(), "web");
   }
   if (options.extension_directory.empty()) options.extension_directory = ExtensionFolder();
+  if (options.permissions_file.empty() && !options.ephemeral) {
+    options.permissions_file = options.data_directory + "/permissions.ini";
+  }
+  if (!options.programs) options.programs = std::make_shared<OtherPrograms>();
   if (options.home_directory.empty()) options.home_directory = Text(g_get_home_dir());
   if (!options.start_page) options.start_page = [] { return std::string(kHomePage); };
   if (!options.search_service) options.search_service = [] { return std::string(); };
@@ -55,7 +61,10 @@ ObjectPtr<WebKitWebsiteDataManager> MakeDataManager(const EngineOptions& options
 
 WebEngine::WebEngine(EngineOptions options) : options_(std::move(options)) {
   FillDefaults(options_);
+  permissions_ = std::make_unique<PermissionBook>(options_.permissions_file);
   const auto data = MakeDataManager(options_);
+  // Passwords are never stored.
+  webkit_website_data_manager_set_persistent_credential_storage_enabled(data.get(), FALSE);
   webkit_website_data_manager_set_tls_errors_policy(data.get(), WEBKIT_TLS_ERRORS_POLICY_FAIL);
   if (!options_.ephemeral) {
     WebKitCookieManager* cookies = webkit_website_data_manager_get_cookie_manager(data.get());
@@ -85,12 +94,19 @@ WebEngine::WebEngine(EngineOptions options) : options_(std::move(options)) {
                                                    WEBKIT_HARDWARE_ACCELERATION_POLICY_NEVER);
   webkit_settings_set_enable_tabs_to_links(settings, TRUE);
   webkit_settings_set_enable_page_cache(settings, TRUE);
-  webkit_settings_set_javascript_can_open_windows_automatically(settings, FALSE);
+  // Every window is judged and, where it is refused, told; the engine would say nothing.
+  webkit_settings_set_javascript_can_open_windows_automatically(settings, TRUE);
   webkit_settings_set_allow_modal_dialogs(settings, TRUE);
   webkit_settings_set_default_charset(settings, "utf-8");
 }
 
-WebEngine::~WebEngine() { g_signal_handlers_disconnect_by_data(context_.get(), this); }
+void WebEngine::Offer(std::unique_ptr<EngineView> opened) { offered_ = std::move(opened); }
+std::unique_ptr<EngineView> WebEngine::TakeOffered() { return std::move(offered_); }
+
+WebEngine::~WebEngine() {
+  offered_.reset();
+  g_signal_handlers_disconnect_by_data(context_.get(), this);
+}
 
 void WebEngine::SetPreferences(const EnginePreferences& preferences) {
   preferences_ = preferences;

@@ -10,10 +10,15 @@
 #include "base/event.h"
 #include "platform/linux/web/corvane_pages.h"
 #include "platform/linux/web/gobject.h"
+#include "platform/linux/web/outside_links.h"
+#include "platform/linux/web/permission_book.h"
+#include "platform/linux/web/questions.h"
 #include "platform/linux/web/script_dialogs.h"
 #include "platform/linux/web/watchdog.h"
 
 namespace corvane::desktop {
+
+class EngineView;
 
 /// What the user may set for all pages.
 struct EnginePreferences {
@@ -43,6 +48,13 @@ struct EngineOptions {
   std::function<std::vector<SearchMatch>(const std::string& words)> find_matches;
   /// Shows alerts of pages; without it they only go to the status text.
   std::shared_ptr<ScriptDialogs> dialogs;
+  /// Shows questions; without it none is asked, and what a page wants to be
+  /// allowed is refused.
+  std::shared_ptr<Questions> questions;
+  /// Open the addresses that are none of pages; default: the desktop's.
+  std::shared_ptr<OtherPrograms> programs;
+  /// Where the permissions of sites are kept; default: in the data folder.
+  std::string permissions_file;
   /// The path that a page is saved to, given the one proposed; empty: not saved.
   std::function<std::string(const std::string& proposed)> choose_save_path;
   /// Called for each page that was loaded, for the history; not for problems.
@@ -71,6 +83,14 @@ class WebEngine {
   /// A page wanted this address saved as a file, which is not possible yet.
   Event<WebKitWebView*, const std::string&> FileRefused;
 
+  /// What sites are allowed for good.
+  PermissionBook& Permissions() { return *permissions_; }
+
+  /// A view that a page has opened waits here until a control takes it.
+  void Offer(std::unique_ptr<EngineView> opened);
+  /// The view that waits; null when there is none.
+  std::unique_ptr<EngineView> TakeOffered();
+
   /// Forgets cookies and the sites' stored data, or the cache.
   void ClearSiteData();
   void ClearCache();
@@ -85,6 +105,8 @@ class WebEngine {
 
   EngineOptions options_;
   EnginePreferences preferences_;
+  std::unique_ptr<PermissionBook> permissions_;
+  std::unique_ptr<EngineView> offered_;
   ObjectPtr<WebKitWebContext> context_;
   ObjectPtr<WebKitSettings> settings_;
 };

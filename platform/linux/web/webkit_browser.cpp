@@ -5,19 +5,32 @@
 
 namespace corvane::desktop {
 
+// A page that opens a window has its view already.
 WebKitBrowser::WebKitBrowser(const std::string& name, WebEngine& engine, WindowTable& windows)
-    : view_(engine, {[this] { DownloadBegin.Raise(); }, [this] { DownloadComplete.Raise(); },
-                     [this](const std::string& text) { StatusTextChange.Raise(text); }}),
-      widget_(Glib::wrap(GTK_WIDGET(view_.View()))),
-      tab_guard_(*widget_) {
+    : view_(engine.TakeOffered()) {
+  const EngineView::Listener listener{
+      [this] { DownloadBegin.Raise(); },
+      [this] { DownloadComplete.Raise(); },
+      [this](const std::string& text) { StatusTextChange.Raise(text); },
+      [this](const std::string& text) { Announcement.Raise(text); },
+      [this] { NewWindow.Raise(); },
+      [this] { WindowClosing.Raise(); }};
+  if (view_) {
+    // When there is somebody who listens.
+    take_over_.Start(0, [this, listener] { view_->TakeOver(listener); });
+  } else {
+    view_ = std::make_unique<EngineView>(engine, listener);
+  }
+  widget_ = Glib::wrap(GTK_WIDGET(view_->View()));
+  tab_guard_ = std::make_unique<TabGuard>(*widget_);
   // The class by which the window with the page in it is looked up.
   Bind(*widget_, *widget_, name, "Internet Explorer_Server", windows);
   widget_->show();
 }
 
 void WebKitBrowser::ExecWB(Command command, CommandOption /*option*/) {
-  if (command == OLECMDID_SAVEAS) view_.Save();
-  if (command == OLECMDID_PRINT) view_.Print();
+  if (command == OLECMDID_SAVEAS) view_->Save();
+  if (command == OLECMDID_PRINT) view_->Print();
 }
 
 }  // namespace corvane::desktop

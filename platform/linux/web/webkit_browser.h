@@ -18,23 +18,25 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
 
   Gtk::Widget& widget() override { return *widget_; }
 
-  void Navigate2(const std::string& url) override { view_.Navigate(url); }
-  void GoBack() override { view_.GoBack(); }
-  void GoForward() override { view_.GoForward(); }
-  void GoHome() override { view_.GoHome(); }
-  void Stop() override { view_.Stop(); }
-  void Refresh() override { view_.Refresh(); }
+  void Navigate2(const std::string& url) override { view_->Navigate(url); }
+  void GoBack() override { view_->GoBack(); }
+  void GoForward() override { view_->GoForward(); }
+  void GoHome() override { view_->GoHome(); }
+  void Stop() override { view_->Stop(); }
+  void Refresh() override { view_->Refresh(); }
   void ExecWB(Command command, CommandOption option) override;
 
-  std::string LocationURL() const override { return view_.LocationURL(); }
-  std::string LocationName() const override { return view_.LocationName(); }
-  bool Busy() const override { return view_.Busy(); }
-  HTMLDocumentPtr Document() const override { return view_.Document(); }
+  std::string LocationURL() const override { return view_->LocationURL(); }
+  std::string LocationName() const override { return view_->LocationName(); }
+  bool Busy() const override { return view_->Busy(); }
+  HTMLDocumentPtr Document() const override { return view_->Document(); }
+  bool OpenedByPage() const override { return view_->OpenedByPage(); }
 
  private:
-  EngineView view_;
-  Gtk::Widget* widget_;
-  TabGuard tab_guard_;
+  std::unique_ptr<EngineView> view_;
+  Gtk::Widget* widget_ = nullptr;
+  std::unique_ptr<TabGuard> tab_guard_;
+  Delay take_over_;
 };
 
 }  // namespace corvane::desktop

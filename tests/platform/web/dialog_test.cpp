@@ -1,12 +1,14 @@
 // Dialogs of page scripts, against the real engine.
 #include <gmock/gmock.h>
 
+#include "tests/platform/web/asking.h"
 #include "tests/platform/web/page_harness.h"
 
 namespace corvane::desktop {
 namespace {
 
 using testing::ElementsAre;
+using testing::Not;
 
 class RecordingDialogs : public ScriptDialogs {
  public:
@@ -25,9 +27,19 @@ class DialogTest : public testing::Test {
   EngineOptions Options() {
     EngineOptions options = TestOptions();
     options.dialogs = dialogs_;
+    options.questions = asking_;
     options.hang = {0.3, 1.0, 0.1};
     return options;
   }
+  static constexpr const char* kClingingPage =
+      "<title>A</title><script>onbeforeunload = event => { event.preventDefault(); "
+      "return 'You will regret it'; }</script><input>";
+  void TypeIntoThePage() {
+    view_.Focus();
+    view_.Key(GDK_KEY_Tab);
+    view_.Key(GDK_KEY_a);
+  }
+  std::shared_ptr<Asking> asking_ = std::make_shared<Asking>();
   std::shared_ptr<RecordingDialogs> dialogs_ = std::make_shared<RecordingDialogs>();
   WebEngine engine_{Options()};
   TestServer server_;
@@ -88,22 +100,87 @@ TEST_F(DialogTest, TheNextPageMayAlertAgain) {
   EXPECT_EQ(dialogs_->alerts.back(), "again");
 }
 
-TEST_F(DialogTest, ConfirmIsCancelledAndPromptIsEmpty) {
+TEST_F(DialogTest, ConfirmAndPromptAreQuestions) {
+  asking_->replies = {{0, {}}, {0, {"Ada"}}};
+  server_.Page("/",
+               "<script>document.title = confirm('Really?') + ' ' + prompt('Name?', 'Bob')"
+               "</script>");
+  view_.Go(server_.Url());
+  EXPECT_EQ(view_.Document()->Title, "true Ada");
+  ASSERT_EQ(asking_->asked.size(), 2U);
+  EXPECT_EQ(asking_->asked[0].title, "Question of 127.0.0.1");
+  EXPECT_EQ(asking_->asked[0].text, "Really?");
+  EXPECT_EQ(asking_->asked[1].text, "Name?");
+  EXPECT_EQ(asking_->asked[1].fields.at(0).value, "Bob");
+}
+
+TEST_F(DialogTest, ACancelledConfirmIsFalseAndACancelledPromptIsNull) {
+  asking_->replies = {{1, {}}, {1, {"Ada"}}};
   server_.Page("/", "<script>document.title = confirm('Really?') + ' ' + prompt('Name?')</script>");
   view_.Go(server_.Url());
   EXPECT_EQ(view_.Document()->Title, "false null");
 }
 
-TEST_F(DialogTest, NoPageKeepsTheUserFromLeaving) {
+TEST_F(DialogTest, AnEmptyAnswerIsNotACancelledOne) {
+  asking_->replies = {{0, {""}}};
   server_.Page("/",
-               "<title>A</title><script>onbeforeunload = event => { event.preventDefault(); "
-               "return 'Stay'; }</script><input>");
+               "<title>A</title><script>document.title = '[' + prompt('Name?') + ']'</script>");
+  view_.Go(server_.Url());
+  EXPECT_EQ(view_.Document()->Title, "[]");
+}
+
+TEST_F(DialogTest, QuestionsWithoutEndDoNotHoldTheUser) {
+  asking_->replies = {{0, {}}};
+  server_.Page("/",
+               "<script>let n = 0; for (let i = 0; i < 100; i++) n += confirm('Go on?');"
+               "document.title = n + ' times'</script>");
+  view_.Go(server_.Url());
+  EXPECT_EQ(view_.Document()->Title, "5 times");
+  EXPECT_THAT(view_.Said(),
+              ElementsAre("This page shows too many messages. No more of them are shown."));
+}
+
+TEST_F(DialogTest, APageWhoseQuestionIsOpenCanBeLeft) {
+  server_.Page("/", "<script>confirm('Really?')</script>");
+  view_->Navigate(server_.Url());
+  ASSERT_TRUE(WaitUntil([&] { return !asking_->asked.empty(); }));
+  asking_->Answer({1, {}});
+  view_.WaitIdle();
+}
+
+TEST_F(DialogTest, LeavingAPageThatAsksIsUpToTheUser) {
+  asking_->replies = {{0, {}}};
+  server_.Page("/", kClingingPage);
   server_.Page("/b", "<title>B</title>");
   view_.Go(server_.Url());
-  view_.Focus();
-  view_.Key(GDK_KEY_Tab);
-  view_.Key(GDK_KEY_a);
+  TypeIntoThePage();
   view_.Go(server_.Url("/b"));
+  EXPECT_EQ(view_.Document()->Title, "B");
+  ASSERT_EQ(asking_->asked.size(), 1U);
+  EXPECT_EQ(asking_->asked[0].title, "Leave this page?");
+  EXPECT_THAT(asking_->asked[0].text, Not(testing::HasSubstr("regret")));
+}
+
+TEST_F(DialogTest, StayingKeepsThePageAndWhatWasEntered) {
+  asking_->replies = {{1, {}}};
+  server_.Page("/", kClingingPage);
+  server_.Page("/b", "<title>B</title>");
+  view_.Go(server_.Url());
+  TypeIntoThePage();
+  view_.Go(server_.Url("/b"));
+  EXPECT_EQ(view_.Document()->Title, "A");
+  EXPECT_EQ(view_->LocationURL(), server_.Url());
+  EXPECT_EQ(server_.Requests("/b"), 0);
+  EXPECT_EQ(view_.EvaluateInPage("document.querySelector('input').value"), "a");
+}
+
+TEST_F(DialogTest, APageCannotRefuseToBeLeftForever) {
+  asking_->replies = {{1, {}}};
+  server_.Page("/", kClingingPage);
+  server_.Page("/b", "<title>B</title>");
+  view_.Go(server_.Url());
+  TypeIntoThePage();
+  for (int i = 0; i < 6; ++i) view_.Go(server_.Url("/b"));
   EXPECT_EQ(view_.Document()->Title, "B");
 }
 

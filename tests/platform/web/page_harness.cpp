@@ -110,20 +110,38 @@ void SendTestKey(GtkWidget* widget, guint keyval) {
   SendKey(widget, GDK_KEY_RELEASE, keyval);
 }
 
-TestView::TestView(WebEngine& engine) {
+EngineView::Listener TestView::Listener() {
+  return {[this] { log.push_back("begin"); },
+          [this] { log.push_back("complete"); },
+          [this](const std::string& text) { log.push_back("status " + text); },
+          [this](const std::string& text) { log.push_back("say " + text); },
+          [this] { new_window(); },
+          [this] { log.push_back("close"); }};
+}
+
+void TestView::Show() {
   window_ = gtk_window_new(GTK_WINDOW_TOPLEVEL);
   gtk_window_set_default_size(GTK_WINDOW(window_), 800, 600);
-  view_ = std::make_unique<EngineView>(
-      engine, EngineView::Listener{
-                  [this] { log.push_back("begin"); }, [this] { log.push_back("complete"); },
-                  [this](const std::string& text) { log.push_back("status " + text); }});
   gtk_container_add(GTK_CONTAINER(window_), GTK_WIDGET(view_->View()));
   gtk_widget_show_all(window_);
 }
 
+TestView::TestView(WebEngine& engine) : view_(std::make_unique<EngineView>(engine, Listener())) {
+  Show();
+}
+
+std::unique_ptr<TestView> TestView::TakeOpened(WebEngine& engine) {
+  std::unique_ptr<TestView> opened(new TestView());
+  opened->view_ = engine.TakeOffered();
+  if (!opened->view_) return nullptr;
+  opened->Show();
+  opened->view_->TakeOver(opened->Listener());
+  return opened;
+}
+
 TestView::~TestView() {
   view_.reset();
-  gtk_widget_destroy(window_);
+  if (window_ != nullptr) gtk_widget_destroy(window_);
 }
 
 void TestView::WaitIdle() {
@@ -137,9 +155,18 @@ void TestView::Go(const std::string& address) {
 
 std::vector<std::string> TestView::EventsWithoutStatus() const {
   std::vector<std::string> events;
-  std::copy_if(log.begin(), log.end(), std::back_inserter(events),
-               [](const std::string& entry) { return !entry.starts_with("status "); });
+  std::copy_if(log.begin(), log.end(), std::back_inserter(events), [](const std::string& entry) {
+    return !entry.starts_with("status ") && !entry.starts_with("say ");
+  });
   return events;
+}
+
+std::vector<std::string> TestView::Said() const {
+  std::vector<std::string> said;
+  for (const auto& entry : log) {
+    if (entry.starts_with("say ")) said.push_back(entry.substr(4));
+  }
+  return said;
 }
 
 bool TestView::HasStatus(const std::string& part) const {
@@ -180,6 +207,11 @@ std::string TestView::EvaluateInPage(const std::string& script) {
 void TestView::RunInPage(const std::string& script) {
   webkit_web_view_evaluate_javascript(view_->View(), script.c_str(), -1, nullptr, nullptr, nullptr,
                                       nullptr, nullptr);
+}
+
+void TestView::RunByItself(const std::string& script) {
+  // Past the time for which a page may still act for its user.
+  RunInPage("setTimeout(() => {" + script + "}, 1500)");
 }
 
 WebEngine& SharedEngine() {

@@ -27,6 +27,8 @@ void SendTestKey(GtkWidget* widget, guint keyval);
 class TestView {
  public:
   explicit TestView(WebEngine& engine);
+  /// Takes the view that a page has opened, as the program would.
+  static std::unique_ptr<TestView> TakeOpened(WebEngine& engine);
   ~TestView();
   TestView(const TestView&) = delete;
   TestView& operator=(const TestView&) = delete;
@@ -41,10 +43,15 @@ class TestView {
   HTMLDocumentPtr Document() { return view_->Document(); }
   std::string Body() { return view_->Document() ? view_->Document()->body_innerText : ""; }
 
-  /// "begin", "complete" and "status TEXT" in the order reported.
+  /// Called when the page opens a window.
+  std::function<void()> new_window = [] {};
+  /// "begin", "complete", "close", "status TEXT" and "say TEXT" in the order
+  /// reported.
   std::vector<std::string> log;
   std::vector<std::string> EventsWithoutStatus() const;
   bool HasStatus(const std::string& part) const;
+  /// What the user was to hear.
+  std::vector<std::string> Said() const;
   int Count(const std::string& entry) const;
 
   /// Gives the view the focus as a person would and types a key there.
@@ -55,10 +62,16 @@ class TestView {
   static void KillPageProcesses();
   /// Runs a script as the page itself would.
   void RunInPage(const std::string& script);
+  /// Runs a script in the page later, as one that no user has asked for.
+  void RunByItself(const std::string& script);
   std::string EvaluateInPage(const std::string& script);
 
  private:
-  GtkWidget* window_;
+  TestView() = default;
+  EngineView::Listener Listener();
+  void Show();
+
+  GtkWidget* window_ = nullptr;
   std::unique_ptr<EngineView> view_;
 };
 

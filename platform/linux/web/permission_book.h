@@ -1,0 +1,31 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace corvane::desktop {
+
+/// What sites may do, as the user has decided for good: kept in a file, one
+/// section a site. What cannot be written holds until the program ends.
+class PermissionBook {
+ public:
+  /// `path` empty: nothing is kept on disk.
+  explicit PermissionBook(std::string path);
+
+  /// The decision for a kind of permission ("camera") of a site
+  /// ("https://example.org"); none when there is none.
+  std::optional<bool> Find(const std::string& site, const std::string& kind) const;
+  void Decide(const std::string& site, const std::string& kind, bool allowed);
+  /// Forgets all decisions.
+  void Clear();
+
+ private:
+  void Save() const;
+
+  std::string path_;
+  std::map<std::pair<std::string, std::string>, bool> decisions_;
+};
+
+}  // namespace corvane::desktop
