@@ -22,6 +22,7 @@
 #include "platform/linux/gtk/text_box.h"
 #include "platform/linux/gtk/timer.h"
 #include "platform/linux/gtk/tree_view.h"
+#include "platform/linux/page_questions.h"
 #include "platform/linux/shell/file_shell.h"
 #include "platform/linux/speech/linux_agent.h"
 #include "platform/linux/web/history_folder.h"
@@ -67,6 +68,7 @@ EngineOptions LinuxDesktop::MakeEngineOptions() {
   options.start_page = [this] { return OwnSetting("StartPage", kHomePage); };
   options.search_service = [this] { return OwnSetting("SearchService", kDefaultSearchService); };
   options.dialogs = alerts_;
+  options.questions = std::make_shared<PageQuestions>(dialogs_);
   const std::string data = std::string(g_get_user_data_dir()) + "/corvane/";
   const std::string history = data + "History";
   options.page_visited = [visits = std::make_shared<HistoryFolder>(history)](

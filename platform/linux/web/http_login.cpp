@@ -10,6 +10,11 @@ namespace {
 
 constexpr std::size_t kLongestRealm = 200;
 
+// The page that the server shows to strangers comes.
+void GoOnWithoutPassword(WebKitAuthenticationRequest* request) {
+  webkit_authentication_request_authenticate(request, nullptr);
+}
+
 std::string TextOf(WebKitAuthenticationRequest* request, const std::string& server) {
   std::string text;
   if (webkit_authentication_request_is_retry(request)) {
@@ -40,19 +45,19 @@ void HttpLogin::Ask(WebKitAuthenticationRequest* request) {
   const std::string server = Text(webkit_authentication_request_get_host(request)) + ":" +
                              std::to_string(webkit_authentication_request_get_port(request));
   const std::string key = server + "\n" + Text(webkit_authentication_request_get_realm(request));
-  if (given_up_.contains(key)) return webkit_authentication_request_cancel(request);
+  if (given_up_.contains(key)) return GoOnWithoutPassword(request);
 
   const std::shared_ptr<WebKitAuthenticationRequest> held(
       WEBKIT_AUTHENTICATION_REQUEST(g_object_ref(request)), ObjectUnref());
   desk_.Ask(QuestionDesk::Asker::Page,
             {"Sign in",
              TextOf(request, server),
-             {{"User name", "", false}, {"Password", "", true}},
+             {{.label = "User name"}, {.kind = DialogField::Kind::kPassword, .label = "Password"}},
              {"&Sign in", "&Cancel"}},
             [this, held, key](const auto& reply) {
               if (!reply || reply->button != 0) {
                 given_up_.insert(key);
-                return webkit_authentication_request_cancel(held.get());
+                return GoOnWithoutPassword(held.get());
               }
               WebKitCredential* credential =
                   webkit_credential_new(reply->values.at(0).c_str(), reply->values.at(1).c_str(),

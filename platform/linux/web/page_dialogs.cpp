@@ -96,7 +96,7 @@ void PageDialogs::ShowPrompt(WebKitScriptDialog* dialog, const std::string& site
   desk_.Ask(QuestionDesk::Asker::Page,
             {"Question of " + site,
              MessageOf(dialog),
-             {{"Answer", Shorten(preset, kLongestMessage)}},
+             {{.label = "Answer", .value = Shorten(preset, kLongestMessage)}},
              {"&OK", "&Cancel"}},
             [held = Hold(dialog)](const auto& reply) {
               if (reply && reply->button == 0) return held->Enter(reply->values.at(0));

@@ -107,7 +107,7 @@ void Permissions::Decide(WebKitPermissionRequest* request, const std::string& ad
             [this, key](const auto& reply) { Answered(key, reply); });
 }
 
-void Permissions::Answered(const Key& key, const std::optional<Reply>& reply) {
+void Permissions::Answered(const Key& key, const std::optional<DialogAnswer>& reply) {
   const auto node = asked_.extract(key);
   const int choice = reply ? reply->button : kRefuse;
   const bool allowed = choice == kAllowOnce || choice == kAllowSite;

@@ -33,7 +33,7 @@ class Permissions {
  private:
   using Key = std::pair<std::string, std::string>;  // site and kind
 
-  void Answered(const Key& key, const std::optional<Reply>& reply);
+  void Answered(const Key& key, const std::optional<DialogAnswer>& reply);
 
   PermissionBook& book_;
   QuestionDesk& desk_;

@@ -16,7 +16,7 @@ QuestionDesk::~QuestionDesk() {
   Reset();
 }
 
-void QuestionDesk::Ask(Asker asker, Question question, Answer answer) {
+void QuestionDesk::Ask(Asker asker, DialogQuestion question, Answer answer) {
   if (!questions_) return answer(std::nullopt);
   const bool room = waiting_.size() < kLongestQueue;
   if (!room || (asker == Asker::Page && !allowance_.Take())) {
@@ -29,13 +29,13 @@ void QuestionDesk::Ask(Asker asker, Question question, Answer answer) {
 
 void QuestionDesk::Next() {
   if (waiting_.empty()) return;
-  open_ = questions_->Ask(waiting_.front().question, [self = self_](Reply reply) {
+  open_ = questions_->Ask(waiting_.front().question, [self = self_](const DialogAnswer& reply) {
     if (*self == nullptr) return;
     QuestionDesk& desk = **self;
     const Answer answer = std::move(desk.waiting_.front().answer);
     desk.waiting_.pop_front();
     desk.open_.reset();
-    answer(std::move(reply));  // may ask again, or be the end of the desk
+    answer(reply);  // may ask again, or be the end of the desk
     if (*self != nullptr && !desk.open_) desk.Next();
   });
 }

@@ -16,7 +16,7 @@ namespace corvane::desktop {
 /// reply, and whoever asked then does what is safe.
 class QuestionDesk {
  public:
-  using Answer = std::function<void(std::optional<Reply>)>;
+  using Answer = std::function<void(std::optional<DialogAnswer>)>;
   enum class Asker {
     Page,  ///< counts: after a few questions in a minute no more are asked
     User,  ///< follows from what the user just did; always asked
@@ -31,13 +31,13 @@ class QuestionDesk {
   QuestionDesk& operator=(const QuestionDesk&) = delete;
 
   /// The answer may come at once or later, and comes exactly once.
-  void Ask(Asker asker, Question question, Answer answer);
+  void Ask(Asker asker, DialogQuestion question, Answer answer);
   /// The page has gone: takes back what is asked. All get no reply.
   void Reset();
 
  private:
   struct Waiting {
-    Question question;
+    DialogQuestion question;
     Answer answer;
   };
   static constexpr int kMost = 5;

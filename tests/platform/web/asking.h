@@ -16,12 +16,13 @@ namespace corvane::desktop {
 /// A user who answers questions as told, or leaves them open.
 class Asking : public Questions {
  public:
-  std::shared_ptr<void> Ask(const Question& question, std::function<void(Reply)> done) override {
+  std::shared_ptr<void> Ask(const DialogQuestion& question,
+                            std::function<void(const DialogAnswer&)> done) override {
     asked.push_back(question);
     open = std::move(done);
     const auto number = ++count_;
     if (!replies.empty()) {
-      const Reply reply = replies.front();
+      const DialogAnswer reply = replies.front();
       if (replies.size() > 1 || once) replies.erase(replies.begin());
       g_idle_add_once(
           [](gpointer data) {
@@ -42,7 +43,7 @@ class Asking : public Questions {
     });
   }
   /// Answers the open question; nothing when it was taken back.
-  void Answer(const Reply& reply) {
+  void Answer(const DialogAnswer& reply) {
     if (const auto done = std::exchange(open, nullptr)) done(reply);
   }
   std::vector<std::string> Titles() const {
@@ -51,12 +52,12 @@ class Asking : public Questions {
     return titles;
   }
 
-  std::vector<Question> asked;
+  std::vector<DialogQuestion> asked;
   /// The replies to come, the last one for all that follow unless `once`. Empty:
   /// the questions stay open.
-  std::vector<Reply> replies;
+  std::vector<DialogAnswer> replies;
   bool once = false;
-  std::function<void(Reply)> open;
+  std::function<void(const DialogAnswer&)> open;
   int taken_back = 0;
 
  private:
