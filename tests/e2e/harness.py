@@ -139,6 +139,30 @@ class Corvane:
             time.sleep(0.05)
         raise AssertionError(f"Tab never reached {name}, ended at {self.focused_name()!r}")
 
+    def focus_page(self):
+        """Clicks into the middle of the page, beside everything in it."""
+        page = wait_until(lambda: self.page(), "a page")
+        area = page.get_extents(Atspi.CoordType.SCREEN)
+        at = [str(area.x + area.width - 20), str(area.y + area.height - 20)]
+        subprocess.run(["xdotool", "mousemove", *at, "click", "1"], check=True)
+        time.sleep(0.2)
+
+    def page(self):
+        """The page's accessible document."""
+
+        def search(node, depth):
+            if node is None or depth > 30:
+                return None
+            if node.get_role() == Atspi.Role.DOCUMENT_WEB:
+                return node
+            children = (node.get_child_at_index(i) for i in range(node.get_child_count()))
+            return next((found for child in children if (found := search(child, depth + 1))), None)
+
+        try:
+            return search(self.application(), 0)
+        except GLib.GError:
+            return None
+
     def button(self, name):
         """Presses a toolbar button: Tab leads to the first, Right to the others."""
         self.focus("Back")

@@ -63,6 +63,12 @@ class Handler(http.server.BaseHTTPRequestHandler):
     def page_redirects(self, _):
         self.reply("", status=302, headers=[("Location", self.path + "x")])
 
+    def page_private(self, _):
+        if self.headers.get("Authorization") == "Basic YWRhOnNlY3JldA==":
+            return self.reply("<title>Inside the vault</title><p>Gold.")
+        self.reply("<title>Not for you</title>", status=401,
+                   headers=[("WWW-Authenticate", 'Basic realm="The vault"')])
+
     def page_stall(self, _):
         self.send_response(200)
         self.send_header("Content-Type", "text/html")
