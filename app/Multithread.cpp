@@ -1,9 +1,12 @@
 #include "app/Multithread.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "app/AutomationEntry.h"
 #include "app/frmCorvane.h"
 #include "base/handling.h"
+#include "platform/automation.h"
 #include "speech/MainApp.h"
 
 namespace corvane {
@@ -17,7 +20,9 @@ constexpr int kErrStartedByAutomation = kObjectError + 1537;
 
 Multithread::Multithread(Desktop& desktop) : desktop_(desktop) {}
 
-Multithread::~Multithread() = default;
+Multithread::~Multithread() {
+  if (automation_) desktop_.GetAutomation().Withdraw();
+}
 
 void Multithread::Main() {
   ErrorsShown(desktop_.GetMessageBox(), "Main Error: ", [&] { StartApartment(); });
@@ -32,20 +37,41 @@ void Multithread::StartApartment() {
   const std::string marker = kMarkerCaption + std::to_string(lngProcessId_);
   if (desktop_.GetWindows().FindWindow(marker) != 0) return;
   if (desktop_.StartedByAutomation()) {
-    throw RunTimeError(kErrStartedByAutomation, "Multithread",
-                       "Application can't be started with Automation");
+    const RunTimeError refused(kErrStartedByAutomation, "Multithread",
+                               "Application can't be started with Automation");
+    desktop_.GetAutomation().Refuse(refused);
+    throw refused;
   }
   process_window_ = std::make_unique<frmProcess>(desktop_);
   process_window_->SetCaption(marker);
   // The service and its window hold each other; nobody else needs to.
-  MainApp::Create(
-      desktop_, [this] { return CreateWindow(); }, [this] { UnloadProcessWindow(); });
+  const auto service = MainApp::Create(
+      desktop_, [this] { return CreateFirstWindow(); }, [this] { UnloadProcessWindow(); });
+  automation_ = std::make_unique<AutomationEntry>(*this, service, desktop_.GetAutomation());
+  desktop_.GetAutomation().Publish(*automation_);
 }
 
-void Multithread::UnloadProcessWindow() { process_window_.reset(); }
+// A call of another program may be what ends the service, so its entry stays.
+void Multithread::UnloadProcessWindow() {
+  process_window_.reset();
+  desktop_.GetAutomation().Withdraw();
+}
 
 std::shared_ptr<frmCorvane> Multithread::CreateWindow() {
   return std::make_shared<frmCorvane>(desktop_, *this);
+}
+
+std::shared_ptr<frmCorvane> Multithread::CreateFirstWindow() {
+  auto window = CreateWindow();
+  window->StartWith(std::exchange(first_address_, {}));
+  return window;
+}
+
+void Multithread::OpenWindow(const std::shared_ptr<MainApp>& service, const std::string& address) {
+  const auto window = CreateWindow();
+  window->StartWith(address);
+  window->SetMainApp(service);
+  window->Show();
 }
 
 void Multithread::Loaded(std::shared_ptr<frmCorvane> window) {

@@ -11,6 +11,7 @@
 namespace corvane {
 
 class Application;
+class AutomationEntry;
 class frmCorvane;
 class MainApp;
 
@@ -23,6 +24,8 @@ class Multithread {
   Multithread(const Multithread&) = delete;
   Multithread& operator=(const Multithread&) = delete;
 
+  /// The first window shows `address` in place of its start page. Before Main.
+  void StartWith(const std::string& address) { first_address_ = address; }
   /// Runs at the start of every apartment. The first one marks the process and
   /// creates the speech service with its window; later ones find the marker and
   /// leave everything as it is. Shows its own errors.
@@ -31,6 +34,9 @@ class Multithread {
   void UnloadProcessWindow();
   /// A new browser window, hidden and without a service.
   std::shared_ptr<frmCorvane> CreateWindow();
+  /// Opens a further window that shares `service` and shows `address`; an empty
+  /// one means the start page.
+  void OpenWindow(const std::shared_ptr<MainApp>& service, const std::string& address);
 
   /// Keeps a loaded window alive until it is unloaded.
   void Loaded(std::shared_ptr<frmCorvane> window);
@@ -39,11 +45,14 @@ class Multithread {
 
  private:
   void StartApartment();
+  std::shared_ptr<frmCorvane> CreateFirstWindow();
 
   Desktop& desktop_;
   WindowHandle hThreadWindow_ = 0;
   std::uint32_t lngProcessId_ = 0;
   std::unique_ptr<frmProcess> process_window_;
+  std::unique_ptr<AutomationEntry> automation_;
+  std::string first_address_;
   std::vector<std::shared_ptr<frmCorvane>> forms_;
 };
 

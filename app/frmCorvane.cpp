@@ -67,6 +67,7 @@ void frmCorvane::Load() {
   parts_->connections +=
       parts_->ctlWebBrowser1.NewWindow().Connect([this] { ctlWebBrowser1_NewWindow(); });
   parts_->connections += parts_->ctlWebBrowser1.WindowClosing().Connect([this] { Unload(); });
+  parts_->ctlWebBrowser1.StartWith(first_address_);
   process_.Loaded(shared_from_this());
   Form_Load();
 }

@@ -30,6 +30,8 @@ class frmCorvane : public ISpeechNotify,
   frmCorvane(Desktop& desktop, Multithread& process);
   ~frmCorvane() override;
 
+  /// What the window shows in place of its start page; empty for that. Before Show.
+  void StartWith(const std::string& address) { first_address_ = address; }
   /// The shared speech service, null once the window is unloaded.
   std::shared_ptr<corvane::MainApp> MainApp() const override { return service_; }
   /// Closes the window; without effect when it is not loaded.
@@ -71,6 +73,7 @@ class frmCorvane : public ISpeechNotify,
   Multithread& process_;
   std::shared_ptr<corvane::MainApp> service_;
   Connection echo_status_;
+  std::string first_address_;
   std::unique_ptr<Parts> parts_;
 };
 

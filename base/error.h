@@ -16,6 +16,9 @@ enum ErrorNumber : int {
   kErrPermissionDenied = 70,
   kErrObjectNotSet = 91,
   kErrControlArrayElement = 340,
+  kErrCannotCreateObject = 429,
+  kErrNoSuchMethod = 438,
+  kErrAutomation = 440,
   kErrRefused = 999,
   /// Object errors of the program itself count upward from this base.
   kObjectError = static_cast<int>(0x80040000),

@@ -1,5 +1,7 @@
 #include "browser/Navigation.h"
 
+#include <utility>
+
 #include "base/text.h"
 #include "browser/Addresses.h"
 
@@ -81,6 +83,12 @@ void Navigation::Navigate(const std::string& url) {
 void Navigation::StartPage() {
   PaneControls& c = pane_.controls;
   ErrorsIgnored([&] { c.cboAddress->SetText(""); });
+  if (const auto asked = std::exchange(pane_.state.strFirstAddress, {}); !asked.empty()) {
+    ErrorsIgnored([&] { c.cboAddress->SetText(asked); });
+    Navigate(asked);
+    ErrorsIgnored([&] { pane_.StartReading(); });
+    return;
+  }
   switch (pane_.menu.mnuHome.FirstChecked()) {
     case kHomeNone:
       Navigate(kBlankPage);

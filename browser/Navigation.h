@@ -14,7 +14,8 @@ class Navigation {
   Navigation(PaneContext& pane, PaneSettings& settings);
 
   void Navigate(const std::string& url);
-  /// Goes where the "&Home" option says.
+  /// Goes where the "&Home" option says; the first time to the address that the
+  /// window was opened with, if it was.
   void StartPage();
   /// Numbers are the host's commands; an unknown one does nothing.
   void cmdAction(int action);

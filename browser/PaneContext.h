@@ -12,6 +12,7 @@ namespace corvane {
 /// Plain state of the pane that several of its collaborators use.
 struct PaneState {
   std::string strAddress;          ///< the present page; saved as "StartingAddress"
+  std::string strFirstAddress;     ///< shown in place of the start page, once
   float sngSplitter = 0.25F;       ///< side bar width / container width
   float sngSplitterH = 0.25F;      ///< text pane height / container height
   bool blnStatusFeedback = false;  ///< status texts are spoken

@@ -26,6 +26,9 @@ class ctlWebBrowser {
 
   /// The frame that fills the pane, for the host's window.
   ElasticFrame& Frame() { return *pane_.controls.ELAMain; }
+  /// The address that is shown in place of the start page; empty for that. Once,
+  /// before Show.
+  void StartWith(const std::string& url) { pane_.state.strFirstAddress = url; }
   /// The host has become visible; the first time starts the page-reading tick.
   void Show() { layout_.UserControl_Show(); }
   /// Takes the host's status bar, or null when it has none (any more).

@@ -27,6 +27,7 @@
 
 namespace corvane {
 
+class Automation;
 class ImageList;
 class Shell;
 
@@ -66,6 +67,7 @@ class Desktop {
   virtual FileSystem& GetFileSystem() = 0;
   virtual Clipboard& GetClipboard() = 0;
   virtual Shell& GetShell() = 0;
+  virtual Automation& GetAutomation() = 0;
 
   /// Lets events that are already waiting run, then returns. Handlers may
   /// re-enter the caller. May pass when it was called a moment ago.

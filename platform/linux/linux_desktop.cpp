@@ -37,8 +37,10 @@ constexpr const char* kDefaultSearchService = "https://html.duckduckgo.com/html/
 
 }  // namespace
 
-LinuxDesktop::LinuxDesktop()
-    : speech_(MakeSpeechOutput()),
+LinuxDesktop::LinuxDesktop(StartedBy started_by)
+    : started_by_(started_by),
+      automation_(SessionBus().get()),
+      speech_(MakeSpeechOutput()),
       dialogs_(windows_, [this](const std::string& text, bool /*urgent*/) { Speak(text); }) {
   WindowTable::Entry root;
   root.class_name = "Root";
@@ -155,9 +157,7 @@ float LinuxDesktop::TwipsPerPixel() const { return kTwipsPerPixel; }
 
 std::uint32_t LinuxDesktop::SysColor(SystemColor index) const { return ThemeColor(index); }
 
-bool LinuxDesktop::StartedByAutomation() const {
-  return g_getenv("DBUS_STARTER_ADDRESS") != nullptr;
-}
+bool LinuxDesktop::StartedByAutomation() const { return started_by_ == StartedBy::Automation; }
 
 void LinuxDesktop::QuitWhenNothingIsLeft() {
   if (running_ && windows_.TopLevelCount() <= 1 && !message_box_->AnyOpen()) gtk_main_quit();

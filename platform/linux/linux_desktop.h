@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/desktop.h"
+#include "platform/linux/automation/bus_automation.h"
 #include "platform/linux/gtk/activation_hook.h"
 #include "platform/linux/gtk/clipboard.h"
 #include "platform/linux/gtk/message_box.h"
@@ -25,7 +26,8 @@ namespace corvane::desktop {
 /// speech, files under the XDG folders. One a process; the display must be open.
 class LinuxDesktop : public Desktop {
  public:
-  LinuxDesktop();
+  enum class StartedBy { Person, Automation };
+  explicit LinuxDesktop(StartedBy started_by);
   ~LinuxDesktop() override;
 
   std::unique_ptr<Form> CreateForm(const std::string& name) override;
@@ -53,6 +55,7 @@ class LinuxDesktop : public Desktop {
   FileSystem& GetFileSystem() override { return files_; }
   Clipboard& GetClipboard() override { return clipboard_; }
   Shell& GetShell() override;
+  Automation& GetAutomation() override { return automation_; }
 
   void DoEvents() override;
   void Pause(int milliseconds) override;
@@ -74,12 +77,14 @@ class LinuxDesktop : public Desktop {
   void QuitWhenNothingIsLeft();
   void TellNotices();
 
+  StartedBy started_by_;
   WindowTable windows_;
   IniSettingsStore settings_;
   EngineRegistry registry_;
   LocalFileSystem files_;
   SystemClipboard clipboard_;
   std::unique_ptr<Shell> shell_;
+  BusAutomation automation_;
   std::unique_ptr<SpeechOutput> speech_;
   std::unique_ptr<MessageBoxQueue> message_box_;
   SpokenDialogs dialogs_;  // the program's own questions

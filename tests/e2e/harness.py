@@ -81,7 +81,7 @@ class Transcript:
 class Corvane:
     """The running program."""
 
-    def __init__(self, home, settings=None, environment=None):
+    def __init__(self, home, settings=None, environment=None, arguments=()):
         self.home = pathlib.Path(home)
         (self.home / "transcript").unlink(missing_ok=True)  # of an earlier start
         self.transcript = Transcript(self.home / "transcript")
@@ -102,7 +102,7 @@ class Corvane:
         )
         env.update(environment or {})
         with self.log.open("ab") as log:
-            self.process = subprocess.Popen([str(PROGRAM)], env=env, stdout=log, stderr=log)
+            self.process = subprocess.Popen([str(PROGRAM), *arguments], env=env, stdout=log, stderr=log)
 
     def settings(self, application):
         """The stored settings of an application name, as text."""
@@ -260,9 +260,9 @@ class EndToEndTest(unittest.TestCase):
         self.home = folder.name
         self.corvane = None
 
-    def start(self, settings=None, environment=None, wait=True, title="Corvane home page"):
+    def start(self, settings=None, environment=None, wait=True, title="Corvane home page", arguments=()):
         """Starts the program; waits until the title of the first page was spoken."""
-        self.corvane = Corvane(self.home, settings, environment)
+        self.corvane = Corvane(self.home, settings, environment, arguments)
         self.addCleanup(self.corvane.kill)
         self.addCleanup(self.report)
         if wait:

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "tests/fakes/fake_agent.h"
+#include "tests/fakes/fake_automation.h"
 #include "tests/fakes/fake_controls.h"
 #include "tests/fakes/fake_rich_text_box.h"
 #include "tests/fakes/fake_services.h"
@@ -172,6 +173,7 @@ class FakeDesktop : public Desktop {
   FakeFileSystem& GetFileSystem() override { return files; }
   FakeClipboard& GetClipboard() override { return clipboard; }
   FakeShell& GetShell() override { return shell; }
+  FakeAutomation& GetAutomation() override { return automation; }
 
   void DoEvents() override {
     ++yields;
@@ -210,6 +212,7 @@ class FakeDesktop : public Desktop {
   FakeFileSystem files;
   FakeClipboard clipboard;
   FakeShell shell;
+  FakeAutomation automation;
   FakeAgent::Journal speech;
   std::vector<FakeTimer*> timers;  ///< in the order of their making
   FakeActivationHook* hook = nullptr;
