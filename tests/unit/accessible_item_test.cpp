@@ -28,7 +28,9 @@ struct AccessibleItemTest : ::testing::Test {
   }
   /// The items below an item; neither controller nor node is looked at.
   static std::vector<std::shared_ptr<CIAccessibleBrowser>> Children(CIAccessibleBrowser& item) {
-    FakeTreeNode node;
+    FakeDesktop desktop;
+    FakeTreeView tree(desktop, "TreeView1");
+    FakeTreeNode node(tree);
     std::vector<std::shared_ptr<CIAccessibleBrowser>> children;
     char unused = 0;
     for (const auto& each : item.GetChildren(reinterpret_cast<CExplorer&>(unused), node)) {
