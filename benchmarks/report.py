@@ -19,6 +19,7 @@ import time
 
 SOURCE = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(SOURCE / "tests/e2e"))
+import trees  # noqa: E402
 import web_server  # noqa: E402  (lies beside the end-to-end tests)
 
 
@@ -33,13 +34,16 @@ def p95(values):
 class Browser:
     """One run of the program with a home page and folders of its own."""
 
-    def __init__(self, build, address, **environment):
+    def __init__(self, build, address, pane=None, prepare=None, **environment):
         self.home = pathlib.Path(tempfile.mkdtemp(prefix="corvane-bench-"))
         config = self.home / "config/corvane"
         config.mkdir(parents=True)
         (config / "Corvane.ini").write_text("[Settings]\nSpeech=True\n")
+        settings = {"Home": 4, "StartingAddress": address, "Focus": 5, **(pane or {})}
         (config / "pnlBrowser.ini").write_text(
-            f"[Settings]\nHome=4\nStartingAddress={address}\nFocus=5\n")
+            "[Settings]\n" + "".join(f"{key}={value}\n" for key, value in settings.items()))
+        if prepare:
+            prepare(self)
         self.transcript = self.home / "transcript"
         self.stalls = self.home / "stalls"
         env = dict(os.environ, CORVANE_AUDIO="null", CORVANE_TRANSCRIPT=str(self.transcript),
@@ -264,6 +268,8 @@ def main():
             ", ".join(f"{name} -dump: {value:.0f} ms" for name, value in others.items()))
         row(f"longest stall of the window while {links} links are read, median",
             f"{median(stalls):.0f} ms", "50 ms" if links == 10_000 else "")
+    for tree_row in trees.rows(lambda address, **options: Browser(build, address, **options), base, median):
+        row(*tree_row)
     engine_rows(json_lines(build / "bin/web_bench"))
     speech_rows(json_lines(build / "bin/speech_bench"))
     server.shutdown()

@@ -2,12 +2,16 @@
 
 namespace corvane {
 
-AutoFocus::AutoFocus(PaneContext& pane) : pane_(pane) {
+AutoFocus::AutoFocus(PaneContext& pane, SideBar& side_bar) : pane_(pane), side_bar_(side_bar) {
   PaneControls& c = pane_.controls;
   connections_ += c.ctlText1.Text1().GotFocus.Connect([this] { Name("Text Box"); });
   connections_ += c.brwWebBrowser->GotFocus.Connect([this] { Name("WebBrowser"); });
+  // A tree that was made anew has nothing selected. Whoever comes to it hears
+  // where it begins; when the focus was moved for the user, the page's title is
+  // not cut off.
   connections_ += c.TreeView1->GotFocus.Connect([this, &c] {
-    if (c.TreeView1->SelectedItem() == nullptr) Name("SideBar");
+    if (quiet_ || c.TreeView1->SelectedItem() != nullptr) return;
+    if (!side_bar_.SelectFirst()) Name("SideBar");
   });
 }
 

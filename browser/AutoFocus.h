@@ -1,6 +1,7 @@
 #pragma once
 
 #include "browser/PaneContext.h"
+#include "browser/SideBar.h"
 
 namespace corvane {
 
@@ -9,7 +10,7 @@ namespace corvane {
 /// them. After a page was read they keep quiet: its title must be heard.
 class AutoFocus {
  public:
-  explicit AutoFocus(PaneContext& pane);
+  AutoFocus(PaneContext& pane, SideBar& side_bar);
 
   /// Tests the choices in their order; the first checked one gets the focus.
   void AfterReading();
@@ -18,6 +19,7 @@ class AutoFocus {
   void Name(const char* area);
 
   PaneContext& pane_;
+  SideBar& side_bar_;
   bool quiet_ = false;
   Connections connections_;
 };

@@ -29,8 +29,7 @@ void HelpOutline::GetHelp(const std::string& file) {
     const FileSystem& files = pane_.desktop.GetFileSystem();
     if (!files.Exists(file)) return;
     const auto lines = files.ReadLines(file);
-    TreeView& tree = *pane_.controls.TreeView1;
-    tree.Clear();
+    TreeView& tree = side_bar_.ClearForOutline();
     std::array<TreeNode*, kDepths> last{};
     for (const auto& line : lines) {
       if (trimmed(line).empty()) continue;
@@ -43,6 +42,11 @@ void HelpOutline::GetHelp(const std::string& file) {
       if (colon != std::string::npos) node.SetTag(trimmed(line.substr(colon + 1)));
       last[depth] = &node;
       std::fill(last.begin() + static_cast<std::ptrdiff_t>(depth) + 1, last.end(), nullptr);
+    }
+    if (pane_.menu.mnuSideBarContent(kSideBarNone).Checked()) {
+      pane_.announcer.AddAndSay("The help is in the side bar, which is not shown");
+    } else {
+      tree.SetFocus();
     }
   });
 }

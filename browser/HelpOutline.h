@@ -3,6 +3,7 @@
 #include <string>
 
 #include "browser/PaneContext.h"
+#include "browser/SideBar.h"
 
 namespace corvane {
 
@@ -11,13 +12,14 @@ namespace corvane {
 /// colon is the caption, what follows is the explanation, kept as the tag.
 class HelpOutline {
  public:
-  explicit HelpOutline(PaneContext& pane) : pane_(pane) {}
+  HelpOutline(PaneContext& pane, SideBar& side_bar) : pane_(pane), side_bar_(side_bar) {}
 
-  /// A missing file changes nothing.
+  /// Shows the outline and takes the focus to it. A missing file changes nothing.
   void GetHelp(const std::string& file);
 
  private:
   PaneContext& pane_;
+  SideBar& side_bar_;
 };
 
 }  // namespace corvane

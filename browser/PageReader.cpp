@@ -8,15 +8,18 @@ namespace {
 
 constexpr const char* kWorking = "Working...";
 constexpr const char* kDone = "Done";
+constexpr const char* kExtractingData = "Extracting Data ...";
 constexpr std::int16_t kTicksBetweenWorking = 7;
 
 }  // namespace
 
-PageReader::PageReader(PaneContext& pane, Navigation& navigation, LinksList& links)
+PageReader::PageReader(PaneContext& pane, Navigation& navigation, LinksList& links,
+                       SideBar& side_bar)
     : pane_(pane),
       navigation_(navigation),
       links_(links),
-      auto_focus_(pane),
+      side_bar_(side_bar),
+      auto_focus_(pane, side_bar),
       stopIcon_(kImageStop) {
   connections_ += pane_.controls.timTimer->Tick.Connect([this] { timTimer_Timer(); });
 }
@@ -53,7 +56,9 @@ void PageReader::StillLoading() {
 // page that is gone, and ends.
 void PageReader::ReadPage() {
   const unsigned mine = ++reading_;
-  const auto current = [this, mine] { return reading_ == mine; };
+  const auto current = [this, mine, alive = std::weak_ptr(alive_)] {
+    return !alive.expired() && reading_ == mine;
+  };
   PaneControls& c = pane_.controls;
   WebBrowser& browser = *c.brwWebBrowser;
   Announcer& announcer = pane_.announcer;
@@ -68,10 +73,14 @@ void PageReader::ReadPage() {
   if (!current()) return;
   const HTMLDocumentPtr document = browser.Document();
 
-  if (menu.mnuSideBarContent(kSideBarPageStructure).Checked() ||
-      menu.mnuSideBarContent(kSideBarAccessibility).Checked()) {
-    announcer.AddAndSay("Extracting Data ...");
+  if (menu.mnuSideBarContent(kSideBarPageStructure).Checked()) {
+    announcer.AddAndSay(kExtractingData);
+    ErrorsIgnored([&] { side_bar_.RefreshTreeStructure(); });
+  } else if (menu.mnuSideBarContent(kSideBarAccessibility).Checked()) {
+    announcer.AddAndSay(kExtractingData);
+    ErrorsIgnored([&] { side_bar_.RefreshAABrowser(); });
   }
+  if (!current()) return;
   announcer.AddAndSay("Extracting Forms ...");
   announcer.AddAndSay("Extracting Links ...");
   if (!current()) return;

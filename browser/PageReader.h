@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "browser/AutoFocus.h"
 #include "browser/LinksList.h"
 #include "browser/Navigation.h"
 #include "browser/PaneContext.h"
+#include "browser/SideBar.h"
 
 namespace corvane {
 
@@ -14,7 +16,7 @@ namespace corvane {
 /// it once it is complete.
 class PageReader {
  public:
-  PageReader(PaneContext& pane, Navigation& navigation, LinksList& links);
+  PageReader(PaneContext& pane, Navigation& navigation, LinksList& links, SideBar& side_bar);
 
   /// Speaks the title of the page that was read last, for a user who could not
   /// hear it then; silent before the first page.
@@ -29,12 +31,14 @@ class PageReader {
   PaneContext& pane_;
   Navigation& navigation_;
   LinksList& links_;
+  SideBar& side_bar_;
   AutoFocus auto_focus_;
   bool firstTick_ = false;
   std::int16_t busyTicks_ = 0;
   int stopIcon_;
   std::string title_;     // of the page that was read last
   unsigned reading_ = 0;  // counts readings: a newer one makes an older one stop
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // to be watched
   Connections connections_;
 };
 

@@ -1,21 +1,216 @@
 #include "browser/SideBar.h"
 
+#include "base/text.h"
+#include "browser/LinkFile.h"
+#include "explorer/CDirectory.h"
+#include "explorer/CHTMLStructure.h"
+#include "explorer/mIShellFolder.h"
+
 namespace corvane {
+namespace {
+
+/// Folders, files, what can be opened, links and what can be linked to.
+constexpr std::uint32_t kFolderMask = 0xE0010004;
+constexpr std::size_t kLongestSpoken = 100;  // characters of a refused address
+
+/// The pictures of page structure items, in the order of their kinds.
+constexpr StockImage kPageImages[] = {
+    StockImage::Document, StockImage::Links,      StockImage::Link,   StockImage::Frames,
+    StockImage::Frame,    StockImage::Anchors,    StockImage::Anchor, StockImage::Forms,
+    StockImage::Form,     StockImage::FormElement};
+
+bool IsPage(const std::string& path) {
+  const std::size_t length = text::length(path);
+  return length >= 3 && text::same_ignoring_case(text::mid(path, length - 2), "htm");
+}
+
+}  // namespace
 
 SideBar::SideBar(PaneContext& pane, PaneSettings& settings, PaneLayout& layout)
-    : pane_(pane), settings_(settings), layout_(layout) {
+    : pane_(pane),
+      settings_(settings),
+      layout_(layout),
+      explorer_(pane.desktop),
+      favorites_(pane.desktop),
+      icons_large_(pane.desktop.CreateImageList()),
+      icons_small_(pane.desktop.CreateImageList()),
+      page_images_(pane.desktop.CreateImageList()) {
   TreeView& tree = *pane_.controls.TreeView1;
+  for (const StockImage image : kPageImages) page_images_->Add("", image);
+  explorer_.Init(tree, nullptr, 0, 0, 0);
   connections_ += tree.GotFocus.Connect([this] { TreeView1_GotFocus(); });
   connections_ += tree.NodeClick.Connect([this](TreeNode& node) { TreeView1_NodeClick(node); });
+  connections_ += tree.Toggled.Connect([this](TreeNode& node) { TreeView1_NodeClick(node); });
+  connections_ += tree.DblClick.Connect([this] { TreeView1_DblClick(); });
+  connections_ += tree.KeyDown.Connect([this](KeyEvent& key) { TreeView1_KeyDown(key); });
   connections_ += tree.KeyUp.Connect([this](KeyEvent& key) { TreeView1_KeyUp(key); });
   connections_ += pane_.menu.mnuSideBarContent.Click.Connect(
       [this](int index) { mnuSideBarContent_Click(index); });
 }
 
+SideBar::~SideBar() {
+  ErrorsIgnored([&] { pane_.controls.TreeView1->SetImageList(nullptr); });
+}
+
 void SideBar::mnuSideBarContent_Click(int index) {
   settings_.mnuSideBarContent_Click(index);
   layout_.ShowSideBar(index != kSideBarNone);
-  ErrorsIgnored([&] { pane_.controls.TreeView1->Clear(); });
+  ErrorsIgnored([&] { Show(index); });
+}
+
+void SideBar::Show(int content) {
+  ++shown_;
+  outline_ = false;
+  explorer_.ClearNodes();
+  switch (content) {
+    case kSideBarFavorites:
+      ShowFolder(std::to_string(kFolderFavorites));
+      break;
+    case kSideBarHistory:
+      ShowFolder(HistoryPath());
+      break;
+    case kSideBarPageStructure:
+      RefreshTreeStructure();
+      break;
+    case kSideBarAccessibility:
+      RefreshAABrowser();
+      break;
+    default:
+      break;
+  }
+}
+
+std::string SideBar::HistoryPath() const {
+  Shell& shell = pane_.desktop.GetShell();
+  const auto place = shell.SpecialFolderLocation(kFolderHistory);
+  if (!place) return {};
+  return shell.GetPathFromIdList(
+      mIShellFolder::Concatenated(mIShellFolder::ParentOf(*place), "History"));
+}
+
+// Fetching an icon lets events run, in which the user may choose another content
+// or close the window.
+void SideBar::ShowFolder(const std::string& path) {
+  const unsigned mine = ++shown_;
+  const std::weak_ptr<bool> alive = alive_;
+  const auto root = std::make_shared<CDirectory>(pane_.desktop);
+  root->Initialize(icons_large_, icons_small_);
+  root->SetPath(path);
+  root->Filters(kFolderMask);
+  if (alive.expired() || shown_ != mine) return;
+  pane_.controls.TreeView1->SetImageList(icons_large_.get());
+  explorer_.SetRoot(root);
+}
+
+void SideBar::RefreshTreeStructure() {
+  const unsigned mine = ++shown_;
+  const std::weak_ptr<bool> alive = alive_;
+  outline_ = false;
+  const HTMLDocumentPtr document = pane_.controls.brwWebBrowser->Document();
+  if (!document) {
+    explorer_.ClearNodes();
+    return;
+  }
+  const auto root = std::make_shared<CHTMLStructure>(pane_.desktop);
+  root->setChild({document, nullptr, 0}, CHTMLStructure::kDocument);
+  if (alive.expired() || shown_ != mine) return;
+  pane_.controls.TreeView1->SetImageList(page_images_.get());
+  explorer_.SetRoot(root);
+}
+
+void SideBar::RefreshAABrowser() { explorer_.ClearNodes(); }
+
+TreeView& SideBar::ClearForOutline() {
+  ++shown_;
+  outline_ = true;
+  explorer_.ClearNodes();
+  return *pane_.controls.TreeView1;
+}
+
+bool SideBar::SelectFirst() {
+  TreeView& tree = *pane_.controls.TreeView1;
+  const auto nodes = tree.Nodes();
+  if (nodes.empty()) return false;
+  tree.SetSelectedItem(nodes.front());
+  TreeView1_GotFocus();
+  return true;
+}
+
+void SideBar::FavoritesChanged(const std::string& select_path) {
+  if (outline_ || pane_.menu.mnuSideBarContent.FirstChecked() != kSideBarFavorites) return;
+  TreeView& tree = *pane_.controls.TreeView1;
+  const TreeNode* selected = tree.SelectedItem();
+  std::string wanted = select_path;
+  if (wanted.empty() && selected != nullptr) wanted = selected->FullPath();
+  Show(kSideBarFavorites);
+  for (std::size_t at = wanted.find('\\');; at = wanted.find('\\', at + 1)) {
+    TreeNode* node = explorer_.GetNodeFromPath(wanted.substr(0, at));
+    if (node == nullptr) break;
+    tree.SetSelectedItem(node);
+    if (at == std::string::npos) break;
+    node->SetExpanded(true);
+  }
+}
+
+void SideBar::TreeView1_DblClick() {
+  ErrorsIgnored([&] {
+    TreeNode& node = Required(pane_.controls.TreeView1->SelectedItem());
+    const int content = pane_.menu.mnuSideBarContent.FirstChecked();
+    if (outline_) {
+      Explain(node);
+    } else if (content == kSideBarAccessibility) {
+      FollowAccessible(node);
+    } else if (content != kSideBarNone) {
+      Follow(node, content);
+    }
+  });
+}
+
+std::string SideBar::AddressOf(const TreeNode& node, int content) const {
+  if (content != kSideBarFavorites) return node.Tag();
+  return IsPage(node.Tag()) ? node.Tag() : favorites_.AddressIn(node.Tag());
+}
+
+void SideBar::Explain(TreeNode& node) {
+  if (node.Tag().empty()) {
+    OpenOrClose(node);
+  } else {
+    pane_.announcer.AddAndSay(node.Tag());
+  }
+}
+
+// What leads nowhere can still be opened.
+void SideBar::Follow(TreeNode& node, int content) {
+  const std::string address = AddressOf(node, content);
+  if (address.empty()) {
+    if (node.Children() > 0) {
+      OpenOrClose(node);
+    } else {
+      pane_.announcer.AddAndSay("No address in " + node.Text());
+    }
+    return;
+  }
+  std::string from;
+  if (content == kSideBarPageStructure) {
+    const auto item = std::dynamic_pointer_cast<CHTMLStructure>(explorer_.GetItemObject(node));
+    from = item && !item->Location().empty() ? item->Location() : "unknown:";
+  }
+  if (IsHostileAddress(address, from)) {
+    pane_.announcer.AddAndSay("Address refused: " + text::left(address, kLongestSpoken));
+    return;
+  }
+  pane_.StartReading();
+  pane_.controls.brwWebBrowser->Navigate2(address);
+}
+
+void SideBar::FollowAccessible(const TreeNode&) {}
+
+void SideBar::OpenOrClose(TreeNode& node) {
+  const TreeNodeId id = node.Id();
+  const std::weak_ptr<bool> alive = alive_;
+  node.SetExpanded(!node.Expanded());
+  if (alive.expired()) return;
+  if (const TreeNode* still = pane_.controls.TreeView1->Find(id)) TreeView1_NodeClick(*still);
 }
 
 void SideBar::TreeView1_GotFocus() {
@@ -33,11 +228,18 @@ void SideBar::TreeView1_NodeClick(const TreeNode& node) {
   });
 }
 
+void SideBar::TreeView1_KeyDown(const KeyEvent& key) {
+  if (key.KeyCode == kKeyReturn && key.Shift == 0) TreeView1_DblClick();
+}
+
 void SideBar::TreeView1_KeyUp(const KeyEvent& key) {
   ErrorsIgnored([&] {
     if (key.KeyCode == kKeyEscape) {
       const int content = pane_.menu.mnuSideBarContent.FirstChecked();
-      if (content >= 0) mnuSideBarContent_Click(content);
+      if (content < 0) return;
+      const std::weak_ptr<bool> alive = alive_;
+      mnuSideBarContent_Click(content);
+      if (!alive.expired()) SelectFirst();
     } else if (key.KeyCode == kKeyF1) {
       const TreeNode* selected = pane_.controls.TreeView1->SelectedItem();
       pane_.announcer.AddAndSay(Required(selected).Tag());

@@ -1,29 +1,72 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
+#include "browser/Favorites.h"
 #include "browser/PaneContext.h"
 #include "browser/PaneLayout.h"
 #include "browser/PaneSettings.h"
+#include "explorer/CExplorer.h"
 
 namespace corvane {
 
-/// The side bar's tree and column: which content it has, its focus and keys.
+/// The side bar: which content its tree has, its focus and keys, and where its
+/// items lead.
 class SideBar {
  public:
   SideBar(PaneContext& pane, PaneSettings& settings, PaneLayout& layout);
+  ~SideBar();
+  SideBar(const SideBar&) = delete;
+  SideBar& operator=(const SideBar&) = delete;
 
   /// Chooses, stores and shows the content; "None" hides the column.
   void mnuSideBarContent_Click(int index);
+  /// Shows the structure of the present page, as it is now.
+  void RefreshTreeStructure();
+  /// Shows the accessible objects of the present page.
+  void RefreshAABrowser();
+  /// Empties the tree for a text outline, whose nodes' tags are explanations.
+  TreeView& ClearForOutline();
+  /// Selects the first node and says it, for a user who is in the tree; false
+  /// when the tree is empty.
+  bool SelectFirst();
+
+  /// The controller of the tree.
+  CExplorer& Explorer() { return explorer_; }
+  /// The pages that the user keeps.
+  Favorites& Kept() { return favorites_; }
+  /// Shows Favorites anew if they are shown, with the same node selected where
+  /// it still exists.
+  void FavoritesChanged(const std::string& select_path = {});
+
+  void TreeView1_DblClick();
 
  private:
+  void Show(int content);
+  void ShowFolder(const std::string& path);
+  std::string HistoryPath() const;
+  void Explain(TreeNode& node);
+  void Follow(TreeNode& node, int content);
+  void FollowAccessible(const TreeNode& node);
+  std::string AddressOf(const TreeNode& node, int content) const;
+  void OpenOrClose(TreeNode& node);
   void TreeView1_GotFocus();
   void TreeView1_NodeClick(const TreeNode& node);
+  void TreeView1_KeyDown(const KeyEvent& key);
   void TreeView1_KeyUp(const KeyEvent& key);
 
   PaneContext& pane_;
   PaneSettings& settings_;
   PaneLayout& layout_;
+  CExplorer explorer_;
+  Favorites favorites_;
+  std::shared_ptr<ImageList> icons_large_;
+  std::shared_ptr<ImageList> icons_small_;
+  std::unique_ptr<ImageList> page_images_;
+  bool outline_ = false;  // the tree shows a text outline
+  unsigned shown_ = 0;    // counts what was shown: a newer content makes an older one stop
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // to be watched
   Connections connections_;
 };
 

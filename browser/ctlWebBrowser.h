@@ -3,6 +3,7 @@
 #include <string>
 
 #include "browser/CaretEcho.h"
+#include "browser/FavoriteCommands.h"
 #include "browser/HelpOutline.h"
 #include "browser/LinksList.h"
 #include "browser/Navigation.h"
@@ -76,6 +77,7 @@ class ctlWebBrowser {
   Navigation navigation_;
   LinksList links_;
   SideBar side_bar_;
+  FavoriteCommands favorites_;
   HelpOutline help_;
   CaretEcho echo_;
   PageReader reader_;

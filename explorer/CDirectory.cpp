@@ -44,6 +44,10 @@ void CDirectory::Filters(std::uint32_t ulAttrs1, std::uint32_t ulAttrs2) {
   ulAttrs2_ = ulAttrs2 == 0 ? ulAttrs1 : ulAttrs2;
 }
 
+std::string CDirectory::FilePath() const {
+  return placed_ ? desktop_.GetShell().GetPathFromIdList(position_.TVID_pidlFQ) : std::string();
+}
+
 std::string CDirectory::name() const {
   const auto last = path_.rfind(desktop_.GetFileSystem().Separator());
   if (last == std::string::npos || last + 1 == path_.size()) return path_;

@@ -28,6 +28,8 @@ class CDirectory : public IExplorerItem {
   /// second mask of 0 is the same as the first.
   void Filters(std::uint32_t ulAttrs1, std::uint32_t ulAttrs2 = 0);
 
+  /// Where it lies on the file system; empty when it could not be found.
+  std::string FilePath() const;
   /// The last name of the path; the whole path when it has none.
   std::string name() const;
   /// What the folder holds, made now; waiting events run meanwhile.

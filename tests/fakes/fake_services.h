@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <tuple>
@@ -84,6 +85,7 @@ class FakeFileSystem : public FileSystem {
     return files.at(path);
   }
   void Write(const std::string& path, const std::string& content) override {
+    if (on_write) on_write(path, content);
     files[path] = {content};
   }
   std::string GetPrivateProfileString(const std::string& section, const std::string& key,
@@ -94,6 +96,7 @@ class FakeFileSystem : public FileSystem {
 
   std::string program_folder = "/opt/corvane";
   char separator = '/';
+  std::function<void(const std::string& path, const std::string& content)> on_write;
   bool unreadable = false;
   std::map<std::string, std::vector<std::string>> files;
   std::map<std::tuple<std::string, std::string, std::string>, std::string> profile;

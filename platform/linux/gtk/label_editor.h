@@ -4,6 +4,8 @@
 #include <gtkmm/treeview.h>
 
 #include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 
 namespace corvane::desktop {
@@ -22,14 +24,15 @@ class LabelEditor {
   void Start(const Gtk::TreePath& path, std::function<void(const std::string&)> done);
 
  private:
-  void End();
+  void End(std::optional<std::string> text);
 
   Gtk::TreeView& view_;
   Gtk::TreeViewColumn* column_ = nullptr;
   Gtk::CellRendererText* cell_ = nullptr;
   std::function<void(const std::string&)> done_;
   bool editing_ = false;
-  bool last_key_is_down_ = false;  // the key that ended the editing
+  bool last_key_is_down_ = false;                               // the key that ended the editing
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // to be watched
 };
 
 }  // namespace corvane::desktop

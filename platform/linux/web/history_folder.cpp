@@ -127,6 +127,23 @@ void HistoryFolder::Clear() {
   for (const auto& day : Days()) fs::remove_all(fs::path(root_) / day, error);
 }
 
+std::size_t HistoryFolder::Forget(const std::string& address) {
+  std::size_t forgotten = 0;
+  for (const auto& day : Days()) {
+    const fs::path folder = fs::path(root_) / day;
+    std::vector<fs::path> entries;
+    std::error_code error;
+    for (fs::directory_iterator each(folder, error), end; !error && each != end;
+         each.increment(error)) {
+      const fs::path& path = each->path();
+      if (path.extension() == ".url" && ShortcutAddress(path) == address) entries.push_back(path);
+    }
+    for (const auto& entry : entries) forgotten += fs::remove(entry, error) ? 1 : 0;
+    fs::remove(folder, error);  // only an empty one goes
+  }
+  return forgotten;
+}
+
 std::vector<SearchMatch> FindShortcuts(const std::vector<std::string>& folders,
                                        const std::string& words) {
   std::vector<SearchMatch> matches;

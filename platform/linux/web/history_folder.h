@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -22,6 +23,9 @@ class HistoryFolder {
   void Add(const std::string& address, const std::string& title);
   /// Removes all days.
   void Clear();
+  /// Forgets a page: removes its entries of all days, and days that are empty
+  /// then. Returns how many there were.
+  std::size_t Forget(const std::string& address);
 
  private:
   std::vector<std::string> Days() const;  // oldest first

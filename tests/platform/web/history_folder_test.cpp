@@ -145,5 +145,17 @@ TEST_F(HistoryFolderTest, NoWordsFindNothing) {
   EXPECT_THAT(FindShortcuts({root_.string(), "/no/such/folder"}, "  "), IsEmpty());
 }
 
+TEST_F(HistoryFolderTest, ForgetsOnePageOnAllDays) {
+  auto history = MakeHistory();
+  history.Add("http://a.example/", "A");
+  history.Add("http://b.example/", "B");
+  day_ = "2002-01-01";
+  history.Add("http://a.example/", "A, renamed");
+  EXPECT_EQ(history.Forget("http://a.example/"), 2U);
+  EXPECT_THAT(Files("2001-12-31"), ElementsAre("B.url"));
+  EXPECT_FALSE(fs::exists(root_ / "2002-01-01")) << "nothing is left of that day";
+  EXPECT_EQ(history.Forget("http://a.example/"), 0U);
+}
+
 }  // namespace
 }  // namespace corvane::desktop

@@ -266,7 +266,9 @@ TEST_F(TreeViewTest, LabelIsEditedInItsPlace) {
     Key(*window_.form.window().get_focus(), GDK_KEY_Return);
     Settle();
   };
+  auto* view = window_.form.window().get_focus();
   edit();
+  EXPECT_EQ(window_.form.window().get_focus(), view) << "the focus comes back";
   EXPECT_EQ(typed, "new");
   EXPECT_EQ(first_->Text(), "alpha") << "refused";
   refuse = false;
@@ -292,6 +294,7 @@ TEST_F(TreeViewTest, EditingCanBePreventedAndGivenUp) {
   Key(*window_.form.window().get_focus(), GDK_KEY_Escape);
   Settle();
   EXPECT_FALSE(edited);
+  EXPECT_EQ(window_.form.window().get_focus(), view);
   EXPECT_EQ(first_->Text(), "alpha");
 }
 

@@ -1,0 +1,100 @@
+"""Measures the side bar's tree in the real program: how long it takes to open a
+node with very many children, from the key to the word "Opened".
+
+By itself, below scripts/with-desktop: trees.py BUILD_FOLDER
+"""
+import pathlib
+import subprocess
+import sys
+import threading
+import time
+
+SOURCE = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(SOURCE / "tests/e2e"))
+import web_server  # noqa: E402  (lies beside the end-to-end tests)
+
+FAVORITES, PAGE_STRUCTURE = 2, 4
+FOCUS_SIDE_BAR = 3
+
+
+def keep(browser, count):
+    """So many link files in Favorites."""
+    folder = browser.home / "data/corvane/Favorites"
+    folder.mkdir(parents=True)
+    for i in range(count):
+        (folder / f"Page {i}.url").write_text(f"[InternetShortcut]\r\nURL=http://localhost/{i}\r\n")
+
+
+def press(*keys):
+    subprocess.run(["xdotool", "key", "--delay", "40", *keys], check=True)
+
+
+def opening(browser, words):
+    """Milliseconds from the key that opens the selected node to the words that
+    tell so, and the longest stall of the window meanwhile."""
+    time.sleep(1)
+    browser.stalls.unlink(missing_ok=True)
+    time.sleep(0.1)
+    browser.stalls.unlink(missing_ok=True)
+    before = time.monotonic()
+    press("Right")
+    opened = browser.wait_spoken(words)
+    time.sleep(1)
+    return (opened - before) * 1000, browser.longest_stall()
+
+
+def folder(make, base, count):
+    browser = make(f"{base}/page/1", prepare=lambda b: keep(b, count),
+                   pane={"SideBar": FAVORITES, "Focus": FOCUS_SIDE_BAR})
+    try:
+        browser.wait_spoken("Favorites Sidebar Item")
+        return opening(browser, "Favorites Opened")
+    finally:
+        browser.end()
+
+
+def links(make, base, count):
+    title = f"{count} links"
+    browser = make(f"{base}/links/{count}", pane={"SideBar": PAGE_STRUCTURE, "Focus": FOCUS_SIDE_BAR})
+    try:
+        browser.wait_spoken(f"{title} Sidebar Item")
+        first, _ = opening(browser, f"{title} Opened")
+        press("Right")
+        browser.wait_spoken(f"Links {count} Closed")
+        children, stall = opening(browser, f"Links {count} Opened")
+        return first, children, stall
+    finally:
+        browser.end()
+
+
+def rows(make, base, median, runs=3):
+    """The rows of the table: what, figure, budget."""
+    files = [folder(make, base, 10_000) for _ in range(runs)]
+    yield ("tree: open a folder of 10,000 favorites, median (longest stall)",
+           f"{median([f[0] for f in files]):.0f} ms ({median([f[1] or 0 for f in files]):.0f} ms)", "300 ms")
+    time_of, stall = folder(make, base, 100_000)
+    yield ("tree: open a folder of 100,000 favorites (longest stall)", f"{time_of:.0f} ms ({stall or 0:.0f} ms)",
+           "stall 50 ms")
+    for count in (10_000, 50_000):
+        pages = [links(make, base, count) for _ in range(runs)]
+        yield (f"tree: first level of the structure of a page with {count} links, median",
+               f"{median([p[0] for p in pages]):.0f} ms", "")
+        yield (f"tree: open its {count} links, median (longest stall)",
+               f"{median([p[1] for p in pages]):.0f} ms ({median([p[2] or 0 for p in pages]):.0f} ms)",
+               "300 ms" if count == 10_000 else "")
+
+
+def main():
+    import report
+
+    server = web_server.start()
+    threading.Thread(target=server.serve_forever, daemon=True).start()
+    build = pathlib.Path(sys.argv[1])
+    base = f"http://127.0.0.1:{server.server_address[1]}"
+    for row in rows(lambda address, **options: report.Browser(build, address, **options), base, report.median):
+        report.row(*row)
+    server.shutdown()
+
+
+if __name__ == "__main__":
+    main()

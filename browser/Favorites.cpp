@@ -1,0 +1,156 @@
+#include "browser/Favorites.h"
+
+#include "base/error.h"
+#include "base/handling.h"
+#include "base/text.h"
+#include "browser/BookmarkFile.h"
+#include "browser/LinkFile.h"
+#include "platform/shell_folder.h"
+
+namespace corvane {
+namespace {
+
+constexpr std::size_t kShortcutBuffer = 127;  // what a shortcut's reader takes, its end included
+constexpr std::size_t kLinkBuffer = 100'000;
+constexpr int kMostNamesakes = 1000;
+constexpr const char* kShortcut = ".url";
+constexpr const char* kDesktopLink = ".desktop";
+
+bool EndsWith(const std::string& text, const std::string& end) {
+  return text.size() >= end.size() &&
+         text::same_ignoring_case(text.substr(text.size() - end.size()), end);
+}
+
+std::string NumberedName(const std::string& name, int number) {
+  return number == 1 ? name : name + " " + std::to_string(number);
+}
+
+std::string WithName(const std::vector<std::string>& lines, const std::string& name) {
+  std::string content;
+  for (const auto& line : lines) {
+    if (line.starts_with("Name[")) continue;
+    content += (line.starts_with("Name=") ? "Name=" + name : line) + "\n";
+  }
+  return content;
+}
+
+}  // namespace
+
+std::string Favorites::SpecialPath(int number) const {
+  const auto place = desktop_.GetShell().SpecialFolderLocation(number);
+  if (!place) throw RunTimeError(kErrFileNotFound, "Favorites", "The folder cannot be made");
+  return desktop_.GetShell().GetPathFromIdList(*place);
+}
+
+std::string Favorites::Folder() const { return SpecialPath(kFolderFavorites); }
+
+std::string Favorites::Below(const std::string& folder, const std::string& name) const {
+  return folder + desktop_.GetFileSystem().Separator() + name;
+}
+
+bool Favorites::IsBelow(const std::string& path, const std::string& folder) const {
+  return path.starts_with(folder + desktop_.GetFileSystem().Separator());
+}
+
+std::string Favorites::AddressIn(const std::string& path) const {
+  const FileSystem& files = desktop_.GetFileSystem();
+  if (EndsWith(path, kDesktopLink)) {
+    return files.GetPrivateProfileString("Desktop Entry", "URL", kLinkBuffer, path);
+  }
+  return files.GetPrivateProfileString("InternetShortcut", "URL", kShortcutBuffer, path);
+}
+
+// The reader of shortcuts cuts what is too long for it: a longer address goes
+// into a link file of the other kind, which is read whole.
+Favorites::Kept Favorites::Add(const std::string& folder, const std::string& title,
+                               const std::string& address) {
+  FileSystem& files = desktop_.GetFileSystem();
+  const bool is_short = text::length(address) <= kShortcutBuffer - 1;
+  const std::string name = SafeFileName(title.empty() ? address : title);
+  for (int i = 1; i <= kMostNamesakes; ++i) {
+    const std::string numbered = NumberedName(name, i);
+    const std::string shortcut = Below(folder, numbered + kShortcut);
+    const std::string link = Below(folder, numbered + kDesktopLink);
+    for (const auto& path : {shortcut, link}) {
+      if (files.Exists(path) && AddressIn(path) == address) return {numbered, false};
+    }
+    if (files.Exists(shortcut) || files.Exists(link)) continue;
+    if (is_short) {
+      files.Write(shortcut, ShortcutContent(address));
+    } else {
+      files.Write(link, DesktopLinkContent(numbered, address));
+    }
+    return {numbered, true};
+  }
+  throw RunTimeError(kErrDeviceIo, "Favorites", "There are too many favorites of that name");
+}
+
+void Favorites::Remove(const std::string& path) {
+  if (!IsBelow(path, Folder()) && !IsBelow(path, SpecialPath(kFolderHistory))) {
+    throw RunTimeError(kErrPermissionDenied, "Favorites", "This cannot be removed");
+  }
+  desktop_.GetShell().Remove(path);
+}
+
+std::string Favorites::Rename(const std::string& path, const std::string& name) {
+  if (!IsBelow(path, Folder())) {
+    throw RunTimeError(kErrPermissionDenied, "Favorites", "This cannot be renamed");
+  }
+  FileSystem& files = desktop_.GetFileSystem();
+  const std::string safe = SafeFileName(name);
+  const auto slash = path.rfind(files.Separator());
+  std::string extension;
+  for (const char* known : {kShortcut, kDesktopLink}) {
+    if (EndsWith(path, known)) extension = path.substr(path.size() - std::string(known).size());
+  }
+  const std::string new_path = Below(path.substr(0, slash), safe + extension);
+  if (new_path != path) desktop_.GetShell().Rename(path, new_path);
+  if (EndsWith(path, kDesktopLink)) {
+    files.Write(new_path, WithName(files.ReadLines(new_path), safe));
+  }
+  return safe;
+}
+
+std::string Favorites::NewFolder(const std::string& name) const {
+  for (int i = 1; i <= kMostNamesakes; ++i) {
+    const std::string numbered = NumberedName(name, i);
+    const std::string path = Below(Folder(), numbered);
+    if (desktop_.GetFileSystem().Exists(path)) continue;
+    desktop_.GetShell().MakeFolder(path);
+    return numbered;
+  }
+  throw RunTimeError(kErrDeviceIo, "Favorites", "There are too many folders of that name");
+}
+
+Favorites::Imported Favorites::Import(const std::string& path) {
+  const FileSystem& files = desktop_.GetFileSystem();
+  const auto lines = files.ReadLines(path);
+  if (!IsBookmarkFile(lines)) {
+    throw RunTimeError(kErrTypeMismatch, "Favorites", "This is not a file of bookmarks");
+  }
+  const std::string file = path.substr(path.rfind(files.Separator()) + 1);
+  Imported imported;
+  imported.folder = NewFolder(SafeFileName(file.substr(0, file.rfind('.'))));
+  const std::string top = Below(Folder(), imported.folder);
+  for (const auto& bookmark : ReadBookmarkFile(lines)) {
+    desktop_.DoEvents();
+    if (IsHostileAddress(bookmark.address, "")) {
+      ++imported.left_out;
+      continue;
+    }
+    ErrorsIgnored([&] {
+      ++imported.left_out;
+      std::string folder = top;
+      for (const auto& part : bookmark.folders) {
+        folder = Below(folder, SafeFileName(part));
+        desktop_.GetShell().MakeFolder(folder);
+      }
+      Add(folder, bookmark.title, bookmark.address);
+      --imported.left_out;
+      ++imported.pages;
+    });
+  }
+  return imported;
+}
+
+}  // namespace corvane
