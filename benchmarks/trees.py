@@ -47,7 +47,10 @@ def folder(make, base, count):
     browser = make(f"{base}/page/1", prepare=lambda b: keep(b, count),
                    pane={"SideBar": FAVORITES, "Focus": FOCUS_SIDE_BAR})
     try:
-        browser.wait_spoken("Favorites Sidebar Item")
+        browser.wait_spoken("Page 1")
+        time.sleep(1)
+        press("Down")
+        browser.wait_spoken("Favorites Closed")
         return opening(browser, "Favorites Opened")
     finally:
         browser.end()
@@ -57,7 +60,10 @@ def links(make, base, count):
     title = f"{count} links"
     browser = make(f"{base}/links/{count}", pane={"SideBar": PAGE_STRUCTURE, "Focus": FOCUS_SIDE_BAR})
     try:
-        browser.wait_spoken(f"{title} Sidebar Item")
+        browser.wait_spoken(title)
+        time.sleep(1)
+        press("Down")
+        browser.wait_spoken(f"{title} Closed")
         first, _ = opening(browser, f"{title} Opened")
         press("Right")
         browser.wait_spoken(f"Links {count} Closed")

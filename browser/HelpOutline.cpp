@@ -47,6 +47,7 @@ void HelpOutline::GetHelp(const std::string& file) {
       pane_.announcer.AddAndSay("The help is in the side bar, which is not shown");
     } else {
       tree.SetFocus();
+      if (tree.SelectedItem() == nullptr) side_bar_.SelectFirst();  // the focus was there
     }
   });
 }
