@@ -89,7 +89,7 @@ class SideBar(EndToEndTest):
         corvane.transcript.mark()
         corvane.keys("Return")
         self.said("The weather renamed to Rain")
-        wait_until(lambda: self.corvane.focused_name() == "Sidebar", f"{self.corvane.focused_name()}")
+        wait_until(lambda: corvane.focused_name() == "Sidebar", "the focus back in the tree")
         self.assertTrue((folder / "Rain.url").exists())
         self.press("F1", str(folder / "Rain.url"))
 
@@ -191,6 +191,7 @@ class SideBar(EndToEndTest):
         self.corvane.transcript.mark()
         self.corvane.keys("Return")
         self.said("Extracting Data ...", "1 Links in The weather", "The weather")
+        self.press("Down", "The weather Closed")
         self.press("Right", "The weather Opened")
 
     def test_tree_is_made_anew_with_escape(self):
