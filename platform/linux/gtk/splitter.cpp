@@ -1,5 +1,6 @@
 #include "platform/linux/gtk/splitter.h"
 
+#include <atkmm/object.h>
 #include <gdkmm/window.h>
 
 #include <algorithm>
@@ -10,6 +11,9 @@ namespace corvane::desktop {
 
 Splitter::Splitter(Gtk::Orientation orientation) : Gtk::Paned(orientation) {
   set_wide_handle(true);
+  get_accessible()->set_name(orientation == Gtk::ORIENTATION_HORIZONTAL
+                                 ? "Splitter between left and right"
+                                 : "Splitter between top and bottom");
   pack1(first_, false, true);
   pack2(second_, true, true);
   first_.show();

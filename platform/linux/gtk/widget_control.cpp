@@ -129,6 +129,8 @@ WidgetBinding::WidgetBinding(Control& control, Gtk::Widget& outer, Gtk::Widget& 
   outer.set_data(kBindingKey, this);
   outer.set_name(name);
   outer.show();
+  // A scrolling area takes the focus of its own where it can; nothing would name it.
+  if (&outer != &focus) outer.set_can_focus(false);
   focus.add_events(Gdk::KEY_PRESS_MASK | Gdk::KEY_RELEASE_MASK | Gdk::FOCUS_CHANGE_MASK);
   // Each handler holds the state: its own control may be destroyed from inside it.
   auto& signals = state_->signals;
