@@ -7,6 +7,7 @@
 #include "app/Multithread.h"
 #include "platform/linux/automation/hand_over.h"
 #include "platform/linux/linux_desktop.h"
+#include "platform/linux/store/log.h"
 
 namespace {
 
@@ -30,6 +31,7 @@ LinuxDesktop::StartedBy WhoStarted(const std::string& address) {
 /// the program. The one argument, an address, goes to a program that runs already.
 int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "");
+  corvane::desktop::StartLog();
   const bool display = gtk_init_check(&argc, &argv) != FALSE;  // takes GTK's own arguments
   if (argc > 2 || (argc == 2 && argv[1][0] == '-')) {
     g_printerr("Usage: corvane [ADDRESS]\n");

@@ -44,7 +44,7 @@ std::string Escaped(const std::string& name) {
 
 std::string Unescaped(const char* name) {
   const Text plain(g_uri_unescape_string(name, nullptr));
-  return plain ? plain.get() : name;
+  return ValidText(plain ? plain.get() : name);
 }
 
 }  // namespace
@@ -68,7 +68,7 @@ std::optional<IniValues> ParseIni(const std::string& text) {
       Text value(g_key_file_get_string(file.get(), *group, *key, nullptr));
       // A person may have written a lone backslash: then the value is what stands there.
       if (!value) value.reset(g_key_file_get_value(file.get(), *group, *key, nullptr));
-      if (value) values[{Unescaped(*group), Unescaped(*key)}] = value.get();
+      if (value) values[{Unescaped(*group), Unescaped(*key)}] = ValidText(value.get());
     }
   }
   return values;
