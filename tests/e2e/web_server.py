@@ -60,6 +60,10 @@ class Handler(http.server.BaseHTTPRequestHandler):
     def page_broken_text(self, _):
         self.reply(b"<title>Broken \xff\xfe text</title><body>before \xc3\x28 after \xed\xa0\x80 end")
 
+    def page_no_scripts(self, _):
+        self.reply("<title>No scripts here</title><p>Read all the same. <a href='/start.html'>On</a>",
+                   headers=[("Content-Security-Policy", "sandbox")])
+
     def page_redirects(self, _):
         self.reply("", status=302, headers=[("Location", self.path + "x")])
 

@@ -71,7 +71,7 @@ struct BusAutomationTest : ::testing::Test {
   /// Waits until the name is there: it is asked for without waiting.
   void Publish() {
     automation.Publish(server);
-    RunUntil([&] {
+    AskUntil([&] {
       return client.Call(kFactoryPath, "org.freedesktop.DBus.Peer", "Ping").error.empty();
     });
   }
@@ -187,7 +187,7 @@ TEST_F(BusAutomationTest, DesktopHandsOverAddresses) {
 
 TEST_F(BusAutomationTest, RefusedStartAnswersEveryCallerWithItsError) {
   automation.Refuse(RunTimeError(-2147219967, "test", "Application can't be started"));
-  RunUntil([&] { return client.Create().error.find("ServiceUnknown") == std::string::npos; });
+  AskUntil([&] { return client.Create().error.find("ServiceUnknown") == std::string::npos; });
   EXPECT_EQ(client.Create().error,
             "org.corvane.Error.RunTime -2147219967: Application can't be started");
 }
@@ -197,7 +197,7 @@ TEST_F(BusAutomationTest, AProcessThatAPersonStartedTakesTheNameFromARefusedOne)
   const auto second = Connect(bus.Address());
   BusAutomation started(second.get());
   started.Publish(server);
-  RunUntil([&] { return !client.Create().object.empty(); });
+  AskUntil([&] { return !client.Create().object.empty(); });
 }
 
 TEST_F(BusAutomationTest, SecondProcessTakesOverWhenTheFirstEnds) {
@@ -210,7 +210,7 @@ TEST_F(BusAutomationTest, SecondProcessTakesOverWhenTheFirstEnds) {
   EXPECT_EQ(server.objects, 1);
   EXPECT_EQ(later_server.objects, 0);
   automation.Withdraw();
-  RunUntil([&] { return !client.Create().object.empty(); });
+  AskUntil([&] { return !client.Create().object.empty(); });
   EXPECT_EQ(later_server.objects, 1);
 }
 

@@ -84,7 +84,7 @@ TEST(OtherUser, IsNotAnsweredEvenWhereTheBusLetsThemIn) {
   RecordingServer server;
   BusAutomation automation(own.get());
   automation.Publish(server);
-  RunUntil([&] { return SayAs("0", bus.Address()) == "()\n"; });
+  AskUntil([&] { return SayAs("0", bus.Address()) == "()\n"; });
   ASSERT_FALSE(server.calls.empty());
   server.calls.clear();
   EXPECT_THAT(SayAs(kNobody, bus.Address()), ::testing::HasSubstr("AccessDenied"));

@@ -40,4 +40,10 @@ inline void RunUntil(const std::function<bool()>& done) {
   while (!done()) g_main_context_iteration(nullptr, TRUE);
 }
 
+/// Asks again until the answer is yes; asking lets the main loop run.
+inline void AskUntil(const std::function<bool()>& asked) {
+  while (!asked()) {
+  }
+}
+
 }  // namespace corvane::desktop::tests
