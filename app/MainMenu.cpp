@@ -1,5 +1,9 @@
 #include "app/MainMenu.h"
 
+#include <map>
+
+#include "speech/MenuWords.h"
+
 namespace corvane {
 
 MainMenu::MainMenu(Desktop& desktop) : bar_(desktop.CreateMenu()) {
@@ -26,6 +30,31 @@ MainMenu::MainMenu(Desktop& desktop) : bar_(desktop.CreateMenu()) {
   mnuRate.AppendAll(mnuSpeech(kSpeechRate), {"Very Slow", "Slow", "Normal", "Fast", "Very Fast"});
   mnuPitch.AppendAll(mnuSpeech(kSpeechPitch), {"Very Low", "Low", "Normal", "High", "Very High"});
   mnuHelp.AppendAll(mnuFile(6), {"&Contents", "&About"});
+  NumberItems();
+}
+
+// The spoken menu tells items apart by these numbers.
+void MainMenu::NumberItems() {
+  using Submenus = std::map<int, MenuArray*>;
+  int next = kFirstMenuId;
+  const auto number = [&next](const MenuArray& array, const Submenus& submenus = {}) {
+    for (int i = 0; i < array.Count(); ++i) {
+      array(i).SetId(next++);
+      const auto submenu = submenus.find(i);
+      if (submenu == submenus.end()) continue;
+      for (int k = 0; k < submenu->second->Count(); ++k) (*submenu->second)(k).SetId(next++);
+    }
+  };
+  number(mnuFileItem);
+  number(mnuEdit);
+  number(mnuGo);
+  number(mnuSettings, {{kSettingsSideBar, &mnuSideBarContent},
+                       {kSettingsTextHistory, &mnuTextHistory},
+                       {kSettingsHome, &mnuHome},
+                       {kSettingsFocus, &mnuFocus}});
+  number(mnuView);
+  number(mnuSpeech, {{kSpeechRate, &mnuRate}, {kSpeechPitch, &mnuPitch}});
+  number(mnuHelp);
 }
 
 }  // namespace corvane

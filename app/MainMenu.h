@@ -27,7 +27,7 @@ enum SettingsItem : int {
 enum SpeechItem : int { kSpeechEnable = 0, kSpeechKeyEcho = 1, kSpeechRate = 3, kSpeechPitch = 4 };
 
 /// The menu bar of a browser window: its arrays with their captions, in the
-/// order in which the items count. No behaviour.
+/// order in which the items count and are numbered. No behaviour.
 class MainMenu {
  public:
   explicit MainMenu(Desktop& desktop);
@@ -35,6 +35,8 @@ class MainMenu {
   Menu& Bar() { return *bar_; }
 
  private:
+  void NumberItems();
+
   std::unique_ptr<Menu> bar_;
 
  public:

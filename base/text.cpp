@@ -57,6 +57,21 @@ std::string mid(std::string_view text, std::size_t start, std::size_t count) {
   return std::string(text.substr(begin, offset_of(text, count, begin) - begin));
 }
 
+std::string character(int code_point) {
+  const auto code = static_cast<unsigned>(code_point);
+  if (code == 0 || code > 0x10FFFFU || (code >= 0xD800U && code <= 0xDFFFU)) return {};
+  const auto trail = [code](unsigned shift) {
+    return static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
+  };
+  const auto lead = [code](unsigned mark, unsigned shift) {
+    return static_cast<char>(mark | (code >> shift));
+  };
+  if (code < 0x80U) return {static_cast<char>(code)};
+  if (code < 0x800U) return {lead(0xC0U, 6), trail(0)};
+  if (code < 0x10000U) return {lead(0xE0U, 12), trail(6), trail(0)};
+  return {lead(0xF0U, 18), trail(12), trail(6), trail(0)};
+}
+
 std::string left(std::string_view text, std::size_t count) { return mid(text, 1, count); }
 
 std::string valid(std::string_view text) {

@@ -28,6 +28,9 @@ std::string valid(std::string_view text);
 /// `text` with every occurrence of `from` (not empty) replaced by `to`.
 std::string replace_all(std::string text, std::string_view from, std::string_view to);
 
+/// The character with this code point; empty for 0 and for what is none.
+std::string character(int code_point);
+
 /// ASCII letters in lower case, everything else unchanged.
 std::string lower(std::string_view text);
 

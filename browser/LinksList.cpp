@@ -2,7 +2,8 @@
 
 namespace corvane {
 
-LinksList::LinksList(PaneContext& pane) : pane_(pane) {
+LinksList::LinksList(PaneContext& pane, AAFormCollection& announcers)
+    : pane_(pane), oAAFormCol_(announcers) {
   ComboBox& list = *pane_.controls.cmbListLinks;
   connections_ += list.Click.Connect([this, &list] { pane_.announcer.Say(list.Text()); });
   connections_ +=
@@ -23,11 +24,13 @@ void LinksList::Fill(const HTMLDocument& document, const std::function<bool()>& 
   addresses_.assign(1, document.location);
   addresses_.reserve(links.size() + 1);
   list.AddItem(std::to_string(links.size()) + " Links in " + name);
+  oAAFormCol_.ClearLinkCollection();
   for (const auto& link : links) {
     pane_.desktop.DoEvents();
     if (!still_wanted()) return;
     addresses_.push_back(link->href);
     list.AddItem(link->innerText.empty() ? link->href : link->innerText);
+    oAAFormCol_.AddLink(link);
   }
   list.SetListIndex(0);
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "access/AAFormCollection.h"
 #include "browser/PaneContext.h"
 
 namespace corvane {
@@ -12,10 +13,11 @@ namespace corvane {
 /// line for each link. Choosing a line follows it.
 class LinksList {
  public:
-  explicit LinksList(PaneContext& pane);
+  LinksList(PaneContext& pane, AAFormCollection& announcers);
 
   /// Fills the list from a document. Waiting events run before every link; when
   /// `still_wanted` then says no, the rest is left to whoever refills the list.
+  /// Each link gets its announcer.
   void Fill(const HTMLDocument& document, const std::function<bool()>& still_wanted);
   void cmbListLinks_DblClick();
 
@@ -23,6 +25,7 @@ class LinksList {
   void cmbListLinks_KeyDown(const KeyEvent& key);
 
   PaneContext& pane_;
+  AAFormCollection& oAAFormCol_;
   std::vector<std::string> addresses_;  // parallel to the list; 0 is the page itself
   Connections connections_;
 };

@@ -13,10 +13,11 @@ constexpr std::int16_t kTicksBetweenWorking = 7;
 
 }  // namespace
 
-PageReader::PageReader(PaneContext& pane, Navigation& navigation, LinksList& links,
-                       SideBar& side_bar)
+PageReader::PageReader(PaneContext& pane, Navigation& navigation, PageElements& elements,
+                       LinksList& links, SideBar& side_bar)
     : pane_(pane),
       navigation_(navigation),
+      elements_(elements),
       links_(links),
       side_bar_(side_bar),
       auto_focus_(pane, side_bar),
@@ -82,6 +83,9 @@ void PageReader::ReadPage() {
   }
   if (!current()) return;
   announcer.AddAndSay("Extracting Forms ...");
+  if (!current()) return;
+  ErrorsIgnored([&] { if (document) elements_.Reset(document); });
+  if (!current()) return;
   announcer.AddAndSay("Extracting Links ...");
   if (!current()) return;
   ErrorsIgnored([&] { links_.Fill(Required(document), current); });

@@ -7,6 +7,7 @@
 #include "browser/AutoFocus.h"
 #include "browser/LinksList.h"
 #include "browser/Navigation.h"
+#include "browser/PageElements.h"
 #include "browser/PaneContext.h"
 #include "browser/SideBar.h"
 
@@ -16,7 +17,8 @@ namespace corvane {
 /// it once it is complete.
 class PageReader {
  public:
-  PageReader(PaneContext& pane, Navigation& navigation, LinksList& links, SideBar& side_bar);
+  PageReader(PaneContext& pane, Navigation& navigation, PageElements& elements, LinksList& links,
+             SideBar& side_bar);
 
   /// Speaks the title of the page that was read last, for a user who could not
   /// hear it then; silent before the first page.
@@ -30,6 +32,7 @@ class PageReader {
 
   PaneContext& pane_;
   Navigation& navigation_;
+  PageElements& elements_;
   LinksList& links_;
   SideBar& side_bar_;
   AutoFocus auto_focus_;

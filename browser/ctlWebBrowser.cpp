@@ -19,12 +19,13 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop)
       settings_(pane_),
       layout_(pane_, settings_),
       navigation_(pane_, settings_),
-      links_(pane_),
+      elements_(pane_),
+      links_(pane_, elements_.Announcers()),
       side_bar_(pane_, settings_, layout_),
       favorites_(pane_, side_bar_),
       help_(pane_, side_bar_),
       echo_(pane_),
-      reader_(pane_, navigation_, links_, side_bar_) {
+      reader_(pane_, navigation_, elements_, links_, side_bar_) {
   PaneMenu& menu = pane_.menu;
   connections_ += menu.mnuTextHistory.Click.Connect([this](int i) { mnuTextHistory_Click(i); });
   connections_ += menu.mnuHome.Click.Connect([this](int i) { mnuHome_Click(i); });

@@ -7,6 +7,7 @@
 #include "browser/HelpOutline.h"
 #include "browser/LinksList.h"
 #include "browser/Navigation.h"
+#include "browser/PageElements.h"
 #include "browser/PageReader.h"
 #include "browser/PaneContext.h"
 #include "browser/PaneLayout.h"
@@ -75,6 +76,7 @@ class ctlWebBrowser {
   PaneSettings settings_;
   PaneLayout layout_;
   Navigation navigation_;
+  PageElements elements_;
   LinksList links_;
   SideBar side_bar_;
   FavoriteCommands favorites_;

@@ -11,6 +11,7 @@
 #include "platform/elastic_frame.h"
 #include "platform/file_system.h"
 #include "platform/form.h"
+#include "platform/hooks.h"
 #include "platform/list_box.h"
 #include "platform/menu.h"
 #include "platform/message_box.h"
@@ -59,6 +60,8 @@ class Desktop {
                                                          int width, int height) = 0;
   virtual std::unique_ptr<Agent> CreateAgent() = 0;
   virtual std::unique_ptr<ActivationHook> CreateActivationHook() = 0;
+  virtual std::unique_ptr<KeyboardHook> CreateKeyboardHook() = 0;
+  virtual std::unique_ptr<MessageHook> CreateMessageHook() = 0;
 
   virtual Windows& GetWindows() = 0;
   virtual MessageBox& GetMessageBox() = 0;

@@ -57,6 +57,11 @@ class HTMLDocument {
   std::vector<HTMLElementPtr> anchors;  ///< every named anchor
   std::vector<HTMLForm> forms;
   std::vector<std::shared_ptr<HTMLDocument>> frames;
+
+  /// Of the page's top document: an element of the page that this document's own
+  /// lists do not hold is about to raise its first event. It has appeared since
+  /// the record was made, lies in a frame, or is neither link nor form field.
+  Event<const HTMLElementPtr&> onelementadded;
 };
 
 using HTMLDocumentPtr = std::shared_ptr<HTMLDocument>;

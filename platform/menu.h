@@ -24,7 +24,14 @@ class MenuItem {
   /// Appends an entry to this one's submenu; it lives as long as this entry.
   virtual MenuItem& Add(const std::string& caption) = 0;
 
+  /// The number by which a MessageHook names the entry; 0 until it is set.
+  int Id() const { return id_; }
+  void SetId(int id) { id_ = id; }
+
   Event<> Click;
+
+ private:
+  int id_ = 0;
 };
 
 /// A menu bar or a pop-up menu: the root of a tree of entries.

@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <string>
 
-#include "base/event.h"
 #include "platform/control.h"
 
 namespace corvane {
@@ -37,18 +36,6 @@ class Windows {
   virtual int PixelHeight(WindowHandle window) const = 0;
   /// Stops (true) and resumes (false) the window's repainting.
   virtual void LockUpdate(WindowHandle window, bool locked) = 0;
-};
-
-/// Tells of top-level windows of this program that become active, before they
-/// take the first key. The program's own kind of system hook: it never sees
-/// another program's windows.
-class ActivationHook {
- public:
-  virtual ~ActivationHook() = default;
-  virtual void SetEnabled(bool enabled) = 0;
-  virtual bool Enabled() const = 0;
-
-  Event<WindowHandle> Activated;
 };
 
 }  // namespace corvane

@@ -3,6 +3,8 @@
 #include "base/handling.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "speech/KeyName.h"
+#include "speech/MenuWords.h"
 
 namespace corvane {
 namespace {
@@ -30,7 +32,9 @@ MSAgent::MSAgent(Desktop& desktop)
       Timer1_(desktop.CreateTimer()),
       Timer2_(desktop.CreateTimer()),
       timLoadLimit_(desktop.CreateTimer()),
+      WinHook1_(desktop.CreateMessageHook()),
       WinHook2_(desktop.CreateActivationHook()),
+      WinHook3_(desktop.CreateKeyboardHook()),
       Agent1_(desktop.CreateAgent()),
       form_(desktop.CreateForm("MSAgent")) {
   Timer1_->SetInterval(kLoadDelay);
@@ -39,6 +43,10 @@ MSAgent::MSAgent(Desktop& desktop)
   connections_ += Timer1_->Tick.Connect([this] { Timer1_Timer(); });
   connections_ += Timer2_->Tick.Connect([this] { Timer2_Timer(); });
   connections_ += timLoadLimit_->Tick.Connect([this] { LoadLimit_Timer(); });
+  connections_ += WinHook1_->MenuSelected.Connect(
+      [this](const MenuSelect& select) { WinHook1_MessageProc(select); });
+  connections_ +=
+      WinHook3_->KeyDown.Connect([this](int key_code) { WinHook3_KeyDownHook(key_code); });
   connections_ +=
       WinHook2_->Activated.Connect([this](WindowHandle window) { WinHook2_CBTProc(window); });
   connections_ += Agent1_->RequestComplete.Connect(
@@ -64,12 +72,15 @@ void MSAgent::Form_Load() {
   form_->SetContent(*ELAMain_);
   form_->SetWidth(kBoxWidth);
   form_->SetHeight(kBoxHeight);
-  WinHook2_->SetEnabled(true);
+  SetHookMessages(true);
+  SetHookCBT(true);
+  SetHookKeyboard(true);
 }
 
 void MSAgent::Form_Unload() {
-  ErrorsIgnored([&] { WinHook2_->SetEnabled(false); }, [&] { requests_.fill({}); },
-                [&] { StopSpeak(); }, [&] { character_.reset(); }, [&] { owner_.reset(); },
+  ErrorsIgnored([&] { SetHookKeyboard(false); }, [&] { SetHookMessages(false); },
+                [&] { SetHookCBT(false); }, [&] { requests_.fill({}); }, [&] { StopSpeak(); },
+                [&] { character_.reset(); }, [&] { owner_.reset(); },
                 [&] { Timer1_->SetEnabled(false); }, [&] { Timer2_->SetEnabled(false); },
                 [&] { timLoadLimit_->SetEnabled(false); }, [&] { form_->Hide(); });
 }
@@ -159,6 +170,30 @@ void MSAgent::Say(const std::string& Text, const bool& blnUrgent) {
   character_->Speak("\\Pit=" + number::digits(pitch_) + "\\\\Spd=" + number::digits(speed_) + "\\" +
                         text::replace_all(Text, "\\", "/"),
                     blnUrgent);
+}
+
+// Runs before every key press: one look-up, one Say, nothing else.
+void MSAgent::WinHook3_KeyDownHook(int key_code) {
+  ErrorsIgnored([&] {
+    if (key_code == kKeyControl) StopSpeak();
+    if (!blnKeyboardEcho) return;
+    if (const std::string name = KeyName(key_code); !name.empty()) Say(name, true);
+  });
+}
+
+void MSAgent::WinHook1_MessageProc(const MenuSelect& select) {
+  const int speed = speed_;
+  const int pitch = pitch_;
+  // The words carry their own rate and pitch: an item is heard as what it offers,
+  // whatever holds for everything else.
+  ErrorsIgnored(
+      [&] {
+        if (const auto rate = IndexIn(kRateIds, select.item)) SetRate(*rate);
+        if (const auto step = IndexIn(kPitchIds, select.item)) SetPitch(*step);
+      },
+      [&] { Say(MenuWords(select), false); });
+  speed_ = speed;
+  pitch_ = pitch;
 }
 
 void MSAgent::WinHook2_CBTProc(WindowHandle activated) {

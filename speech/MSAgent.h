@@ -11,8 +11,9 @@
 namespace corvane {
 
 /// The agent speech form: owns the speaking character, decides when new speech
-/// cuts off old speech, and is the speaking message box in which page script
-/// messages are shown again. Destroying it unloads it: silence, hooks off.
+/// cuts off old speech, names keys and highlighted menu items, and is the speaking
+/// message box in which page script messages are shown again. Destroying it
+/// unloads it: silence, hooks off.
 class MSAgent {
  public:
   explicit MSAgent(Desktop& desktop);
@@ -46,7 +47,12 @@ class MSAgent {
   void LoadLimit_Timer();
   void Timer2_Timer();
   void Agent1_RequestComplete(const AgentRequest& Request);
+  void WinHook1_MessageProc(const MenuSelect& select);
   void WinHook2_CBTProc(WindowHandle activated);
+  void WinHook3_KeyDownHook(int key_code);
+  void SetHookMessages(bool on) { WinHook1_->SetEnabled(on); }
+  void SetHookCBT(bool on) { WinHook2_->SetEnabled(on); }
+  void SetHookKeyboard(bool on) { WinHook3_->SetEnabled(on); }
   void cmdOK_Click();
   void GiveUp(const std::string& description);
   void StopSpeak();
@@ -58,7 +64,9 @@ class MSAgent {
   std::unique_ptr<Timer> Timer1_;
   std::unique_ptr<Timer> Timer2_;
   std::unique_ptr<Timer> timLoadLimit_;
+  std::unique_ptr<MessageHook> WinHook1_;
   std::unique_ptr<ActivationHook> WinHook2_;
+  std::unique_ptr<KeyboardHook> WinHook3_;
   std::unique_ptr<Agent> Agent1_;
   std::unique_ptr<Form> form_;
   std::shared_ptr<AgentCharacter> character_;

@@ -146,6 +146,12 @@ std::unique_ptr<Agent> LinuxDesktop::CreateAgent() {
 std::unique_ptr<ActivationHook> LinuxDesktop::CreateActivationHook() {
   return std::make_unique<TableActivationHook>(windows_);
 }
+std::unique_ptr<KeyboardHook> LinuxDesktop::CreateKeyboardHook() {
+  return std::make_unique<LinuxKeyboardHook>(hooks_);
+}
+std::unique_ptr<MessageHook> LinuxDesktop::CreateMessageHook() {
+  return std::make_unique<LinuxMessageHook>(hooks_);
+}
 
 Shell& LinuxDesktop::GetShell() { return *shell_; }
 

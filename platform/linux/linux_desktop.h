@@ -8,6 +8,7 @@
 #include "platform/linux/automation/bus_automation.h"
 #include "platform/linux/gtk/activation_hook.h"
 #include "platform/linux/gtk/clipboard.h"
+#include "platform/linux/gtk/event_hooks.h"
 #include "platform/linux/gtk/message_box.h"
 #include "platform/linux/gtk/spoken_dialogs.h"
 #include "platform/linux/gtk/window_table.h"
@@ -47,6 +48,8 @@ class LinuxDesktop : public Desktop {
                                                  int width, int height) override;
   std::unique_ptr<Agent> CreateAgent() override;
   std::unique_ptr<ActivationHook> CreateActivationHook() override;
+  std::unique_ptr<KeyboardHook> CreateKeyboardHook() override;
+  std::unique_ptr<MessageHook> CreateMessageHook() override;
 
   Windows& GetWindows() override { return windows_; }
   MessageBox& GetMessageBox() override { return *message_box_; }
@@ -78,6 +81,7 @@ class LinuxDesktop : public Desktop {
   void TellNotices();
 
   StartedBy started_by_;
+  EventHooks hooks_;
   WindowTable windows_;
   IniSettingsStore settings_;
   EngineRegistry registry_;

@@ -117,4 +117,16 @@ std::unique_ptr<ActivationHook> FakeDesktop::CreateActivationHook() {
   return made_hook;
 }
 
+std::unique_ptr<KeyboardHook> FakeDesktop::CreateKeyboardHook() {
+  auto made_hook = std::make_unique<FakeKeyboardHook>();
+  keyboard_hook = made_hook.get();
+  return made_hook;
+}
+
+std::unique_ptr<MessageHook> FakeDesktop::CreateMessageHook() {
+  auto made_hook = std::make_unique<FakeMessageHook>();
+  message_hook = made_hook.get();
+  return made_hook;
+}
+
 }  // namespace corvane::fakes

@@ -165,6 +165,8 @@ class FakeDesktop : public Desktop {
                                                  int width, int height) override;
   std::unique_ptr<Agent> CreateAgent() override { return std::make_unique<FakeAgent>(speech); }
   std::unique_ptr<ActivationHook> CreateActivationHook() override;
+  std::unique_ptr<KeyboardHook> CreateKeyboardHook() override;
+  std::unique_ptr<MessageHook> CreateMessageHook() override;
 
   FakeWindows& GetWindows() override { return windows; }
   FakeMessageBox& GetMessageBox() override { return boxes; }
@@ -216,6 +218,8 @@ class FakeDesktop : public Desktop {
   FakeAgent::Journal speech;
   std::vector<FakeTimer*> timers;  ///< in the order of their making
   FakeActivationHook* hook = nullptr;
+  FakeKeyboardHook* keyboard_hook = nullptr;
+  FakeMessageHook* message_hook = nullptr;
   FakeRebarWindow* rebar = nullptr;
   std::string focus;  ///< the control that was focused last
   int yields = 0;

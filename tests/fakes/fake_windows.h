@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/hooks.h"
 #include "platform/windows.h"
 
 namespace corvane::fakes {
@@ -93,12 +94,17 @@ class FakeWindows : public Windows {
   int order_ = 0;
 };
 
-class FakeActivationHook : public ActivationHook {
+/// A hook that tells what the test tells it, switched on or not.
+template <class Port>
+class FakeHook : public Port {
  public:
   void SetEnabled(bool value) override { enabled = value; }
   bool Enabled() const override { return enabled; }
 
   bool enabled = false;
 };
+using FakeActivationHook = FakeHook<ActivationHook>;
+using FakeKeyboardHook = FakeHook<KeyboardHook>;
+using FakeMessageHook = FakeHook<MessageHook>;
 
 }  // namespace corvane::fakes

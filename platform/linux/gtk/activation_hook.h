@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/hooks.h"
 #include "platform/linux/gtk/window_table.h"
-#include "platform/windows.h"
 
 namespace corvane::desktop {
 

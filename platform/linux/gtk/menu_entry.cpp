@@ -9,6 +9,15 @@
 #include "platform/linux/gtk/text.h"
 
 namespace corvane::desktop {
+namespace {
+
+constexpr const char* kEntryKey = "corvane-entry";
+
+}  // namespace
+
+MenuEntry* MenuEntry::Of(GtkMenuItem* widget) {
+  return static_cast<MenuEntry*>(g_object_get_data(G_OBJECT(widget), kEntryKey));
+}
 
 MenuEntry::MenuEntry(std::string caption) : caption_(std::move(caption)) {}
 
@@ -52,6 +61,7 @@ void MenuEntry::MakeItem() {
   } else {
     item_ = std::make_unique<PlainMenuItem>(WithMnemonic(caption_));
   }
+  g_object_set_data(G_OBJECT(item_->gobj()), kEntryKey, this);
   item_->signal_activate().connect([this] {
     auto* marked = dynamic_cast<MarkedMenuItem*>(item_.get());
     if (marked && marked->Setting()) return;

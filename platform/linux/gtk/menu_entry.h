@@ -32,6 +32,8 @@ class MenuEntry : public MenuItem {
   void Show(Gtk::MenuShell& shell, int position);
   /// The widget; null while the menu is plain data.
   Gtk::MenuItem* Widget() { return item_.get(); }
+  /// The entry that a widget belongs to; null for a widget of no entry.
+  static MenuEntry* Of(GtkMenuItem* widget);
 
  private:
   void MakeItem();

@@ -13,6 +13,17 @@ constexpr std::size_t kLongestText = 256 * 1024 * 1024;
 /// How long a page waits for frames whose documents have said nothing yet.
 constexpr double kFrameSeconds = 0.5;
 constexpr std::size_t kMostFrames = 500;
+/// Elements that a page makes without end are not followed for ever.
+constexpr std::size_t kMostLateElements = 20'000;
+
+/// Texts of an element that has changed since it was described.
+void Redescribe(const HTMLElement& now, HTMLElement& element) {
+  element.type = now.type;
+  element.name = now.name;
+  element.innerText = now.innerText;
+  element.text_before_begin = now.text_before_begin;
+  element.text_after_end = now.text_after_end;
+}
 
 using Records = std::vector<PageRecord>;
 
@@ -73,6 +84,8 @@ void PageReader::Forget() {
   records_.clear();
   documents_.clear();
   elements_.clear();
+  introduced_.clear();
+  late_elements_ = 0;
   document_.reset();
 }
 
@@ -163,6 +176,8 @@ void PageReader::FinishIfComplete() {
 
 void PageReader::Finish() {
   elements_.clear();
+  introduced_.clear();
+  late_elements_ = 0;
   documents_.clear();
   document_ = Join({});
   records_.clear();
@@ -246,12 +261,10 @@ void PageReader::ReceiveEvent(const std::string& text) {
   const auto event = ParseElementEvent(text);
   if (!event) return;
   if (event->kind == ElementEvent::Kind::Focus && !event->href.empty()) link_focused_(event->href);
-  const auto document = elements_.find(event->document_id);
-  if (document == elements_.end()) return;
-  const auto found = document->second.find(event->number);
-  if (found == document->second.end()) return;
-  const HTMLElementPtr element = found->second;
+  const HTMLElementPtr element = ElementOf(*event);
+  if (!element) return;
   Apply(*event, *element);
+  if (Introduce(*event, element)) document_->onelementadded.Raise(element);
   switch (event->kind) {
     case ElementEvent::Kind::Focus:
       return element->onfocus.Raise();
@@ -260,6 +273,31 @@ void PageReader::ReceiveEvent(const std::string& text) {
     case ElementEvent::Kind::Change:
       return element->onchange.Raise();
   }
+}
+
+// The element that an event is about; one that no record holds joins the others.
+HTMLElementPtr PageReader::ElementOf(const ElementEvent& event) {
+  const auto document = elements_.find(event.document_id);
+  if (document == elements_.end()) return nullptr;
+  const auto found = document->second.find(event.number);
+  if (found != document->second.end()) {
+    if (event.described && introduced_.contains(found->second)) {
+      Redescribe(*event.described, *found->second);
+    }
+    return found->second;
+  }
+  if (!event.described || late_elements_ >= kMostLateElements) return nullptr;
+  ++late_elements_;
+  return document->second[event.number] = event.described;
+}
+
+// Whether the page's own lists lack the element and nobody has been told of it.
+bool PageReader::Introduce(const ElementEvent& event, const HTMLElementPtr& element) {
+  if (!document_) return false;
+  const auto top = documents_.find({});
+  const bool listed = top != documents_.end() && top->second == event.document_id &&
+                      event.described == nullptr && !introduced_.contains(element);
+  return !listed && introduced_.insert(element).second;
 }
 
 }  // namespace corvane::desktop

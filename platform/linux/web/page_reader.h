@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "platform/html_document.h"
@@ -42,6 +43,8 @@ class PageReader {
  private:
   void Receive(const std::string& kind, const std::string& text);
   void ReceiveEvent(const std::string& text);
+  HTMLElementPtr ElementOf(const ElementEvent& event);
+  bool Introduce(const ElementEvent& event, const HTMLElementPtr& element);
   void ReceiveRecord(PageRecord record);
   void ReceiveCollected(std::string text);
   /// Hands an answer on only while the reading that asked for it is under way.
@@ -73,6 +76,8 @@ class PageReader {
   std::string origin_;
   std::map<FramePlace, std::string> documents_;  // identities of the documents in place
   std::unordered_map<std::string, std::unordered_map<int, HTMLElementPtr>> elements_;
+  std::unordered_set<HTMLElementPtr> introduced_;  // told of as added
+  std::size_t late_elements_ = 0;                  // that no record holds
 };
 
 }  // namespace corvane::desktop

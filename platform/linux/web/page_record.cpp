@@ -198,6 +198,12 @@ std::optional<ElementEvent> ParseElementEvent(std::string_view text) {
   event.options = TextsOf(At(state, 3));
   const Json& caret = Member(json, "caret");
   event.caret = {NumberOf(At(caret, 0), 0), NumberOf(At(caret, 1), 0)};
+  std::unordered_map<int, HTMLElementPtr> alone;
+  Elements elements(alone);
+  const Json& field = Member(json, "field");
+  const Json& link = Member(json, "link");
+  if (field.is_array()) event.described = FieldOf(field, elements);
+  if (const auto links = LinksOf(link, elements); !links.empty()) event.described = links.front();
   return event;
 }
 

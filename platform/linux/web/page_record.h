@@ -47,6 +47,7 @@ struct ElementEvent {
   int selectedIndex = -1;
   std::vector<std::string> options;
   ElementCaret caret;
+  HTMLElementPtr described;  ///< the element itself, where no record holds it
 };
 
 /// Reads what the page script wrote. The text comes from a process that a

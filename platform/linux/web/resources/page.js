@@ -13,7 +13,7 @@
   const LIMIT = {
     links: 200000, anchors: 100000, forms: 20000, elements: 100000, options: 20000, frames: 500,
     depth: 10, text: 100000, value: 2000000, body: 32000000, total: 64000000, nearby: 10000,
-    siblings: 1000,
+    siblings: 1000, words: 300,
   };
   const KNOWN_INPUT_TYPES = new Set(['text', 'password', 'checkbox', 'radio', 'submit', 'reset',
     'button', 'image', 'file', 'hidden']);
@@ -73,6 +73,7 @@
   // --- elements --------------------------------------------------------------
 
   const numbers = new WeakMap();
+  const recorded = new WeakSet();  // described in a record
   let lastNumber = 0;
   const numberOf = (element) => {
     let number = numbers.get(element);
@@ -163,16 +164,22 @@
   // --- the record ------------------------------------------------------------
 
   // [number, is area, text, address, name] for each link, in one flat list.
-  const describeLinks = (elements, limit) => {
+  const describeLinks = (elements, limit, remember = false) => {
     const list = [];
     const count = Math.min(elements.length, limit);
     for (let i = 0; i < count; i++) {
       const link = elements[i];
+      if (remember) recorded.add(link);
       list.push(numberOf(link), link instanceof HTMLAreaElement ? 1 : 0, textOf(link),
         hrefOf(link), clean(attribute(link, 'name'), LIMIT.text));
     }
     return list;
   };
+
+  // What counts as a form's element. Kinds that came later than the others, such
+  // as outputs and elements that the page defines itself, are ordinary content.
+  const isListed = (element) => isField(element) || element instanceof HTMLFieldSetElement ||
+    element instanceof HTMLObjectElement;
 
   const describeForms = () => {
     const forms = [];
@@ -183,7 +190,9 @@
     for (let i = 0; i < list.length && i < LIMIT.forms; i++) {
       const fields = [];
       for (const element of elementsOf(list[i])) {
+        if (!isListed(element)) continue;
         if (room-- <= 0) break;
+        recorded.add(element);
         fields.push(describeField(element, labels));
       }
       forms.push(fields);
@@ -257,8 +266,8 @@
       name: title || collapsed(fileName(url)),
       url: address(url),
       body: bodyText(),
-      links: describeLinks(all('a[href], area[href]'), LIMIT.links),
-      anchors: describeLinks(all('a[name]'), LIMIT.anchors),
+      links: describeLinks(all('a[href], area[href]'), LIMIT.links, true),
+      anchors: describeLinks(all('a[name]'), LIMIT.anchors, true),
       forms: describeForms(),
       frames: describeFrames(),
     };
@@ -335,8 +344,13 @@
 
   // --- events ----------------------------------------------------------------
 
+  // The editable part of the page that the focus is in, where that is no field.
+  const isEditor = (element) => element instanceof HTMLElement && element.isContentEditable &&
+    !isField(element);
+
   // [selected characters, characters after the caret]
   const caretOf = (element) => {
+    if (isEditor(element)) return caretOfEditor(element);
     let start = null;
     let end = null;
     try {
@@ -349,27 +363,109 @@
     const value = element.value;
     return [characters(value.slice(start, end)), characters(value.slice(end))];
   };
+  const caretOfEditor = (editor) => {
+    const selection = window.getSelection();
+    if (!selection || selection.rangeCount === 0) return [0, 0];
+    const selected = selection.getRangeAt(0);
+    const after = document.createRange();
+    after.selectNodeContents(editor);
+    after.setStart(selected.endContainer, selected.endOffset);
+    return [characters(selected.toString()), characters(after.toString())];
+  };
+
+  // Words for an element that is neither a link nor a field: its role or tag, and
+  // the name that its author gave it or what it shows.
+  const describeOther = (element) => {
+    const role = attribute(element, 'role') || element.localName;
+    const words = attribute(element, 'aria-label') || attribute(element, 'title') ||
+      (element instanceof HTMLElement ? innerTextOf(element) : '');
+    return [numberOf(element), classOf(element), clean(role, 100), '',
+      collapsed(words.slice(0, LIMIT.words)), '', '', '', 0, -1, []];
+  };
+  // An editable part of the page is a text area to its user.
+  const describeEditor = (element) => [numberOf(element), 'HTMLTextAreaElement', 'textarea',
+    collapsed(attribute(element, 'aria-label')), '', '', '', ...stateOfEditor(element)];
+  const stateOfEditor = (element) => [clean(element.textContent, LIMIT.value), 0, -1, []];
 
   const kinds = {focusin: 'focus', keyup: 'keyup', change: 'change'};
-  const tell = (event) => {
-    if (!event.isTrusted) return;
-    const element = event.composedPath()[0];
+  const told = new WeakSet();  // described in an event
+  const tell = (kind, element) => {
     const field = isField(element);
-    if (!field && !isLink(element)) return;
+    const editor = isEditor(element);
+    const link = isLink(element);
+    if (!field && !editor && !link && kind !== 'focus') return;
     budget = LIMIT.total;
-    const known = numbers.has(element);
-    const message = {kind: kinds[event.type], document: documentId, number: numberOf(element)};
-    message.href = field ? '' : hrefOf(element);
-    if (field) {
-      message.state = stateOf(element);
+    const message = {kind, document: documentId, number: numberOf(element)};
+    message.href = link ? hrefOf(element) : '';
+    if (field || editor) {
+      message.state = field ? stateOf(element) : stateOfEditor(element);
       message.caret = caretOf(element);
     }
-    // An element that came after the record is described whole.
-    if (!known && field) message.field = describeField(element, null);
-    if (!known && !field) message.link = describeLinks([element], 1);
+    // An element that no record holds is described whole.
+    if (!recorded.has(element) && (kind === 'focus' || !told.has(element))) {
+      told.add(element);
+      if (field) message.field = describeField(element, labelledFields());
+      else if (editor) message.field = describeEditor(element);
+      else if (link) message.link = describeLinks([element], 1);
+      else message.field = describeOther(element);
+    }
     post('event', JSON.stringify(message));
   };
+
+  // Scripts move the focus, too. Of what they do the first few moves are told as
+  // they come, then one now and again, the last one always.
+  const FREE_MOVES = 5;
+  const MOVE_PAUSE = 1000;  // milliseconds
+  let movesSinceInput = 0;
+  let waitingFocus = null;
+  let lastMove = 0;
+  const tellFocus = (element) => {
+    const now = performance.now();
+    if (++movesSinceInput <= FREE_MOVES || (!waitingFocus && now - lastMove > MOVE_PAUSE)) {
+      lastMove = now;
+      return tell('focus', element);
+    }
+    if (!waitingFocus) {
+      setTimeout(() => {
+        const latest = waitingFocus;
+        waitingFocus = null;
+        lastMove = performance.now();
+        tell('focus', latest);
+      }, MOVE_PAUSE);
+    }
+    waitingFocus = element;
+  };
+
+  // A radio button that is reached with an arrow key has the focus a moment
+  // before it is chosen; it is told when it is.
+  let arriving = null;
+  const focused = (element) => {
+    if (!(element instanceof HTMLInputElement) || element.type !== 'radio') {
+      return tellFocus(element);
+    }
+    arriving = element;
+    setTimeout(() => {
+      if (arriving !== element) return;
+      arriving = null;
+      tellFocus(element);
+    }, 0);
+  };
+
+  const heard = (event) => {
+    if (!event.isTrusted) return;
+    const element = event.composedPath()[0];
+    if (!(element instanceof Element)) return;
+    if (event.type === 'focusin') {
+      if (element !== bodyOf(document) && element !== rootOf(document)) focused(element);
+    } else if (element !== arriving) {
+      tell(kinds[event.type], element);
+    }
+  };
+  const input = (event) => { if (event.isTrusted) movesSinceInput = 0; };
   for (const type of Object.keys(kinds)) {
-    window.addEventListener(type, tell, {capture: true, passive: true});
+    window.addEventListener(type, heard, {capture: true, passive: true});
+  }
+  for (const type of ['keydown', 'pointerdown']) {
+    window.addEventListener(type, input, {capture: true, passive: true});
   }
 })();

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "access/AAElement.h"
+#include "base/event.h"
+#include "platform/desktop.h"
+#include "platform/html_document.h"
+
+namespace corvane {
+
+/// The announcers of a page's form fields and links. They speak through this
+/// object's Say; whoever holds it decides what becomes of the words. One a
+/// browser pane, kept for the pane's life.
+class AAFormCollection {
+ public:
+  using Slots = std::vector<std::unique_ptr<AAElement>>;
+
+  explicit AAFormCollection(Desktop& desktop) : desktop_(desktop) {}
+  AAFormCollection(const AAFormCollection&) = delete;
+  AAFormCollection& operator=(const AAFormCollection&) = delete;
+
+  /// Forgets the fields' announcers and makes them anew for the forms of `oDoc`,
+  /// letting waiting events run once a field. An element that is no input, select
+  /// or text area ends the walk with a message box; fields before it keep their
+  /// announcers. Fields and links that appear later, or lie in frames, are
+  /// announced from their first event on. Called again while it walks, the newer walk replaces the
+  /// older.
+  void ResetStructure(const HTMLDocumentPtr& oDoc);
+  /// Adds an announcer for a link; anything but an anchor is ignored.
+  void AddLink(const HTMLElementPtr& oLink);
+  /// Drops all announcers of links.
+  void ClearLinkCollection();
+  /// The document of the last ResetStructure.
+  const HTMLDocumentPtr& Doc() const { return document_; }
+  /// Raises SayEvent with the words.
+  void Say(const std::string& sText);
+
+  /// Whether the document held a form at the last reset.
+  bool HasForms() const { return blnForms_; }
+  /// A slot for each element of every form, empty where there is no announcer,
+  /// and one more.
+  const Slots& Elements() const { return elements_; }
+  /// Slot 0 is empty, links begin at slot 1.
+  const Slots& Links() const { return links_; }
+
+  /// Where announcers report their errors.
+  MessageBox& Box() const { return desktop_.GetMessageBox(); }
+
+  /// The sentence to speak; may be empty.
+  Event<const std::string&> SayEvent;
+
+ private:
+  void Walk(const HTMLDocument& document);
+  void AddLate(const HTMLElementPtr& element);
+
+  Desktop& desktop_;
+  HTMLDocumentPtr document_;
+  Slots elements_ = Slots(1);
+  Slots links_ = Slots(1);
+  Slots late_;  // announcers of what appeared after the walk
+  bool blnForms_ = false;
+  unsigned walk_ = 0;  // counts walks: a newer one makes an older one stop
+  Connection added_;
+};
+
+}  // namespace corvane

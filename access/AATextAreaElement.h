@@ -1,0 +1,21 @@
+#pragma once
+
+#include "access/AAElement.h"
+#include "access/CaretCrossing.h"
+
+namespace corvane {
+
+/// Announces a text area: what it is and holds on focus, then the characters
+/// that the caret crosses.
+class AATextAreaElement : public AAElement {
+ protected:
+  void Listen() override;
+
+ private:
+  void AATextArea_onfocus();
+  void AATextArea_onkeyup();
+
+  CaretCrossing caret_;
+};
+
+}  // namespace corvane

@@ -1,0 +1,123 @@
+#include "platform/linux/gtk/event_hooks.h"
+
+#include <glibmm/exceptionhandler.h>
+
+#include <algorithm>
+#include <string>
+
+#include "platform/linux/gtk/menu_entry.h"
+#include "platform/linux/gtk/virtual_key.h"
+
+namespace corvane::desktop {
+namespace {
+
+// Input methods mark the keys that they put back into the queue.
+constexpr guint kFromInputMethod = GDK_MODIFIER_RESERVED_24_MASK | GDK_MODIFIER_RESERVED_25_MASK;
+
+int PlaceInMenu(GtkWidget* item) {
+  GtkWidget* menu = gtk_widget_get_parent(item);
+  if (!GTK_IS_MENU_SHELL(menu)) return 0;
+  GList* items = gtk_container_get_children(GTK_CONTAINER(menu));
+  const int place = g_list_index(items, item);
+  g_list_free(items);
+  return place;
+}
+
+bool IsPointed() {
+  GdkEvent* event = gtk_get_current_event();
+  if (event == nullptr) return false;
+  const GdkEventType type = event->type;
+  gdk_event_free(event);
+  return type == GDK_MOTION_NOTIFY || type == GDK_ENTER_NOTIFY || type == GDK_BUTTON_PRESS;
+}
+
+// An item of the program's own menus, or of one that the toolkit or the page
+// engine has opened.
+MenuSelect Describe(GtkMenuItem* item) {
+  MenuSelect select;
+  select.flags = kMenuHilite;
+  bool enabled = gtk_widget_is_sensitive(GTK_WIDGET(item)) != FALSE;
+  bool checked =
+      GTK_IS_CHECK_MENU_ITEM(item) && gtk_check_menu_item_get_active(GTK_CHECK_MENU_ITEM(item));
+  if (const MenuEntry* entry = MenuEntry::Of(item)) {
+    select.text = entry->Caption();
+    select.item = entry->Id();
+    enabled = entry->Enabled();
+    checked = entry->Checked();
+  } else if (const char* label = gtk_menu_item_get_label(item)) {
+    select.text = label;
+    if (gtk_menu_item_get_use_underline(item)) {
+      select.text.erase(std::remove(select.text.begin(), select.text.end(), '_'),
+                        select.text.end());
+    }
+  }
+  if (!enabled) select.flags |= kMenuDisabled;
+  if (checked) select.flags |= kMenuChecked;
+  if (IsPointed()) select.flags |= kMenuMouse;
+  if (gtk_menu_item_get_submenu(item) != nullptr) {
+    select.flags |= kMenuPopup;
+    select.item = PlaceInMenu(GTK_WIDGET(item));
+  }
+  return select;
+}
+
+// Handlers called from the toolkit's C code must not throw into it.
+template <class Body>
+void Guarded(Body&& body) {
+  try {
+    body();
+  } catch (...) {
+    Glib::exception_handlers_invoke();
+  }
+}
+
+}  // namespace
+
+EventHooks::EventHooks() {
+  gdk_event_handler_set(
+      [](GdkEvent* event, gpointer self) { static_cast<EventHooks*>(self)->Handle(event); }, this,
+      nullptr);
+  // The class must exist before its signal can be named.
+  g_type_class_unref(g_type_class_ref(GTK_TYPE_MENU_ITEM));
+  select_signal_ = g_signal_lookup("select", GTK_TYPE_MENU_ITEM);
+  select_hook_ = g_signal_add_emission_hook(select_signal_, 0, &OnSelect, this, nullptr);
+}
+
+EventHooks::~EventHooks() {
+  g_signal_remove_emission_hook(select_signal_, select_hook_);
+  gdk_event_handler_set([](GdkEvent* event, gpointer) { gtk_main_do_event(event); }, nullptr,
+                        nullptr);
+}
+
+void EventHooks::Handle(GdkEvent* event) {
+  if (event->type == GDK_KEY_PRESS && (event->key.state & kFromInputMethod) == 0) {
+    Guarded([&] { KeyPressed.Raise(event->key); });
+  }
+  gtk_main_do_event(event);
+}
+
+gboolean EventHooks::OnSelect(GSignalInvocationHint*, guint, const GValue* values, gpointer self) {
+  auto* item = GTK_MENU_ITEM(g_value_get_object(&values[0]));
+  if (!GTK_IS_SEPARATOR_MENU_ITEM(item)) {
+    Guarded([&] { static_cast<EventHooks*>(self)->MenuSelected.Raise(Describe(item)); });
+  }
+  return TRUE;  // goes on listening
+}
+
+void LinuxKeyboardHook::SetEnabled(bool enabled) {
+  enabled_ = enabled;
+  connection_.Disconnect();
+  if (!enabled) return;
+  connection_ = hooks_.KeyPressed.Connect(
+      [this](const GdkEventKey& event) { KeyDown.Raise(VirtualKey(event)); });
+}
+
+void LinuxMessageHook::SetEnabled(bool enabled) {
+  enabled_ = enabled;
+  connection_.Disconnect();
+  if (!enabled) return;
+  connection_ =
+      hooks_.MenuSelected.Connect([this](const MenuSelect& select) { MenuSelected.Raise(select); });
+}
+
+}  // namespace corvane::desktop

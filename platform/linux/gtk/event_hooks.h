@@ -1,0 +1,63 @@
+#pragma once
+
+#include <gtk/gtk.h>
+
+#include "base/event.h"
+#include "platform/hooks.h"
+
+namespace corvane::desktop {
+
+/// Listens to all key presses and menu highlights of the process, whichever
+/// window or menu they are for, before anything acts on them. One a process,
+/// made after the toolkit; while it lives it stands between the display and the
+/// toolkit.
+class EventHooks {
+ public:
+  EventHooks();
+  ~EventHooks();
+  EventHooks(const EventHooks&) = delete;
+  EventHooks& operator=(const EventHooks&) = delete;
+
+  /// A key has gone down, or repeats; each press is told once, also when an input
+  /// method or the page hands it back.
+  Event<const GdkEventKey&> KeyPressed;
+  Event<const MenuSelect&> MenuSelected;
+
+  /// Takes an event as it comes from the display and gives it to the toolkit.
+  void Handle(GdkEvent* event);
+
+ private:
+  static gboolean OnSelect(GSignalInvocationHint*, guint count, const GValue* values,
+                           gpointer self);
+
+  gulong select_hook_ = 0;
+  guint select_signal_ = 0;
+};
+
+/// Switched on, hands on the keys that the process's hooks see.
+class LinuxKeyboardHook : public KeyboardHook {
+ public:
+  explicit LinuxKeyboardHook(EventHooks& hooks) : hooks_(hooks) {}
+  void SetEnabled(bool enabled) override;
+  bool Enabled() const override { return enabled_; }
+
+ private:
+  EventHooks& hooks_;
+  bool enabled_ = false;
+  Connection connection_;
+};
+
+/// The same for highlighted menu items.
+class LinuxMessageHook : public MessageHook {
+ public:
+  explicit LinuxMessageHook(EventHooks& hooks) : hooks_(hooks) {}
+  void SetEnabled(bool enabled) override;
+  bool Enabled() const override { return enabled_; }
+
+ private:
+  EventHooks& hooks_;
+  bool enabled_ = false;
+  Connection connection_;
+};
+
+}  // namespace corvane::desktop

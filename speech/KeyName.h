@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace corvane {
+
+/// What a key is called aloud: the named keys by their names, every other key by
+/// the character whose code its key code is. Empty for a key without a code.
+std::string KeyName(int key_code);
+
+}  // namespace corvane

@@ -1,0 +1,188 @@
+#include "speech/KeyName.h"
+#include "speech/MenuWords.h"
+#include "tests/unit/program.h"
+
+namespace corvane::tests {
+namespace {
+
+TEST(KeyName, NamedKeys) {
+  const std::vector<std::pair<int, std::string>> names = {
+      {27, "Escape"},    {112, "F1"},          {113, "F2"},          {121, "F10"},
+      {123, "F12"},      {42, "Print Screen"}, {145, "Scroll Lock"}, {19, "Pause"},
+      {9, "Tab"},        {45, "Insert"},       {36, "Home"},         {33, "Page Up"},
+      {144, "Num Lock"}, {46, "Delete"},       {35, "End"},          {34, "Page Down"},
+      {20, "Caps Lock"}, {13, "Enter"},        {16, "Shift"},        {17, "Control"},
+      {18, "Alt"},       {40, "Down"},         {38, "Up"},           {37, "Left"},
+      {39, "Right"},     {32, "Space"},        {91, "Window"}};
+  for (const auto& [code, name] : names) EXPECT_EQ(KeyName(code), name) << code;
+}
+
+TEST(KeyName, OtherKeysAreTheCharacterOfTheirCode) {
+  EXPECT_EQ(KeyName('A'), "A");
+  EXPECT_EQ(KeyName('7'), "7");
+  EXPECT_EQ(KeyName(44), ",");   // the snapshot key
+  EXPECT_EQ(KeyName(124), "|");  // F13
+  EXPECT_EQ(KeyName(188), "\u00BC");
+  EXPECT_EQ(KeyName(92), "\\");
+}
+
+TEST(KeyName, KeyWithoutACodeHasNoName) { EXPECT_EQ(KeyName(0), ""); }
+
+MenuSelect Item(const std::string& text, int item, unsigned flags) { return {item, flags, text}; }
+
+TEST(MenuWords, AccessKeyMarksAreTakenOut) {
+  EXPECT_EQ(MenuWords(Item("&New Window", 5, kMenuHilite)), "New Window");
+  EXPECT_EQ(MenuWords(Item("Sa&v&e", 8, kMenuHilite)), "Save");
+}
+
+TEST(MenuWords, CheckedAndUncheckedItems) {
+  EXPECT_EQ(MenuWords(Item("Enable Speech", 53, kMenuHilite | kMenuChecked)),
+            "Enable Speech checked");
+  EXPECT_EQ(MenuWords(Item("Enable Speech", 53, kMenuHilite)), "Enable Speech unchecked");
+  EXPECT_EQ(MenuWords(Item("None", 27, kMenuHilite)), "None unchecked");
+  EXPECT_EQ(MenuWords(Item("Very High", 67, kMenuHilite)), "Very High unchecked");
+}
+
+TEST(MenuWords, ItemsThatCarryNoMarkSayNeither) {
+  EXPECT_EQ(MenuWords(Item("E&xit", 12, kMenuHilite)), "Exit");
+  EXPECT_EQ(MenuWords(Item("&IE Settings", 24, kMenuHilite)), "IE Settings");
+  EXPECT_EQ(MenuWords(Item("Side&Bar", 26, kMenuHilite)), "SideBar");
+  EXPECT_EQ(MenuWords(Item("&Contents", 68, kMenuHilite)), "Contents");
+  EXPECT_EQ(MenuWords(Item("Toolbar", 50, 0)), "Toolbar");  // not highlighted
+}
+
+TEST(MenuWords, SubmenusSayPopupAndTheBarsTitlesDoNot) {
+  EXPECT_EQ(MenuWords(Item("Side&Bar", 2, kMenuHilite | kMenuPopup)), "SideBar popup");
+  for (const char* title : {"&File", "&Edit", "&Go", "Settin&gs", "&View", "Spee&ch", "Help"}) {
+    EXPECT_EQ(MenuWords(Item(title, 0, kMenuHilite | kMenuPopup)),
+              text::replace_all(title, "&", ""));
+  }
+}
+
+TEST(MenuWords, FirstStateThatHoldsWins) {
+  const unsigned all = kMenuDisabled | kMenuSystem | kMenuPopup | kMenuChecked | kMenuHilite;
+  EXPECT_EQ(MenuWords(Item("Rate", 0, all)), "Rate diabled");
+  EXPECT_EQ(MenuWords(Item("", 0, all)), "");
+  EXPECT_EQ(MenuWords(Item("", 0, all & ~kMenuDisabled)), "sysmenu");
+  EXPECT_EQ(MenuWords(Item("Rate", 3, all & ~kMenuDisabled)), "Rate popup");
+  EXPECT_EQ(MenuWords(Item("Fast", 60, kMenuChecked | kMenuHilite)), "Fast checked");
+}
+
+TEST(MenuWords, LongCaptionsAreCutAt127Characters) {
+  const std::string text(200, 'x');
+  EXPECT_EQ(MenuWords(Item(text, 5, 0)), std::string(127, 'x'));
+}
+
+TEST(MenuNumbers, RunOverTheMarkedItems) {
+  Program p;
+  p.Start();
+  const MainMenu& m = p.Inside().menu;
+  EXPECT_EQ(m.mnuFileItem(0).Id(), kFirstMenuId);
+  EXPECT_EQ(m.mnuSideBarContent(0).Id(), kMarkedIds.first);
+  EXPECT_EQ(m.mnuRate(0).Id(), kRateIds.first);
+  EXPECT_EQ(m.mnuRate(4).Id(), kRateIds.last);
+  EXPECT_EQ(m.mnuPitch(0).Id(), kPitchIds.first);
+  EXPECT_EQ(m.mnuPitch(4).Id(), kMarkedIds.last);
+  for (const MenuArray* marked : {&m.mnuTextHistory, &m.mnuHome, &m.mnuFocus, &m.mnuView}) {
+    for (int i = 0; i < marked->Count(); ++i) EXPECT_TRUE(IndexIn(kMarkedIds, (*marked)(i).Id()));
+  }
+  EXPECT_FALSE(IndexIn(kMarkedIds, m.mnuSettings(0).Id()));
+  EXPECT_FALSE(IndexIn(kMarkedIds, m.mnuHelp(0).Id()));
+}
+
+/// The program with its character ready.
+struct KeyboardEcho : ::testing::Test {
+  Program program;
+  void SetUp() override { program.StartTalking(); }
+  MSAgent& Agent() { return *program.Service()->gMSAgent(); }
+  void Press(int key) { program.desktop.keyboard_hook->KeyDown.Raise(key); }
+  void Highlight(const MenuSelect& select) {
+    program.desktop.message_hook->MenuSelected.Raise(select);
+  }
+  std::vector<std::string>& Calls() { return program.desktop.speech.calls; }
+};
+
+TEST_F(KeyboardEcho, KeysAreSilentUntilEchoIsOn) {
+  Press('A');
+  EXPECT_THAT(Calls(), IsEmpty());
+  Agent().blnKeyboardEcho = true;
+  Press('A');
+  EXPECT_THAT(Calls(), ElementsAre("stop", "speak \\Pit=90\\\\Spd=150\\A (urgent)"));
+}
+
+TEST_F(KeyboardEcho, EchoCutsOffSpeechAndIsKeptFromTheNextTwoMessages) {
+  Agent().blnKeyboardEcho = true;
+  Press('A');
+  Calls().clear();
+  Agent().Say("one", false);
+  Agent().Say("two", false);
+  EXPECT_EQ(std::count(Calls().begin(), Calls().end(), "stop"), 0);
+}
+
+TEST_F(KeyboardEcho, ControlSilencesTheProgram) {
+  Press(17);
+  EXPECT_THAT(Calls(), ElementsAre("stop"));
+}
+
+TEST_F(KeyboardEcho, ControlWithEchoSilencesAndSaysItsName) {
+  Agent().blnKeyboardEcho = true;
+  Press(17);
+  ASSERT_FALSE(Calls().empty());
+  EXPECT_EQ(Calls().front(), "stop");
+  EXPECT_EQ(Calls().back(), "speak \\Pit=90\\\\Spd=150\\Control (urgent)");
+}
+
+TEST_F(KeyboardEcho, KeyWithoutACodeCutsNothingOff) {
+  Agent().blnKeyboardEcho = true;
+  Press(0);
+  EXPECT_THAT(Calls(), IsEmpty());
+}
+
+TEST_F(KeyboardEcho, KeysBeforeTheCharacterIsReadyAreIgnored) {
+  Program silent;
+  silent.desktop.settings.Main("Speech") = "True";
+  silent.desktop.settings.Main("KeyEcho") = "True";
+  silent.Start();
+  silent.desktop.keyboard_hook->KeyDown.Raise('A');
+  silent.desktop.keyboard_hook->KeyDown.Raise(17);
+  EXPECT_THAT(silent.desktop.speech.calls, IsEmpty());
+}
+
+TEST_F(KeyboardEcho, HighlightedItemIsSpokenAsAnOrdinaryMessage) {
+  Highlight({50, kMenuHilite | kMenuChecked, "&Toolbar"});
+  EXPECT_THAT(Calls(), ElementsAre("stop", "speak \\Pit=90\\\\Spd=150\\Toolbar checked"));
+}
+
+TEST_F(KeyboardEcho, RateItemIsSpokenAtItsRateWhichIsThenRestored) {
+  Highlight({60, kMenuHilite | kMenuChecked, "Fast"});
+  EXPECT_THAT(Calls(), ElementsAre("stop", "speak \\Pit=90\\\\Spd=200\\Fast checked"));
+  EXPECT_EQ(Agent().Speed(), 150);
+}
+
+TEST_F(KeyboardEcho, PitchItemIsSpokenAtItsPitchWhichIsThenRestored) {
+  Highlight({63, kMenuHilite, "Very Low"});
+  EXPECT_THAT(Calls(), ElementsAre("stop", "speak \\Pit=50\\\\Spd=150\\Very Low unchecked"));
+  EXPECT_EQ(Agent().Pitch(), 90);
+}
+
+TEST_F(KeyboardEcho, SpeechSwitchedOffTakesTheHooksAway) {
+  ASSERT_TRUE(program.desktop.keyboard_hook->Enabled());
+  ASSERT_TRUE(program.desktop.message_hook->Enabled());
+  program.Inside().menu.mnuSpeech(0).Click.Raise();
+  EXPECT_EQ(program.Service()->gMSAgent(), nullptr);
+}
+
+TEST(AgentHooks, MissingCharacterSwitchesAllThreeOff) {
+  FakeDesktop desktop;
+  MSAgent agent{desktop};
+  desktop.speech.load_error = "talker.acf was not found";
+  EXPECT_TRUE(desktop.keyboard_hook->enabled && desktop.message_hook->enabled);
+  agent.Load_Init(nullptr);
+  desktop.timers[0]->Fire();
+  EXPECT_FALSE(desktop.keyboard_hook->enabled);
+  EXPECT_FALSE(desktop.message_hook->enabled);
+  EXPECT_FALSE(desktop.hook->enabled);
+}
+
+}  // namespace
+}  // namespace corvane::tests
