@@ -14,7 +14,6 @@ enum MenuFlags : unsigned {
   kMenuPopup = 0x0010,  ///< the item opens a submenu
   kMenuHilite = 0x0080,
   kMenuSystem = 0x2000,  ///< the window's own menu
-  kMenuMouse = 0x8000,   ///< highlighted with the mouse
 };
 
 /// A menu item of the program that has just been highlighted.

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/linux/gtk/menu_entry.h"
+#include "platform/linux/gtk/post.h"
 #include "platform/linux/gtk/virtual_key.h"
 
 namespace corvane::desktop {
@@ -21,14 +22,6 @@ int PlaceInMenu(GtkWidget* item) {
   const int place = g_list_index(items, item);
   g_list_free(items);
   return place;
-}
-
-bool IsPointed() {
-  GdkEvent* event = gtk_get_current_event();
-  if (event == nullptr) return false;
-  const GdkEventType type = event->type;
-  gdk_event_free(event);
-  return type == GDK_MOTION_NOTIFY || type == GDK_ENTER_NOTIFY || type == GDK_BUTTON_PRESS;
 }
 
 // An item of the program's own menus, or of one that the toolkit or the page
@@ -53,7 +46,6 @@ MenuSelect Describe(GtkMenuItem* item) {
   }
   if (!enabled) select.flags |= kMenuDisabled;
   if (checked) select.flags |= kMenuChecked;
-  if (IsPointed()) select.flags |= kMenuMouse;
   if (gtk_menu_item_get_submenu(item) != nullptr) {
     select.flags |= kMenuPopup;
     select.item = PlaceInMenu(GTK_WIDGET(item));
@@ -73,18 +65,22 @@ void Guarded(Body&& body) {
 
 }  // namespace
 
-EventHooks::EventHooks() {
+EventHooks::EventHooks() : self_(std::make_shared<EventHooks*>(this)) {
   gdk_event_handler_set(
       [](GdkEvent* event, gpointer self) { static_cast<EventHooks*>(self)->Handle(event); }, this,
       nullptr);
-  // The class must exist before its signal can be named.
+  // The class must exist before its signals can be named.
   g_type_class_unref(g_type_class_ref(GTK_TYPE_MENU_ITEM));
   select_signal_ = g_signal_lookup("select", GTK_TYPE_MENU_ITEM);
+  deselect_signal_ = g_signal_lookup("deselect", GTK_TYPE_MENU_ITEM);
   select_hook_ = g_signal_add_emission_hook(select_signal_, 0, &OnSelect, this, nullptr);
+  deselect_hook_ = g_signal_add_emission_hook(deselect_signal_, 0, &OnDeselect, this, nullptr);
 }
 
 EventHooks::~EventHooks() {
+  *self_ = nullptr;
   g_signal_remove_emission_hook(select_signal_, select_hook_);
+  g_signal_remove_emission_hook(deselect_signal_, deselect_hook_);
   gdk_event_handler_set([](GdkEvent* event, gpointer) { gtk_main_do_event(event); }, nullptr,
                         nullptr);
 }
@@ -97,11 +93,39 @@ void EventHooks::Handle(GdkEvent* event) {
 }
 
 gboolean EventHooks::OnSelect(GSignalInvocationHint*, guint, const GValue* values, gpointer self) {
-  auto* item = GTK_MENU_ITEM(g_value_get_object(&values[0]));
-  if (!GTK_IS_SEPARATOR_MENU_ITEM(item)) {
-    Guarded([&] { static_cast<EventHooks*>(self)->MenuSelected.Raise(Describe(item)); });
-  }
+  static_cast<EventHooks*>(self)->Tell(GTK_MENU_ITEM(g_value_get_object(&values[0])));
   return TRUE;  // goes on listening
+}
+
+void EventHooks::Tell(GtkMenuItem* item) {
+  if (GTK_IS_SEPARATOR_MENU_ITEM(item)) return;
+  ++selections_;
+  Guarded([&] { MenuSelected.Raise(Describe(item)); });
+}
+
+// A submenu that is left leads back to the item that opened it, which has been
+// highlighted all the time: the toolkit says nothing then.
+gboolean EventHooks::OnDeselect(GSignalInvocationHint*, guint, const GValue* values,
+                                gpointer self) {
+  auto* hooks = static_cast<EventHooks*>(self);
+  GtkWidget* menu = gtk_widget_get_parent(GTK_WIDGET(g_value_get_object(&values[0])));
+  if (!GTK_IS_MENU(menu)) return TRUE;
+  auto kept = std::shared_ptr<GtkWidget>(GTK_WIDGET(g_object_ref(menu)), g_object_unref);
+  PostToLoop([kept, weak = hooks->self_, selections = hooks->selections_] {
+    EventHooks* now = *weak;
+    if (now != nullptr && now->selections_ == selections) now->TellWhereASubmenuWasLeft(kept.get());
+  });
+  return TRUE;
+}
+
+void EventHooks::TellWhereASubmenuWasLeft(GtkWidget* submenu) {
+  GtkWidget* opener = gtk_menu_get_attach_widget(GTK_MENU(submenu));
+  if (!GTK_IS_MENU_ITEM(opener)) return;
+  GtkWidget* outer = gtk_widget_get_parent(opener);
+  if (!GTK_IS_MENU_SHELL(outer) || !gtk_widget_get_mapped(outer)) return;
+  if (gtk_menu_shell_get_selected_item(GTK_MENU_SHELL(outer)) != opener) return;
+  if (gtk_menu_shell_get_selected_item(GTK_MENU_SHELL(submenu)) != nullptr) return;
+  Tell(GTK_MENU_ITEM(opener));
 }
 
 void LinuxKeyboardHook::SetEnabled(bool enabled) {

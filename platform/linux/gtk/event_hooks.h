@@ -2,6 +2,8 @@
 
 #include <gtk/gtk.h>
 
+#include <memory>
+
 #include "base/event.h"
 #include "platform/hooks.h"
 
@@ -30,8 +32,17 @@ class EventHooks {
   static gboolean OnSelect(GSignalInvocationHint*, guint count, const GValue* values,
                            gpointer self);
 
-  gulong select_hook_ = 0;
+  static gboolean OnDeselect(GSignalInvocationHint*, guint count, const GValue* values,
+                             gpointer self);
+  void Tell(GtkMenuItem* item);
+  void TellWhereASubmenuWasLeft(GtkWidget* submenu);
+
   guint select_signal_ = 0;
+  guint deselect_signal_ = 0;
+  gulong select_hook_ = 0;
+  gulong deselect_hook_ = 0;
+  unsigned selections_ = 0;  // counts what was highlighted
+  std::shared_ptr<EventHooks*> self_;
 };
 
 /// Switched on, hands on the keys that the process's hooks see.

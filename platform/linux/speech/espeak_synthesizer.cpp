@@ -76,7 +76,10 @@ void EspeakSynthesizer::Synthesize(const std::string& text, const VoiceStyle& st
     return !refused;
   };
 
-  TextPieces pieces(text);
+  // Short runs of marks are named; in sentences they only make the pauses.
+  espeak_SetParameter(espeakPUNCTUATION, IsOnlyMarks(text) ? espeakPUNCT_ALL : espeakPUNCT_NONE, 0);
+  const std::string_view silence = NameOfSilence(text);
+  TextPieces pieces(silence.empty() ? std::string_view(text) : silence);
   std::string piece;
   std::string following;
   bool more = pieces.Next(piece);

@@ -1,7 +1,13 @@
 #include "platform/linux/speech/speech_text.h"
 
+#include <glib.h>
+
+#include "base/text.h"
+
 namespace corvane::desktop {
 namespace {
+
+constexpr std::size_t kMostMarks = 32;  // bytes of a text whose marks are named
 
 constexpr char32_t kReplacement = 0xFFFD;
 
@@ -45,6 +51,22 @@ struct Cut {
 
 }  // namespace
 
+std::string_view NameOfSilence(std::string_view text) {
+  if (text == " " || text == "\u00A0") return "space";
+  if (text == "\t") return "tab";
+  if (text == "\n" || text == "\r" || text == "\r\n") return "new line";
+  if (text == "\b") return "backspace";
+  return {};
+}
+
+bool IsOnlyMarks(std::string_view text) {
+  if (text.size() > kMostMarks) return false;
+  while (!text.empty()) {
+    if (g_unichar_isalnum(TakeCharacter(text))) return false;
+  }
+  return true;
+}
+
 char32_t TakeCharacter(std::string_view& text) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   const unsigned char first = byte(0);
@@ -74,23 +96,8 @@ char32_t TakeCharacter(std::string_view& text) {
   return value;
 }
 
-void AppendCharacter(std::string& text, char32_t c) {
-  if (c < 0x80) {
-    text += static_cast<char>(c);
-    return;
-  }
-  if (c < 0x800) {
-    text += static_cast<char>(0xC0 | c >> 6);
-  } else {
-    if (c < 0x10000) {
-      text += static_cast<char>(0xE0 | c >> 12);
-    } else {
-      text += static_cast<char>(0xF0 | c >> 18);
-      text += static_cast<char>(0x80 | (c >> 12 & 0x3F));
-    }
-    text += static_cast<char>(0x80 | (c >> 6 & 0x3F));
-  }
-  text += static_cast<char>(0x80 | (c & 0x3F));
+void AppendCharacter(std::string& text, char32_t character) {
+  text += text::character(static_cast<int>(character));
 }
 
 bool TextPieces::Next(std::string& piece) {

@@ -27,6 +27,14 @@ class TextPieces {
   std::size_t most_;
 };
 
+/// What a text is called that has no sound of its own: a lone blank, line end or
+/// editing character. Empty for every other text.
+std::string_view NameOfSilence(std::string_view text);
+
+/// Whether a text is a few marks without a letter or digit, as when the caret
+/// passes a comma: its marks must then be named or nothing would be heard.
+bool IsOnlyMarks(std::string_view text);
+
 /// The first character of `text` (not empty), taken off it; U+FFFD for each byte
 /// that belongs to no valid character.
 char32_t TakeCharacter(std::string_view& text);

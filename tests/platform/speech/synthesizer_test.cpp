@@ -184,6 +184,19 @@ TEST_F(EspeakTest, OnlyOneMayLiveAtATime) {
   EXPECT_GT(Loudness(Speak(espeak_, "word")), 500);
 }
 
+TEST_F(EspeakTest, LoneMarksBlanksAndEditingKeysAreNamed) {
+  for (const char* text : {",", ".", "-", "(", "...", " ", "\n", "\t", "\b", "\u00BC"}) {
+    EXPECT_GT(Loudness(Speak(espeak_, text)), 500) << '"' << text << '"';
+  }
+}
+
+TEST_F(EspeakTest, MarksInASentenceAreNotNamed) {
+  const Sound plain = Speak(espeak_, "one two three four five");
+  Speak(espeak_, ",");
+  const Sound marked = Speak(espeak_, "one, two, three, four, five");
+  EXPECT_LT(marked.size(), 2 * plain.size());
+}
+
 TEST(Espeak, CanBeStartedAgain) {
   for (int i = 0; i < 3; ++i) {
     EspeakSynthesizer espeak;

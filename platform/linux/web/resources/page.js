@@ -457,11 +457,22 @@
     if (!(element instanceof Element)) return;
     if (event.type === 'focusin') {
       if (element !== bodyOf(document) && element !== rootOf(document)) focused(element);
-    } else if (element !== arriving) {
+    } else if (event.type === 'keyup' ? isTyping(event, element) : element !== arriving) {
       tell(kinds[event.type], element);
     }
   };
-  const input = (event) => { if (event.isTrusted) movesSinceInput = 0; };
+
+  // The release of a key that was pressed elsewhere, such as the Tab that led
+  // here, is no typing in this element; nor is that of a key that only modifies
+  // others, such as the Control that silences the program.
+  let pressedIn = null;
+  const MODIFIERS = new Set(['Shift', 'Control', 'Alt', 'AltGraph', 'Meta', 'CapsLock', 'NumLock']);
+  const isTyping = (event, element) => pressedIn === element && !MODIFIERS.has(event.key);
+  const input = (event) => {
+    if (!event.isTrusted) return;
+    movesSinceInput = 0;
+    if (event.type === 'keydown') pressedIn = event.composedPath()[0];
+  };
   for (const type of Object.keys(kinds)) {
     window.addEventListener(type, heard, {capture: true, passive: true});
   }

@@ -1,0 +1,158 @@
+"""Hearing what one does: form fields, keys and menus, with whole transcripts."""
+import time
+
+from harness import EndToEndTest, wait_until
+
+SPOKEN = {"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "0", "Focus": "0"}}
+ECHO = {"Corvane": {"Speech": "True", "KeyEcho": "True"}, "pnlBrowser": {"SideBar": "0", "Focus": "0"}}
+
+
+class Hearing(EndToEndTest):
+    def open_form(self, path, title, settings=SPOKEN):
+        """Opens a page and goes into it; the next Tab leads to its first element."""
+        corvane = self.start(settings=settings)
+        self.read(path)
+        self.said(title)
+        corvane.focus("Address")
+        corvane.transcript.mark()
+        corvane.keys("Tab")
+        self.said("WebBrowser")
+        return corvane
+
+    def hears(self, keys, *texts):
+        """Presses keys, one after the other has been heard, and compares all that
+        was said."""
+        corvane = self.corvane
+        corvane.transcript.mark()
+        corvane.keys(*keys.split())
+        if texts:
+            self.said(*texts)
+        time.sleep(0.3)  # nothing more may follow
+        self.assertEqual(corvane.transcript.spoken(), list(texts), keys)
+
+    def test_form_is_filled_in_by_ear(self):
+        self.open_form("/form.html", "The order")
+        self.hears("Tab", "text, user, Your name, Ann")
+        self.hears("End", "Ann")
+        self.hears("x", "x")
+        self.hears("Home", "Annx")
+        self.hears("shift")
+        self.hears("Tab", "password, pin, Secret, ")
+        self.hears("1", "1")
+        self.hears("2", "2")
+        self.hears("Left", "2")
+        self.hears("Tab", "radio, size, Large, selected")
+        self.hears("Up", "radio, size, Small, selected")
+        self.hears("Tab", "checkbox, terms, on, unchecked")
+        self.hears("space", "checked")
+        self.hears("space", "unchecked")
+        self.hears("Tab", "select-one, colour, Red")
+        self.hears("Down", "Green")
+        self.hears("Down", "Blue")
+        self.hears("Tab", "textarea, letter, Letter, Dear")
+        self.hears("ctrl+End", "Dear")
+        self.hears("y", "y")
+        self.hears("Tab", "submit, Send")
+        self.hears("Tab", "News")
+        self.hears("shift+Tab", "submit, Send")
+        self.corvane.transcript.mark()
+        self.corvane.keys("Return")
+        self.said("The weather")
+
+    def test_what_is_said_of_the_form_stands_in_the_text_pane(self):
+        corvane = self.open_form("/form.html", "The order")
+        self.hears("Tab", "text, user, Your name, Ann")
+        wait_until(lambda: corvane.text_of("Text").endswith("text, user, Your name, Ann\n"), "the line")
+
+    def test_button_stops_the_walk_with_a_message_and_is_still_heard(self):
+        corvane = self.start(settings=SPOKEN)
+        corvane.transcript.mark()
+        corvane.open(self.base + "/buttons.html")
+        self.said("ResetStructure Error: Object variable or With block variable not set")
+        wait_until(lambda: "Extracting Links ..." in corvane.transcript.spoken(), "the reading's end")
+        corvane.keys("Return")
+        time.sleep(0.5)
+        corvane.focus("Address")
+        self.hears("Tab", "WebBrowser")
+        self.hears("Tab", "text, first, First, ")
+        self.hears("Tab", "submit, Send")
+        self.hears("Tab")  # the form behind the button has no announcers
+        self.hears("Tab", "text, alone, Alone, ")
+        self.hears("a", "a")
+        self.hears("Tab", "text, late, Late, ")
+        self.hears("Tab", "More")
+
+    def test_every_key_is_named_while_echo_is_on(self):
+        corvane = self.start(settings=ECHO)
+        corvane.focus("Address")
+        corvane.keys("ctrl+a")
+        self.hears("BackSpace", "\b")
+        self.hears("a", "A", "a")
+        self.hears("b", "B", "b")
+        self.hears("5", "5", "5")
+        self.hears("Left", "Left", "5")
+        self.hears("F9", "F9")
+        self.hears("shift", "Shift")
+        self.hears("Control_L", "Control")
+        urgent = [e["urgent"] for e in corvane.transcript.events() if e["event"] == "speak"]
+        self.assertTrue(urgent[-1])
+
+    def test_keys_are_named_in_the_page_too(self):
+        corvane = self.open_form("/form.html", "The order", settings=ECHO)
+        self.hears("Tab", "Tab", "text, user, Your name, Ann")
+        self.hears("q", "Q", "q")
+
+    def test_control_silences_at_once(self):
+        corvane = self.open_form("/form.html", "The order")
+        corvane.keys("Tab")
+        self.said("text, user, Your name, Ann")
+        corvane.keys("Control_L")
+
+        def cut():
+            events = corvane.transcript.events()
+            last = [e for e in events if e["event"] == "speak"][-1]["id"]
+            return any(e["event"] == "cut" and e["id"] == last for e in events)
+
+        wait_until(cut, "silence")
+
+    def test_rate_item_is_heard_at_its_own_rate(self):
+        corvane = self.start()
+        for key in ["alt+c", "Down", "Down", "Right", "Down", "Down", "Down"]:
+            corvane.keys(key)
+            time.sleep(0.3)
+        self.said("Fast unchecked")
+        events = [e for e in corvane.transcript.events() if e["event"] == "speak"]
+        self.assertEqual(events[-1]["speed"], 200)
+        corvane.keys("Left")
+        self.said("Rate popup")
+        events = [e for e in corvane.transcript.events() if e["event"] == "speak"]
+        self.assertEqual(events[-1]["speed"], 150)
+        corvane.keys("Escape", "Escape")
+
+    def test_alert_of_a_page_is_shown_again_and_spoken(self):
+        corvane = self.start(settings=SPOKEN)
+        corvane.transcript.mark()
+        corvane.open(self.base + "/alert.html")
+        wait_until(lambda: "Message Box" in corvane.window_names(), "the program's own box")
+        self.assertTrue([e for e in corvane.transcript.events() if e.get("urgent")])
+        corvane.keys("Return")
+        self.said("Extracting Links ...", "Done")
+
+    def test_flood_of_keys_leaves_no_backlog(self):
+        corvane = self.start(settings=ECHO)
+        corvane.focus("Address")
+        corvane.keys("ctrl+a", "BackSpace")
+        text = "the quick brown fox " * 10
+        corvane.type(text)
+        wait_until(lambda: corvane.text_of("Address") == text, "the typed text")
+        events = corvane.transcript.events()
+        wait_until(lambda: corvane.transcript.spoken()[-1] in (" ", "Space"), "the last key")
+        said = {e["id"] for e in events if e["event"] == "speak"}
+        over = {e["id"] for e in events if e["event"] in ("cut", "end")}
+        self.assertLess(len(said - over), 6)
+
+
+if __name__ == "__main__":
+    import unittest
+
+    unittest.main()

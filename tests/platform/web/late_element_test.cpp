@@ -1,0 +1,164 @@
+// Elements that the page record does not hold, against the real engine.
+#include <gmock/gmock.h>
+
+#include "platform/linux/web/page_record.h"
+#include "tests/platform/web/page_harness.h"
+
+namespace corvane::desktop {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+class LateElementTest : public PageTest {
+ protected:
+  void Load(const std::string& content) {
+    server_.Page("/", "<title>A</title>" + content);
+    view_.Go(server_.Url());
+    connections_.Clear();
+    connections_ += view_.Document()->onelementadded.Connect([this](const HTMLElementPtr& element) {
+      added_.push_back(element);
+      connections_ += element->onfocus.Connect([this, element] { Log("focus", *element); });
+      connections_ += element->onkeyup.Connect([this, element] { Log("keyup", *element); });
+    });
+    view_.Focus();
+  }
+  void Log(const std::string& kind, const HTMLElement& element) {
+    log_.push_back(kind + " " + element.type_name + " " + element.type + " " +
+                   (element.name.empty() ? element.innerText : element.name));
+  }
+  bool Heard(const std::string& entry) {
+    return WaitUntil([&] { return std::find(log_.begin(), log_.end(), entry) != log_.end(); });
+  }
+  void Tab() { view_.Key(GDK_KEY_Tab); }
+
+  std::vector<HTMLElementPtr> added_;
+  std::vector<std::string> log_;
+  Connections connections_;
+};
+
+TEST_F(LateElementTest, AFieldOutsideEveryFormIsToldWithItsFirstFocus) {
+  Load("Your name <input name=q value=Ann>");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text q"));
+  EXPECT_THAT(added_, SizeIs(1));
+  EXPECT_EQ(added_[0]->text_before_begin, "Your name");
+  EXPECT_EQ(added_[0]->value, "Ann");
+  view_.Key(GDK_KEY_End);
+  ASSERT_TRUE(Heard("keyup HTMLInputElement text q"));
+  EXPECT_EQ(added_[0]->caret.text_after, 0);
+  EXPECT_THAT(added_, SizeIs(1)) << "told once";
+}
+
+TEST_F(LateElementTest, AFieldThatAScriptAddsIsTold) {
+  Load("<form><input name=first></form>");
+  view_.EvaluateInPage(
+      "document.forms[0].append(Object.assign(document.createElement('input'), {name: 'new'}))");
+  Tab();
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text new"));
+  EXPECT_THAT(added_, SizeIs(1)) << "the first is in the page's own list";
+}
+
+TEST_F(LateElementTest, ALinkThatAScriptAddsIsTold) {
+  Load("<p id=here>");
+  view_.EvaluateInPage("document.getElementById('here').innerHTML = '<a href=/x>More</a>'");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLAnchorElement  More"));
+  EXPECT_EQ(added_.at(0)->href, server_.Url("/x"));
+}
+
+TEST_F(LateElementTest, AFormBuiltAnewIsToldAnew) {
+  Load("<div id=here><form><input name=q></form></div>");
+  view_.EvaluateInPage(
+      "document.getElementById('here').innerHTML = '<form><input name=q value=2></form>'");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text q"));
+  EXPECT_EQ(added_.at(0)->value, "2");
+}
+
+TEST_F(LateElementTest, FieldsAndLinksOfAFrameAreTold) {
+  TestServer other;
+  other.Page("/in", "<form><input name=inner></form><a href=/y>Inner link</a>");
+  Load("<iframe src='" + other.Url("/in") + "'></iframe>");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text inner"));
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLAnchorElement  Inner link"));
+}
+
+TEST_F(LateElementTest, OtherElementsSayTheirRoleAndName) {
+  Load("<div tabindex=0 role=button aria-label=Close>x</div><div tabindex=0>Plain words</div>");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLDivElement button Close"));
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLDivElement div Plain words"));
+}
+
+TEST_F(LateElementTest, AnEditablePartOfThePageIsATextArea) {
+  Load("<div contenteditable aria-label=Note>old</div>");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLTextAreaElement textarea Note"));
+  EXPECT_EQ(added_.at(0)->value, "old");
+  view_.Key(GDK_KEY_End);
+  view_.Key(GDK_KEY_x);
+  ASSERT_TRUE(WaitUntil([&] { return added_.at(0)->value == "oldx"; }));
+  EXPECT_EQ(added_.at(0)->caret.text_after, 0);
+  view_.Key(GDK_KEY_Home);
+  ASSERT_TRUE(WaitUntil([&] { return added_.at(0)->caret.text_after == 4; }));
+}
+
+TEST_F(LateElementTest, OutputsAndOwnElementsAreNoFormElements) {
+  Load("<form><output name=o></output><input name=q><fieldset></fieldset></form>");
+  const auto& elements = view_.Document()->forms.at(0).elements;
+  ASSERT_THAT(elements, SizeIs(2));
+  EXPECT_EQ(elements[0]->type_name, "HTMLInputElement");
+  EXPECT_EQ(elements[1]->type_name, "HTMLFieldSetElement");
+}
+
+TEST_F(LateElementTest, AFocusThatAPageMovesInALoopIsToldNowAndAgain) {
+  Load(R"(<p id=here><script>
+      addEventListener('load', () => setTimeout(() => {
+        for (let i = 0; i < 2000; i++) {
+          const field = document.createElement('input');
+          field.name = 'f' + i;
+          document.getElementById('here').append(field);
+          field.focus();
+        }
+        document.title = 'over';
+      }, 300));
+    </script>)");
+  ASSERT_TRUE(WaitUntil([&] { return view_.EvaluateInPage("document.title") == "over"; }));
+  ASSERT_TRUE(Heard("focus HTMLInputElement text f1999")) << "the last one is told";
+  EXPECT_LT(log_.size(), 20U);
+}
+
+TEST_F(LateElementTest, AFieldThatVanishesWhileFocusedIsNoTrouble) {
+  Load("<input name=q><input name=next>");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text q"));
+  view_.EvaluateInPage("document.querySelector('[name=q]').remove()");
+  view_.Key(GDK_KEY_a);
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text next"));
+}
+
+TEST_F(LateElementTest, AValueOfAMegabyteIsToldWhole) {
+  Load("<textarea name=t></textarea>");
+  view_.EvaluateInPage("document.querySelector('textarea').value = 'x'.repeat(1024 * 1024)");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLTextAreaElement textarea t"));
+  EXPECT_EQ(added_.at(0)->value.size(), 1024U * 1024U);
+}
+
+TEST_F(LateElementTest, BrokenEventsOfAHostileProcessAreLeftOut) {
+  EXPECT_FALSE(ParseElementEvent(R"({"kind":"focus","field":)"));
+  const auto event =
+      ParseElementEvent(R"({"kind":"focus","document":"d","number":1,"field":{},"link":[1]})");
+  ASSERT_TRUE(event);
+  EXPECT_EQ(event->described, nullptr);
+}
+
+}  // namespace
+}  // namespace corvane::desktop
