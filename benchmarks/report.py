@@ -19,6 +19,7 @@ import time
 
 SOURCE = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(SOURCE / "tests/e2e"))
+import keys  # noqa: E402  (this and the next lie beside this file)
 import trees  # noqa: E402
 import web_server  # noqa: E402  (lies beside the end-to-end tests)
 
@@ -34,11 +35,12 @@ def p95(values):
 class Browser:
     """One run of the program with a home page and folders of its own."""
 
-    def __init__(self, build, address, pane=None, prepare=None, **environment):
+    def __init__(self, build, address, pane=None, main=None, prepare=None, **environment):
         self.home = pathlib.Path(tempfile.mkdtemp(prefix="corvane-bench-"))
         config = self.home / "config/corvane"
         config.mkdir(parents=True)
-        (config / "Corvane.ini").write_text("[Settings]\nSpeech=True\n")
+        (config / "Corvane.ini").write_text(
+            "[Settings]\nSpeech=True\n" + "".join(f"{k}={v}\n" for k, v in (main or {}).items()))
         settings = {"Home": 4, "StartingAddress": address, "Focus": 5, **(pane or {})}
         (config / "pnlBrowser.ini").write_text(
             "[Settings]\n" + "".join(f"{key}={value}\n" for key, value in settings.items()))
@@ -54,7 +56,7 @@ class Browser:
         self.process = subprocess.Popen([str(build / "bin/corvane")], env=env,
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
-    def speaks(self):
+    def events(self):
         try:
             lines = self.transcript.read_text().splitlines()
         except FileNotFoundError:
@@ -65,7 +67,10 @@ class Browser:
                 events.append(json.loads(line))
             except json.JSONDecodeError:
                 break
-        return [e for e in events if e["event"] == "speak"]
+        return events
+
+    def speaks(self):
+        return [e for e in self.events() if e["event"] == "speak"]
 
     def wait_spoken(self, text, patience=120):
         end = time.monotonic() + patience
@@ -231,13 +236,59 @@ def engine_rows(figures):
             row(what, f"{median(of(key)):.0f} ms", "")
 
 
+def first_chunk(figures):
+    """The reference of everything that is heard, in words."""
+    reference = next((f for f in figures if "reference" in f["what"]), None)
+    return f"synthesizer's own first chunk: {reference['p95_ms']:.2f} ms" if reference else ""
+
+
 def speech_rows(figures):
     """Speech from its request to the device, from its own measuring program."""
-    reference = next((f for f in figures if "reference" in f["what"]), None)
-    words = f"synthesizer's own first chunk: {reference['p95_ms']:.2f} ms" if reference else ""
+    words = first_chunk(figures)
     for f in figures:
-        if f is not reference:
+        if "reference" not in f["what"]:
             row(f"{f['what']} ({f['output']}), p95", f"{f['p95_ms']:.2f} ms", "", words)
+
+
+PLACES = {  # where keys are typed: the keys that lead there from the address box
+    "address box": ["ctrl+a"],
+    "field of a page": ["F6", "Tab"],
+    "text pane": ["F6", "F6"],
+}
+
+
+def key_rows(build, base, words):
+    """Echo and silence, on the whole program with keys from outside."""
+    keyboard = keys.Keyboard()
+    browser = Browser(build, base + "/form.html", main={"KeyEcho": "True"}, pane={"Focus": 0})
+    try:
+        browser.wait_spoken("The order")
+        time.sleep(0.5)
+        for place, way in PLACES.items():
+            keys.keys("ctrl+l", *way)
+            time.sleep(0.5)
+            presses = keys.type_letters(keyboard, 60, 0.25)
+            time.sleep(0.5)
+            echo_row(f"key press → first samples of its echo, {place}, p95", browser, presses, words)
+        keys.keys("ctrl+l", "ctrl+a")
+        presses = keys.type_letters(keyboard, 1200, 0.05)
+        time.sleep(0.5)
+        echo_row("the same, 20 keys a second for a minute", browser, presses, "")
+        last = keys.echo_delays(browser.events(), presses[-1:])[0]
+        row("the last of those keys", f"{last:.1f} ms" if last else "never began", "15 ms")
+        quiet = keys.silences(browser, keyboard, 20)
+        row(f"Control → silence, p95 of {len(quiet)}", f"{p95(quiet):.1f} ms" if quiet else "none", "20 ms")
+    finally:
+        browser.end()
+
+
+def echo_row(what, browser, presses, reference):
+    delays = keys.echo_delays(browser.events(), presses)
+    heard = [d for d in delays if d is not None]
+    figure = f"{p95(heard):.1f} ms" if heard else "nothing heard"
+    if len(heard) < len(delays):
+        figure += f" ({len(delays) - len(heard)} of {len(delays)} not begun)"
+    row(what, figure, "15 ms", reference)
 
 
 def row(what, figure, budget, reference=""):
@@ -271,7 +322,9 @@ def main():
     for tree_row in trees.rows(lambda address, **options: Browser(build, address, **options), base, median):
         row(*tree_row)
     engine_rows(json_lines(build / "bin/web_bench"))
-    speech_rows(json_lines(build / "bin/speech_bench"))
+    speech = json_lines(build / "bin/speech_bench")
+    speech_rows(speech)
+    key_rows(build, base, first_chunk(speech))
     server.shutdown()
 
 
