@@ -43,6 +43,10 @@ class ctlWebBrowser {
   void Terminate();
 
   void Navigate(const std::string& url) { navigation_.Navigate(url); }
+  /// Finds in the page, zooms.
+  void PageCommand(WebBrowser::PageCommand command) {
+    ErrorsIgnored([&] { pane_.controls.brwWebBrowser->Do(command); });
+  }
   void cmdAction(int action) { navigation_.cmdAction(action); }
   void Edit(int action) { navigation_.Edit(action); }
   void cmdToolbar_Click(int index) { navigation_.cmdToolbar_Click(index); }

@@ -18,6 +18,9 @@ class WebBrowser : public Control {
   enum Command : int { OLECMDID_SAVEAS = 4, OLECMDID_PRINT = 6 };
   enum CommandOption : int { OLECMDEXECOPT_PROMPTUSER = 1, OLECMDEXECOPT_DONTPROMPTUSER = 2 };
 
+  /// What a user does with the page shown. The result is announced.
+  enum class PageCommand { Find, FindNext, FindPrevious, ZoomIn, ZoomOut, ZoomReset };
+
   /// Goes to what a person typed: an address with or without scheme, a host with
   /// or without port, a file's path. Nothing usable leads to an error page.
   virtual void Navigate2(const std::string& url) = 0;
@@ -28,6 +31,7 @@ class WebBrowser : public Control {
   virtual void GoHome() = 0;
   virtual void Stop() = 0;
   virtual void Refresh() = 0;
+  virtual void Do(PageCommand command) = 0;
   virtual void ExecWB(Command command, CommandOption option) = 0;
 
   /// The address of the present page; empty before the first.

@@ -70,6 +70,9 @@ EngineOptions LinuxDesktop::MakeEngineOptions() {
   options.start_page = [this] { return OwnSetting("StartPage", kHomePage); };
   options.search_service = [this] { return OwnSetting("SearchService", kDefaultSearchService); };
   options.dialogs = alerts_;
+  options.zoom_changed = [this](int percent) {
+    settings_.SaveSetting(kApplication, kSection, "Zoom", std::to_string(percent));
+  };
   options.questions = std::make_shared<PageQuestions>(dialogs_);
   const std::string data = std::string(g_get_user_data_dir()) + "/corvane/";
   const std::string history = data + "History";

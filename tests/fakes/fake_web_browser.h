@@ -19,6 +19,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   void GoHome() override { Note("GoHome"); }
   void Stop() override { Note("Stop"); }
   void Refresh() override { Note("Refresh"); }
+  void Do(PageCommand command) override { Note("Do " + std::to_string(static_cast<int>(command))); }
   void ExecWB(Command command, CommandOption option) override {
     Note("ExecWB " + std::to_string(command) + " " + std::to_string(option));
   }

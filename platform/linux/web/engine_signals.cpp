@@ -129,6 +129,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
       watchdog_.Watch();
       reader_->Forget();
       requests_->PageChanged();
+      find_->PageChanged();
       document_is_present_ = false;
       problem_ = std::exchange(coming_problem_, std::nullopt);
       address_ = Text(webkit_web_view_get_uri(view_.get()));
@@ -201,13 +202,15 @@ bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionTy
                         verdict.kind == Verdict::Kind::Use && !verdict.from_history &&
                         !IsSearch(requested) && !engine_.SearchAddress(verdict.address).empty();
   if (verdict.kind == Verdict::Kind::Use && !searches) return false;
+  if (verdict.kind == Verdict::Kind::Download) {
+    webkit_policy_decision_download(decision);
+    return true;
+  }
   webkit_policy_decision_ignore(decision);
   if (searches) {
     LoadSearch(verdict.address);
   } else if (verdict.kind == Verdict::Kind::Outside) {
     requests_->OpenOutside(verdict.address, verdict.user_gesture);
-  } else if (verdict.kind == Verdict::Kind::NotAPage) {
-    ShowProblem(FileProblem(verdict.address, verdict.content_type));
   }
   return true;
 }

@@ -3,9 +3,11 @@
 #include <gtk/gtk.h>
 
 #include <algorithm>
+#include <cmath>
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "platform/linux/web/print_page.h"
 #include "platform/linux/web/save_page.h"
 #include "platform/linux/web/typed_address.h"
 #include "platform/linux/web/web_text.h"
@@ -14,6 +16,9 @@ namespace corvane::desktop {
 namespace {
 
 constexpr int kMostCrashes = 3;
+constexpr double kZoomStep = 0.1;
+constexpr double kLeastZoom = 0.3;
+constexpr double kMostZoom = 3;
 constexpr std::size_t kLongestStatus = 300;
 
 std::string WithoutFragment(const std::string& address) {
@@ -56,6 +61,8 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
       reader_(std::make_unique<PageReader>(view_.get(),
                                            [this](const std::string& href) { ShowStatus(href); })),
       requests_(std::make_unique<PageRequests>(engine, view_.get(), RequestsHost())),
+      find_(std::make_unique<FindInPage>(view_.get(), requests_->Desk(),
+                                         [this](const std::string& text) { listener_.say(text); })),
       watchdog_(
           engine.Options().hang,
           [this](Watchdog::Answer answer) {
@@ -73,29 +80,30 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
   ConnectView();
   ApplyPreferences();
   connections_ += engine_.PreferencesChanged.Connect([this] { ApplyPreferences(); });
-  connections_ += engine_.FileRefused.Connect([this](WebKitWebView* view, const std::string& file) {
-    if (view != view_.get()) return;
-    if (!Busy()) navigation_.Requested();
-    ShowProblem(FileProblem(file, ""));
+  connections_ += engine_.Say.Connect([this](WebKitWebView* view, const std::string& sentence) {
+    if (view == nullptr || view == view_.get()) listener_.say(sentence);
   });
 }
 
 EngineView::~EngineView() {
   g_signal_handlers_disconnect_by_data(view_.get(), this);
-  requests_.reset();
+  requests_.reset();  // takes back what is asked
+  find_.reset();
   reader_.reset();
   gtk_widget_destroy(GTK_WIDGET(view_.get()));
 }
 
 PageRequests::Host EngineView::RequestsHost() {
-  return {[this] { return address_; }, [this](const std::string& text) { ShowStatus(text); },
+  return {[this] { return address_; },
+          [this](const std::string& text) { ShowStatus(text); },
           [this](const std::string& sentence) { listener_.say(sentence); },
           [this](bool open) {
             dialog_open_ = open;  // a page that waits for the user does not hang
             watchdog_.Reset();
             if (!open) watchdog_.Watch();
           },
-          [this] { StayOnPage(); }};
+          [this] { StayOnPage(); },
+          [this] { Print(); }};
 }
 
 void EngineView::TakeOver(Listener listener) {
@@ -307,15 +315,44 @@ void EngineView::Save() {
   const std::string path = choose ? choose(proposed) : proposed;
   if (path.empty()) return;
   SavePage(view_.get(), path, [this, weak = std::weak_ptr(self_)](const std::string& outcome) {
-    if (!weak.expired()) ShowStatus(outcome);
+    if (weak.expired()) return;
+    ShowStatus(outcome);
+    listener_.say(outcome);
   });
 }
 
 void EngineView::Print() {
-  const ObjectPtr<WebKitPrintOperation> operation(webkit_print_operation_new(view_.get()));
-  GtkWidget* window = gtk_widget_get_toplevel(GTK_WIDGET(view_.get()));
-  webkit_print_operation_run_dialog(operation.get(),
-                                    GTK_IS_WINDOW(window) ? GTK_WINDOW(window) : nullptr);
+  PrintPage(view_.get(), [weak = std::weak_ptr(self_)](const std::string& outcome) {
+    if (const auto alive = weak.lock()) (*alive)->listener_.say(outcome);
+  });
+}
+
+// --- finding and zooming -------------------------------------------------------
+
+void EngineView::Do(WebBrowser::PageCommand command) {
+  switch (command) {
+    case WebBrowser::PageCommand::Find:
+      return find_->Ask();
+    case WebBrowser::PageCommand::FindNext:
+      return find_->Step(true);
+    case WebBrowser::PageCommand::FindPrevious:
+      return find_->Step(false);
+    case WebBrowser::PageCommand::ZoomIn:
+      return Zoom(engine_.Preferences().zoom + kZoomStep);
+    case WebBrowser::PageCommand::ZoomOut:
+      return Zoom(engine_.Preferences().zoom - kZoomStep);
+    case WebBrowser::PageCommand::ZoomReset:
+      return Zoom(1);
+  }
+}
+
+void EngineView::Zoom(double zoom) {
+  EnginePreferences preferences = engine_.Preferences();
+  const int percent = static_cast<int>(std::lround(std::clamp(zoom, kLeastZoom, kMostZoom) * 100));
+  preferences.zoom = percent / 100.0;
+  engine_.SetPreferences(preferences);
+  if (engine_.Options().zoom_changed) engine_.Options().zoom_changed(percent);
+  listener_.say(std::to_string(percent) + " percent");
 }
 
 }  // namespace corvane::desktop

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/html_document.h"
+#include "platform/linux/web/find_in_page.h"
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/navigation.h"
 #include "platform/linux/web/page_policy.h"
@@ -16,6 +17,7 @@
 #include "platform/linux/web/problem.h"
 #include "platform/linux/web/watchdog.h"
 #include "platform/linux/web/web_engine.h"
+#include "platform/web_browser.h"
 
 namespace corvane::desktop {
 
@@ -55,6 +57,7 @@ class EngineView {
   void Refresh();
   void Save();
   void Print();
+  void Do(WebBrowser::PageCommand command);
 
   std::string LocationURL() const { return address_; }
   std::string LocationName() const;
@@ -85,6 +88,7 @@ class EngineView {
   void ShowStatus(const std::string& text);
   void ApplyPreferences();
   void StayOnPage();
+  void Zoom(double zoom);
   PageRequests::Host RequestsHost();
 
   WebEngine& engine_;
@@ -93,6 +97,7 @@ class EngineView {
   Navigation navigation_;
   std::unique_ptr<PageReader> reader_;
   std::unique_ptr<PageRequests> requests_;
+  std::unique_ptr<FindInPage> find_;
   Watchdog watchdog_;
   Connections connections_;
   std::shared_ptr<EngineView*> self_;  // answers that come after the view find it gone

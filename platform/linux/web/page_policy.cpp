@@ -20,9 +20,9 @@ Verdict JudgeNavigation(WebKitNavigationAction* action, const PolicyContext& con
   const auto type = webkit_navigation_action_get_navigation_type(action);
   const bool from_history = type == WEBKIT_NAVIGATION_TYPE_BACK_FORWARD;
   const bool gesture = webkit_navigation_action_is_user_gesture(action);
-  if (IsOutside(address)) return {Verdict::Kind::Outside, address, "", false, gesture};
+  if (IsOutside(address)) return {Verdict::Kind::Outside, address, false, gesture};
   if (!IsFile(address) && !IsOwnPage(address)) {
-    return {Verdict::Kind::Use, address, "", from_history, gesture};
+    return {Verdict::Kind::Use, address, from_history, gesture};
   }
   const bool known = from_history || type == WEBKIT_NAVIGATION_TYPE_RELOAD;
   const bool from_here = IsOwnPage(context.present) || (IsFile(context.present) && IsFile(address));
@@ -31,7 +31,7 @@ Verdict JudgeNavigation(WebKitNavigationAction* action, const PolicyContext& con
                          (IsFile(address) && IsFile(context.requested));
   const bool allowed =
       !webkit_navigation_action_is_redirect(action) && (known || from_here || asked_for);
-  return {allowed ? Verdict::Kind::Use : Verdict::Kind::Ignore, address, "", from_history, gesture};
+  return {allowed ? Verdict::Kind::Use : Verdict::Kind::Ignore, address, from_history, gesture};
 }
 
 bool IsAttachment(WebKitURIResponse* response) {
@@ -50,12 +50,17 @@ bool IsAttachment(WebKitURIResponse* response) {
 Verdict JudgeAnswer(WebKitResponsePolicyDecision* decision) {
   WebKitURIResponse* response = webkit_response_policy_decision_get_response(decision);
   const std::string address = Text(webkit_uri_response_get_uri(response));
-  if (webkit_response_policy_decision_is_mime_type_supported(decision) && !IsAttachment(response)) {
-    return {Verdict::Kind::Use, address, "", false, false};
-  }
+  // The engine draws printed pages, and their words are nowhere to be read.
+  const bool is_print =
+      g_ascii_strcasecmp(Text(webkit_uri_response_get_mime_type(response)).c_str(),
+                         "application/pdf") == 0;
+  const bool supported =
+      webkit_response_policy_decision_is_mime_type_supported(decision) && !is_print;
+  const bool attached = IsAttachment(response);
+  if (supported && !attached) return {Verdict::Kind::Use, address};
+  // A picture of an unknown kind inside a page is nobody's download.
   const bool is_page = webkit_response_policy_decision_is_main_frame_main_resource(decision);
-  return {is_page ? Verdict::Kind::NotAPage : Verdict::Kind::Ignore, address,
-          Text(webkit_uri_response_get_mime_type(response)), false, false};
+  return {is_page || attached ? Verdict::Kind::Download : Verdict::Kind::Ignore, address};
 }
 
 }  // namespace
@@ -63,9 +68,9 @@ Verdict JudgeAnswer(WebKitResponsePolicyDecision* decision) {
 Verdict JudgeNewWindow(WebKitNavigationAction* action, const PolicyContext& context) {
   const std::string address = AddressOf(action);
   const bool gesture = webkit_navigation_action_is_user_gesture(action);
-  if (IsOutside(address)) return {Verdict::Kind::Outside, address, "", false, gesture};
+  if (IsOutside(address)) return {Verdict::Kind::Outside, address, false, gesture};
   const bool allowed = !IsOwnPage(address) && (!IsFile(address) || IsFile(context.present));
-  return {allowed ? Verdict::Kind::Use : Verdict::Kind::Ignore, address, "", false, gesture};
+  return {allowed ? Verdict::Kind::Use : Verdict::Kind::Ignore, address, false, gesture};
 }
 
 Verdict Judge(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type,

@@ -12,11 +12,10 @@ struct Verdict {
     Use,       ///< goes on
     Ignore,    ///< does not happen
     Outside,   ///< is for another program of the desktop
-    NotAPage,  ///< would be a page but cannot be shown
+    Download,  ///< is a file to be saved
   };
   Kind kind = Kind::Ignore;
   std::string address;
-  std::string content_type;
   bool from_history = false;  ///< the user goes back or forward
   bool user_gesture = false;  ///< the user has just done something in the page
 };

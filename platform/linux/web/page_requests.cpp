@@ -49,6 +49,20 @@ PageRequests::PageRequests(WebEngine& engine, WebKitWebView* view, Host host)
             static_cast<PageRequests*>(data)->login_.Ask(request);
             return TRUE;
           }));
+  connect("print",
+          G_CALLBACK(+[](WebKitWebView*, WebKitPrintOperation*, gpointer self) -> gboolean {
+            static_cast<PageRequests*>(self)->AskToPrint();
+            return TRUE;
+          }));
+  connect(
+      "enter-fullscreen", G_CALLBACK(+[](WebKitWebView*, gpointer self) -> gboolean {
+        static_cast<PageRequests*>(self)->notices_.Tell("Full screen. Press Escape to leave it.");
+        return FALSE;
+      }));
+  connect("leave-fullscreen", G_CALLBACK(+[](WebKitWebView*, gpointer self) -> gboolean {
+            static_cast<PageRequests*>(self)->notices_.Tell("Full screen is over.");
+            return FALSE;
+          }));
 }
 
 PageRequests::~PageRequests() {
@@ -66,6 +80,17 @@ void PageRequests::UserAskedForPage() {
   permissions_.Forget();
   login_.Reset();
   UserActed();
+}
+
+void PageRequests::AskToPrint() {
+  desk_.Ask(QuestionDesk::Asker::Page,
+            {"Print",
+             "The page " + SiteOf(host_.address()) + " wants to be printed.",
+             {},
+             {"&Print", "&Cancel"}},
+            [this](const auto& reply) {
+              if (reply && reply->button == 0) host_.print();
+            });
 }
 
 bool PageRequests::MayOpenWindow(bool user_gesture) {

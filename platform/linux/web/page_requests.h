@@ -32,6 +32,8 @@ class PageRequests {
     std::function<void(bool)> hold;
     /// The user was about to leave the page and stays.
     std::function<void()> stay;
+    /// The page is to be printed.
+    std::function<void()> print;
   };
 
   PageRequests(WebEngine& engine, WebKitWebView* view, Host host);
@@ -56,6 +58,8 @@ class PageRequests {
   QuestionDesk& Desk() { return desk_; }
 
  private:
+  void AskToPrint();
+
   // Answers that come after the view has gone find it gone.
   std::shared_ptr<PageRequests*> self_ = std::make_shared<PageRequests*>(this);
   Host host_;

@@ -131,14 +131,6 @@ Problem HangProblem(const std::string& address) {
           "Press Refresh to load the page again, or type another address.", address};
 }
 
-Problem FileProblem(const std::string& address, const std::string& content_type) {
-  const std::string kind =
-      content_type.empty() ? "" : " Its kind is " + Shorten(content_type, 100) + ".";
-  return {"Not a page: " + SiteOf(address),
-          "This address leads to a file that cannot be shown here yet." + kind,
-          "Press Back to return to the page before.", address};
-}
-
 std::string RenderProblem(const Problem& problem) {
   return FillTemplate(WebResource("problem.html"),
                       {{"title", EscapeHtml(Shorten(problem.title, kLongestShown))},

@@ -23,8 +23,6 @@ Problem CertificateProblem(const std::string& address, GTlsCertificateFlags faul
 Problem CrashProblem(const std::string& address, bool memory);
 /// A page whose process was ended because it did not answer.
 Problem HangProblem(const std::string& address);
-/// Something that is not a page.
-Problem FileProblem(const std::string& address, const std::string& content_type);
 
 /// Whether the failure means that no connection was made, so that another way to
 /// the same host may be tried.

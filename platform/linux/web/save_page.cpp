@@ -4,6 +4,7 @@
 #include <memory>
 #include <utility>
 
+#include "platform/linux/web/file_names.h"
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/web_text.h"
 
@@ -42,15 +43,7 @@ std::string FileNameOf(const std::string& title) {
 }
 
 std::string ProposeSavePath(const std::string& title) {
-  const char* downloads = g_get_user_special_dir(G_USER_DIRECTORY_DOWNLOAD);
-  const std::filesystem::path folder = downloads != nullptr ? downloads : g_get_home_dir();
-  const std::string name = FileNameOf(title);
-  std::filesystem::path path = folder / (name + ".mhtml");
-  std::error_code error;
-  for (int i = 2; std::filesystem::exists(path, error); ++i) {
-    path = folder / (name + " " + std::to_string(i) + ".mhtml");
-  }
-  return path.string();
+  return FreePath(DownloadFolder(), FileNameOf(title) + ".mhtml");
 }
 
 void SavePage(WebKitWebView* view, const std::string& path,

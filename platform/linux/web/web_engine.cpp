@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "platform/linux/web/downloads.h"
 #include "platform/linux/web/engine_view.h"
 
 namespace corvane::desktop {
@@ -62,6 +63,9 @@ ObjectPtr<WebKitWebsiteDataManager> MakeDataManager(const EngineOptions& options
 WebEngine::WebEngine(EngineOptions options) : options_(std::move(options)) {
   FillDefaults(options_);
   permissions_ = std::make_unique<PermissionBook>(options_.permissions_file);
+  downloads_ = std::make_unique<Downloads>(
+      options_.questions, options_.download_folder,
+      [this](WebKitWebView* view, const std::string& sentence) { Say.Raise(view, sentence); });
   const auto data = MakeDataManager(options_);
   // Passwords are never stored.
   webkit_website_data_manager_set_persistent_credential_storage_enabled(data.get(), FALSE);
@@ -143,11 +147,7 @@ std::string WebEngine::SearchAddress(const std::string& address) const {
 }
 
 void WebEngine::OnDownload(WebKitWebContext*, WebKitDownload* download, gpointer self) {
-  WebKitURIRequest* request = webkit_download_get_request(download);
-  const std::string address = Text(webkit_uri_request_get_uri(request));
-  WebKitWebView* view = webkit_download_get_web_view(download);
-  webkit_download_cancel(download);
-  if (view != nullptr) static_cast<WebEngine*>(self)->FileRefused.Raise(view, address);
+  static_cast<WebEngine*>(self)->downloads_->Begin(download);
 }
 
 void WebEngine::OnCorvaneRequest(WebKitURISchemeRequest* request, gpointer self) {

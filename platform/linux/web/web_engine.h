@@ -18,6 +18,7 @@
 
 namespace corvane::desktop {
 
+class Downloads;
 class EngineView;
 
 /// What the user may set for all pages.
@@ -53,12 +54,16 @@ struct EngineOptions {
   std::shared_ptr<Questions> questions;
   /// Open the addresses that are none of pages; default: the desktop's.
   std::shared_ptr<OtherPrograms> programs;
+  /// Where files from the network go; default: the user's download folder.
+  std::string download_folder;
   /// Where the permissions of sites are kept; default: in the data folder.
   std::string permissions_file;
   /// The path that a page is saved to, given the one proposed; empty: not saved.
   std::function<std::string(const std::string& proposed)> choose_save_path;
   /// Called for each page that was loaded, for the history; not for problems.
   std::function<void(const std::string& address, const std::string& title)> page_visited;
+  /// The user has changed the zoom, in percent; to store it.
+  std::function<void(int percent)> zoom_changed;
   Watchdog::Limits hang;
 };
 
@@ -80,8 +85,10 @@ class WebEngine {
   void SetPreferences(const EnginePreferences& preferences);
   Event<> PreferencesChanged;
 
-  /// A page wanted this address saved as a file, which is not possible yet.
-  Event<WebKitWebView*, const std::string&> FileRefused;
+  /// Files that are coming.
+  Downloads& GetDownloads() { return *downloads_; }
+  /// A sentence for the user of this view; of any when it is null.
+  Event<WebKitWebView*, const std::string&> Say;
 
   /// What sites are allowed for good.
   PermissionBook& Permissions() { return *permissions_; }
@@ -106,6 +113,7 @@ class WebEngine {
   EngineOptions options_;
   EnginePreferences preferences_;
   std::unique_ptr<PermissionBook> permissions_;
+  std::unique_ptr<Downloads> downloads_;
   std::unique_ptr<EngineView> offered_;
   ObjectPtr<WebKitWebContext> context_;
   ObjectPtr<WebKitSettings> settings_;

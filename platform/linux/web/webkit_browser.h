@@ -24,6 +24,7 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
   void GoHome() override { view_->GoHome(); }
   void Stop() override { view_->Stop(); }
   void Refresh() override { view_->Refresh(); }
+  void Do(PageCommand command) override { view_->Do(command); }
   void ExecWB(Command command, CommandOption option) override;
 
   std::string LocationURL() const override { return view_->LocationURL(); }

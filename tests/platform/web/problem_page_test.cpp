@@ -146,33 +146,6 @@ TEST_F(ProblemTest, RefreshOfAProblemTriesTheAddressAgain) {
   EXPECT_EQ(view_->LocationURL(), server_.Url());
 }
 
-TEST_F(ProblemTest, AFileThatIsNoPage) {
-  server_.Page("/data.zip", "PK", "application/zip");
-  view_.Go(server_.Url("/data.zip"));
-  EXPECT_EQ(view_.Document()->Title, "Not a page: 127.0.0.1");
-  EXPECT_THAT(view_.Body(), HasSubstr("application/zip"));
-  EXPECT_EQ(view_->LocationURL(), server_.Url("/data.zip"));
-}
-
-TEST_F(ProblemTest, APageMeantAsADownload) {
-  server_.Page("/page", "<title>A</title>", "text/html",
-               {{"Content-Disposition", "attachment; filename=page.html"}});
-  view_.Go(server_.Url("/page"));
-  EXPECT_EQ(view_.Document()->Title, "Not a page: 127.0.0.1");
-}
-
-TEST_F(ProblemTest, ALinkMeantAsADownloadSavesNothing) {
-  server_.Page("/file", "content", "text/plain");
-  server_.Page("/", "<title>A</title><a href=/file download=x.txt>Save</a>");
-  view_.Go(server_.Url());
-  view_.EvaluateInPage("document.querySelector('a').click(); 1");
-  ASSERT_TRUE(WaitUntil(
-      [&] { return !view_->Busy() && view_.Document()->Title == "Not a page: 127.0.0.1"; }));
-  view_->GoBack();
-  view_.WaitIdle();
-  EXPECT_EQ(view_.Document()->Title, "A");
-}
-
 TEST_F(ProblemTest, AFrameThatIsNoPageHoldsNothingUp) {
   server_.Page("/data.zip", "PK", "application/zip");
   server_.Page("/", "<title>Out</title><iframe src=/data.zip></iframe>");

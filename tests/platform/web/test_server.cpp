@@ -59,12 +59,13 @@ void TestServer::Stall(const std::string& path) {
   handlers_[path] = [](SoupServerMessage* message) { soup_server_message_pause(message); };
 }
 
-void TestServer::StallAfter(const std::string& path, const std::string& first_part) {
-  handlers_[path] = [first_part](SoupServerMessage* message) {
+void TestServer::StallAfter(const std::string& path, const std::string& first_part,
+                            const std::string& type) {
+  handlers_[path] = [first_part, type](SoupServerMessage* message) {
     SoupMessageHeaders* headers = soup_server_message_get_response_headers(message);
     soup_server_message_set_status(message, SOUP_STATUS_OK, nullptr);
     soup_message_headers_set_encoding(headers, SOUP_ENCODING_CHUNKED);
-    soup_message_headers_replace(headers, "Content-Type", "text/html; charset=utf-8");
+    soup_message_headers_replace(headers, "Content-Type", type.c_str());
     soup_message_body_append(soup_server_message_get_response_body(message), SOUP_MEMORY_COPY,
                              first_part.data(), first_part.size());
     // Not completed: the rest of the body never comes.

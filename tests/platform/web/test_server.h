@@ -27,7 +27,8 @@ class TestServer {
   /// Accepts the request and never answers it.
   void Stall(const std::string& path);
   /// Answers with these first bytes and never with the rest.
-  void StallAfter(const std::string& path, const std::string& first_part);
+  void StallAfter(const std::string& path, const std::string& first_part,
+                  const std::string& type = "text/html; charset=utf-8");
   void Handle(const std::string& path, Handler handler);
 
   std::string Url(const std::string& path = "/") const;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/linux/web/corvane_pages.h"
+#include "platform/linux/web/file_names.h"
 #include "platform/linux/web/problem.h"
 #include "platform/linux/web/save_page.h"
 
@@ -109,6 +110,22 @@ TEST(RenderSearch, EscapesWordsAndMatches) {
   EXPECT_NE(page.find("&lt;i&gt;"), std::string::npos);
   EXPECT_EQ(page.find("<script>"), std::string::npos);
   EXPECT_EQ(page.find("<b>"), std::string::npos);
+}
+
+TEST(CleanFileName, KeepsTheEndingAndNothingThatDeceives) {
+  EXPECT_EQ(CleanFileName("report.pdf", "x"), "report.pdf");
+  EXPECT_EQ(CleanFileName("../../etc/passwd", "x"), "etc passwd");
+  EXPECT_EQ(CleanFileName(".bashrc", "x"), "bashrc");
+  EXPECT_EQ(CleanFileName("invoice\u202Efdp.exe", "x"), "invoicefdp.exe");
+  EXPECT_EQ(CleanFileName("a\nb\x7f.txt", "x"), "a b.txt");
+  EXPECT_EQ(CleanFileName(" ... ", "download"), "download");
+  EXPECT_EQ(CleanFileName("", "download"), "download");
+  EXPECT_EQ(CleanFileName("bad \xff.txt", "x"), "bad \xEF\xBF\xBD.txt");
+  const std::string longest = CleanFileName(std::string(500, 'a') + ".pdf", "x");
+  EXPECT_LE(longest.size(), 140U);
+  EXPECT_TRUE(longest.ends_with(".pdf"));
+  const std::string umlauts = CleanFileName(std::string("ab") + std::string(200, '\xC3'), "x");
+  EXPECT_TRUE(g_utf8_validate(umlauts.c_str(), -1, nullptr));
 }
 
 TEST(FileNameOf, HasNothingAFileSystemCouldMistake) {

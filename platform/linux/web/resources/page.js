@@ -13,7 +13,7 @@
   const LIMIT = {
     links: 200000, anchors: 100000, forms: 20000, elements: 100000, options: 20000, frames: 500,
     depth: 10, text: 100000, value: 2000000, body: 32000000, total: 64000000, nearby: 10000,
-    siblings: 1000, words: 300,
+    siblings: 1000, words: 300, around: 200,
   };
   const KNOWN_INPUT_TYPES = new Set(['text', 'password', 'checkbox', 'radio', 'submit', 'reset',
     'button', 'image', 'file', 'hidden']);
@@ -315,8 +315,27 @@
   const findLink = (href) => Array.prototype.find.call(all('a[href], area[href]'),
     (link) => link.href === href);
 
+  // The words around what is selected: its paragraph, or a part of a long one.
+  const around = () => {
+    const selection = getSelection();
+    if (selection.rangeCount === 0) return '';
+    budget = LIMIT.total;
+    const range = selection.getRangeAt(0);
+    const node = range.startContainer;
+    let block = node.nodeType === Node.ELEMENT_NODE ? node : node.parentElement;
+    while (block?.parentElement && getComputedStyle(block).display.startsWith('inline')) {
+      block = block.parentElement;
+    }
+    const text = block instanceof HTMLElement ? collapsed(innerTextOf(block)) : '';
+    if (text.length <= LIMIT.around || node.nodeType !== Node.TEXT_NODE) {
+      return text.slice(0, LIMIT.around);
+    }
+    const start = Math.max(0, range.startOffset - LIMIT.around / 2);
+    return collapsed(node.data.slice(start, start + LIMIT.around));
+  };
+
   Object.defineProperty(globalThis, 'corvane',
-    {value: Object.freeze({collect, describe, follow, findLink})});
+    {value: Object.freeze({collect, describe, follow, findLink, around})});
 
   // A frame reports itself where the page cannot collect it: it is of another
   // origin, or it has changed since.

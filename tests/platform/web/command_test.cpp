@@ -1,0 +1,175 @@
+// What a user does with the page shown: finding, zooming, saving.
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+#include "tests/platform/web/asking.h"
+#include "tests/platform/web/page_harness.h"
+
+namespace corvane::desktop {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using Command = WebBrowser::PageCommand;
+
+class CommandTest : public testing::Test {
+ protected:
+  EngineOptions Options() {
+    EngineOptions options = TestOptions();
+    options.questions = asking_;
+    options.zoom_changed = [this](int percent) { zooms_.push_back(percent); };
+    options.choose_save_path = [this](const std::string&) { return file_; };
+    return options;
+  }
+  ~CommandTest() override { std::filesystem::remove(file_); }
+  void Find(const std::string& words) {
+    asking_->replies = {{0, {words}}};
+    view_->Do(Command::Find);
+  }
+  /// Waits for the next sentence and returns it.
+  std::string Heard() {
+    EXPECT_TRUE(WaitUntil([&] { return view_.Said().size() > heard_; }));
+    return view_.Said().size() > heard_ ? view_.Said()[heard_++] : "";
+  }
+
+  const std::string file_ = testing::TempDir() + "corvane_saved.mhtml";
+  std::size_t heard_ = 0;
+  std::vector<int> zooms_;
+  std::shared_ptr<Asking> asking_ = std::make_shared<Asking>();
+  WebEngine engine_{Options()};
+  TestServer server_;
+  TestView view_{engine_};
+};
+
+TEST_F(CommandTest, FindTellsThePlaceAndTheWordsAroundIt) {
+  server_.Page("/", "<title>A</title><p>The <b>Cat</b> sat.<p>A cat ran.<p>No dog.<p>Last cat.");
+  view_.Go(server_.Url());
+  Find("cat");
+  EXPECT_EQ(Heard(), "1 of 3: The Cat sat.");
+  view_->Do(Command::FindNext);
+  EXPECT_EQ(Heard(), "2 of 3: A cat ran.");
+  view_->Do(Command::FindNext);
+  EXPECT_EQ(Heard(), "3 of 3: Last cat.");
+  view_->Do(Command::FindNext);
+  EXPECT_EQ(Heard(), "From the beginning. 1 of 3: The Cat sat.");
+  view_->Do(Command::FindPrevious);
+  EXPECT_EQ(Heard(), "From the end. 3 of 3: Last cat.");
+  EXPECT_EQ(asking_->asked.at(0).title, "Find in page");
+}
+
+TEST_F(CommandTest, WhatIsNotThereIsSaidToBeNotThere) {
+  server_.Page("/", "<title>A</title><p>The cat sat.");
+  view_.Go(server_.Url());
+  Find("dog");
+  EXPECT_EQ(Heard(), "Not found: dog");
+}
+
+TEST_F(CommandTest, FindNextAsksFirstAndRemembersOnTheNextPage) {
+  server_.Page("/", "<title>A</title><p>One cat.");
+  server_.Page("/b", "<title>B</title><p>Two cats.<p>Three cats.");
+  view_.Go(server_.Url());
+  asking_->replies = {{0, {"cat"}}};
+  view_->Do(Command::FindNext);
+  EXPECT_EQ(Heard(), "1 of 1: One cat.");
+  view_.Go(server_.Url("/b"));
+  view_->Do(Command::FindNext);
+  EXPECT_EQ(Heard(), "1 of 2: Two cats.");
+}
+
+TEST_F(CommandTest, AFindThatIsCancelledDoesNothing) {
+  server_.Page("/", "<title>A</title><p>One cat.");
+  view_.Go(server_.Url());
+  asking_->replies = {{1, {"cat"}}};
+  view_->Do(Command::Find);
+  ASSERT_TRUE(WaitUntil([&] { return !asking_->open; }));
+  view_->Do(Command::ZoomReset);
+  EXPECT_EQ(Heard(), "100 percent");
+}
+
+TEST_F(CommandTest, ALongParagraphIsToldInPart) {
+  server_.Page("/",
+               "<title>A</title><p>" + std::string(5000, 'x') + " cat " + std::string(5000, 'y'));
+  view_.Go(server_.Url());
+  Find("cat");
+  const std::string heard = Heard();
+  EXPECT_LE(heard.size(), 250U);
+  EXPECT_THAT(heard, HasSubstr("x cat y"));
+}
+
+TEST_F(CommandTest, ZoomIsToldStoredAndBounded) {
+  server_.Page("/", "<title>A</title>");
+  view_.Go(server_.Url());
+  view_->Do(Command::ZoomIn);
+  view_->Do(Command::ZoomIn);
+  view_->Do(Command::ZoomOut);
+  EXPECT_THAT(view_.Said(), ElementsAre("110 percent", "120 percent", "110 percent"));
+  EXPECT_THAT(zooms_, ElementsAre(110, 120, 110));
+  EXPECT_DOUBLE_EQ(webkit_web_view_get_zoom_level(view_->View()), 1.1);
+  for (int i = 0; i < 100; ++i) view_->Do(Command::ZoomOut);
+  EXPECT_EQ(view_.Said().back(), "30 percent");
+  for (int i = 0; i < 100; ++i) view_->Do(Command::ZoomIn);
+  EXPECT_EQ(view_.Said().back(), "300 percent");
+  view_->Do(Command::ZoomReset);
+  EXPECT_EQ(view_.Said().back(), "100 percent");
+}
+
+TEST_F(CommandTest, APageThatWantsToBePrintedIsAskedAboutFirst) {
+  asking_->replies = {{1, {}}};
+  server_.Page("/", "<title>A</title><script>onload = () => print()</script>");
+  view_.Go(server_.Url());
+  ASSERT_TRUE(WaitUntil([&] { return !asking_->asked.empty(); }));
+  EXPECT_EQ(asking_->asked[0].text, "The page 127.0.0.1 wants to be printed.");
+}
+
+TEST_F(CommandTest, ASavedPageOpensAgainWithoutTheNetwork) {
+  {
+    TestServer gone;
+    gone.Page("/",
+              "<title>Kept</title><link rel=stylesheet href=/style.css><p>Every word"
+              "<a href='/next'>Next</a>");
+    gone.Page("/style.css", "p { color: red }", "text/css");
+    view_.Go(gone.Url());
+    view_->Save();
+    EXPECT_EQ(Heard(), "Saved as " + file_);
+  }
+  view_.Go("file://" + file_);
+  EXPECT_EQ(view_.Document()->Title, "Kept");
+  EXPECT_THAT(view_.Body(), HasSubstr("Every word"));
+}
+
+TEST_F(CommandTest, APageThatCannotBeSavedIsTold) {
+  server_.Page("/", "<title>A</title>");
+  view_.Go(server_.Url());
+  std::filesystem::create_directories(file_);
+  view_->Save();
+  EXPECT_THAT(Heard(), HasSubstr("The page could not be saved: "));
+}
+
+TEST_F(CommandTest, PlainTextIsReadAsItStands) {
+  server_.Page("/notes.txt", "Plain words\nin two lines", "text/plain");
+  view_.Go(server_.Url("/notes.txt"));
+  EXPECT_THAT(view_.Body(), HasSubstr("Plain words\nin two lines"));
+  EXPECT_EQ(view_->LocationName(), server_.Url("/notes.txt"));
+}
+
+TEST_F(CommandTest, APdfIsOfferedAsAFile) {
+  server_.Page("/paper.pdf", "%PDF-1.4 and more", "application/pdf");
+  view_->Navigate(server_.Url("/paper.pdf"));
+  ASSERT_TRUE(WaitUntil([&] { return !asking_->asked.empty(); }));
+  EXPECT_EQ(asking_->asked[0].title, "Download");
+  EXPECT_EQ(asking_->asked[0].fields.at(0).value, "paper.pdf");
+  asking_->Answer({1, {""}});
+  view_.WaitIdle();
+}
+
+TEST_F(CommandTest, ADrawingIsReadAsItsWords) {
+  server_.Page("/picture.svg", "<svg xmlns='http://www.w3.org/2000/svg'><text>Drawn</text></svg>",
+               "image/svg+xml");
+  view_.Go(server_.Url("/picture.svg"));
+  EXPECT_EQ(view_.Body(), "Drawn");
+  EXPECT_EQ(view_->LocationName(), server_.Url("/picture.svg"));
+}
+
+}  // namespace
+}  // namespace corvane::desktop
