@@ -28,6 +28,7 @@
 
 namespace corvane {
 
+class Accessibility;
 class Automation;
 class ImageList;
 class Shell;
@@ -71,6 +72,7 @@ class Desktop {
   virtual Clipboard& GetClipboard() = 0;
   virtual Shell& GetShell() = 0;
   virtual Automation& GetAutomation() = 0;
+  virtual Accessibility& GetAccessibility() = 0;
 
   /// Lets events that are already waiting run, then returns. Handlers may
   /// re-enter the caller. May pass when it was called a moment ago.

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/number.h"
+#include "platform/linux/access/linux_accessibility.h"
 #include "platform/linux/gtk/combo_box.h"
 #include "platform/linux/gtk/command_button.h"
 #include "platform/linux/gtk/do_events.h"
@@ -48,6 +49,7 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
   windows_.Add(std::move(root));
   message_box_ = std::make_unique<MessageBoxQueue>(
       windows_, kApplication, [this](const std::string& text) { Speak(text); });
+  accessibility_ = std::make_unique<LinuxAccessibility>(windows_);
   shell_ = std::make_unique<FileShell>(std::string(g_get_user_data_dir()) + "/corvane");
   alerts_ = std::make_shared<PageAlerts>(windows_);
   engine_ = std::make_unique<WebEngine>(MakeEngineOptions());
@@ -157,6 +159,8 @@ std::unique_ptr<MessageHook> LinuxDesktop::CreateMessageHook() {
 }
 
 Shell& LinuxDesktop::GetShell() { return *shell_; }
+
+Accessibility& LinuxDesktop::GetAccessibility() { return *accessibility_; }
 
 void LinuxDesktop::DoEvents() { RunPendingEvents(); }
 

@@ -59,6 +59,7 @@ class LinuxDesktop : public Desktop {
   Clipboard& GetClipboard() override { return clipboard_; }
   Shell& GetShell() override;
   Automation& GetAutomation() override { return automation_; }
+  Accessibility& GetAccessibility() override;
 
   void DoEvents() override;
   void Pause(int milliseconds) override;
@@ -89,6 +90,7 @@ class LinuxDesktop : public Desktop {
   SystemClipboard clipboard_;
   std::unique_ptr<Shell> shell_;
   BusAutomation automation_;
+  std::unique_ptr<Accessibility> accessibility_;
   std::unique_ptr<SpeechOutput> speech_;
   std::unique_ptr<MessageBoxQueue> message_box_;
   SpokenDialogs dialogs_;  // the program's own questions

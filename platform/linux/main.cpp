@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/Multithread.h"
+#include "platform/linux/access/stale_bus.h"
 #include "platform/linux/automation/hand_over.h"
 #include "platform/linux/linux_desktop.h"
 #include "platform/linux/store/log.h"
@@ -32,6 +33,7 @@ LinuxDesktop::StartedBy WhoStarted(const std::string& address) {
 int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "");
   corvane::desktop::StartLog();
+  corvane::desktop::ForgetStaleBus();
   const bool display = gtk_init_check(&argc, &argv) != FALSE;  // takes GTK's own arguments
   if (argc > 2 || (argc == 2 && argv[1][0] == '-')) {
     g_printerr("Usage: corvane [ADDRESS]\n");

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/fakes/fake_accessible.h"
 #include "tests/fakes/fake_agent.h"
 #include "tests/fakes/fake_automation.h"
 #include "tests/fakes/fake_controls.h"
@@ -176,6 +177,7 @@ class FakeDesktop : public Desktop {
   FakeClipboard& GetClipboard() override { return clipboard; }
   FakeShell& GetShell() override { return shell; }
   FakeAutomation& GetAutomation() override { return automation; }
+  FakeAccessibility& GetAccessibility() override { return accessibility; }
 
   void DoEvents() override {
     ++yields;
@@ -215,6 +217,7 @@ class FakeDesktop : public Desktop {
   FakeClipboard clipboard;
   FakeShell shell;
   FakeAutomation automation;
+  FakeAccessibility accessibility;
   FakeAgent::Journal speech;
   std::vector<FakeTimer*> timers;  ///< in the order of their making
   FakeActivationHook* hook = nullptr;

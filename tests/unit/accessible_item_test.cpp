@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "base/error.h"
+#include "explorer/CExplorer.h"
 #include "explorer/CIAccessibleBrowser.h"
 #include "tests/fakes/fake_accessible.h"
 #include "tests/fakes/fake_desktop.h"
@@ -15,8 +16,11 @@ using ::testing::IsEmpty;
 using Ptr = FakeAccessible::Ptr;
 
 struct AccessibleItemTest : ::testing::Test {
-  FakeWindows windows;
-  FakeAccessibility accessibility;
+  FakeDesktop desktop;
+  FakeWindows& windows = desktop.windows;
+  FakeAccessibility& accessibility = desktop.accessibility;
+  CExplorer explorer{desktop};
+  std::unique_ptr<TreeView> tree = desktop.CreateTreeView("TreeView1");
 
   std::shared_ptr<CIAccessibleBrowser> Item(const Ptr& object, AccessibleKid kid = {}) {
     auto item = std::make_shared<CIAccessibleBrowser>(accessibility, windows);
@@ -27,18 +31,15 @@ struct AccessibleItemTest : ::testing::Test {
     return Item(FakeAccessible::Make(name, role, value))->Text();
   }
   /// The items below an item; neither controller nor node is looked at.
-  static std::vector<std::shared_ptr<CIAccessibleBrowser>> Children(CIAccessibleBrowser& item) {
-    FakeDesktop desktop;
-    FakeTreeView tree(desktop, "TreeView1");
-    FakeTreeNode node(tree);
+  std::vector<std::shared_ptr<CIAccessibleBrowser>> Children(CIAccessibleBrowser& item) {
+    TreeNode& node = tree->Add(nullptr, "any");
     std::vector<std::shared_ptr<CIAccessibleBrowser>> children;
-    char unused = 0;
-    for (const auto& each : item.GetChildren(reinterpret_cast<CExplorer&>(unused), node)) {
+    for (const auto& each : item.GetChildren(explorer, node)) {
       children.push_back(std::dynamic_pointer_cast<CIAccessibleBrowser>(each));
     }
     return children;
   }
-  static std::vector<std::string> Labels(CIAccessibleBrowser& item) {
+  std::vector<std::string> Labels(CIAccessibleBrowser& item) {
     std::vector<std::string> labels;
     for (const auto& child : Children(item)) labels.push_back(child->Text());
     return labels;

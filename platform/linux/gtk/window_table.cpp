@@ -66,6 +66,15 @@ Gtk::Widget* WindowTable::WidgetOf(WindowHandle window) const {
   return found ? found->entry.widget : nullptr;
 }
 
+WindowHandle WindowTable::WindowAround(const GtkWidget* widget) const {
+  for (auto* at = const_cast<GtkWidget*>(widget); at; at = gtk_widget_get_parent(at)) {
+    for (const auto& [handle, window] : windows_) {
+      if (window.entry.widget && window.entry.widget->gobj() == at) return handle;
+    }
+  }
+  return 0;
+}
+
 const WindowTable::Window* WindowTable::Find(WindowHandle window) const {
   const auto found = windows_.find(window);
   return found == windows_.end() ? nullptr : &found->second;

@@ -11,6 +11,9 @@
 namespace Gtk {
 class Widget;
 }
+extern "C" {
+typedef struct _GtkWidget GtkWidget;
+}
 
 namespace corvane::desktop {
 
@@ -49,6 +52,8 @@ class WindowTable : public Windows {
   void SetAccept(WindowHandle window, std::function<void(Gtk::Widget&)> accept);
   WindowHandle Parent(WindowHandle window) const;
   Gtk::Widget* WidgetOf(WindowHandle window) const;
+  /// The innermost window whose widget contains the given one, or 0.
+  WindowHandle WindowAround(const GtkWidget* widget) const;
 
   WindowHandle FirstThreadWindow() const override;
   std::uint32_t ProcessId(WindowHandle window) const override;

@@ -1,0 +1,132 @@
+#include "platform/linux/access/element_reader.h"
+
+#include <atspi/atspi-constants.h>
+
+#include <utility>
+
+#include "platform/accessible.h"
+#include "platform/linux/access/element_facts.h"
+
+namespace corvane::desktop::reader {
+namespace {
+
+constexpr int kDocumentDepth = 5;  // of wrappers around a page
+
+// The facts of one element, collected from three answers.
+struct Collecting {
+  BusFacts facts;
+  int missing = 3;
+  bool vanished = false;
+};
+
+void TakeProperties(const VariantPtr& reply, BusFacts& facts) {
+  if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(a{sv})"))) return;
+  const VariantPtr all(g_variant_get_child_value(reply.get(), 0));
+  const char* text = nullptr;
+  if (g_variant_lookup(all.get(), "Name", "&s", &text)) facts.name = text;
+  if (g_variant_lookup(all.get(), "Description", "&s", &text)) facts.description = text;
+  gint32 count = 0;
+  if (g_variant_lookup(all.get(), "ChildCount", "i", &count)) facts.child_count = count;
+}
+
+}  // namespace
+
+void ReadElement(AccessBus& bus, const ElementRef& ref, std::function<void(Element)> done) {
+  auto collecting = std::make_shared<Collecting>();
+  auto arrived = [&bus, ref, collecting, done = std::move(done)] {
+    if (--collecting->missing > 0) return;
+    if (!collecting->vanished) return Complete(bus, ref, collecting->facts, done);
+    Element gone;
+    gone.ref = ref;
+    gone.role = kRoleVanished;
+    done(std::move(gone));
+  };
+  bus.Call(ref, kAccessibleInterface, "GetRole", nullptr, [=](VariantPtr reply) {
+    collecting->vanished = !reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(u)"));
+    if (!collecting->vanished) g_variant_get(reply.get(), "(u)", &collecting->facts.role);
+    arrived();
+  });
+  bus.Call(ref, kAccessibleInterface, "GetState", nullptr, [=](VariantPtr reply) {
+    if (reply && g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(au)"))) {
+      const VariantPtr words(g_variant_get_child_value(reply.get(), 0));
+      collecting->facts.states = StatesOf(words.get());
+    }
+    arrived();
+  });
+  bus.Call(ref, "org.freedesktop.DBus.Properties", "GetAll",
+           g_variant_new("(s)", kAccessibleInterface), [=](VariantPtr reply) {
+             TakeProperties(reply, collecting->facts);
+             arrived();
+           });
+}
+
+void ReadChildRefs(AccessBus& bus, const ElementRef& ref,
+                   std::function<void(std::optional<std::vector<ElementRef>>)> done) {
+  bus.Call(ref, kAccessibleInterface, "GetChildren", nullptr,
+           [done = std::move(done)](VariantPtr reply) {
+             if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(a(so))"))) {
+               return done(std::nullopt);
+             }
+             const VariantPtr list(g_variant_get_child_value(reply.get(), 0));
+             std::vector<ElementRef> children;
+             GVariantIter each;
+             g_variant_iter_init(&each, list.get());
+             const char* name = nullptr;
+             const char* path = nullptr;
+             while (g_variant_iter_loop(&each, "(&s&o)", &name, &path)) {
+               if (*name != '\0') children.push_back({name, path});
+             }
+             done(std::move(children));
+           });
+}
+
+void ReadChildren(AccessBus& bus, const ElementRef& ref,
+                  std::function<void(std::optional<std::vector<Element>>)> done) {
+  ReadChildRefs(bus, ref, [&bus, done = std::move(done)](auto refs) {
+    if (!refs) return done(std::nullopt);
+    if (refs->empty()) return done(std::vector<Element>());
+    struct Filling {
+      std::vector<Element> elements;
+      std::size_t missing;
+    };
+    auto filling = std::make_shared<Filling>();
+    filling->elements.resize(refs->size());
+    filling->missing = refs->size();
+    for (std::size_t i = 0; i < refs->size(); ++i) {
+      ReadElement(bus, (*refs)[i], [filling, i, done](Element element) {
+        filling->elements[i] = std::move(element);
+        if (--filling->missing == 0) done(std::move(filling->elements));
+      });
+    }
+  });
+}
+
+namespace {
+
+bool IsDocument(std::uint32_t role) {
+  return role == ATSPI_ROLE_DOCUMENT_WEB || role == ATSPI_ROLE_DOCUMENT_FRAME;
+}
+
+void FindDocumentBelow(AccessBus& bus, const ElementRef& ref, int depth,
+                       std::function<void(std::optional<ElementRef>)> done) {
+  bus.Call(ref, kAccessibleInterface, "GetRole", nullptr, [=, &bus](VariantPtr reply) {
+    guint32 role = 0;
+    if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(u)"))) return done({});
+    g_variant_get(reply.get(), "(u)", &role);
+    if (IsDocument(role)) return done(ref);
+    if (depth == 0) return done({});
+    ReadChildRefs(bus, ref, [=, &bus](auto children) {
+      if (!children || children->empty()) return done({});
+      FindDocumentBelow(bus, children->front(), depth - 1, done);
+    });
+  });
+}
+
+}  // namespace
+
+void FindDocument(AccessBus& bus, const ElementRef& plug,
+                  std::function<void(std::optional<ElementRef>)> done) {
+  FindDocumentBelow(bus, plug, kDocumentDepth, std::move(done));
+}
+
+}  // namespace corvane::desktop::reader

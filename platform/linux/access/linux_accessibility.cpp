@@ -1,0 +1,182 @@
+#include "platform/linux/access/linux_accessibility.h"
+
+#include <gtkmm/widget.h>
+
+#include <utility>
+
+#include "platform/linux/access/desktop_object.h"
+#include "platform/linux/access/element_reader.h"
+#include "platform/linux/access/own_windows.h"
+#include "platform/linux/access/roles.h"
+
+namespace corvane::desktop {
+namespace {
+
+constexpr const char* kLost = "Accessibility has ended: its service is gone.";
+
+// Runs something on the user's thread; from any thread.
+void PostToUser(std::function<void()> run) {
+  g_idle_add_full(
+      G_PRIORITY_DEFAULT,
+      +[](gpointer data) -> gboolean {
+        (*static_cast<std::function<void()>*>(data))();
+        return G_SOURCE_REMOVE;
+      },
+      new std::function<void()>(std::move(run)),
+      +[](gpointer data) { delete static_cast<std::function<void()>*>(data); });
+}
+
+AtkObject* ElementOf(const WindowTable& windows, WindowHandle window) {
+  Gtk::Widget* widget = windows.WidgetOf(window);
+  return widget != nullptr ? gtk_widget_get_accessible(widget->gobj()) : nullptr;
+}
+
+}  // namespace
+
+/// How own elements find what lies around them.
+class LinuxAccessibility::OwnFamily : public LocalAccessible::Family {
+ public:
+  explicit OwnFamily(LinuxAccessibility& owner) : owner_(owner) {}
+  AccessiblePtr Make(AtkObject* object) override {
+    const auto window = WindowOf(object);
+    return owner_.ObjectFromWindow(window, kObjectClient);
+  }
+  AccessiblePtr Desktop() override { return owner_.ObjectFromWindow(0, kObjectClient); }
+  WindowHandle WindowOf(AtkObject* object) override {
+    for (; object != nullptr; object = atk_object_get_parent(object)) {
+      if (!GTK_IS_ACCESSIBLE(object)) continue;
+      GtkWidget* widget = gtk_accessible_get_widget(GTK_ACCESSIBLE(object));
+      if (widget == nullptr) continue;
+      if (const auto handle = owner_.windows_.WindowAround(widget)) return handle;
+    }
+    return 0;
+  }
+
+ private:
+  LinuxAccessibility& owner_;
+};
+
+/// One Fetch under way. Filled on the bus's thread, read on the user's after it.
+struct LinuxAccessibility::Request {
+  struct Part {
+    WindowHandle window;
+    ElementRef plug;
+    std::optional<ElementRef> root;
+    std::shared_ptr<const Snapshot> snapshot;
+  };
+  std::vector<Part> parts;
+  std::string problem;
+  std::function<void()> done;
+  std::shared_ptr<std::atomic<bool>> cancelled = std::make_shared<std::atomic<bool>>(false);
+  std::function<void()> arrived;  // tells the user's thread
+
+  // Reads one part after the other.
+  static void ReadFrom(std::size_t index, const std::shared_ptr<Request>& request, AccessBus& bus) {
+    if (*request->cancelled) return;
+    if (index == request->parts.size()) return request->arrived();
+    auto& part = request->parts[index];
+    reader::FindDocument(bus, part.plug, [=, &bus, &part](std::optional<ElementRef> root) {
+      part.root = root;
+      if (!root) return ReadFrom(index + 1, request, bus);
+      reader::ReadTree(bus, *root, request->cancelled,
+                       [=, &bus, &part](std::shared_ptr<const Snapshot> snapshot) {
+                         part.snapshot = std::move(snapshot);
+                         ReadFrom(index + 1, request, bus);
+                       });
+    });
+  }
+};
+
+LinuxAccessibility::LinuxAccessibility(WindowTable& windows)
+    : windows_(windows),
+      self_(std::make_shared<LinuxAccessibility*>(this)),
+      family_(std::make_shared<OwnFamily>(*this)),
+      bus_(std::make_shared<AccessBus>([self = std::weak_ptr(self_)] {
+        PostToUser([self] {
+          if (const auto here = self.lock()) (*here)->Problem.Raise(kLost);
+        });
+      })) {}
+
+LinuxAccessibility::~LinuxAccessibility() {
+  self_.reset();
+  family_.reset();
+}
+
+Connection LinuxAccessibility::Fetch(const std::vector<WindowHandle>& windows,
+                                     std::function<void()> done) {
+  auto request = std::make_shared<Request>();
+  request->done = std::move(done);
+  for (const WindowHandle window : windows) {
+    const auto plug = PlugOf(ElementOf(windows_, window));
+    trees_.erase(window);
+    if (plug) request->parts.push_back({window, *plug, {}, nullptr});
+  }
+  request->arrived = [weak = std::weak_ptr(request), self = std::weak_ptr(self_)] {
+    PostToUser([request = weak.lock(), self] {
+      const auto here = self.lock();
+      if (here && request && !*request->cancelled) (*here)->Finish(request);
+    });
+  };
+  bus_->Post([request, bus = bus_.get()] {
+    bus->Connect([request, bus](const std::string& problem) {
+      request->problem = problem;
+      if (!problem.empty()) return request->arrived();
+      Request::ReadFrom(0, request, *bus);
+    });
+  });
+  return Connection([cancelled = request->cancelled] { *cancelled = true; });
+}
+
+void LinuxAccessibility::Finish(const std::shared_ptr<Request>& request) {
+  if (!request->problem.empty()) {
+    Problem.Raise(request->problem);
+    if (*request->cancelled) return;
+  }
+  for (const auto& part : request->parts) {
+    AtkObject* socket = ElementOf(windows_, part.window);
+    if (!part.root || !part.snapshot || socket == nullptr) continue;
+    auto tree = std::make_shared<RemoteTree>();
+    tree->bus = bus_;
+    tree->snapshot = part.snapshot;
+    tree->window = part.window;
+    tree->root = *part.root;
+    tree->host = std::make_shared<LocalAccessible>(family_, socket);
+    trees_[part.window] = std::move(tree);
+  }
+  const auto done = request->done;
+  done();
+}
+
+AccessiblePtr LinuxAccessibility::ObjectFromWindow(WindowHandle window, std::int32_t /*id*/) {
+  if (window == 0) return std::make_shared<DesktopObject>(family_);
+  AtkObject* object = ElementOf(windows_, window);
+  if (object == nullptr) return nullptr;
+  if (!ATK_IS_SOCKET(object)) return std::make_shared<LocalAccessible>(family_, object);
+  const auto tree = trees_.find(window);
+  if (tree == trees_.end()) return nullptr;
+  const Element* root = tree->second->snapshot->Find(tree->second->root);
+  if (root == nullptr || root->role == kRoleVanished) return nullptr;
+  return std::make_shared<RemoteAccessible>(tree->second, *root);
+}
+
+AccessibleElement LinuxAccessibility::ObjectFromPoint(ScreenPoint point) {
+  const ObjectPtr<AtkObject> own(OwnElementAt(point));
+  if (!own) return {};
+  if (ATK_IS_SOCKET(own.get())) {
+    const auto page = family_->Make(own.get());
+    const auto* remote = dynamic_cast<const RemoteAccessible*>(page.get());
+    if (remote != nullptr) {
+      const auto inner = remote->At(point);
+      return {inner ? inner : page, {}};
+    }
+  }
+  return {std::make_shared<LocalAccessible>(family_, own.get()), {}};
+}
+
+ScreenPoint LinuxAccessibility::CursorPos() const { return PointerOnScreen(); }
+
+ScreenPoint LinuxAccessibility::CaretPos() const { return CaretInControl(); }
+
+std::string LinuxAccessibility::RoleText(int role) const { return WordsOfRole(role); }
+
+}  // namespace corvane::desktop

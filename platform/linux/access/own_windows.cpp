@@ -1,0 +1,77 @@
+#include "platform/linux/access/own_windows.h"
+
+#include "platform/linux/web/gobject.h"
+
+namespace corvane::desktop {
+namespace {
+
+GtkWidget* FocusedWidget() {
+  GList* tops = gtk_window_list_toplevels();
+  GtkWidget* focused = nullptr;
+  for (GList* each = tops; each != nullptr && focused == nullptr; each = each->next) {
+    auto* top = GTK_WINDOW(each->data);
+    if (gtk_window_is_active(top)) focused = gtk_window_get_focus(top);
+  }
+  g_list_free(tops);
+  return focused;
+}
+
+}  // namespace
+
+std::optional<ElementRef> PlugOf(AtkObject* object) {
+  if (!ATK_IS_SOCKET(object) || !atk_socket_is_occupied(ATK_SOCKET(object))) return {};
+  const std::string id = Text(ATK_SOCKET(object)->embedded_plug_id);
+  const auto colon = id.find(':', 1);  // a unique name begins with one
+  if (colon == std::string::npos) return {};
+  return ElementRef{id.substr(0, colon), id.substr(colon + 1)};
+}
+
+AtkObject* OwnElementAt(ScreenPoint point) {
+  GList* tops = gtk_window_list_toplevels();
+  AtkObject* found = nullptr;
+  for (GList* each = tops; each != nullptr && found == nullptr; each = each->next) {
+    auto* widget = GTK_WIDGET(each->data);
+    if (!gtk_widget_get_mapped(widget)) continue;
+    AtkObject* top = gtk_widget_get_accessible(widget);
+    if (!ATK_IS_COMPONENT(top) ||
+        !atk_component_contains(ATK_COMPONENT(top), point.x, point.y, ATK_XY_SCREEN)) {
+      continue;
+    }
+    found = ATK_OBJECT(g_object_ref(top));
+  }
+  g_list_free(tops);
+  while (found != nullptr && ATK_IS_COMPONENT(found)) {
+    AtkObject* inner = atk_component_ref_accessible_at_point(ATK_COMPONENT(found), point.x, point.y,
+                                                             ATK_XY_SCREEN);
+    if (inner == nullptr || inner == found) {
+      if (inner != nullptr) g_object_unref(inner);
+      break;
+    }
+    g_object_unref(found);
+    found = inner;
+  }
+  return found;
+}
+
+ScreenPoint PointerOnScreen() {
+  ScreenPoint point;
+  GdkSeat* seat = gdk_display_get_default_seat(gdk_display_get_default());
+  gdk_device_get_position(gdk_seat_get_pointer(seat), nullptr, &point.x, &point.y);
+  return point;
+}
+
+ScreenPoint CaretInControl() {
+  GtkWidget* focused = FocusedWidget();
+  AtkObject* object = focused != nullptr ? gtk_widget_get_accessible(focused) : nullptr;
+  if (object == nullptr || !ATK_IS_TEXT(object) || !ATK_IS_COMPONENT(object)) return {};
+  ScreenRect caret;
+  ScreenRect control;
+  atk_text_get_character_extents(ATK_TEXT(object), atk_text_get_caret_offset(ATK_TEXT(object)),
+                                 &caret.left, &caret.top, &caret.width, &caret.height,
+                                 ATK_XY_SCREEN);
+  atk_component_get_extents(ATK_COMPONENT(object), &control.left, &control.top, &control.width,
+                            &control.height, ATK_XY_SCREEN);
+  return {caret.left - control.left, caret.top - control.top};
+}
+
+}  // namespace corvane::desktop

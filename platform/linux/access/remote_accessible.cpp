@@ -1,0 +1,143 @@
+#include "platform/linux/access/remote_accessible.h"
+
+#include <utility>
+
+#include "base/text.h"
+#include "platform/linux/access/element_facts.h"
+#include "platform/linux/access/element_reader.h"
+
+namespace corvane::desktop {
+namespace {
+
+constexpr int kReadAnew = 64;  // children; more would keep the user waiting
+constexpr const char* kAction = "org.a11y.atspi.Action";
+constexpr const char* kComponent = "org.a11y.atspi.Component";
+
+}  // namespace
+
+std::vector<AccessibleElement> RemoteAccessible::Children(int most) const {
+  std::optional<std::vector<Element>> elements;
+  const bool known = tree_->snapshot->Find(element_.ref) != nullptr;
+  if (!known || element_.child_count <= kReadAnew) {
+    using Answer = std::optional<std::vector<Element>>;
+    auto answer = tree_->bus->Ask<Answer>(
+        [bus = tree_->bus.get(), ref = element_.ref](std::function<void(Answer)> done) {
+          reader::ReadChildren(*bus, ref, std::move(done));
+        });
+    if (answer) elements = std::move(*answer);
+  }
+  if (!elements) elements = tree_->snapshot->Children(element_.ref);
+  std::vector<AccessibleElement> children;
+  for (auto& element : *elements) {
+    if (static_cast<int>(children.size()) >= most) break;
+    children.push_back({std::make_shared<RemoteAccessible>(tree_, std::move(element)), {}});
+  }
+  return children;
+}
+
+AccessiblePtr RemoteAccessible::At(ScreenPoint point) const {
+  auto found = tree_->bus->Ask<Element>(
+      [bus = tree_->bus.get(), ref = element_.ref, point](std::function<void(Element)> done) {
+        constexpr guint32 kOnScreen = 0;
+        bus->Call(ref, kComponent, "GetAccessibleAtPoint",
+                  g_variant_new("(iiu)", point.x, point.y, kOnScreen), [=](VariantPtr reply) {
+                    if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("((so))"))) {
+                      return done({});
+                    }
+                    const char* name = nullptr;
+                    const char* path = nullptr;
+                    g_variant_get(reply.get(), "((&s&o))", &name, &path);
+                    reader::ReadElement(*bus, {name, path}, done);
+                  });
+      });
+  if (!found || found->ref.path.empty() || found->role == kRoleVanished) return nullptr;
+  return std::make_shared<RemoteAccessible>(tree_, std::move(*found));
+}
+
+AccessiblePtr RemoteAccessible::Parent() const {
+  if (element_.ref == tree_->root) return tree_->host;
+  auto parent = tree_->bus->Ask<Element>(
+      [bus = tree_->bus.get(), ref = element_.ref](std::function<void(Element)> done) {
+        bus->Call(ref, "org.freedesktop.DBus.Properties", "Get",
+                  g_variant_new("(ss)", kAccessibleInterface, "Parent"), [=](VariantPtr reply) {
+                    if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(v)"))) {
+                      return done({});
+                    }
+                    GVariant* inner = nullptr;
+                    g_variant_get(reply.get(), "(v)", &inner);
+                    const VariantPtr owned(inner);
+                    if (!g_variant_is_of_type(inner, G_VARIANT_TYPE("(so)"))) return done({});
+                    const char* name = nullptr;
+                    const char* path = nullptr;
+                    g_variant_get(inner, "(&s&o)", &name, &path);
+                    reader::ReadElement(*bus, {name, path}, done);
+                  });
+      });
+  if (!parent || parent->ref.path.empty()) return nullptr;
+  return std::make_shared<RemoteAccessible>(tree_, std::move(*parent));
+}
+
+std::string RemoteAccessible::AskForText(const char* interface, const char* method) const {
+  const auto answer =
+      tree_->bus->Ask<std::string>([bus = tree_->bus.get(), ref = element_.ref, interface,
+                                    method](std::function<void(std::string)> done) {
+        bus->Call(ref, interface, method, g_variant_new("(i)", 0), [done](VariantPtr reply) {
+          const char* text = "";
+          if (reply && g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(s)"))) {
+            g_variant_get(reply.get(), "(&s)", &text);
+          }
+          done(text::valid(text));
+        });
+      });
+  return answer.value_or("");
+}
+
+std::string RemoteAccessible::OwnText(AccessibleText which) const {
+  switch (which) {
+    case AccessibleText::Name:
+      return element_.name;
+    case AccessibleText::Value:
+      return element_.value;
+    case AccessibleText::Description:
+      return element_.description;
+    case AccessibleText::Help:
+      return "";  // the bus knows no such text
+    case AccessibleText::DefaultAction:
+      return AskForText(kAction, "GetName");
+    case AccessibleText::KeyboardShortcut:
+      return AskForText(kAction, "GetKeyBinding");
+  }
+  return "";
+}
+
+ScreenRect RemoteAccessible::OwnLocation() const {
+  const auto place = tree_->bus->Ask<ScreenRect>(
+      [bus = tree_->bus.get(), ref = element_.ref](std::function<void(ScreenRect)> done) {
+        constexpr guint32 kOnScreen = 0;
+        bus->Call(ref, kComponent, "GetExtents", g_variant_new("(u)", kOnScreen),
+                  [done](VariantPtr reply) {
+                    ScreenRect rect;
+                    if (reply && g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("((iiii))"))) {
+                      g_variant_get(reply.get(), "((iiii))", &rect.left, &rect.top, &rect.width,
+                                    &rect.height);
+                    }
+                    done(rect);
+                  });
+      });
+  return place.value_or(ScreenRect());
+}
+
+void RemoteAccessible::OwnSelect(int flags) {
+  if ((flags & kSelectTakeFocus) == 0) return;
+  tree_->bus->Post([bus = tree_->bus.get(), ref = element_.ref] {
+    bus->Call(ref, kComponent, "GrabFocus", nullptr, [](const VariantPtr&) {});
+  });
+}
+
+void RemoteAccessible::OwnDefaultAction() {
+  tree_->bus->Post([bus = tree_->bus.get(), ref = element_.ref] {
+    bus->Call(ref, kAction, "DoAction", g_variant_new("(i)", 0), [](const VariantPtr&) {});
+  });
+}
+
+}  // namespace corvane::desktop

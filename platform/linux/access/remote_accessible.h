@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/linux/access/element.h"
+#include "platform/linux/access/whole_object.h"
+
+namespace corvane::desktop {
+
+/// What the elements of one fetched tree have in common.
+struct RemoteTree {
+  std::shared_ptr<AccessBus> bus;
+  std::shared_ptr<const Snapshot> snapshot;
+  WindowHandle window = 0;
+  ElementRef root;
+  AccessiblePtr host;  ///< the element of our own that the tree hangs in
+};
+
+/// An element of another process. Texts, role and state are those of the time
+/// when it was read. A few children are read anew when they are asked for, if
+/// their program answers while the user does not notice; otherwise, and when
+/// there are many, they are those that were fetched.
+class RemoteAccessible : public WholeObject {
+ public:
+  RemoteAccessible(std::shared_ptr<const RemoteTree> tree, Element element)
+      : tree_(std::move(tree)), element_(std::move(element)) {}
+
+  int ChildCount() const override { return element_.child_count; }
+  std::vector<AccessibleElement> Children(int most) const override;
+  AccessiblePtr Parent() const override;
+  WindowHandle Window() const override { return tree_->window; }
+
+  /// The innermost element at a point of the screen; null for none.
+  AccessiblePtr At(ScreenPoint point) const;
+
+ private:
+  std::string OwnText(AccessibleText which) const override;
+  int OwnRole() const override { return element_.role; }
+  std::uint32_t OwnState() const override { return element_.state; }
+  ScreenRect OwnLocation() const override;
+  void OwnSelect(int flags) override;
+  void OwnDefaultAction() override;
+  std::string AskForText(const char* interface, const char* method) const;
+
+  std::shared_ptr<const RemoteTree> tree_;
+  Element element_;
+};
+
+}  // namespace corvane::desktop
