@@ -176,6 +176,22 @@ def reading(build, base, links, runs):
     return times, stalls
 
 
+def accessibility(build, base, elements, runs):
+    """The longest time the window took no events while the elements of a page,
+    half of them links, were fetched for the side bar."""
+    stalls = []
+    for _ in range(runs):
+        browser = Browser(build, base + f"/links/{elements // 2}", pane="SideBar=5\n")
+        try:
+            browser.wait_spoken(f"{elements // 2} links")  # fetching has begun
+            browser.stalls.unlink(missing_ok=True)
+            time.sleep(20)
+            stalls.append(browser.longest_stall())
+        finally:
+            browser.end()
+    return stalls
+
+
 def focus_address():
     """From the text pane, where the focus goes after a page, past the toolbar."""
     subprocess.run(["xdotool", "key", "--delay", "60", "Tab", "Tab", "ctrl+a"], check=True)
@@ -321,6 +337,8 @@ def main():
             f"{median(stalls):.0f} ms", "50 ms" if links == 10_000 else "")
     for tree_row in trees.rows(lambda address, **options: Browser(build, address, **options), base, median):
         row(*tree_row)
+    row("longest stall of the window while 10,000 accessible elements are fetched, median",
+        f"{median(accessibility(build, base, 10_000, 3)):.0f} ms", "50 ms")
     engine_rows(json_lines(build / "bin/web_bench"))
     speech = json_lines(build / "bin/speech_bench")
     speech_rows(speech)

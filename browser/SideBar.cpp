@@ -31,6 +31,7 @@ SideBar::SideBar(PaneContext& pane, PaneSettings& settings, PaneLayout& layout)
       settings_(settings),
       layout_(layout),
       explorer_(pane.desktop),
+      accessibility_(pane, explorer_),
       favorites_(pane.desktop),
       icons_large_(pane.desktop.CreateImageList()),
       icons_small_(pane.desktop.CreateImageList()),
@@ -61,6 +62,7 @@ void SideBar::mnuSideBarContent_Click(int index) {
 void SideBar::Show(int content) {
   ++shown_;
   outline_ = false;
+  accessibility_.GiveUp();
   explorer_.ClearNodes();
   switch (content) {
     case kSideBarFavorites:
@@ -118,11 +120,17 @@ void SideBar::RefreshTreeStructure() {
   explorer_.SetRoot(root);
 }
 
-void SideBar::RefreshAABrowser() { explorer_.ClearNodes(); }
+void SideBar::RefreshAABrowser() {
+  ++shown_;
+  outline_ = false;
+  pane_.controls.TreeView1->SetImageList(page_images_.get());
+  accessibility_.RefreshAABrowser();
+}
 
 TreeView& SideBar::ClearForOutline() {
   ++shown_;
   outline_ = true;
+  accessibility_.GiveUp();
   explorer_.ClearNodes();
   return *pane_.controls.TreeView1;
 }
@@ -159,7 +167,7 @@ void SideBar::TreeView1_DblClick() {
     if (outline_) {
       Explain(node);
     } else if (content == kSideBarAccessibility) {
-      FollowAccessible(node);
+      accessibility_.Follow(node);
     } else if (content != kSideBarNone) {
       Follow(node, content);
     }
@@ -202,8 +210,6 @@ void SideBar::Follow(TreeNode& node, int content) {
   pane_.StartReading();
   pane_.controls.brwWebBrowser->Navigate2(address);
 }
-
-void SideBar::FollowAccessible(const TreeNode&) {}
 
 void SideBar::OpenOrClose(TreeNode& node) {
   const TreeNodeId id = node.Id();

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "browser/AccessibilityView.h"
 #include "browser/Favorites.h"
 #include "browser/PaneContext.h"
 #include "browser/PaneLayout.h"
@@ -48,7 +49,6 @@ class SideBar {
   std::string HistoryPath() const;
   void Explain(TreeNode& node);
   void Follow(TreeNode& node, int content);
-  void FollowAccessible(const TreeNode& node);
   std::string AddressOf(const TreeNode& node, int content) const;
   void OpenOrClose(TreeNode& node);
   void TreeView1_GotFocus();
@@ -60,6 +60,7 @@ class SideBar {
   PaneSettings& settings_;
   PaneLayout& layout_;
   CExplorer explorer_;
+  AccessibilityView accessibility_;
   Favorites favorites_;
   std::shared_ptr<ImageList> icons_large_;
   std::shared_ptr<ImageList> icons_small_;

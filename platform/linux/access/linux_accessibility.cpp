@@ -37,12 +37,13 @@ AtkObject* ElementOf(const WindowTable& windows, WindowHandle window) {
 class LinuxAccessibility::OwnFamily : public LocalAccessible::Family {
  public:
   explicit OwnFamily(LinuxAccessibility& owner) : owner_(owner) {}
-  AccessiblePtr Make(AtkObject* object) override {
-    const auto window = WindowOf(object);
-    return owner_.ObjectFromWindow(window, kObjectClient);
+  AccessiblePtr Inside(AtkObject* socket) override {
+    const WindowHandle window = FetchedWindowOf(socket);
+    return window != 0 ? owner_.ObjectFromWindow(window, kObjectClient) : nullptr;
   }
   AccessiblePtr Desktop() override { return owner_.ObjectFromWindow(0, kObjectClient); }
   WindowHandle WindowOf(AtkObject* object) override {
+    if (const auto fetched = FetchedWindowOf(object)) return fetched;
     for (; object != nullptr; object = atk_object_get_parent(object)) {
       if (!GTK_IS_ACCESSIBLE(object)) continue;
       GtkWidget* widget = gtk_accessible_get_widget(GTK_ACCESSIBLE(object));
@@ -53,6 +54,14 @@ class LinuxAccessibility::OwnFamily : public LocalAccessible::Family {
   }
 
  private:
+  // A socket does not know its widget.
+  WindowHandle FetchedWindowOf(AtkObject* object) const {
+    for (const auto& [window, tree] : owner_.trees_) {
+      if (ElementOf(owner_.windows_, window) == object) return window;
+    }
+    return 0;
+  }
+
   LinuxAccessibility& owner_;
 };
 
@@ -141,6 +150,11 @@ void LinuxAccessibility::Finish(const std::shared_ptr<Request>& request) {
     tree->window = part.window;
     tree->root = *part.root;
     tree->host = std::make_shared<LocalAccessible>(family_, socket);
+    tree->origin = [window = part.window, self = std::weak_ptr(self_)] {
+      const auto here = self.lock();
+      Gtk::Widget* widget = here ? (*here)->windows_.WidgetOf(window) : nullptr;
+      return widget != nullptr ? OriginOf(widget->gobj()) : ScreenPoint();
+    };
     trees_[part.window] = std::move(tree);
   }
   const auto done = request->done;
@@ -163,7 +177,7 @@ AccessibleElement LinuxAccessibility::ObjectFromPoint(ScreenPoint point) {
   const ObjectPtr<AtkObject> own(OwnElementAt(point));
   if (!own) return {};
   if (ATK_IS_SOCKET(own.get())) {
-    const auto page = family_->Make(own.get());
+    const auto page = family_->Inside(own.get());
     const auto* remote = dynamic_cast<const RemoteAccessible*>(page.get());
     if (remote != nullptr) {
       const auto inner = remote->At(point);

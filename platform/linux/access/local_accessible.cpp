@@ -38,8 +38,7 @@ std::vector<AccessibleElement> LocalAccessible::Children(int most) const {
   if (!family) return children;
   if (ATK_IS_SOCKET(object_.get())) {
     // What another process shows in there is the socket's only child.
-    const auto inside = family->Make(object_.get());
-    if (inside && inside.get() != this) children.push_back({inside, {}});
+    if (const auto inside = family->Inside(object_.get())) children.push_back({inside, {}});
     return children;
   }
   const int count = std::min(most, atk_object_get_n_accessible_children(object_.get()));

@@ -14,10 +14,11 @@ namespace corvane::desktop {
 /// An element of one of the program's own windows, asked without a bus.
 class LocalAccessible : public WholeObject {
  public:
-  /// How elements above and below are made, which may not be local ones.
+  /// What lies around own elements and is none.
   struct Family {
     virtual ~Family() = default;
-    virtual AccessiblePtr Make(AtkObject* object) = 0;
+    /// What another process shows in a socket; null for nothing.
+    virtual AccessiblePtr Inside(AtkObject* socket) = 0;
     virtual AccessiblePtr Desktop() = 0;
     virtual WindowHandle WindowOf(AtkObject* object) = 0;
   };

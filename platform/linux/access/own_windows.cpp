@@ -53,6 +53,20 @@ AtkObject* OwnElementAt(ScreenPoint point) {
   return found;
 }
 
+ScreenPoint OriginOf(GtkWidget* widget) {
+  ScreenPoint origin;
+  GtkWidget* top = gtk_widget_get_toplevel(widget);
+  GdkWindow* surface = gtk_widget_get_window(top);
+  if (surface == nullptr ||
+      !gtk_widget_translate_coordinates(widget, top, 0, 0, &origin.x, &origin.y)) {
+    return {};
+  }
+  int left = 0;
+  int upper = 0;
+  gdk_window_get_origin(surface, &left, &upper);
+  return {origin.x + left, origin.y + upper};
+}
+
 ScreenPoint PointerOnScreen() {
   ScreenPoint point;
   GdkSeat* seat = gdk_display_get_default_seat(gdk_display_get_default());

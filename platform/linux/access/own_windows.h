@@ -17,6 +17,9 @@ std::optional<ElementRef> PlugOf(AtkObject* object);
 /// null where another program's window, or none, lies. To be released.
 AtkObject* OwnElementAt(ScreenPoint point);
 
+/// Where a widget's upper left corner is on the screen.
+ScreenPoint OriginOf(GtkWidget* widget);
+
 ScreenPoint PointerOnScreen();
 
 /// The caret of the control that has the focus, in pixels of that control; 0, 0

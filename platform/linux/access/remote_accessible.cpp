@@ -9,7 +9,8 @@
 namespace corvane::desktop {
 namespace {
 
-constexpr int kReadAnew = 64;  // children; more would keep the user waiting
+constexpr int kReadAnew = 64;     // children; more would keep the user waiting
+constexpr guint32 kInWindow = 1;  // whose coordinates places are in
 constexpr const char* kAction = "org.a11y.atspi.Action";
 constexpr const char* kComponent = "org.a11y.atspi.Component";
 
@@ -36,11 +37,12 @@ std::vector<AccessibleElement> RemoteAccessible::Children(int most) const {
 }
 
 AccessiblePtr RemoteAccessible::At(ScreenPoint point) const {
+  const ScreenPoint origin = tree_->origin();
+  const ScreenPoint inside{point.x - origin.x, point.y - origin.y};
   auto found = tree_->bus->Ask<Element>(
-      [bus = tree_->bus.get(), ref = element_.ref, point](std::function<void(Element)> done) {
-        constexpr guint32 kOnScreen = 0;
+      [bus = tree_->bus.get(), ref = element_.ref, inside](std::function<void(Element)> done) {
         bus->Call(ref, kComponent, "GetAccessibleAtPoint",
-                  g_variant_new("(iiu)", point.x, point.y, kOnScreen), [=](VariantPtr reply) {
+                  g_variant_new("(iiu)", inside.x, inside.y, kInWindow), [=](VariantPtr reply) {
                     if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("((so))"))) {
                       return done({});
                     }
@@ -113,8 +115,7 @@ std::string RemoteAccessible::OwnText(AccessibleText which) const {
 ScreenRect RemoteAccessible::OwnLocation() const {
   const auto place = tree_->bus->Ask<ScreenRect>(
       [bus = tree_->bus.get(), ref = element_.ref](std::function<void(ScreenRect)> done) {
-        constexpr guint32 kOnScreen = 0;
-        bus->Call(ref, kComponent, "GetExtents", g_variant_new("(u)", kOnScreen),
+        bus->Call(ref, kComponent, "GetExtents", g_variant_new("(u)", kInWindow),
                   [done](VariantPtr reply) {
                     ScreenRect rect;
                     if (reply && g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("((iiii))"))) {
@@ -124,7 +125,9 @@ ScreenRect RemoteAccessible::OwnLocation() const {
                     done(rect);
                   });
       });
-  return place.value_or(ScreenRect());
+  if (!place || (place->width == 0 && place->height == 0)) return {};
+  const ScreenPoint origin = tree_->origin();
+  return {place->left + origin.x, place->top + origin.y, place->width, place->height};
 }
 
 void RemoteAccessible::OwnSelect(int flags) {

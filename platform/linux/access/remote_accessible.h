@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -16,6 +17,9 @@ struct RemoteTree {
   WindowHandle window = 0;
   ElementRef root;
   AccessiblePtr host;  ///< the element of our own that the tree hangs in
+  /// Where that lies on the screen. Elements are asked for their place in there:
+  /// to know it on the screen, a page's process would have to ask us, who wait.
+  std::function<ScreenPoint()> origin;
 };
 
 /// An element of another process. Texts, role and state are those of the time
