@@ -181,7 +181,7 @@ def accessibility(build, base, elements, runs):
     half of them links, were fetched for the side bar."""
     stalls = []
     for _ in range(runs):
-        browser = Browser(build, base + f"/links/{elements // 2}", pane="SideBar=5\n")
+        browser = Browser(build, base + f"/links/{elements // 2}", pane={"SideBar": 5})
         try:
             browser.wait_spoken(f"{elements // 2} links")  # fetching has begun
             browser.stalls.unlink(missing_ok=True)
