@@ -16,6 +16,9 @@ enum FileItem : int {
   kFilePrint = 5,
   kFileExit = 7
 };
+enum GoItem : int { kGoBack, kGoForward, kGoStop, kGoRefresh, kGoHome, kGoSearch };
+enum ViewItem : int { kViewToolbar, kViewStatusbar };
+enum HelpItem : int { kHelpContents, kHelpAbout };
 enum SettingsItem : int {
   kSettingsEngine = 0,
   kSettingsSideBar = 2,

@@ -1,16 +1,11 @@
 #include "app/MenuCommands.h"
 
+#include "app/WindowDialogs.h"
 #include "base/handling.h"
 #include "speech/MSAgent.h"
 #include "speech/MainApp.h"
 
 namespace corvane {
-namespace {
-
-constexpr int kPaneStatusFeedback = 9;  // the pane's command number
-
-}  // namespace
-
 MenuCommands::MenuCommands(MainMenu& menu, ctlWebBrowser& pane, Host& host)
     : menu_(menu), pane_(pane), host_(host) {
   const auto connect = [this](MenuArray& array, void (MenuCommands::*handler)(int)) {
@@ -19,6 +14,10 @@ MenuCommands::MenuCommands(MainMenu& menu, ctlWebBrowser& pane, Host& host)
     });
   };
   connect(menu_.mnuFileItem, &MenuCommands::mnuFileItem_Click);
+  connect(menu_.mnuEdit, &MenuCommands::mnuEdit_Click);
+  connect(menu_.mnuGo, &MenuCommands::mnuGo_Click);
+  connect(menu_.mnuView, &MenuCommands::mnuView_Click);
+  connect(menu_.mnuHelp, &MenuCommands::mnuHelp_Click);
   connect(menu_.mnuSettings, &MenuCommands::mnuSettings_Click);
   connect(menu_.mnuSideBarContent, &MenuCommands::mnuSideBarContent_Click);
   connect(menu_.mnuTextHistory, &MenuCommands::mnuTextHistory_Click);
@@ -27,18 +26,9 @@ MenuCommands::MenuCommands(MainMenu& menu, ctlWebBrowser& pane, Host& host)
   connect(menu_.mnuSpeech, &MenuCommands::mnuSpeech_Click);
   connect(menu_.mnuRate, &MenuCommands::mnuRate_Click);
   connect(menu_.mnuPitch, &MenuCommands::mnuPitch_Click);
-  DisableWhatIsMissing();
+  menu_.mnuView(kViewToolbar).SetChecked(true);
+  menu_.mnuView(kViewStatusbar).SetChecked(true);
   menu_.mnuSpeech(kSpeechKeyEcho).SetEnabled(false);
-}
-
-void MenuCommands::DisableWhatIsMissing() {
-  for (int i : {kFileNewWindow, kFileOpenWebSite, kFileOpen, kFileSaveAs, kFilePrint}) {
-    menu_.mnuFileItem(i).SetEnabled(false);
-  }
-  for (const MenuArray* array : {&menu_.mnuEdit, &menu_.mnuGo, &menu_.mnuView, &menu_.mnuHelp}) {
-    for (int i = 0; i < array->Count(); ++i) (*array)(i).SetEnabled(false);
-  }
-  menu_.mnuSettings(kSettingsEngine).SetEnabled(false);
 }
 
 bool MenuCommands::Toggle(MenuItem& item, const std::string& key) {
@@ -49,13 +39,66 @@ bool MenuCommands::Toggle(MenuItem& item, const std::string& key) {
 }
 
 void MenuCommands::mnuFileItem_Click(int index) {
-  if (index == kFileExit) ErrorsIgnored([&] { host_.Unload(); });
+  ErrorsIgnored([&] {
+    switch (index) {
+      case kFileNewWindow:
+        host_.NewWindow();
+        break;
+      case kFileOpenWebSite:
+        pane_.cmdAction(ctlWebBrowser::kOpenWebSite);
+        break;
+      case kFileOpen:
+        host_.Dialogs().OpenFile([this](const std::string& path) { pane_.Navigate(path); });
+        break;
+      case kFileSaveAs:
+        pane_.cmdAction(ctlWebBrowser::kSaveAs);
+        break;
+      case kFilePrint:
+        pane_.cmdAction(ctlWebBrowser::kPrintPage);
+        break;
+      case kFileExit:
+        host_.Unload();
+        break;
+      default:
+        break;
+    }
+  });
+}
+
+void MenuCommands::mnuEdit_Click(int index) {
+  ErrorsIgnored([&] { pane_.Edit(index); });
+}
+
+void MenuCommands::mnuGo_Click(int index) {
+  ErrorsIgnored([&] { pane_.cmdToolbar_Click(index); });
+}
+
+void MenuCommands::mnuView_Click(int index) {
+  ErrorsIgnored([&] {
+    MenuItem& item = menu_.mnuView(index);
+    const bool show = !item.Checked();
+    if (index == kViewToolbar) pane_.HideButtonToolBar(!show);
+    if (index == kViewStatusbar) host_.ShowStatusBar(show);
+    item.SetChecked(show);
+  });
+}
+
+void MenuCommands::mnuHelp_Click(int index) {
+  if (index == kHelpContents) {
+    ErrorsIgnored([&] { pane_.GetHelp(host_.HelpFile()); },
+                  [&] { pane_.cmdAction(ctlWebBrowser::kFocusTree); });
+  } else if (index == kHelpAbout) {
+    ErrorsIgnored([&] { host_.Dialogs().ShowAbout(host_.MainApp()); });
+  }
 }
 
 void MenuCommands::mnuSettings_Click(int index) {
-  if (index != kSettingsStatusFeedback) return;
-  ErrorsIgnored([&] { Toggle(menu_.mnuSettings(kSettingsStatusFeedback), "StatusChange"); },
-                [&] { pane_.cmdAction(kPaneStatusFeedback); });
+  if (index == kSettingsEngine) {
+    ErrorsIgnored([&] { pane_.cmdAction(ctlWebBrowser::kEngineOptions); });
+  } else if (index == kSettingsStatusFeedback) {
+    ErrorsIgnored([&] { Toggle(menu_.mnuSettings(kSettingsStatusFeedback), "StatusChange"); },
+                  [&] { pane_.cmdAction(ctlWebBrowser::kStatusFeedback); });
+  }
 }
 
 void MenuCommands::mnuSideBarContent_Click(int index) {

@@ -9,6 +9,7 @@
 namespace corvane {
 
 class MainApp;
+class WindowDialogs;
 
 /// What the menu bar's commands do. They forward to the browser pane and drive
 /// the speech service; the check marks are the state.
@@ -22,11 +23,22 @@ class MenuCommands {
     /// Stores one of the window's own settings.
     virtual void SaveSetting(const std::string& key, const std::string& value) = 0;
     virtual void Unload() = 0;
+    /// Opens a further window that shares this one's service.
+    virtual void NewWindow() = 0;
+    /// Shows the status bar and gives it to the pane, or the other way round.
+    virtual void ShowStatusBar(bool show) = 0;
+    virtual WindowDialogs& Dialogs() = 0;
+    /// The help text's path.
+    virtual std::string HelpFile() const = 0;
   };
 
   MenuCommands(MainMenu& menu, ctlWebBrowser& pane, Host& host);
 
   void mnuFileItem_Click(int index);
+  void mnuEdit_Click(int index);
+  void mnuGo_Click(int index);
+  void mnuView_Click(int index);
+  void mnuHelp_Click(int index);
   void mnuSettings_Click(int index);
   void mnuSideBarContent_Click(int index);
   void mnuTextHistory_Click(int index);
@@ -37,7 +49,6 @@ class MenuCommands {
   void mnuPitch_Click(int index);
 
  private:
-  void DisableWhatIsMissing();
   /// Inverts an item's check mark, stores it under `key` and returns it.
   bool Toggle(MenuItem& item, const std::string& key);
   bool SpeechEnabled() const { return menu_.mnuSpeech(kSpeechEnable).Checked(); }

@@ -10,6 +10,7 @@
 namespace corvane {
 namespace {
 
+constexpr const char* kHelpText = "cvhelp.txt";
 constexpr const char* kTrue = "True";
 constexpr int kNoticePanel = 2;  // the first belongs to the pane
 
@@ -21,7 +22,9 @@ frmCorvane::Parts::Parts(Desktop& desktop, MenuCommands::Host& host)
       sbStatusBar(desktop.CreateStatusBar("sbStatusBar")),
       menu(desktop),
       ctlWebBrowser1(desktop),
-      commands(menu, ctlWebBrowser1, host) {
+      commands(menu, ctlWebBrowser1, host),
+      dialogs(desktop, *form),
+      keys(*form, commands, ctlWebBrowser1) {
   form->SetCaption(kApplicationTitle);
   form->SetMenu(menu.Bar());
   form->SetContent(*ELAMain);
@@ -133,6 +136,26 @@ void frmCorvane::MainApp_KeyboardEchoStatus(bool blnKeyboardEcho) {
 
 void frmCorvane::Unload() {
   if (parts_) parts_->form->Close(Form::UnloadMode::Code);
+}
+
+void frmCorvane::NewWindow() {
+  Application application(process_);
+  application.StartBrowser(service_);
+}
+
+void frmCorvane::ShowStatusBar(bool show) {
+  Parts& parts = Required(parts_);
+  ErrorsIgnored(
+      [&] { parts.sbStatusBar->SetVisible(show); },
+      [&] { parts.ctlWebBrowser1.SetStatusBar(show ? parts.sbStatusBar.get() : nullptr); },
+      [&] { parts.ELAMain->Realign(); });
+}
+
+WindowDialogs& frmCorvane::Dialogs() { return Required(parts_).dialogs; }
+
+std::string frmCorvane::HelpFile() const {
+  const FileSystem& files = desktop_.GetFileSystem();
+  return files.ProgramFolder() + files.Separator() + kHelpText;
 }
 
 void frmCorvane::Form_Unload() {

@@ -4,8 +4,10 @@
 #include <memory>
 #include <string>
 
+#include "app/KeyCommands.h"
 #include "app/MainMenu.h"
 #include "app/MenuCommands.h"
+#include "app/WindowDialogs.h"
 #include "browser/ctlWebBrowser.h"
 #include "platform/desktop.h"
 #include "speech/ISpeechNotify.h"
@@ -48,6 +50,8 @@ class frmCorvane : public ISpeechNotify,
     MainMenu menu;
     ctlWebBrowser ctlWebBrowser1;
     MenuCommands commands;
+    WindowDialogs dialogs;
+    KeyCommands keys;
     Connections connections;
   };
   Parts* Inside() { return parts_.get(); }
@@ -60,6 +64,10 @@ class frmCorvane : public ISpeechNotify,
   corvane::Form& ISpeechWindow_Window() override;
   void ISpeechWindow_SpeechReady() override;
   void SaveSetting(const std::string& key, const std::string& value) override;
+  void NewWindow() override;
+  void ShowStatusBar(bool show) override;
+  WindowDialogs& Dialogs() override;
+  std::string HelpFile() const override;
 
   void Load();
   void Form_Load();

@@ -137,6 +137,9 @@ void Navigation::cmdAction(int action) {
       case kActionPrint:
         c.brwWebBrowser->ExecWB(WebBrowser::OLECMDID_PRINT, WebBrowser::OLECMDEXECOPT_PROMPTUSER);
         break;
+      case kActionEngineOptions:
+        pane_.desktop.ShowEngineOptions();
+        break;
       case kActionFocusTree:
         c.TreeView1->SetFocus();
         break;

@@ -25,7 +25,8 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop)
       favorites_(pane_, side_bar_),
       help_(pane_, side_bar_),
       echo_(pane_),
-      reader_(pane_, navigation_, elements_, links_, side_bar_) {
+      reader_(pane_, navigation_, elements_, links_, side_bar_),
+      areas_(pane_) {
   PaneMenu& menu = pane_.menu;
   connections_ += menu.mnuTextHistory.Click.Connect([this](int i) { mnuTextHistory_Click(i); });
   connections_ += menu.mnuHome.Click.Connect([this](int i) { mnuHome_Click(i); });

@@ -9,6 +9,7 @@
 #include "browser/Navigation.h"
 #include "browser/PageElements.h"
 #include "browser/PageReader.h"
+#include "browser/PaneAreas.h"
 #include "browser/PaneContext.h"
 #include "browser/PaneLayout.h"
 #include "browser/PaneSettings.h"
@@ -42,6 +43,17 @@ class ctlWebBrowser {
   /// Shut-down; the host calls it before it unloads.
   void Terminate();
 
+  /// Numbers of cmdAction that a host sends.
+  enum Action : int {
+    kSaveAs = 1,
+    kPrintPage = 2,
+    kEngineOptions = 3,
+    kFocusTree = 4,
+    kFocusAddress = 6,
+    kOpenWebSite = 8,
+    kStatusFeedback = 9,
+  };
+
   void Navigate(const std::string& url) { navigation_.Navigate(url); }
   /// Finds in the page, zooms.
   void PageCommand(WebBrowser::PageCommand command) {
@@ -50,6 +62,9 @@ class ctlWebBrowser {
   void cmdAction(int action) { navigation_.cmdAction(action); }
   void Edit(int action) { navigation_.Edit(action); }
   void cmdToolbar_Click(int index) { navigation_.cmdToolbar_Click(index); }
+  /// Goes round the pane's areas.
+  void NextArea() { areas_.Next(); }
+  void PreviousArea() { areas_.Previous(); }
   void HideButtonToolBar(bool hide) { layout_.HideButtonToolBar(hide); }
   /// Speaks the title of the page that was read last; silent before the first.
   void SayWhereYouAre() { reader_.SayTitle(); }
@@ -87,6 +102,7 @@ class ctlWebBrowser {
   HelpOutline help_;
   CaretEcho echo_;
   PageReader reader_;
+  PaneAreas areas_;
   Connections connections_;
 };
 

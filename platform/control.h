@@ -30,6 +30,8 @@ enum KeyCodes : int {
   kKeyDown = 40,
   kKeyDelete = 46,
   kKeyF1 = 112,
+  kKeyF5 = 116,
+  kKeyF6 = 117,
 };
 
 /// A key going down or up. A handler that sets KeyCode to 0 keeps the key from

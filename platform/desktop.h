@@ -30,6 +30,7 @@ namespace corvane {
 
 class Accessibility;
 class Automation;
+class FileDialog;
 class ImageList;
 class Shell;
 
@@ -63,6 +64,7 @@ class Desktop {
   virtual std::unique_ptr<ActivationHook> CreateActivationHook() = 0;
   virtual std::unique_ptr<KeyboardHook> CreateKeyboardHook() = 0;
   virtual std::unique_ptr<MessageHook> CreateMessageHook() = 0;
+  virtual std::unique_ptr<FileDialog> CreateFileDialog() = 0;
 
   virtual Windows& GetWindows() = 0;
   virtual MessageBox& GetMessageBox() = 0;
@@ -73,6 +75,10 @@ class Desktop {
   virtual Shell& GetShell() = 0;
   virtual Automation& GetAutomation() = 0;
   virtual Accessibility& GetAccessibility() = 0;
+
+  /// Shows the rendering engine's own options; the focus lands inside the dialog.
+  /// What is changed there holds for all pages at once. Returns at once.
+  virtual void ShowEngineOptions() = 0;
 
   /// Lets events that are already waiting run, then returns. Handlers may
   /// re-enter the caller. May pass when it was called a moment ago.

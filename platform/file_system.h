@@ -13,6 +13,8 @@ class FileSystem {
   /// The folder of the program's executable, without a trailing separator
   /// unless it is the root.
   virtual std::string ProgramFolder() const = 0;
+  /// The folder that relative paths start from; empty when it is gone.
+  virtual std::string CurrentFolder() const = 0;
   /// The character between a path's parts.
   virtual char Separator() const = 0;
   virtual bool Exists(const std::string& path) const = 0;

@@ -52,6 +52,9 @@ class Form {
   /// off the screen for good.
   virtual void Close(UnloadMode mode) = 0;
 
+  /// A key going down anywhere in the window, before the control that has the
+  /// focus sees it. A handler that sets the code to 0 has used the key.
+  Event<KeyEvent&> KeyDown;
   /// May set the flag to keep the window; raised before Unload.
   Event<bool&, UnloadMode> QueryUnload;
   /// The window goes. The listener may destroy the form from here.

@@ -11,6 +11,7 @@
 #include "platform/linux/gtk/command_button.h"
 #include "platform/linux/gtk/do_events.h"
 #include "platform/linux/gtk/elastic_frame.h"
+#include "platform/linux/gtk/file_dialog.h"
 #include "platform/linux/gtk/form.h"
 #include "platform/linux/gtk/image_list.h"
 #include "platform/linux/gtk/list_box.h"
@@ -34,7 +35,10 @@ namespace {
 
 constexpr const char* kApplication = "Corvane";
 constexpr const char* kSection = "Settings";
-constexpr const char* kDefaultSearchService = "https://html.duckduckgo.com/html/?q=%s";
+
+constexpr const char* kHistory = "History";
+
+std::string DataFolder() { return std::string(g_get_user_data_dir()) + "/corvane/"; }
 
 }  // namespace
 
@@ -42,7 +46,8 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
     : started_by_(started_by),
       automation_(SessionBus().get()),
       speech_(MakeSpeechOutput()),
-      dialogs_(windows_, [this](const std::string& text, bool /*urgent*/) { Speak(text); }) {
+      dialogs_(windows_, [this](const std::string& text, bool /*urgent*/) { Speak(text); }),
+      dialog_listener_([this](const std::string& text, bool /*urgent*/) { Speak(text); }) {
   WindowTable::Entry root;
   root.class_name = "Root";
   root.text = [] { return std::string(kApplication); };
@@ -53,6 +58,8 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
   shell_ = std::make_unique<FileShell>(std::string(g_get_user_data_dir()) + "/corvane");
   alerts_ = std::make_shared<PageAlerts>(windows_);
   engine_ = std::make_unique<WebEngine>(MakeEngineOptions());
+  engine_->SetPreferences(EngineChoices::Read(settings_).preferences);
+  MakeOptionsDialog();
   connections_ += speech_->Notified.Connect([this](const std::string& text) {
     g_message("%s", text.c_str());
     notices_.push_back(text);
@@ -69,15 +76,15 @@ LinuxDesktop::~LinuxDesktop() = default;
 
 EngineOptions LinuxDesktop::MakeEngineOptions() {
   EngineOptions options;
-  options.start_page = [this] { return OwnSetting("StartPage", kHomePage); };
-  options.search_service = [this] { return OwnSetting("SearchService", kDefaultSearchService); };
+  options.start_page = [this] { return EngineChoices::Read(settings_).start_page; };
+  options.search_service = [this] { return EngineChoices::Read(settings_).search_service; };
   options.dialogs = alerts_;
   options.zoom_changed = [this](int percent) {
     settings_.SaveSetting(kApplication, kSection, "Zoom", std::to_string(percent));
   };
   options.questions = std::make_shared<PageQuestions>(dialogs_);
-  const std::string data = std::string(g_get_user_data_dir()) + "/corvane/";
-  const std::string history = data + "History";
+  const std::string data = DataFolder();
+  const std::string history = data + kHistory;
   options.page_visited = [visits = std::make_shared<HistoryFolder>(history)](
                              const std::string& address, const std::string& title) {
     visits->Add(address, title);
@@ -85,6 +92,19 @@ EngineOptions LinuxDesktop::MakeEngineOptions() {
   options.find_matches = [folders = std::vector{data + "Favorites", history}](
                              const std::string& words) { return FindShortcuts(folders, words); };
   return options;
+}
+
+void LinuxDesktop::MakeOptionsDialog() {
+  EngineOptionsDialog::Engine engine;
+  engine.choices = [this] { return EngineChoices::Read(settings_); };
+  engine.apply = [this](const EngineChoices& choices) {
+    choices.Write(settings_);
+    engine_->SetPreferences(choices.preferences);
+  };
+  engine.clear_history = [] { HistoryFolder(DataFolder() + kHistory).Clear(); };
+  engine.clear_cookies = [this] { engine_->ClearSiteData(); };
+  engine.clear_cache = [this] { engine_->ClearCache(); };
+  options_dialog_ = std::make_unique<EngineOptionsDialog>(dialogs_, std::move(engine));
 }
 
 std::string LinuxDesktop::OwnSetting(const std::string& key, const std::string& fallback) const {
@@ -159,6 +179,10 @@ std::unique_ptr<MessageHook> LinuxDesktop::CreateMessageHook() {
 }
 
 Shell& LinuxDesktop::GetShell() { return *shell_; }
+std::unique_ptr<FileDialog> LinuxDesktop::CreateFileDialog() {
+  return std::make_unique<GtkFileDialog>(
+      windows_, dialogs_, [this](const std::string& text, bool /*urgent*/) { Speak(text); });
+}
 
 Accessibility& LinuxDesktop::GetAccessibility() { return *accessibility_; }
 

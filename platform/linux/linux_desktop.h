@@ -6,8 +6,10 @@
 
 #include "platform/desktop.h"
 #include "platform/linux/automation/bus_automation.h"
+#include "platform/linux/engine_options_dialog.h"
 #include "platform/linux/gtk/activation_hook.h"
 #include "platform/linux/gtk/clipboard.h"
+#include "platform/linux/gtk/dialog_listener.h"
 #include "platform/linux/gtk/event_hooks.h"
 #include "platform/linux/gtk/message_box.h"
 #include "platform/linux/gtk/spoken_dialogs.h"
@@ -61,6 +63,8 @@ class LinuxDesktop : public Desktop {
   Automation& GetAutomation() override { return automation_; }
   Accessibility& GetAccessibility() override;
 
+  std::unique_ptr<FileDialog> CreateFileDialog() override;
+  void ShowEngineOptions() override { options_dialog_->Show(); }
   void DoEvents() override;
   void Pause(int milliseconds) override;
   float TwipsPerPixel() const override;
@@ -75,6 +79,7 @@ class LinuxDesktop : public Desktop {
 
  private:
   EngineOptions MakeEngineOptions();
+  void MakeOptionsDialog();
   std::string OwnSetting(const std::string& key, const std::string& fallback) const;
   bool SpeechIsWanted() const;
   void Speak(const std::string& text);
@@ -94,8 +99,10 @@ class LinuxDesktop : public Desktop {
   std::unique_ptr<SpeechOutput> speech_;
   std::unique_ptr<MessageBoxQueue> message_box_;
   SpokenDialogs dialogs_;  // the program's own questions
+  DialogListener dialog_listener_;
   std::shared_ptr<PageAlerts> alerts_;
   std::unique_ptr<WebEngine> engine_;
+  std::unique_ptr<EngineOptionsDialog> options_dialog_;
   bool running_ = false;
   std::vector<std::string> notices_;  // not told yet
   StallMeter stall_meter_;

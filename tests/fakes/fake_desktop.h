@@ -12,6 +12,7 @@
 #include "tests/fakes/fake_agent.h"
 #include "tests/fakes/fake_automation.h"
 #include "tests/fakes/fake_controls.h"
+#include "tests/fakes/fake_file_dialog.h"
 #include "tests/fakes/fake_rich_text_box.h"
 #include "tests/fakes/fake_services.h"
 #include "tests/fakes/fake_shell.h"
@@ -169,6 +170,10 @@ class FakeDesktop : public Desktop {
   std::unique_ptr<KeyboardHook> CreateKeyboardHook() override;
   std::unique_ptr<MessageHook> CreateMessageHook() override;
 
+  std::unique_ptr<FileDialog> CreateFileDialog() override {
+    return std::make_unique<FakeFileDialog>(file_dialogs);
+  }
+
   FakeWindows& GetWindows() override { return windows; }
   FakeMessageBox& GetMessageBox() override { return boxes; }
   FakeSettings& GetSettings() override { return settings; }
@@ -179,6 +184,7 @@ class FakeDesktop : public Desktop {
   FakeAutomation& GetAutomation() override { return automation; }
   FakeAccessibility& GetAccessibility() override { return accessibility; }
 
+  void ShowEngineOptions() override { ++engine_options; }
   void DoEvents() override {
     ++yields;
     if (on_yield) on_yield();
@@ -219,6 +225,8 @@ class FakeDesktop : public Desktop {
   FakeAutomation automation;
   FakeAccessibility accessibility;
   FakeAgent::Journal speech;
+  FakeFileDialog::Script file_dialogs;
+  int engine_options = 0;          ///< how often they were shown
   std::vector<FakeTimer*> timers;  ///< in the order of their making
   FakeActivationHook* hook = nullptr;
   FakeKeyboardHook* keyboard_hook = nullptr;

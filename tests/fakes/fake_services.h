@@ -79,6 +79,7 @@ class FakeFileSystem : public FileSystem {
  public:
   std::string ProgramFolder() const override { return program_folder; }
   char Separator() const override { return separator; }
+  std::string CurrentFolder() const override { return current_folder; }
   bool Exists(const std::string& path) const override { return files.count(path) != 0; }
   std::vector<std::string> ReadLines(const std::string& path) const override {
     if (unreadable) throw RunTimeError(kErrPermissionDenied, "FileSystem", "Permission denied");
@@ -97,6 +98,7 @@ class FakeFileSystem : public FileSystem {
   std::string program_folder = "/opt/corvane";
   char separator = '/';
   std::function<void(const std::string& path, const std::string& content)> on_write;
+  std::string current_folder = "/home/ann";
   bool unreadable = false;
   std::map<std::string, std::vector<std::string>> files;
   std::map<std::tuple<std::string, std::string, std::string>, std::string> profile;

@@ -1,3 +1,4 @@
+#include "platform/file_dialog.h"
 #include "tests/unit/program.h"
 
 namespace corvane::tests {
@@ -138,15 +139,220 @@ TEST(MenuCommands, ExitClosesThisWindowOnly) {
   EXPECT_EQ(p.desktop.Living("frmProcess"), 1U);
 }
 
-TEST(MenuCommands, WhatIsNotThereYetIsDisabledAndDoesNothing) {
+TEST(MenuCommands, NewWindowSharesTheServiceAndOutlivesTheFirst) {
   Program p;
   p.Start();
-  MenuItem& back = p.Inside().menu.mnuGo(0);
-  EXPECT_FALSE(back.Enabled());
-  back.Click.Raise();
-  EXPECT_FALSE(p.Inside().menu.mnuSettings(0).Enabled());
   p.Inside().menu.mnuFileItem(0).Click.Raise();
-  EXPECT_EQ(p.process.Forms().size(), 1U);
+  ASSERT_EQ(p.process.Forms().size(), 2U);
+  const auto service = p.Service();
+  EXPECT_EQ(p.Window(1)->MainApp(), service);
+  EXPECT_TRUE(p.Inside(1).form->Visible());
+  p.Window(0)->Unload();
+  ASSERT_EQ(p.process.Forms().size(), 1U);
+  EXPECT_EQ(p.Window(0)->MainApp(), service);
+  EXPECT_EQ(p.desktop.Living("frmProcess"), 1U);
+}
+
+TEST(MenuCommands, EachWindowHasItsOwnEnableSpeech) {
+  Program p;
+  p.StartTalking();
+  p.Inside().menu.mnuFileItem(0).Click.Raise();
+  ASSERT_TRUE(p.Inside(1).menu.mnuSpeech(0).Checked());  // the stored choice
+  p.Inside(1).menu.mnuSpeech(0).Click.Raise();
+  EXPECT_FALSE(p.Inside(1).menu.mnuSpeech(0).Checked());
+  EXPECT_TRUE(p.Inside(0).menu.mnuSpeech(0).Checked());
+  ASSERT_NE(p.Service()->gMSAgent(), nullptr);
+  p.Spoken();
+  static_cast<ISpeechNotify&>(*p.Window(1)).Say("silent", false);
+  static_cast<ISpeechNotify&>(*p.Window(0)).Say("heard", false);
+  EXPECT_THAT(p.Spoken(), ElementsAre("heard"));
+}
+
+TEST(MenuCommands, TheCharacterLivesWhileAnyWindowHasSpeechOn) {
+  Program p;
+  p.StartTalking();
+  p.Inside().menu.mnuFileItem(0).Click.Raise();
+  const auto service = p.Service();
+  p.Window(1)->Unload();
+  EXPECT_NE(service->gMSAgent(), nullptr);
+  p.Inside(0).menu.mnuSpeech(0).Click.Raise();
+  EXPECT_EQ(service->gMSAgent(), nullptr);
+}
+
+TEST(MenuCommands, OpenWebSiteEmptiesTheAddressBoxAndGoesThere) {
+  Program p;
+  p.Start();
+  p.Address().text = "http://somewhere";
+  p.Inside().menu.mnuFileItem(1).Click.Raise();
+  EXPECT_EQ(p.Address().text, "");
+  EXPECT_EQ(p.desktop.focus, "cboAddress");
+}
+
+TEST(MenuCommands, OpenFileAsksForAPageAndGoesThere) {
+  Program p;
+  p.Start();
+  p.Inside().menu.mnuFileItem(2).Click.Raise();
+  auto& dialog = p.desktop.file_dialogs;
+  ASSERT_TRUE(dialog.shown);
+  EXPECT_EQ(dialog.kind, FileDialog::Kind::Open);
+  EXPECT_EQ(dialog.record.flags, 0x28102CU);
+  EXPECT_EQ(dialog.record.filter, "HyperText Markup Language (*.htm,*.html)|*.htm*");
+  EXPECT_EQ(dialog.record.owner, p.Inside().form->hwnd());
+  dialog.hook({FakeFileDialog::kHookWindow, kWmInitDialog, 0, 0});
+  EXPECT_THAT(dialog.calls, ElementsAre("Move 900 to 100,50 300x200"));
+  p.Browser().calls.clear();
+  dialog.Choose("/home/ann/a page.html", "a page.html");
+  EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 /home/ann/a page.html"));
+}
+
+TEST(MenuCommands, CancellingTheOpenFileDialogNavigatesNowhere) {
+  Program p;
+  p.Start();
+  p.Browser().calls.clear();
+  for (int i = 0; i < 2; ++i) {  // it can be opened again
+    p.Inside().menu.mnuFileItem(2).Click.Raise();
+    ASSERT_TRUE(p.desktop.file_dialogs.shown);
+    p.desktop.file_dialogs.Cancel();
+  }
+  EXPECT_THAT(p.Browser().calls, IsEmpty());
+  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
+}
+
+TEST(MenuCommands, AnOpenFileDialogGoesWithItsWindow) {
+  Program p;
+  p.Start();
+  p.Inside().menu.mnuFileItem(2).Click.Raise();
+  p.Window(0)->Unload();
+  EXPECT_FALSE(p.desktop.file_dialogs.shown);
+}
+
+TEST(MenuCommands, SaveAsAndPrintAreTheEnginesCommands) {
+  Program p;
+  p.Start();
+  p.Browser().calls.clear();
+  p.Inside().menu.mnuFileItem(3).Click.Raise();
+  p.Inside().menu.mnuFileItem(5).Click.Raise();
+  EXPECT_THAT(p.Browser().calls, ElementsAre("ExecWB 4 2", "ExecWB 6 1"));
+}
+
+TEST(MenuCommands, EditWorksOnTheTextPaneAndTheClipboard) {
+  Program p;
+  p.Start();
+  MainMenu& menu = p.Inside().menu;
+  ctlText& pane = p.Inside().ctlWebBrowser1.Inside().controls.ctlText1;
+  pane.SetText("one two");
+  menu.mnuEdit(4).Click.Raise();
+  EXPECT_EQ(pane.SelText(), "one two");
+  EXPECT_EQ(p.desktop.focus, "Text1");
+  pane.SetSelStart(0);
+  pane.SetSelLength(3);
+  menu.mnuEdit(1).Click.Raise();
+  EXPECT_EQ(p.desktop.clipboard.text, "one");
+  menu.mnuEdit(0).Click.Raise();
+  EXPECT_EQ(pane.Text(), " two");
+  pane.SetSelStart(4);
+  menu.mnuEdit(2).Click.Raise();
+  EXPECT_EQ(pane.Text(), " twoone");
+  menu.mnuEdit(3).Click.Raise();  // the separator
+  EXPECT_EQ(pane.Text(), " twoone");
+}
+
+TEST(MenuCommands, GoIsTheToolbar) {
+  Program p;
+  p.Start();
+  p.Browser().calls.clear();
+  for (int index = 0; index <= 4; ++index) p.Inside().menu.mnuGo(index).Click.Raise();
+  EXPECT_THAT(p.Browser().calls, ElementsAre("GoBack", "GoForward", "Stop", "Refresh",
+                                             testing::StartsWith("Navigate2 ")));
+  p.Inside().menu.mnuGo(5).Click.Raise();
+  EXPECT_EQ(p.Address().text, "Search ");
+  EXPECT_EQ(p.Address().caret, 7);
+}
+
+TEST(MenuCommands, EngineSettingsAreShown) {
+  Program p;
+  p.Start();
+  p.Inside().menu.mnuSettings(0).Click.Raise();
+  EXPECT_EQ(p.desktop.engine_options, 1);
+}
+
+TEST(MenuCommands, ToolbarItemHidesAndShowsTheButtons) {
+  Program p;
+  p.Start();
+  MenuItem& item = p.Inside().menu.mnuView(0);
+  const auto& buttons = p.Inside().ctlWebBrowser1.Inside().controls.ButtonContainer;
+  EXPECT_TRUE(item.Checked());
+  item.Click.Raise();
+  EXPECT_FALSE(item.Checked());
+  EXPECT_FALSE(buttons->Visible());
+  item.Click.Raise();
+  EXPECT_TRUE(item.Checked());
+  EXPECT_TRUE(buttons->Visible());
+}
+
+TEST(MenuCommands, StatusbarItemHidesAndDetachesTheBar) {
+  Program p;
+  p.Start();
+  MenuItem& item = p.Inside().menu.mnuView(1);
+  int realigned = 0;
+  const auto listening = p.Inside().ELAMain->RealignFrame.Connect([&] { ++realigned; });
+  EXPECT_TRUE(item.Checked());
+  item.Click.Raise();
+  EXPECT_FALSE(item.Checked());
+  EXPECT_FALSE(p.Status().Visible());
+  EXPECT_EQ(realigned, 1);
+  p.Browser().StatusTextChange.Raise("unseen");
+  EXPECT_NE(p.Status().PanelText(1), "unseen");
+  item.Click.Raise();
+  EXPECT_TRUE(item.Checked());
+  EXPECT_TRUE(p.Status().Visible());
+  EXPECT_EQ(realigned, 2);
+  p.Browser().StatusTextChange.Raise("seen");
+  EXPECT_EQ(p.Status().PanelText(1), "seen");
+}
+
+TEST(MenuCommands, HelpContentsOpensTheHelpTextInTheSideBar) {
+  Program p;
+  p.desktop.files.files["/opt/corvane/cvhelp.txt"] = {"Keys: All of them.", "\tF5: Loads again."};
+  p.Start();
+  p.Inside().menu.mnuHelp(0).Click.Raise();
+  ASSERT_EQ(p.Tree().nodes.size(), 1U);
+  EXPECT_EQ(p.Tree().nodes[0]->text, "Keys");
+  EXPECT_EQ(p.desktop.focus, "TreeView1");
+}
+
+TEST(MenuCommands, ChoosingAnItemThatIsCheckedKeepsExactlyOne) {
+  Program p;
+  p.Start();
+  MainMenu& menu = p.Inside().menu;
+  for (MenuArray* array : {&menu.mnuSideBarContent, &menu.mnuTextHistory, &menu.mnuHome,
+                           &menu.mnuFocus, &menu.mnuRate, &menu.mnuPitch}) {
+    for (int i = 0; i < array->Count(); ++i) {
+      if ((*array)(i).Caption() == "-") continue;
+      (*array)(i).Click.Raise();
+      (*array)(i).Click.Raise();
+      int checked = 0;
+      for (int j = 0; j < array->Count(); ++j) checked += (*array)(j).Checked() ? 1 : 0;
+      EXPECT_EQ(checked, 1);
+      EXPECT_TRUE((*array)(i).Checked());
+    }
+  }
+}
+
+TEST(MenuCommands, KeyboardEchoIsEnabledOnlyWhileSpeechIsOn) {
+  Program p;
+  p.Start();
+  MenuItem& echo = p.Inside().menu.mnuSpeech(1);
+  EXPECT_FALSE(echo.Enabled());
+  p.Inside().menu.mnuSpeech(0).Click.Raise();
+  EXPECT_TRUE(echo.Enabled());
+  echo.Click.Raise();
+  EXPECT_TRUE(echo.Checked());
+  EXPECT_EQ(p.desktop.settings.Main("KeyEcho"), "True");
+  EXPECT_TRUE(p.Service()->gMSAgent()->blnKeyboardEcho);
+  echo.Click.Raise();
+  EXPECT_FALSE(p.Service()->gMSAgent()->blnKeyboardEcho);
+  EXPECT_EQ(p.desktop.settings.Main("KeyEcho"), "False");
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "base/error.h"
 #include "platform/linux/gtk/menu.h"
 #include "platform/linux/gtk/text.h"
+#include "platform/linux/gtk/virtual_key.h"
 
 namespace corvane::desktop {
 namespace {
@@ -33,6 +34,7 @@ FormWindow::FormWindow(const std::string& name, WindowTable& windows)
   entry.widget = &window_;
   handle_ = windows_.Add(std::move(entry));
 
+  group_->add_window(window_);
   window_.set_name(name);
   window_.set_title(Valid(caption_));
   box_.pack_start(menu_slot_, false, true);
@@ -54,6 +56,15 @@ FormWindow::FormWindow(const std::string& name, WindowTable& windows)
       [this](GdkEventConfigure*) {
         Configured();
         return false;
+      },
+      false);
+  window_.signal_key_press_event().connect(
+      [this](GdkEventKey* event) {
+        const auto alive = alive_;
+        KeyEvent key{VirtualKey(*event), ShiftState(event->state)};
+        const int code = key.KeyCode;
+        KeyDown.Raise(key);
+        return !*alive || (code != 0 && key.KeyCode == 0);
       },
       false);
   window_.signal_key_press_event().connect([this](GdkEventKey* event) { return Escape(*event); },
@@ -146,7 +157,10 @@ void FormWindow::Show() {
 void FormWindow::ShowModal(Form* owner) {
   if (closed_) return;
   auto* behind = dynamic_cast<FormWindow*>(owner);
-  if (behind && behind != this && behind->Visible()) window_.set_transient_for(behind->window_);
+  if (behind && behind != this && behind->Visible()) {
+    window_.set_transient_for(behind->window_);
+    behind->group_->add_window(window_);
+  }
   modal_ = true;
   window_.set_modal(true);
   Show();

@@ -2,6 +2,7 @@
 
 #include <gtkmm/box.h>
 #include <gtkmm/window.h>
+#include <gtkmm/windowgroup.h>
 
 #include <memory>
 #include <string>
@@ -62,6 +63,8 @@ class FormWindow : public Form {
   WindowHandle handle_ = 0;
   std::string caption_;
   Gtk::Window window_;
+  // Modal windows hold up those of their own group only.
+  Glib::RefPtr<Gtk::WindowGroup> group_ = Gtk::WindowGroup::create();
   Gtk::Box box_;
   ClipBox menu_slot_;  // each lets the window be smaller than its content
   ClipBox content_slot_;

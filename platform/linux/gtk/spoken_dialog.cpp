@@ -3,10 +3,12 @@
 #include <atkmm/object.h>
 #include <gdk/gdkkeysyms.h>
 #include <gtkmm/grid.h>
+#include <gtkmm/windowgroup.h>
 
 #include <algorithm>
 #include <utility>
 
+#include "platform/linux/gtk/dialog_listener.h"
 #include "platform/linux/gtk/post.h"
 #include "platform/linux/gtk/text.h"
 
@@ -105,10 +107,14 @@ void SpokenDialog::Present(Gtk::Window* owner) {
   if (dialog_) return;
   dialog_ = std::make_unique<Gtk::MessageDialog>(Valid(question_.text), false,
                                                  TypeOf(question_.icon), Gtk::BUTTONS_NONE, true);
+  MarkAsSpeaking(GTK_WIDGET(dialog_->gobj()));
   dialog_->set_title(Valid(OnOneLine(question_.title)));
   dialog_->get_accessible()->set_name(Valid(question_.title));
   dialog_->get_accessible()->set_description(Valid(question_.text));
-  if (owner) dialog_->set_transient_for(*owner);
+  if (owner) {
+    dialog_->set_transient_for(*owner);
+    owner->get_group()->add_window(*dialog_);  // other windows go on
+  }
   dialog_->set_position(Gtk::WIN_POS_CENTER_ON_PARENT);
   AddFields();
   AddButtons();

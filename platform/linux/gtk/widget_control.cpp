@@ -81,7 +81,10 @@ struct WidgetBinding::State {
 void WidgetBinding::State::FocusChanged() {
   if (std::exchange(had_focus, focus.has_focus()) == focus.has_focus()) return;
   if (!focus.has_focus()) {
-    auto* grab = gtk_grab_get_current();
+    auto* top = gtk_widget_get_toplevel(focus.gobj());
+    auto* grab = GTK_IS_WINDOW(top)
+                     ? gtk_window_group_get_current_grab(gtk_window_get_group(GTK_WINDOW(top)))
+                     : nullptr;
     menu_took_focus = grab && GTK_IS_MENU_SHELL(grab);
     return;
   }

@@ -54,6 +54,11 @@ LocalFileSystem::LocalFileSystem() : LocalFileSystem(ExecutableFolder()) {}
 LocalFileSystem::LocalFileSystem(std::string program_folder)
     : program_folder_(std::move(program_folder)) {}
 
+std::string LocalFileSystem::CurrentFolder() const {
+  std::error_code error;
+  return std::filesystem::current_path(error).string();
+}
+
 bool LocalFileSystem::Exists(const std::string& path) const {
   std::error_code error;
   return fs::exists(path, error);

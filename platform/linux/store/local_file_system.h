@@ -17,6 +17,7 @@ class LocalFileSystem : public FileSystem {
   explicit LocalFileSystem(std::string program_folder);
 
   std::string ProgramFolder() const override { return program_folder_; }
+  std::string CurrentFolder() const override;
   char Separator() const override { return '/'; }
   bool Exists(const std::string& path) const override;
   std::vector<std::string> ReadLines(const std::string& path) const override;

@@ -180,11 +180,14 @@ TEST_F(FormTest, AModalFormTakesTheInputOfOthersAndGivesItBack) {
   ShowActive(owner);
   dialog.ShowModal(&owner);
   WaitFor("the dialog", [&] { return dialog.window().property_is_active().get_value(); });
-  EXPECT_EQ(gtk_grab_get_current(), GTK_WIDGET(dialog.window().gobj()));
+  const auto grab = [&] {
+    return gtk_window_group_get_current_grab(gtk_window_get_group(owner.window().gobj()));
+  };
+  EXPECT_EQ(grab(), GTK_WIDGET(dialog.window().gobj()));
   EXPECT_EQ(dialog.window().get_transient_for(), &owner.window());
   dialog.Hide();
   Settle();
-  EXPECT_EQ(gtk_grab_get_current(), nullptr);
+  EXPECT_EQ(grab(), nullptr);
   dialog.ShowModal(nullptr);
   EXPECT_TRUE(dialog.Visible());
 }
@@ -258,6 +261,50 @@ TEST_F(FormTest, AStatusBarHasPanels) {
   EXPECT_EQ(bar.PanelText(3), "secure");
   EXPECT_EQ(bar.PanelText(9), "");
   EXPECT_ANY_THROW(bar.SetPanelText(0, "x"));
+}
+
+TEST_F(FormTest, TheFormSeesAKeyBeforeItsControlAndMayUseIt) {
+  test::TestWindow window(windows_);
+  TextBoxControl field("Text1", windows_);
+  window.frame.Add(field);
+  window.Show();
+  field.SetFocus();
+  std::vector<std::string> seen;
+  const auto form = window.form.KeyDown.Connect([&](KeyEvent& key) {
+    seen.push_back("form " + std::to_string(key.KeyCode) + "/" + std::to_string(key.Shift));
+    if (key.KeyCode == kKeyF5) key.KeyCode = 0;
+  });
+  const auto control = field.KeyDown.Connect(
+      [&](KeyEvent& key) { seen.push_back("field " + std::to_string(key.KeyCode)); });
+  Key(field.widget(), GDK_KEY_F5);
+  Key(field.widget(), GDK_KEY_F6, GDK_SHIFT_MASK);
+  EXPECT_THAT(seen, ElementsAre("form 116/0", "form 117/1", "field 117"));
+}
+
+TEST_F(FormTest, AKeyMayEndItsForm) {
+  auto form = std::make_unique<FormWindow>("frmGone", windows_);
+  ShowActive(*form);
+  const auto unload = form->Unload.Connect([&] { form.reset(); });
+  const auto keys = form->KeyDown.Connect([&](KeyEvent&) { form->Close(Form::UnloadMode::Code); });
+  Key(form->window(), GDK_KEY_F5);
+  EXPECT_EQ(form, nullptr);
+}
+
+TEST_F(FormTest, AModalFormHoldsUpItsOwnerAndNoOtherWindow) {
+  FormWindow owner("frmOwner", windows_);
+  FormWindow other("frmOther", windows_);
+  FormWindow modal("frmModal", windows_);
+  ShowActive(other);
+  ShowActive(owner);
+  modal.ShowModal(&owner);
+  WaitFor("the modal window", [&] { return modal.window().property_is_active().get_value(); });
+  int keys = 0;
+  const auto listening = other.KeyDown.Connect([&](KeyEvent&) { ++keys; });
+  const auto not_listening = owner.KeyDown.Connect([&](KeyEvent&) { keys += 100; });
+  Key(owner.window(), GDK_KEY_F5);
+  EXPECT_EQ(keys, 0);
+  Key(other.window(), GDK_KEY_F5);
+  EXPECT_EQ(keys, 1);
 }
 
 }  // namespace

@@ -1,0 +1,50 @@
+#include "app/KeyCommands.h"
+
+#include <array>
+
+#include "base/handling.h"
+
+namespace corvane {
+namespace {
+
+using Target = const KeyCommand::Target&;
+
+// One key a row. Whatever is here must be in the help text and in the README.
+constexpr std::array kCommands = {
+    KeyCommand{kKeyLeft, kAltMask, "Alt+Left", [](Target t) { t.commands.mnuGo_Click(kGoBack); }},
+    KeyCommand{kKeyRight, kAltMask, "Alt+Right",
+               [](Target t) { t.commands.mnuGo_Click(kGoForward); }},
+    KeyCommand{kKeyF5, 0, "F5", [](Target t) { t.commands.mnuGo_Click(kGoRefresh); }},
+    KeyCommand{kKeyF6, 0, "F6", [](Target t) { t.pane.NextArea(); }},
+    KeyCommand{kKeyF6, kShiftMask, "Shift+F6", [](Target t) { t.pane.PreviousArea(); }},
+    KeyCommand{'L', kCtrlMask, "Ctrl+L",
+               [](Target t) { t.pane.cmdAction(ctlWebBrowser::kFocusAddress); }},
+    KeyCommand{'N', kCtrlMask, "Ctrl+N",
+               [](Target t) { t.commands.mnuFileItem_Click(kFileNewWindow); }},
+    KeyCommand{'O', kCtrlMask, "Ctrl+O", [](Target t) { t.commands.mnuFileItem_Click(kFileOpen); }},
+    KeyCommand{'P', kCtrlMask, "Ctrl+P",
+               [](Target t) { t.commands.mnuFileItem_Click(kFilePrint); }},
+    KeyCommand{'W', kCtrlMask, "Ctrl+W", [](Target t) { t.commands.mnuFileItem_Click(kFileExit); }},
+};
+
+}  // namespace
+
+std::span<const KeyCommand> AllKeyCommands() { return kCommands; }
+
+KeyCommands::KeyCommands(Form& form, MenuCommands& commands, ctlWebBrowser& pane)
+    : target_{commands, pane} {
+  connections_ += form.KeyDown.Connect([this](KeyEvent& key) { Form_KeyDown(key); });
+}
+
+void KeyCommands::Form_KeyDown(KeyEvent& key) {
+  for (const KeyCommand& command : kCommands) {
+    if (command.KeyCode != key.KeyCode || command.Shift != key.Shift) continue;
+    key.KeyCode = 0;
+    // The command may close the window and end this object.
+    const KeyCommand::Target target = target_;
+    ErrorsIgnored([&] { command.run(target); });
+    return;
+  }
+}
+
+}  // namespace corvane

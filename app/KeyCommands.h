@@ -1,0 +1,41 @@
+#pragma once
+
+#include <span>
+
+#include "app/MenuCommands.h"
+#include "browser/ctlWebBrowser.h"
+#include "platform/form.h"
+
+namespace corvane {
+
+/// A key of the browser window and what it does. Keys that Windows' own menus
+/// and the pane's controls define are not here.
+struct KeyCommand {
+  /// What the keys work on.
+  struct Target {
+    MenuCommands& commands;
+    ctlWebBrowser& pane;
+  };
+
+  int KeyCode;
+  int Shift;         ///< ShiftBits, exactly
+  const char* keys;  ///< as the help text writes them
+  void (*run)(const Target& target);
+};
+
+/// All keys of the browser window, wherever in it the focus is.
+std::span<const KeyCommand> AllKeyCommands();
+
+/// Carries out the window's keys before the control that has the focus sees them.
+class KeyCommands {
+ public:
+  KeyCommands(Form& form, MenuCommands& commands, ctlWebBrowser& pane);
+
+ private:
+  void Form_KeyDown(KeyEvent& key);
+
+  KeyCommand::Target target_;
+  Connections connections_;
+};
+
+}  // namespace corvane

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/desktop.h"
+
+namespace corvane {
+
+class dwFileOpenSave;
+class frmAbout;
+class MainApp;
+
+/// The dialogs that a browser window opens over itself. They go with the window.
+class WindowDialogs {
+ public:
+  WindowDialogs(Desktop& desktop, Form& owner);
+  ~WindowDialogs();
+
+  /// Lets the user choose a page's file; `chosen` gets its path, and nothing is
+  /// called when the user cancels.
+  void OpenFile(std::function<void(const std::string& path)> chosen);
+  /// Shows the about box, which speaks with the service. Without effect while it
+  /// is shown.
+  void ShowAbout(std::shared_ptr<MainApp> service);
+
+ private:
+  Desktop& desktop_;
+  Form& owner_;
+  std::unique_ptr<dwFileOpenSave> open_file_;
+  std::unique_ptr<frmAbout> about_;
+};
+
+}  // namespace corvane

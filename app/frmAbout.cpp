@@ -1,0 +1,99 @@
+#include "app/frmAbout.h"
+
+#include "app/Version.h"
+#include "base/handling.h"
+#include "base/text.h"
+#include "speech/MainApp.h"
+
+namespace corvane {
+namespace {
+
+constexpr const char* kCaption = "About Corvane 2000";
+constexpr const char* kProduct = "Corvane 2000";
+constexpr const char* kSeries = "Corvane, a talking web browser";
+constexpr const char* kPlatform = "For Microsoft Windows 9x/NT/2000, ";
+constexpr const char* kRights =
+    "Free software under the GNU General Public License, version 3 or later";
+constexpr const char* kContact = "The Corvane developers";
+constexpr const char* kLineEnd = "\r\n";
+constexpr float kWidth = 7200;  // twips
+constexpr float kHeight = 3600;
+
+}  // namespace
+
+frmAbout::frmAbout(Desktop& desktop)
+    : desktop_(desktop),
+      ELAMain_(desktop.CreateElasticFrame("ELAAbout")),
+      OK_(desktop.CreateCommandButton("OK")),
+      form_(desktop.CreateForm("frmAbout")) {
+  for (std::size_t i = 0; i < kFields; ++i) {
+    Text_[i] = desktop.CreateTextBox("Text" + std::to_string(i + 1));
+    connections_ += Text_[i]->GotFocus.Connect([this, i] { Text_GotFocus(i); });
+    // Enter means OK wherever it is pressed, as in every dialog.
+    connections_ += Text_[i]->KeyPress.Connect([this](int& KeyAscii) {
+      if (KeyAscii == kKeyReturn) OK_Click();
+    });
+  }
+  connections_ += OK_->GotFocus.Connect([this] { OK_GotFocus(); });
+  connections_ += OK_->Click.Connect([this] { OK_Click(); });
+  connections_ += form_->Unload.Connect([this] { Form_Unload(); });
+  Form_Load();
+}
+
+frmAbout::~frmAbout() = default;
+
+void frmAbout::Form_Load() {
+  form_->SetCaption(kCaption);
+  form_->SetWidth(kWidth);
+  form_->SetHeight(kHeight);
+  ELAMain_->SetLayout(ElasticFrame::Layout::Above);
+  ELAMain_->SetAlign(ElasticFrame::Align::Fill);
+  // No point stands between minor version and revision.
+  const std::string version = std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) +
+                              std::to_string(kVersionRevision);
+  const std::array<std::string, kFields> texts = {kProduct, kSeries, kPlatform + version, kRights,
+                                                  kContact};
+  for (std::size_t i = 0; i < kFields; ++i) {
+    Text_[i]->SetText(texts[i]);
+    ELAMain_->Add(*Text_[i]);
+  }
+  OK_->SetCaption("OK");
+  ELAMain_->Add(*OK_);
+  form_->SetContent(*ELAMain_);
+}
+
+void frmAbout::ShowModal(Form& owner) {
+  form_->SetLeft(owner.Left() + (owner.Width() - kWidth) / 2);
+  form_->SetTop(owner.Top() + (owner.Height() - kHeight) / 2);
+  form_->ShowModal(&owner);
+  OK_->SetFocus();
+}
+
+void frmAbout::Text_GotFocus(std::size_t index) {
+  Required(service_).Say(Text_.at(index)->Text(), false);
+}
+
+void frmAbout::OK_GotFocus() {
+  ErrorsShown(desktop_.GetMessageBox(), "OKGotFocus Error: ", [&] {
+    if (blnRead_) {
+      Required(service_).Say(text::replace_all(OK_->Caption(), "&", ""), false);
+      return;
+    }
+    blnRead_ = true;
+    std::string all;
+    for (std::size_t i = 0; i + 1 < kFields; ++i) all += Text_[i]->Text() + kLineEnd;
+    Required(service_).Say(all + Text_[kFields - 1]->Text() + "O.K. button", true);
+  });
+}
+
+void frmAbout::OK_Click() {
+  service_.reset();
+  form_->Close(Form::UnloadMode::Code);
+}
+
+void frmAbout::Form_Unload() {
+  service_.reset();
+  if (const auto gone = unloaded) gone();
+}
+
+}  // namespace corvane

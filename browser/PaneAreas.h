@@ -1,0 +1,40 @@
+#pragma once
+
+#include <array>
+
+#include "browser/PaneContext.h"
+
+namespace corvane {
+
+/// The areas of a browser window, in the order in which F6 goes round them.
+enum PaneArea : int {
+  kAreaAddress,
+  kAreaToolbar,
+  kAreaSideBar,
+  kAreaLinks,
+  kAreaPage,
+  kAreaText,
+  kPaneAreas
+};
+
+/// Goes from one area of the pane to the next; each says what it is as it gets
+/// the focus. Areas that are hidden are passed over.
+class PaneAreas {
+ public:
+  explicit PaneAreas(PaneContext& pane);
+
+  /// Focuses the next area, or the one before.
+  void Next() { Go(1); }
+  void Previous() { Go(-1); }
+
+ private:
+  void Go(int step);
+  bool Shown(int area) const;
+  void Focus(int area);
+
+  PaneContext& pane_;
+  int current_ = kAreaText;  // so that the first step leads to the address box
+  Connections connections_;
+};
+
+}  // namespace corvane

@@ -1,0 +1,103 @@
+#include "platform/linux/engine_options_dialog.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+#include <vector>
+
+#include "base/number.h"
+
+namespace corvane::desktop {
+namespace {
+
+using Kind = DialogField::Kind;
+
+enum Field : std::size_t { kStartPage, kSearchService, kZoom, kFontSize, kImages, kScripts };
+enum Button : int { kOk, kClearHistory, kClearCookies, kClearCache, kCancel };
+
+constexpr const char* kNoLeastSize = "as the page says";
+
+std::string Percent(int zoom) { return std::to_string(zoom) + " percent"; }
+
+std::string Pixels(int size) { return size == 0 ? kNoLeastSize : std::to_string(size) + " pixels"; }
+
+int WholePercent(double zoom) { return static_cast<int>(zoom * 100 + 0.5); }
+
+// The usual values, and the present one in its place among them.
+template <class Words>
+std::vector<std::string> With(std::set<int> values, int present, Words words) {
+  values.insert(present);
+  std::vector<std::string> texts;
+  for (const int value : values) texts.push_back(words(value));
+  return texts;
+}
+
+std::string Flag(bool on) { return on ? "True" : "False"; }
+
+std::string Trimmed(const std::string& text) {
+  const auto first = text.find_first_not_of(' ');
+  return first == std::string::npos ? ""
+                                    : text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+}  // namespace
+
+EngineOptionsDialog::EngineOptionsDialog(SpokenDialogs& dialogs, Engine engine)
+    : dialogs_(dialogs), engine_(std::move(engine)) {}
+
+void EngineOptionsDialog::Show() {
+  if (std::exchange(shown_, true)) return;
+  dialogs_.Ask(Question(engine_.choices()),
+               [this](const DialogAnswer& answer) { Answered(answer); });
+}
+
+DialogQuestion EngineOptionsDialog::Question(const EngineChoices& choices) {
+  const EnginePreferences& present = choices.preferences;
+  const int zoom = WholePercent(present.zoom);
+  const int size = present.minimum_font_size;
+  return {.title = "Web options",
+          .fields = {{Kind::kText, "Start &page", choices.start_page},
+                     {Kind::kText, "&Search service, %s for the words", choices.search_service},
+                     {Kind::kChoice, "Page &zoom", Percent(zoom),
+                      With({50, 75, 90, 100, 110, 125, 150, 175, 200, 250, 300}, zoom, Percent)},
+                     {Kind::kChoice, "Least &font size", Pixels(size),
+                      With({0, 10, 12, 14, 16, 18, 20, 24, 28, 32, 40, 48}, size, Pixels)},
+                     {Kind::kCheckBox, "Show &images", Flag(present.images)},
+                     {Kind::kCheckBox, "Run sc&ripts of pages", Flag(present.scripts)}},
+          .buttons = {"OK", "Clear &history", "Clear &cookies", "Clear c&ache", "Cancel"},
+          .check = [this](const DialogAnswer& answer) { return Check(answer); }};
+}
+
+std::string EngineOptionsDialog::Check(const DialogAnswer& answer) const {
+  switch (answer.button) {
+    case kClearHistory:
+      engine_.clear_history();
+      return "The history is cleared";
+    case kClearCookies:
+      engine_.clear_cookies();
+      return "The cookies are cleared";
+    case kClearCache:
+      engine_.clear_cache();
+      return "The cache is cleared";
+    default:
+      return SearchServiceProblem(Trimmed(answer.values.at(kSearchService)));
+  }
+}
+
+void EngineOptionsDialog::Answered(const DialogAnswer& answer) {
+  shown_ = false;
+  if (answer.button != kOk) return;
+  EngineChoices choices = engine_.choices();
+  choices.start_page = Trimmed(answer.values.at(kStartPage));
+  if (choices.start_page.empty()) choices.start_page = kHomePage;
+  choices.search_service = Trimmed(answer.values.at(kSearchService));
+  choices.preferences.zoom = number::leading(answer.values.at(kZoom)) / 100;
+  // "as the page says" begins with no number and so means none.
+  choices.preferences.minimum_font_size =
+      static_cast<int>(number::leading(answer.values.at(kFontSize)));
+  choices.preferences.images = answer.Checked(kImages);
+  choices.preferences.scripts = answer.Checked(kScripts);
+  engine_.apply(choices);
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,83 @@
+#include "platform/linux/gtk/dialog_listener.h"
+
+#include <atkmm/object.h>
+#include <gtkmm/checkbutton.h>
+#include <gtkmm/dialog.h>
+#include <gtkmm/entry.h>
+#include <gtkmm/label.h>
+#include <gtkmm/messagedialog.h>
+#include <gtkmm/notebook.h>
+
+#include "tests/platform/gtk/desktop/desktop_test.h"
+
+namespace corvane::desktop {
+namespace {
+
+using testing::ElementsAre;
+
+class DialogListenerTest : public test::DesktopTest {
+ protected:
+  std::vector<std::string> Press(const std::string& key) {
+    spoken_.clear();
+    Outside({"xdotool", "key", key});
+    WaitFor("words after " + key, [&] { return !spoken_.empty(); });
+    Settle();
+    return spoken_;
+  }
+  void Show(Gtk::Dialog& dialog) {
+    dialog.show_all();
+    dialog.present();
+    WaitFor("the dialog to be active", [&] { return dialog.property_is_active().get_value(); });
+    Settle();
+  }
+
+  std::vector<std::string> spoken_;
+  DialogListener listener_{[this](const std::string& text, bool) { spoken_.push_back(text); }};
+};
+
+TEST_F(DialogListenerTest, SpeaksForADialogOfTheToolkit) {
+  Gtk::Dialog dialog("Print");
+  Gtk::CheckButton box("_Reverse", true);
+  Gtk::Entry pages;
+  pages.get_accessible()->set_name("Pages");
+  dialog.get_content_area()->add(pages);
+  dialog.get_content_area()->add(box);
+  dialog.add_button("_Cancel", 0);
+  Show(dialog);
+  EXPECT_THAT(spoken_, ElementsAre("Print. Pages, edit box, empty"));
+  EXPECT_THAT(Press("Tab"), ElementsAre("Reverse, check box, not checked"));
+  EXPECT_THAT(Press("space"), ElementsAre("Reverse, check box, checked"));
+  EXPECT_THAT(Press("Tab"), ElementsAre("Cancel Button"));
+}
+
+TEST_F(DialogListenerTest, SpeaksTabsAsTheyAreWalked) {
+  Gtk::Dialog dialog("Print");
+  Gtk::Notebook tabs;
+  Gtk::Label first("one");
+  Gtk::Label second("two");
+  tabs.append_page(first, "General");
+  tabs.append_page(second, "Page Setup");
+  dialog.get_content_area()->add(tabs);
+  Show(dialog);
+  EXPECT_THAT(spoken_, ElementsAre("Print. General tab"));
+  EXPECT_THAT(Press("Right"), ElementsAre("Page Setup tab"));
+}
+
+TEST_F(DialogListenerTest, SpeaksWhatAMessageOfTheToolkitSays) {
+  Gtk::MessageDialog dialog("The file vanished", false, Gtk::MESSAGE_ERROR, Gtk::BUTTONS_NONE);
+  dialog.set_secondary_text("Try another one");
+  dialog.add_button("_OK", 0);
+  Show(dialog);
+  EXPECT_THAT(spoken_, ElementsAre("The file vanished. Try another one. OK Button"));
+}
+
+TEST_F(DialogListenerTest, LeavesThoseAloneThatSpeakThemselves) {
+  Gtk::Dialog dialog("Own");
+  dialog.add_button("OK", 0);
+  MarkAsSpeaking(GTK_WIDGET(dialog.gobj()));
+  Show(dialog);
+  EXPECT_THAT(spoken_, ElementsAre());
+}
+
+}  // namespace
+}  // namespace corvane::desktop

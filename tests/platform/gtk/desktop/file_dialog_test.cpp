@@ -1,0 +1,234 @@
+#include "platform/linux/gtk/file_dialog.h"
+
+#include <gdk/gdkkeysyms.h>
+#include <glibmm/fileutils.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <iostream>
+#include <optional>
+
+#include "tests/platform/gtk/desktop/desktop_test.h"
+
+namespace corvane::desktop {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class FileDialogTest : public test::DesktopTest {
+ protected:
+  void SetUp() override {
+    DesktopTest::SetUp();
+    std::string pattern = std::filesystem::temp_directory_path().string() + "/chooserXXXXXX";
+    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+    folder_ = pattern + "/my pages";
+    std::filesystem::create_directories(folder_ + "/inner");
+    for (const char* name : {"a.html", "b & c.html", "notes.txt"}) {
+      Glib::file_set_contents(folder_ + "/" + name, "text");
+    }
+    record_.initial_dir = folder_;
+    record_.flags = kExplorerStyle | kFileMustExist | kEnableHook;
+    record_.filter = "Pages (*.htm)|*.htm*";
+  }
+  void TearDown() override {
+    if (HasFailure()) {
+      for (const auto& text : spoken_) std::cout << "spoken: " << text << '\n';
+    }
+    dialog_.reset();
+    DesktopTest::TearDown();
+    std::filesystem::remove_all(std::filesystem::path(folder_).parent_path());
+  }
+  void Show(FileDialog::Kind kind = FileDialog::Kind::Open) {
+    dialog_ = std::make_unique<GtkFileDialog>(
+        windows_, questions_, [this](const std::string& text, bool) { spoken_.push_back(text); });
+    dialog_->Show(
+        kind, record_, [this](const DialogMessage& message) { messages_.push_back(message); },
+        [this](const FileDialog::Result& result) { result_ = result; });
+    WaitFor("the dialog to speak", [&] { return !spoken_.empty(); });
+    Settle();
+  }
+  void Press(const std::vector<std::string>& keys) {
+    std::vector<std::string> command = {"xdotool", "key"};
+    command.insert(command.end(), keys.begin(), keys.end());
+    Outside(command);
+  }
+  void TypePath(const std::string& path) {
+    Outside({"xdotool", "type", "--delay", "20", path});
+    Settle();
+  }
+  void WaitForSpeech(const std::string& part) {
+    WaitFor("the words: " + part, [&] {
+      return std::any_of(spoken_.begin(), spoken_.end(),
+                         [&](const auto& text) { return text.find(part) != std::string::npos; });
+    });
+  }
+  void WaitForResult() {
+    WaitFor("the result", [&] { return result_.has_value(); });
+  }
+  static std::string UpToNul(const std::string& text) { return text.substr(0, text.find('\0')); }
+
+  std::string folder_;
+  OpenFileName record_;
+  std::vector<std::string> spoken_;
+  std::vector<DialogMessage> messages_;
+  std::optional<FileDialog::Result> result_;
+  SpokenDialogs questions_{windows_,
+                           [this](const std::string& text, bool) { spoken_.push_back(text); }};
+  std::unique_ptr<GtkFileDialog> dialog_;
+};
+
+TEST_F(FileDialogTest, SpeaksTitleFolderAndWhereTheFocusIs) {
+  Show();
+  EXPECT_THAT(spoken_.front(), StartsWith("Open. Folder my pages. "));
+  EXPECT_NE(windows_.FindWindow("Open"), 0U);
+  EXPECT_EQ(messages_.front().message, kWmInitDialog);
+  EXPECT_EQ(windows_.Text(dialog_->Parent(messages_.front().window)), "Open");
+}
+
+TEST_F(FileDialogTest, SpeaksTheFilesThatTheArrowsChoose) {
+  Show();
+  WaitForSpeech("a.html");
+  Press({"Down"});
+  WaitForSpeech("b & c.html");
+  Press({"Down"});
+  WaitForSpeech("inner, folder");
+  spoken_.clear();
+  Press({"Up"});
+  WaitForSpeech("b & c.html");
+  Press({"Return"});
+  WaitForResult();
+  EXPECT_TRUE(result_->chosen);
+  EXPECT_EQ(UpToNul(result_->record.file), folder_ + "/b & c.html");
+  EXPECT_EQ(UpToNul(result_->record.file_title), "b & c.html");
+  EXPECT_EQ(result_->record.filter_index, 1);
+}
+
+TEST_F(FileDialogTest, AFolderIsOpenedAndSaid) {
+  Show();
+  WaitForSpeech("a.html");
+  Press({"End"});
+  WaitForSpeech("inner, folder");
+  Press({"Return"});
+  WaitForSpeech("Folder inner");
+  spoken_.clear();
+  Press({"alt+Up"});
+  WaitForSpeech("Folder my pages");
+}
+
+TEST_F(FileDialogTest, EveryControlThatTabReachesHasWords) {
+  Show();
+  for (int i = 0; i < 12; ++i) {
+    spoken_.clear();
+    Press({"Tab"});
+    WaitFor("words for the control " + std::to_string(i), [&] { return !spoken_.empty(); });
+    EXPECT_NE(spoken_.front(), "");
+  }
+}
+
+TEST_F(FileDialogTest, ATypedPathIsTaken) {
+  Show();
+  TypePath(folder_ + "/a.html");
+  Press({"Return"});
+  WaitForResult();
+  EXPECT_TRUE(result_->chosen);
+  EXPECT_EQ(UpToNul(result_->record.file), folder_ + "/a.html");
+}
+
+TEST_F(FileDialogTest, EscapeCancelsAndTellsTheHook) {
+  Show();
+  Press({"Escape"});
+  WaitForResult();
+  EXPECT_FALSE(result_->chosen);
+  EXPECT_EQ(result_->extended_error, 0);
+  EXPECT_EQ(messages_.back().message, kWmCommand);
+  EXPECT_EQ(messages_.back().control, kDialogCancel);
+  EXPECT_EQ(windows_.FindWindow("Open"), 0U);
+}
+
+TEST_F(FileDialogTest, TheHookMovesItAndChangesItsButtons) {
+  dialog_ = std::make_unique<GtkFileDialog>(windows_, questions_, nullptr);
+  dialog_->Show(
+      FileDialog::Kind::Open, record_,
+      [this](const DialogMessage& message) {
+        if (message.message != kWmInitDialog) return;
+        const auto window = dialog_->Parent(message.window);
+        auto place = dialog_->WindowRect(window);
+        place.left = 120;
+        place.top = 30;
+        dialog_->MoveWindow(window, place);
+        dialog_->HideControl(window, kDialogCancel);
+        dialog_->SetControlText(window, kDialogOk, "Select");
+      },
+      [this](const FileDialog::Result& result) { result_ = result; });
+  WaitFor("the dialog", [&] {
+    return dialog_->Chooser() && dialog_->Chooser()->property_is_active().get_value();
+  });
+  Settle();
+  auto* chooser = dialog_->Chooser();
+  auto* ok = dynamic_cast<Gtk::Button*>(chooser->get_widget_for_response(Gtk::RESPONSE_OK));
+  EXPECT_EQ(ok->get_label(), "Select");
+  EXPECT_FALSE(chooser->get_widget_for_response(Gtk::RESPONSE_CANCEL)->get_visible());
+  int left = 0;
+  int top = 0;
+  chooser->get_position(left, top);
+  EXPECT_EQ(left, 120);
+  EXPECT_EQ(top, 30);
+  Press({"Escape"});  // leaves it all the same
+  WaitForResult();
+  EXPECT_FALSE(result_->chosen);
+}
+
+TEST_F(FileDialogTest, AFileThatHasVanishedIsSaidAndTheDialogStays) {
+  Show();
+  std::filesystem::remove(folder_ + "/a.html");
+  TypePath(folder_ + "/a.html");
+  Press({"Return"});
+  WaitForSpeech("a.html was not found");
+  EXPECT_FALSE(result_.has_value());
+  EXPECT_NE(dialog_->Chooser(), nullptr);
+}
+
+TEST_F(FileDialogTest, SavingOverAFileIsAskedFirst) {
+  record_.flags = kExplorerStyle | kOverwritePrompt;
+  record_.file = "a.html";
+  Show(FileDialog::Kind::Save);
+  Press({"Return"});
+  WaitForSpeech("a.html is there already. Replace it? No Button");
+  Press({"Return"});
+  WaitForSpeech("Save As. Folder my pages");
+  EXPECT_FALSE(result_.has_value());
+  WaitFor("the dialog again", [&] {
+    return dialog_->Chooser() && dialog_->Chooser()->property_is_active().get_value();
+  });
+  spoken_.clear();
+  Press({"Return"});
+  WaitForSpeech("Replace it?");
+  Press({"alt+y"});
+  WaitForResult();
+  EXPECT_TRUE(result_->chosen);
+  EXPECT_EQ(UpToNul(result_->record.file), folder_ + "/a.html");
+}
+
+TEST_F(FileDialogTest, ANewNameGetsTheDefaultExtension) {
+  record_.flags = kExplorerStyle | kOverwritePrompt;
+  record_.file = "new";
+  record_.default_extension = "html";
+  Show(FileDialog::Kind::Save);
+  Press({"Return"});
+  WaitForResult();
+  EXPECT_EQ(UpToNul(result_->record.file), folder_ + "/new.html");
+}
+
+TEST_F(FileDialogTest, ItGoesWithItsOwner) {
+  Show();
+  dialog_.reset();
+  Settle();
+  EXPECT_FALSE(result_.has_value());
+  EXPECT_EQ(windows_.FirstThreadWindow(), 0U);
+}
+
+}  // namespace
+}  // namespace corvane::desktop
