@@ -171,7 +171,12 @@ void frmCorvane::Form_Unload() {
                 },
                 [&] { Required(service_).ReleaseForm(*this); },
                 [&] { ISpeechWindow_SetMainApp(nullptr); });
-  parts_.reset();
+  // A reading or a side bar that let events run may be the one who closed the
+  // window: its parts go when nothing stands on them any more.
+  const std::shared_ptr<Parts> parts = std::move(parts_);
+  parts->connections.Clear();
+  ErrorsIgnored([&] { parts->form->Hide(); });
+  desktop_.Later([parts, alive] {});
   process_.Unloaded(*this);
 }
 

@@ -106,6 +106,11 @@ void PageReader::ReadTitleAndText(const HTMLDocument& document) {
   SayTitle();
 }
 
+void PageReader::Stop() {
+  ++reading_;
+  pane_.controls.timTimer->SetEnabled(false);
+}
+
 void PageReader::SayTitle() {
   if (!title_.empty()) pane_.announcer.Say(title_);
 }

@@ -23,6 +23,8 @@ class PageReader {
   /// Speaks the title of the page that was read last, for a user who could not
   /// hear it then; silent before the first page.
   void SayTitle();
+  /// Gives up a reading that is under way and reads nothing any more.
+  void Stop();
 
  private:
   void timTimer_Timer();

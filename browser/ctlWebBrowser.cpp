@@ -49,7 +49,7 @@ void ctlWebBrowser::UserControl_Initialize() {
 }
 
 void ctlWebBrowser::Terminate() {
-  ErrorsIgnored([&] { layout_.DestroyRebar(); }, [&] { layout_.ReleaseRebar(); },
+  ErrorsIgnored([&] { reader_.Stop(); }, [&] { layout_.DestroyRebar(); }, [&] { layout_.ReleaseRebar(); },
                 [&] { pane_.status.Release(); }, [&] { pane_.announcer.SetSpeechNotify(nullptr); });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -86,6 +87,9 @@ class Desktop {
   /// Returns after so many milliseconds, in which events run. Handlers may
   /// re-enter the caller.
   virtual void Pause(int milliseconds) = 0;
+  /// Runs `action` soon, but never inside DoEvents or Pause: for destroying what
+  /// the handler that let events run may still be using.
+  virtual void Later(std::function<void()> action) = 0;
   /// Twips that one pixel measures.
   virtual float TwipsPerPixel() const = 0;
   virtual std::uint32_t SysColor(SystemColor index) const = 0;

@@ -190,6 +190,10 @@ void LinuxDesktop::DoEvents() { RunPendingEvents(); }
 
 void LinuxDesktop::Pause(int milliseconds) { RunEventsFor(milliseconds); }
 
+void LinuxDesktop::Later(std::function<void()> action) {
+  PostWhenNothingIsUnderWay(std::move(action));
+}
+
 float LinuxDesktop::TwipsPerPixel() const { return kTwipsPerPixel; }
 
 std::uint32_t LinuxDesktop::SysColor(SystemColor index) const { return ThemeColor(index); }

@@ -67,6 +67,7 @@ class LinuxDesktop : public Desktop {
   void ShowEngineOptions() override { options_dialog_->Show(); }
   void DoEvents() override;
   void Pause(int milliseconds) override;
+  void Later(std::function<void()> action) override;
   float TwipsPerPixel() const override;
   std::uint32_t SysColor(SystemColor index) const override;
   bool StartedByAutomation() const override;

@@ -187,7 +187,17 @@ class FakeDesktop : public Desktop {
   void ShowEngineOptions() override { ++engine_options; }
   void DoEvents() override {
     ++yields;
+    ++yielding;
     if (on_yield) on_yield();
+    --yielding;
+  }
+  void Later(std::function<void()> action) override {
+    if (yielding == 0) return action();
+    later.push_back(std::move(action));
+  }
+  /// The handler that let events run has returned: what waited for that is done.
+  void RunLater() {
+    for (const auto& action : std::exchange(later, {})) action();
   }
   void Pause(int milliseconds) override {
     pauses.push_back(milliseconds);
@@ -234,6 +244,8 @@ class FakeDesktop : public Desktop {
   FakeRebarWindow* rebar = nullptr;
   std::string focus;  ///< the control that was focused last
   int yields = 0;
+  int yielding = 0;  ///< DoEvents calls under way
+  std::vector<std::function<void()>> later;
   std::vector<int> pauses;
   std::function<void()> on_yield;
   bool by_automation = false;

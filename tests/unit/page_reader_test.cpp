@@ -227,5 +227,26 @@ TEST_F(PageReaderTest, F1InTheTreeSaysTheTag) {
   EXPECT_THAT(p.Spoken(), ElementsAre("http://target/"));
 }
 
+TEST(PageReaderClosing, WindowMayBeClosedWhileItsPageIsBeingRead) {
+  for (int close_at = 1; close_at < 12; ++close_at) {
+    Program p;
+    p.StartTalking();
+    const auto page =
+        MakePage("http://p/", "P", "some text", {{"a", "http://a/"}, {"b", "http://b/"}});
+    p.Browser().Begin();
+    p.Browser().Finish(page);
+    int yields = 0;
+    p.desktop.on_yield = [&] {
+      if (++yields == close_at) p.Window(0)->Unload();
+    };
+    p.Reading().Fire();
+    p.desktop.on_yield = nullptr;
+    p.desktop.RunLater();
+    if (yields < close_at) break;
+    EXPECT_TRUE(p.process.Forms().empty());
+    EXPECT_EQ(p.desktop.Living("frmCorvane"), 0U);
+  }
+}
+
 }  // namespace
 }  // namespace corvane::tests

@@ -8,4 +8,8 @@ namespace corvane::desktop {
 /// handled and before anything is drawn or another key is taken.
 void PostToLoop(std::function<void()> action);
 
+/// Runs `action` once from the main loop itself, when no handler is at work that
+/// lets events run in between: for what such a handler may still stand on.
+void PostWhenNothingIsUnderWay(std::function<void()> action);
+
 }  // namespace corvane::desktop
