@@ -8,6 +8,20 @@ namespace corvane {
 namespace {
 
 using Target = const KeyCommand::Target&;
+using Page = WebBrowser::PageCommand;
+
+template <Page command>
+void Do(Target t) {
+  t.pane.PageCommand(command);
+}
+
+// The keys beside the digits, which carry plus and minus, and those of the number
+// pad.
+constexpr int kKeyPlus = 187;
+constexpr int kKeyMinus = 189;
+constexpr int kKeyPadPlus = 107;
+constexpr int kKeyPadMinus = 109;
+constexpr int kKeyPadZero = 96;
 
 // One key a row. Whatever is here must be in the help text and in the README.
 constexpr std::array kCommands = {
@@ -17,6 +31,16 @@ constexpr std::array kCommands = {
     KeyCommand{kKeyF5, 0, "F5", [](Target t) { t.commands.mnuGo_Click(kGoRefresh); }},
     KeyCommand{kKeyF6, 0, "F6", [](Target t) { t.pane.NextArea(); }},
     KeyCommand{kKeyF6, kShiftMask, "Shift+F6", [](Target t) { t.pane.PreviousArea(); }},
+    KeyCommand{'F', kCtrlMask, "Ctrl+F", Do<Page::Find>},
+    KeyCommand{kKeyF3, 0, "F3", Do<Page::FindNext>},
+    KeyCommand{kKeyF3, kShiftMask, "Shift+F3", Do<Page::FindPrevious>},
+    KeyCommand{kKeyPlus, kCtrlMask, "Ctrl+Plus", Do<Page::ZoomIn>},
+    KeyCommand{kKeyPlus, kCtrlMask | kShiftMask, "Ctrl+Plus", Do<Page::ZoomIn>},
+    KeyCommand{kKeyPadPlus, kCtrlMask, "Ctrl+Plus", Do<Page::ZoomIn>},
+    KeyCommand{kKeyMinus, kCtrlMask, "Ctrl+Minus", Do<Page::ZoomOut>},
+    KeyCommand{kKeyPadMinus, kCtrlMask, "Ctrl+Minus", Do<Page::ZoomOut>},
+    KeyCommand{'0', kCtrlMask, "Ctrl+0", Do<Page::ZoomReset>},
+    KeyCommand{kKeyPadZero, kCtrlMask, "Ctrl+0", Do<Page::ZoomReset>},
     KeyCommand{'L', kCtrlMask, "Ctrl+L",
                [](Target t) { t.pane.cmdAction(ctlWebBrowser::kFocusAddress); }},
     KeyCommand{'N', kCtrlMask, "Ctrl+N",

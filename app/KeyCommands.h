@@ -8,8 +8,8 @@
 
 namespace corvane {
 
-/// A key of the browser window and what it does. Keys that Windows' own menus
-/// and the pane's controls define are not here.
+/// A key of the browser window and what it does. Keys of the menus and of the
+/// pane's controls are not here.
 struct KeyCommand {
   /// What the keys work on.
   struct Target {

@@ -30,6 +30,7 @@ enum KeyCodes : int {
   kKeyDown = 40,
   kKeyDelete = 46,
   kKeyF1 = 112,
+  kKeyF3 = 114,
   kKeyF5 = 116,
   kKeyF6 = 117,
 };

@@ -51,6 +51,18 @@ TEST_F(Keys, CtrlNOpensAWindowAndCtrlWClosesThisOne) {
   EXPECT_NE(p.Window(0), first);
 }
 
+TEST_F(Keys, FindAndZoomGoToThePage) {
+  const std::vector<std::pair<int, int>> keys = {
+      {'F', kCtrlMask}, {114, 0},         {114, kShiftMask}, {187, kCtrlMask},
+      {189, kCtrlMask}, {'0', kCtrlMask}, {107, kCtrlMask},  {109, kCtrlMask}};
+  std::vector<std::string> calls;
+  for (const auto& [code, shift] : keys) {
+    EXPECT_TRUE(Press(code, shift));
+    calls.push_back(Calls());
+  }
+  EXPECT_THAT(calls, ElementsAre("Do 0", "Do 1", "Do 2", "Do 3", "Do 4", "Do 5", "Do 3", "Do 4"));
+}
+
 TEST_F(Keys, OthersAndOtherShiftStatesGoToTheControl) {
   p.Browser().calls.clear();
   EXPECT_FALSE(Press(kKeyLeft, 0));
