@@ -122,6 +122,12 @@ class Corvane:
     def type(self, text):
         subprocess.run(["xdotool", "type", "--clearmodifiers", "--delay", "8", text], check=True)
 
+    def paste(self, name, text):
+        """Puts a text into a field as another program would, for texts that are too
+        long to type."""
+        if not Atspi.EditableText.set_text_contents(self.find(name), text):
+            raise AssertionError(f"{name} takes no text")
+
     def open(self, address):
         """Goes to an address as a user does. The focus must be in the address box
         or in a place from which alt+d leads there."""

@@ -21,6 +21,17 @@ class BadAddresses(PageTest):
         self.assertTrue(wait_until(lambda: self.title(), "a title"))
         self.assert_alive()
 
+    def test_address_of_a_megabyte(self):
+        self.start(settings=QUIET)
+        self.corvane.focus("Address")
+        self.corvane.paste("Address", self.base + "/" + "x" * 1024 * 1024)
+        self.corvane.transcript.mark()
+        self.corvane.keys("Return")
+        self.said("Extracting Links ...", "Done")
+        self.assertTrue(wait_until(lambda: self.title(), "a title"))
+        self.assertGreater(len(self.text()), 20)
+        self.assert_alive()
+
     def test_unknown_host(self):
         title = self.opened("http://does-not-exist.invalid/")
         self.assertIn("does-not-exist.invalid", title)
