@@ -148,6 +148,8 @@ class FakeRebarWindow : public RebarWindow {
 /// by their names while they live.
 class FakeDesktop : public Desktop {
  public:
+  ~FakeDesktop() override { RunLater(); }
+
   std::unique_ptr<Form> CreateForm(const std::string& name) override;
   std::unique_ptr<Menu> CreateMenu() override { return std::make_unique<FakeMenu>(); }
   std::unique_ptr<ElasticFrame> CreateElasticFrame(const std::string& name) override;
