@@ -120,13 +120,10 @@ void FavoriteCommands::StartRename() {
   if (path.empty()) return;
   TreeView& tree = *pane_.controls.TreeView1;
   to_rename_ = path;
-  const std::string name = tree.SelectedItem()->Text();
   CExplorer& explorer = side_bar_.Explorer();
   explorer.AllowRename = true;
   tree.StartLabelEdit();
   explorer.AllowRename = false;
-  // Only now: whoever hears it types at once.
-  pane_.announcer.AddAndSay("Type a new name for " + name + " and press Enter");
 }
 
 // The item refuses the name, because it stands for what was there when the tree

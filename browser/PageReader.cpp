@@ -84,7 +84,9 @@ void PageReader::ReadPage() {
   if (!current()) return;
   announcer.AddAndSay("Extracting Forms ...");
   if (!current()) return;
-  ErrorsIgnored([&] { if (document) elements_.Reset(document); });
+  ErrorsIgnored([&] {
+    if (document) elements_.Reset(document);
+  });
   if (!current()) return;
   announcer.AddAndSay("Extracting Links ...");
   if (!current()) return;

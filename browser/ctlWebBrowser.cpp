@@ -49,8 +49,9 @@ void ctlWebBrowser::UserControl_Initialize() {
 }
 
 void ctlWebBrowser::Terminate() {
-  ErrorsIgnored([&] { reader_.Stop(); }, [&] { layout_.DestroyRebar(); }, [&] { layout_.ReleaseRebar(); },
-                [&] { pane_.status.Release(); }, [&] { pane_.announcer.SetSpeechNotify(nullptr); });
+  ErrorsIgnored([&] { reader_.Stop(); }, [&] { layout_.DestroyRebar(); },
+                [&] { layout_.ReleaseRebar(); }, [&] { pane_.status.Release(); },
+                [&] { pane_.announcer.SetSpeechNotify(nullptr); });
 }
 
 ctlWebBrowser::~ctlWebBrowser() {

@@ -73,6 +73,7 @@ class TreeView : public Control {
   virtual void SetImageList(const ImageList* images) = 0;
   virtual void SetLabelEdit(LabelEdit mode) = 0;
   /// Lets the user edit the selected node's label, unless BeforeLabelEdit cancels.
+  /// Returns at once.
   virtual void StartLabelEdit() = 0;
   /// While locked, nothing is drawn.
   virtual void LockUpdate(bool locked) = 0;
@@ -85,7 +86,8 @@ class TreeView : public Control {
   Event<TreeNode&> Toggled;
   /// The selected node's label is about to be edited; setting the flag prevents it.
   Event<bool&> BeforeLabelEdit;
-  /// The label was edited; setting the flag keeps the old one.
+  /// The editing has ended with this label, the old one when the user gave it up;
+  /// setting the flag keeps the old one.
   Event<bool&, const std::string&> AfterLabelEdit;
 };
 

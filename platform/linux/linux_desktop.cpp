@@ -54,6 +54,10 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
   windows_.Add(std::move(root));
   message_box_ = std::make_unique<MessageBoxQueue>(
       windows_, kApplication, [this](const std::string& text) { Speak(text); });
+  // Before the first setting is read: a file that cannot be read is told once.
+  connections_ += settings_.Problem.Connect([this](const std::string& text) {
+    PostToLoop([this, text] { message_box_->Show(text, MessageBox::Icon::Exclamation); });
+  });
   accessibility_ = std::make_unique<LinuxAccessibility>(windows_);
   shell_ = std::make_unique<FileShell>(std::string(g_get_user_data_dir()) + "/corvane");
   alerts_ = std::make_shared<PageAlerts>(windows_);
@@ -64,9 +68,6 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
     g_message("%s", text.c_str());
     notices_.push_back(text);
     TellNotices();
-  });
-  connections_ += settings_.Problem.Connect([this](const std::string& text) {
-    PostToLoop([this, text] { message_box_->Show(text, MessageBox::Icon::Exclamation); });
   });
   connections_ += windows_.TopLevelGone.Connect([this] { QuitWhenNothingIsLeft(); });
   connections_ += message_box_->LastClosed.Connect([this] { QuitWhenNothingIsLeft(); });
@@ -105,6 +106,17 @@ void LinuxDesktop::MakeOptionsDialog() {
   engine.clear_cookies = [this] { engine_->ClearSiteData(); };
   engine.clear_cache = [this] { engine_->ClearCache(); };
   options_dialog_ = std::make_unique<EngineOptionsDialog>(dialogs_, std::move(engine));
+}
+
+void LinuxDesktop::AskLabel(const std::string& label,
+                            const std::function<void(std::optional<std::string>)>& done) {
+  DialogQuestion question;
+  question.title = "Rename";
+  question.text = "Type a new name for " + label + " and press Enter.";
+  question.fields = {{.label = "&Name", .value = label}};
+  dialogs_.Ask(std::move(question), [done](const DialogAnswer& answer) {
+    done(answer.button == 0 ? std::optional(answer.values.at(0)) : std::nullopt);
+  });
 }
 
 std::string LinuxDesktop::OwnSetting(const std::string& key, const std::string& fallback) const {
@@ -151,7 +163,8 @@ std::unique_ptr<TextBox> LinuxDesktop::CreateTextBox(const std::string& name) {
   return std::make_unique<TextBoxControl>(name, windows_);
 }
 std::unique_ptr<TreeView> LinuxDesktop::CreateTreeView(const std::string& name) {
-  return std::make_unique<TreeViewControl>(name, windows_);
+  return std::make_unique<TreeViewControl>(
+      name, windows_, [this](const std::string& label, auto done) { AskLabel(label, done); });
 }
 std::unique_ptr<ImageList> LinuxDesktop::CreateImageList() {
   return std::make_unique<PixbufList>();

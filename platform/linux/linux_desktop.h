@@ -81,6 +81,8 @@ class LinuxDesktop : public Desktop {
  private:
   EngineOptions MakeEngineOptions();
   void MakeOptionsDialog();
+  void AskLabel(const std::string& label,
+                const std::function<void(std::optional<std::string>)>& done);
   std::string OwnSetting(const std::string& key, const std::string& fallback) const;
   bool SpeechIsWanted() const;
   void Speak(const std::string& text);

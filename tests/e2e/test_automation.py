@@ -59,6 +59,8 @@ class Automation(EndToEndTest):
         dying.die()
         wait_until(lambda: self.error_of(client.say, lost, "x")[0].endswith("UnknownMethod"), "the object gone")
         self.assertEqual(self.windows(), 3)
+        # A window that still comes to its first page would write over the address.
+        wait_until(lambda: self.corvane.transcript.spoken().count("Corvane home page") >= 3, "three first pages")
         self.corvane.transcript.mark()
         self.read("/weather.html")  # the window on top still works and speaks
         self.said("The weather")

@@ -19,8 +19,9 @@ gunichar Folded(gunichar character) { return g_unichar_tolower(character); }
 
 }  // namespace
 
-TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows)
-    : rows_(TreeRows::Create()) {
+TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows,
+                                 LabelPrompt ask_label)
+    : rows_(TreeRows::Create()), ask_label_(std::move(ask_label)) {
   auto* picture = Gtk::make_managed<Gtk::CellRendererPixbuf>();
   picture->set_fixed_size(-1, kRowHeight);
   auto* cell = Gtk::make_managed<Gtk::CellRendererText>();
@@ -40,7 +41,6 @@ TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows)
   view_.set_fixed_height_mode(true);  // 10,000 children open at once without being measured
   view_.set_model(rows_);
   view_.show();
-  editor_.Attach(*column, *cell);
   scroll_.set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
   scroll_.set_vexpand(true);
   scroll_.add(view_);
@@ -173,8 +173,10 @@ void TreeViewControl::StartLabelEdit() {
   BeforeLabelEdit.Raise(cancel);
   if (cancel || !*alive || rows_->Find(id) == nullptr) return;
   edited_ = id;
-  editor_.Start(row->Path(), [this, alive](const std::string& text) {
-    if (*alive) Edited(text);
+  if (!ask_label_) return;
+  // An edit that is given up ends with the label as it is.
+  ask_label_(row->Text(), [this, alive, label = row->Text()](std::optional<std::string> text) {
+    if (*alive) Edited(text.value_or(label));
   });
 }
 

@@ -5,17 +5,23 @@
 #include <gtkmm/scrolledwindow.h>
 #include <gtkmm/treeview.h>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/linux/gtk/image_list.h"
-#include "platform/linux/gtk/label_editor.h"
 #include "platform/linux/gtk/tree_rows.h"
 #include "platform/linux/gtk/widget_control.h"
 #include "platform/tree_view.h"
 
 namespace corvane::desktop {
+
+/// Asks the user for a new label in the place of `label` and returns at once.
+/// `done` gets the new one, or nothing when the user gives up.
+using LabelPrompt = std::function<void(const std::string& label,
+                                       std::function<void(std::optional<std::string>)> done)>;
 
 /// A TreeView on Gtk::TreeView. Right opens a node or goes to its first child,
 /// Left closes it or goes to its parent; a letter goes to the next node that
@@ -23,7 +29,8 @@ namespace corvane::desktop {
 /// SetSelectedItem; DblClick of a double click with the pointer.
 class TreeViewControl : public WidgetControl<TreeView> {
  public:
-  TreeViewControl(const std::string& name, WindowTable& windows);
+  /// `ask_label` asks for labels to be edited; without it none can be.
+  TreeViewControl(const std::string& name, WindowTable& windows, LabelPrompt ask_label = nullptr);
   ~TreeViewControl() override;
   Gtk::Widget& widget() override { return scroll_; }
 
@@ -62,7 +69,7 @@ class TreeViewControl : public WidgetControl<TreeView> {
   Glib::RefPtr<TreeRows> rows_;
   Gtk::ScrolledWindow scroll_;
   Gtk::TreeView view_;
-  LabelEditor editor_{view_};
+  const LabelPrompt ask_label_;
   const PixbufList* images_ = nullptr;
   LabelEdit label_edit_ = LabelEdit::Automatic;
   bool showing_ = false;  // what the view tells now is our own doing

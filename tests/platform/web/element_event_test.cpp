@@ -235,14 +235,5 @@ TEST_F(ElementEventTest, EnterOnALinkFollowsIt) {
   ASSERT_TRUE(WaitUntil([&] { return !view_->Busy() && view_.Document()->Title == "Target"; }));
 }
 
-TEST_F(ElementEventTest, EnterOnALinkForANewWindowStaysHere) {
-  server_.Page("/target", "<title>Target</title>");
-  Load("<a href=/target target=_blank>Link</a>");
-  TabTo("Link");
-  view_.Key(GDK_KEY_Return);
-  ASSERT_TRUE(WaitUntil([&] { return !view_->Busy() && view_.Document()->Title == "Target"; }));
-  EXPECT_EQ(view_->LocationURL(), server_.Url("/target"));
-}
-
 }  // namespace
 }  // namespace corvane::desktop

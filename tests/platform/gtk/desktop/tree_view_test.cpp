@@ -32,7 +32,12 @@ class TreeViewTest : public test::DesktopTest {
   void Press(guint keyval) { Key(window_.form.window(), keyval); }
 
   test::TestWindow window_{windows_};
-  TreeViewControl tree_{"TreeView1", windows_};
+  std::string asked_;  // the label that the user was asked to change last
+  std::function<void(std::optional<std::string>)> answer_;
+  TreeViewControl tree_{"TreeView1", windows_, [this](const std::string& label, auto done) {
+                          asked_ = label;
+                          answer_ = done;
+                        }};
   TreeNode* first_ = nullptr;
   TreeNode* child_ = nullptr;
   TreeNode* second_ = nullptr;
@@ -250,52 +255,48 @@ TEST_F(TreeViewTest, PictureMustBeInTheList) {
   tree_.SetImageList(nullptr);
 }
 
-TEST_F(TreeViewTest, LabelIsEditedInItsPlace) {
+TEST_F(TreeViewTest, LabelIsAskedForAndTakenUnlessRefused) {
   Fill();
-  std::string typed;
   bool refuse = true;
   listening_ += tree_.AfterLabelEdit.Connect([&](bool& cancel, const std::string& text) {
-    typed = text;
+    log_.push_back("after " + text);
     cancel = refuse;
   });
-  listening_ += tree_.KeyUp.Connect([this](KeyEvent&) { log_.emplace_back("key of the tree"); });
-  const auto edit = [&] {
-    tree_.StartLabelEdit();
-    Settle();
-    for (const guint key : {'n', 'e', 'w'}) Key(*window_.form.window().get_focus(), key);
-    Key(*window_.form.window().get_focus(), GDK_KEY_Return);
-    Settle();
-  };
-  auto* view = window_.form.window().get_focus();
-  edit();
-  EXPECT_EQ(window_.form.window().get_focus(), view) << "the focus comes back";
-  EXPECT_EQ(typed, "new");
+  tree_.StartLabelEdit();
+  EXPECT_EQ(asked_, "alpha");
+  answer_("new");
   EXPECT_EQ(first_->Text(), "alpha") << "refused";
   refuse = false;
-  edit();
+  tree_.StartLabelEdit();
+  answer_("new");
   EXPECT_EQ(first_->Text(), "new");
-  EXPECT_TRUE(log_.empty()) << "keys of the editing are none of the tree's";
+  EXPECT_THAT(log_, ElementsAre("after new", "after new"));
 }
 
 TEST_F(TreeViewTest, EditingCanBePreventedAndGivenUp) {
   Fill();
   bool prevent = true;
-  bool edited = false;
+  std::string after;
   listening_ += tree_.BeforeLabelEdit.Connect([&](bool& cancel) { cancel = prevent; });
-  listening_ += tree_.AfterLabelEdit.Connect([&](bool&, const std::string&) { edited = true; });
-  auto* view = window_.form.window().get_focus();
+  listening_ += tree_.AfterLabelEdit.Connect([&](bool&, const std::string& text) { after = text; });
   tree_.StartLabelEdit();
-  Settle();
-  EXPECT_EQ(window_.form.window().get_focus(), view);
+  EXPECT_EQ(asked_, "");
   prevent = false;
   tree_.StartLabelEdit();
-  Settle();
-  EXPECT_NE(window_.form.window().get_focus(), view);
-  Key(*window_.form.window().get_focus(), GDK_KEY_Escape);
-  Settle();
-  EXPECT_FALSE(edited);
-  EXPECT_EQ(window_.form.window().get_focus(), view);
+  EXPECT_EQ(asked_, "alpha");
+  answer_(std::nullopt);
+  EXPECT_EQ(after, "alpha") << "given up: as it was";
   EXPECT_EQ(first_->Text(), "alpha");
+}
+
+TEST_F(TreeViewTest, AnswerForANodeThatIsGoneIsLeftOut) {
+  Fill();
+  bool edited = false;
+  listening_ += tree_.AfterLabelEdit.Connect([&](bool&, const std::string&) { edited = true; });
+  tree_.StartLabelEdit();
+  tree_.Clear();
+  answer_("new");
+  EXPECT_FALSE(edited);
 }
 
 }  // namespace
