@@ -26,8 +26,8 @@ class Announcer {
   }
 
   /// Adds the text as a line to the text pane and speaks it.
-  void AddAndSay(const std::string& text) {
-    ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true); }, [&] { Say(text); });
+  void AddAndSay(const std::string& text, bool urgent = false) {
+    ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true); }, [&] { Say(text, urgent); });
   }
 
  private:

@@ -141,7 +141,8 @@ void FavoriteCommands::Renamed(const std::string& name) {
     const std::string parent = node->Parent() != nullptr ? node->Parent()->FullPath() + '\\' : "";
     const std::string taken = side_bar_.Kept().Rename(path, name);
     side_bar_.FavoritesChanged(parent + taken);
-    pane_.announcer.AddAndSay(old + " renamed to " + taken);
+    // The focus comes back to the tree, which must not cut this off.
+    pane_.announcer.AddAndSay(old + " renamed to " + taken, true);
   });
 }
 

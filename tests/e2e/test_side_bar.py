@@ -85,7 +85,7 @@ class SideBar(EndToEndTest):
         self.to_tree("Favorites Sidebar Item")
         self.press("Right", "Favorites Opened")
         self.press("Right", "The weather ")
-        self.press("F2", "Type a new name for The weather and press Enter")
+        self.press("F2", "Rename. Type a new name for The weather and press Enter. Name, edit box, The weather")
         corvane.type("Rain")
         corvane.transcript.mark()
         corvane.keys("Return")

@@ -180,7 +180,7 @@ TEST_F(FavoritesTest, FavoriteIsRenamedInItsPlace) {
   shell.entries["/data/Favorites/old.url"].display = "new name";  // as its file will be called
   p.Tree().EditLabel("new/name");
   EXPECT_EQ(shell.entries.count("/data/Favorites/new name.url"), 1U);
-  EXPECT_THAT(p.Spoken(), ElementsAre("old renamed to new name"));
+  EXPECT_THAT(p.Spoken(), ElementsAre("old renamed to new name (urgent)"));
   ASSERT_NE(p.Tree().selected, nullptr);
   EXPECT_EQ(p.Tree().selected->Text(), "new name");
 }
