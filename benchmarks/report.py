@@ -268,8 +268,8 @@ def speech_rows(figures):
 
 PLACES = {  # where keys are typed: the keys that lead there from the address box
     "address box": ["ctrl+a"],
-    "field of a page": ["F6", "Tab"],
-    "text pane": ["F6", "F6"],
+    "field of a page": ["shift+F6", "shift+F6", "Tab"],
+    "text pane": ["shift+F6"],
 }
 
 

@@ -129,6 +129,48 @@ class Hearing(EndToEndTest):
         self.assertEqual(events[-1]["speed"], 150)
         corvane.keys("Escape", "Escape")
 
+    def walks(self, items):
+        """Goes down a menu whose title and first item have been heard; an item may
+        be a pair of itself and its submenu's items."""
+        for index, item in enumerate(items):
+            words, inner = item if isinstance(item, tuple) else (item, None)
+            if index > 0:
+                self.hears("Down", words)
+            if inner:
+                self.hears("Right", inner[0])
+                for each in inner[1:]:
+                    self.hears("Down", each)
+                self.hears("Left", words)
+
+    def test_every_menu_is_walked_with_the_keyboard(self):
+        self.start(settings=SPOKEN)
+        sides = ["None checked", "Favorites unchecked", "History unchecked", "Page Structure unchecked",
+                 "Accessibility Browser unchecked"]
+        homes = ["None unchecked", "Use Explorer's unchecked", "Use Corvane's checked", "Last one Opened unchecked"]
+        focus = ["None checked", "Links unchecked", "SideBar unchecked", "WebBrowser unchecked", "Text Box unchecked"]
+        rates = ["Very Slow unchecked", "Slow unchecked", "Normal checked", "Fast unchecked", "Very Fast unchecked"]
+        pitches = ["Very Low unchecked", "Low unchecked", "Normal checked", "High unchecked", "Very High unchecked"]
+        menus = [
+            ("File", ["New Window", "Open Web Site", "Open File", "Save as", "Print", "Exit"]),
+            ("Edit", ["Cut", "Copy", "Paste", "Select All"]),
+            ("Go", ["Back", "Forward", "Stop", "Refresh", "Home", "Search"]),
+            ("Settings", ["IE Settings", ("SideBar popup", sides),
+                          ("Text History popup", ["Clear with New Page checked", "Never Clear unchecked"]),
+                          ("Home popup", homes), ("AutoFocus popup", focus),
+                          "Enable Status Change Feedback unchecked"]),
+            ("View", ["Toolbar checked", "Statusbar checked"]),
+            ("Speech", ["Enable Speech checked", "Enable Keyboard Echo unchecked", ("Rate popup", rates),
+                        ("Pitch popup", pitches)]),
+            ("Help", ["Contents", "About"]),
+        ]
+        for index, (title, items) in enumerate(menus):
+            first = items[0][0] if isinstance(items[0], tuple) else items[0]
+            self.hears("alt+f" if index == 0 else "Right", title, first)
+            self.walks(items)
+            if isinstance(items[-1], tuple):
+                self.hears("Down", first)  # round the end: Right would open the submenu
+        self.hears("Escape")
+
     def test_alert_of_a_page_is_shown_again_and_spoken(self):
         corvane = self.start(settings=SPOKEN)
         corvane.transcript.mark()
