@@ -59,6 +59,21 @@ class Hearing(EndToEndTest):
         self.corvane.keys("Return")
         self.said("The weather")
 
+    def test_every_kind_of_field_has_its_sentence(self):
+        self.open_form("/kinds.html", "All kinds")
+        self.hears("Tab", "text, bare, cats")
+        self.hears("Tab", "text, , Label, x")
+        self.hears("Tab", "text, mail, Mail, ")
+        self.hears("Tab", "radio, size, s, unselected")
+        self.hears("Tab", "checkbox, news, News, checked")
+        self.hears("Tab", "select-multiple, many, One")
+        self.hears("Tab", "textarea, free, Text")
+        self.hears("Tab", "file, ")
+        self.hears("Tab", "image, picture")
+        self.hears("Tab", "button, Press")
+        self.hears("Tab", "reset, Clear")
+        self.hears("Tab", "submit, Search")
+
     def test_what_is_said_of_the_form_stands_in_the_text_pane(self):
         corvane = self.open_form("/form.html", "The order")
         self.hears("Tab", "text, user, Your name, Ann")
