@@ -68,7 +68,7 @@ Favorites::Kept Favorites::Add(const std::string& folder, const std::string& tit
   const bool is_short = text::length(address) <= kShortcutBuffer - 1;
   const std::string name = SafeFileName(title.empty() ? address : title);
   for (int i = 1; i <= kMostNamesakes; ++i) {
-    const std::string numbered = NumberedName(name, i);
+    std::string numbered = NumberedName(name, i);
     const std::string shortcut = Below(folder, numbered + kShortcut);
     const std::string link = Below(folder, numbered + kDesktopLink);
     for (const auto& path : {shortcut, link}) {
@@ -97,7 +97,7 @@ std::string Favorites::Rename(const std::string& path, const std::string& name) 
     throw RunTimeError(kErrPermissionDenied, "Favorites", "This cannot be renamed");
   }
   FileSystem& files = desktop_.GetFileSystem();
-  const std::string safe = SafeFileName(name);
+  std::string safe = SafeFileName(name);
   const auto slash = path.rfind(files.Separator());
   std::string extension;
   for (const char* known : {kShortcut, kDesktopLink}) {
@@ -113,7 +113,7 @@ std::string Favorites::Rename(const std::string& path, const std::string& name) 
 
 std::string Favorites::NewFolder(const std::string& name) const {
   for (int i = 1; i <= kMostNamesakes; ++i) {
-    const std::string numbered = NumberedName(name, i);
+    std::string numbered = NumberedName(name, i);
     const std::string path = Below(Folder(), numbered);
     if (desktop_.GetFileSystem().Exists(path)) continue;
     desktop_.GetShell().MakeFolder(path);

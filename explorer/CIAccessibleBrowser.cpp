@@ -23,7 +23,7 @@ void CIAccessibleBrowser::setChild(const AccessiblePtr& child, AccessibleKid vKi
 }
 
 std::string CIAccessibleBrowser::Label(const std::string& name) const {
-  const std::string role = access_.RoleText(Role);
+  std::string role = access_.RoleText(Role);
   if (!name.empty()) return Role == kRoleEditableText ? name : name + " " + role;
   if (Role == kRoleLink || Role == kRoleEditableText) return role + ", " + value_;
   return role;
