@@ -36,7 +36,13 @@ bool IsHostileAddress(const std::string& address, const std::string& from) {
   if (scheme == "vbscript" || scheme == "data") return true;
   if (scheme == "javascript") return from.empty();
   const bool is_inside = scheme == "file" || scheme == "corvane";
-  return is_inside && !from.empty() && SchemeOf(from) != scheme;
+  const std::string asking = SchemeOf(from);
+  return is_inside && !from.empty() && asking != scheme && asking != "corvane";
+}
+
+std::string RefusedWords(const std::string& address) {
+  constexpr std::size_t kLongestSpoken = 100;  // characters of the address
+  return "Address refused: " + text::left(address, kLongestSpoken);
 }
 
 std::string SafeFileName(const std::string& name) {

@@ -1,5 +1,7 @@
 #include "browser/LinksList.h"
 
+#include "browser/LinkFile.h"
+
 namespace corvane {
 
 LinksList::LinksList(PaneContext& pane, AAFormCollection& announcers)
@@ -48,6 +50,11 @@ void LinksList::cmbListLinks_DblClick() {
     }
     const std::string address = addresses_[static_cast<std::size_t>(index)];
     if (address.empty()) return;
+    const std::string& page = addresses_.front();
+    if (index > 0 && IsHostileAddress(address, page.empty() ? "unknown:" : page)) {
+      pane_.announcer.AddAndSay(RefusedWords(address));
+      return;
+    }
     pane_.StartReading();
     pane_.controls.brwWebBrowser->Navigate2(address);
   });

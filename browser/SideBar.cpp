@@ -11,7 +11,6 @@ namespace {
 
 /// Folders, files, what can be opened, links and what can be linked to.
 constexpr std::uint32_t kFolderMask = 0xE0010004;
-constexpr std::size_t kLongestSpoken = 100;  // characters of a refused address
 
 /// The pictures of page structure items, in the order of their kinds.
 constexpr StockImage kPageImages[] = {
@@ -204,7 +203,7 @@ void SideBar::Follow(TreeNode& node, int content) {
     from = item && !item->Location().empty() ? item->Location() : "unknown:";
   }
   if (IsHostileAddress(address, from)) {
-    pane_.announcer.AddAndSay("Address refused: " + text::left(address, kLongestSpoken));
+    pane_.announcer.AddAndSay(RefusedWords(address));
     return;
   }
   pane_.StartReading();

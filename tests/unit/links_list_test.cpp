@@ -82,6 +82,24 @@ TEST_F(LinksListTest, LinkWithoutAddressGoesNowhere) {
   EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
 }
 
+TEST_F(LinksListTest, PageFromElsewhereCannotLeadToFilesOfThisComputer) {
+  Read(MakePage("http://a/", "A", "", {{"trap", "file:///etc/passwd"}, {"here", "http://b/"}}));
+  p.Links().index = 1;
+  p.Links().DblClick.Raise();
+  EXPECT_THAT(p.Browser().calls, IsEmpty());
+  EXPECT_THAT(p.TextPane().Text(), ::testing::HasSubstr("Address refused: file:///etc/passwd"));
+  p.Links().index = 2;
+  p.Links().DblClick.Raise();
+  EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 http://b/"));
+}
+
+TEST_F(LinksListTest, FileMayLeadToAnotherFile) {
+  Read(MakePage("file:///a.html", "A", "", {{"b", "file:///b.html"}}));
+  p.Links().index = 1;
+  p.Links().DblClick.Raise();
+  EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 file:///b.html"));
+}
+
 TEST_F(LinksListTest, ChoosingWithNothingSelectedIsReported) {
   Read(MakePage("http://a/", "A", ""));
   p.Links().index = -1;
