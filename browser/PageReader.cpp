@@ -54,12 +54,11 @@ void PageReader::StillLoading() {
 
 // Several steps let waiting events run, and one of those may complete another
 // page and read it from its beginning. Then the rest of this reading is about a
-// page that is gone, and ends.
+// page that is gone, and ends. A window that closes meanwhile keeps its parts
+// until this has returned.
 void PageReader::ReadPage() {
   const unsigned mine = ++reading_;
-  const auto current = [this, mine, alive = std::weak_ptr(alive_)] {
-    return !alive.expired() && reading_ == mine;
-  };
+  const auto current = [this, mine] { return reading_ == mine; };
   PaneControls& c = pane_.controls;
   WebBrowser& browser = *c.brwWebBrowser;
   Announcer& announcer = pane_.announcer;

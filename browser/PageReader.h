@@ -43,7 +43,6 @@ class PageReader {
   int stopIcon_;
   std::string title_;     // of the page that was read last
   unsigned reading_ = 0;  // counts readings: a newer one makes an older one stop
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // to be watched
   Connections connections_;
 };
 

@@ -208,6 +208,13 @@ TEST_F(FormAnnouncers, CharactersAreNeverCutInTwo) {
   EXPECT_EQ(KeyUp(*field, "a\U0001F600", 1), "\U0001F600");
 }
 
+TEST_F(FormAnnouncers, CombiningMarkIsACharacterOfItsOwn) {
+  const auto field = Input("text", "q");
+  Reset({field});
+  EXPECT_EQ(KeyUp(*field, "e", 0), "e");
+  EXPECT_EQ(KeyUp(*field, "e\u0301", 0), "\u0301");
+}
+
 TEST_F(FormAnnouncers, CaretThatThePageReportsOutsideTheFieldIsHeldInside) {
   const auto field = Input("text", "q");
   Reset({field});

@@ -99,6 +99,23 @@ TEST(VirtualKeyTest, AKeyWithoutAHardwareCodeIsNamedByWhatItTypes) {
   EXPECT_EQ(VirtualKey(GDK_KEY_VoidSymbol, 0, 0, {}), 0);
 }
 
+TEST(VirtualKeyTest, ADeadKeyIsNamedByItsPlace) {
+  EXPECT_EQ(VirtualKey(GDK_KEY_dead_acute, 21, 0, {{0, 0, GDK_KEY_dead_acute}}), 187);
+  EXPECT_EQ(VirtualKey(GDK_KEY_dead_circumflex, 34, 0, {{0, 0, GDK_KEY_dead_circumflex}}), 219);
+}
+
+TEST(VirtualKeyTest, KeysOfMediaAndEastAsianKeyboardsHaveTheirCodes) {
+  const auto code = [](guint keyval) { return VirtualKey(keyval, 0, 0, {}); };
+  EXPECT_EQ(code(GDK_KEY_AudioNext), 176);
+  EXPECT_EQ(code(GDK_KEY_AudioPlay), 179);
+  EXPECT_EQ(code(GDK_KEY_Mail), 180);
+  EXPECT_EQ(code(GDK_KEY_Calculator), 183);
+  EXPECT_EQ(code(GDK_KEY_Hangul), 21);
+  EXPECT_EQ(code(GDK_KEY_Kanji), 25);
+  EXPECT_EQ(code(GDK_KEY_Henkan), 28);
+  EXPECT_EQ(code(GDK_KEY_Muhenkan), 29);
+}
+
 TEST(VirtualKeyTest, ShiftBits) {
   EXPECT_EQ(ShiftState(0), 0);
   EXPECT_EQ(ShiftState(GDK_SHIFT_MASK | GDK_LOCK_MASK), kShiftMask);
