@@ -21,7 +21,7 @@ PaneControls::PaneControls(Desktop& desktop)
       Timer1(desktop.CreateTimer()),
       ELABottom(desktop.CreateElasticFrame("ELABottom")),
       ELARight(desktop.CreateElasticFrame("ELARight")),
-      ctlText1(desktop),
+      ctlText1(desktop, "ctlText1"),
       ELABrowser(desktop.CreateElasticFrame("ELABrowser")),
       brwWebBrowser(desktop.CreateWebBrowser("brwWebBrowser")),
       ELASideBar(desktop.CreateElasticFrame("ELASideBar")),
@@ -56,7 +56,7 @@ PaneControls::PaneControls(Desktop& desktop)
   ELASideBar->Add(*ELATree);
   ELASideBar->Add(*ELALinks);
   ELARight->Add(*ELABrowser);
-  ELARight->Add(ctlText1.Text1());
+  ELARight->Add(ctlText1.Frame());
   ELABottom->Add(*ELASideBar);
   ELABottom->Add(*ELARight);
   ELAMain->Add(*ELATop);

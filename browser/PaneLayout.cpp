@@ -143,7 +143,7 @@ void PaneLayout::ELARight_RealignFrame() {
     PaneControls& c = pane_.controls;
     const float height = c.ELARight->Height();
     const float text = pane_.state.sngSplitterH * height;
-    c.ctlText1.Text1().SetHeight(text);
+    c.ctlText1.Frame().SetHeight(text);
     c.ELABrowser->SetHeight(height - text);
   });
 }
@@ -151,7 +151,7 @@ void PaneLayout::ELARight_RealignFrame() {
 void PaneLayout::ELARight_ResizeChildren() {
   ErrorsShown(pane_.desktop.GetMessageBox(), "ELARightResizeChildren Error: ", [&] {
     PaneControls& c = pane_.controls;
-    KeepRatio(pane_.state.sngSplitterH, c.ctlText1.Text1().Height(), c.ELARight->Height(),
+    KeepRatio(pane_.state.sngSplitterH, c.ctlText1.Frame().Height(), c.ELARight->Height(),
               "SplitterH");
   });
 }

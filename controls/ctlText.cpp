@@ -13,8 +13,9 @@ constexpr std::size_t kMirrorBound = 12700;  // no piece starts at or behind thi
 
 }  // namespace
 
-ctlText::ctlText(Desktop& desktop)
+ctlText::ctlText(Desktop& desktop, const std::string& name)
     : desktop_(desktop),
+      frame_(desktop.CreateElasticFrame(name)),
       Text1_(desktop.CreateRichTextBox("Text1")),
       List1_(desktop.CreateListBox("List1")),
       lngTextWindow_(Text1_->hwnd()) {
@@ -22,6 +23,12 @@ ctlText::ctlText(Desktop& desktop)
   connections_ += Text1_->KeyDown.Connect([this](KeyEvent& key) { KeyDown.Raise(key); });
   connections_ += Text1_->KeyUp.Connect([this](KeyEvent& key) { KeyUp.Raise(key); });
   connections_ += Text1_->SelChange.Connect([this] { SelChange.Raise(); });
+  connections_ += frame_->GotFocus.Connect([this] { SetFocus(); });
+  connections_ += frame_->RealignFrame.Connect([this] { UserControl_Resize(); });
+  List1_->SetAccessibleName("Latest text");
+  frame_->Add(*Text1_);
+  frame_->Add(*List1_);
+  UserControl_Resize();
 }
 
 void ctlText::AddText(const std::string& strText, const bool& blnMoveCur) {
@@ -108,8 +115,10 @@ void ctlText::SetForeColor(Color color) {
   SetText(saved);
 }
 
-void ctlText::Resize(float width, float height) {
-  ErrorsIgnored([&] { Text1_->SetWidth(width); }, [&] { Text1_->SetHeight(height); },
+// The box fills the control from its origin; the mirror goes out of sight.
+void ctlText::UserControl_Resize() {
+  const float width = frame_->Width();
+  ErrorsIgnored([&] { Text1_->SetWidth(width); }, [&] { Text1_->SetHeight(frame_->Height()); },
                 [&] { List1_->Move(2 * width, 2 * width); });
 }
 

@@ -15,7 +15,10 @@ namespace corvane {
 /// the newest text. It speaks nothing; keys and selection changes go to its host.
 class ctlText {
  public:
-  explicit ctlText(Desktop& desktop);
+  ctlText(Desktop& desktop, const std::string& name);
+
+  /// The control itself, for the frame that it stands in.
+  ElasticFrame& Frame() { return *frame_; }
 
   /// Appends `strText` at the end. With `blnMoveCur` the caret goes behind it,
   /// otherwise to its first character. Lets waiting events run between pieces.
@@ -90,8 +93,6 @@ class ctlText {
   /// Gives the whole text the colour.
   void SetForeColor(Color color);
 
-  /// Lays the children out for the control's inner size, in twips.
-  void Resize(float width, float height);
   /// The rich text box's window, read once.
   WindowHandle TextWindow() const { return lngTextWindow_; }
   /// Passes the focus on to the rich text box.
@@ -99,7 +100,7 @@ class ctlText {
     ErrorsIgnored([&] { Text1_->SetFocus(); });
   }
 
-  /// The two children, for the pane's frames and for whoever reads the mirror.
+  /// The two children, for the pane and for whoever reads the mirror.
   RichTextBox& Text1() { return *Text1_; }
   const RichTextBox& Text1() const { return *Text1_; }
   ListBox& List1() { return *List1_; }
@@ -139,8 +140,10 @@ class ctlText {
     });
   }
   void Mirror(const std::string& strText);
+  void UserControl_Resize();
 
   Desktop& desktop_;
+  std::unique_ptr<ElasticFrame> frame_;
   std::unique_ptr<RichTextBox> Text1_;
   std::unique_ptr<ListBox> List1_;
   WindowHandle lngTextWindow_ = 0;

@@ -15,7 +15,8 @@ class FakeAgent : public Agent {
   /// Everything asked of any agent: "load FILE", "show", "speak TEXT", "stop".
   struct Journal {
     std::vector<std::string> calls;
-    std::string load_error;  ///< what Load raises; empty to succeed
+    std::string server_error;  ///< what making an agent raises; empty to succeed
+    std::string load_error;    ///< what Load raises; empty to succeed
     FakeAgent* agent = nullptr;
     int last_id = 0;
 

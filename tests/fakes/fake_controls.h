@@ -30,9 +30,15 @@ class FakeControl : public Port {
   bool Enabled() const override { return enabled; }
   void SetEnabled(bool value) override { enabled = value; }
   float Width() const override { return width; }
-  void SetWidth(float twips) override { width = twips; }
+  void SetWidth(float twips) override {
+    Work();
+    width = twips;
+  }
   float Height() const override { return height; }
-  void SetHeight(float twips) override { height = twips; }
+  void SetHeight(float twips) override {
+    Work();
+    height = twips;
+  }
   void SetAccessibleName(const std::string& value) override { accessible_name = value; }
 
   /// A key pressed and released by the user; true when the control was allowed
@@ -58,6 +64,8 @@ class FakeControl : public Port {
   std::string accessible_name;
 
  protected:
+  /// Raises an error while the desktop says that this control fails.
+  void Work() const;
   FakeDesktop& desktop_;
   WindowHandle handle_;
 };
@@ -66,7 +74,10 @@ class FakeElasticFrame : public FakeControl<ElasticFrame> {
  public:
   using FakeControl::FakeControl;
   void Add(Control& child) override { children.push_back(&child); }
-  void SetAlign(Align value) override { align = value; }
+  void SetAlign(Align value) override {
+    Work();
+    align = value;
+  }
   void SetLayout(Layout value) override { layout = value; }
   void SetSplitter(bool value) override { splitter = value; }
   void Realign() override { RealignFrame.Raise(); }
@@ -82,7 +93,10 @@ class FakeCommandButton : public FakeControl<CommandButton> {
   using FakeControl::FakeControl;
   std::string Caption() const override { return caption; }
   void SetCaption(const std::string& value) override { caption = value; }
-  void SetPicture(int image) override { pictures.push_back(image); }
+  void SetPicture(int image) override {
+    Work();
+    pictures.push_back(image);
+  }
 
   std::string caption;
   std::vector<int> pictures;  ///< every picture shown, in order

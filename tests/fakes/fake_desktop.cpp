@@ -55,7 +55,7 @@ bool FakeRebarWindow::DeleteBand(int index) {
 
 bool FakeRebarWindow::GetBandInfo(int index, BandInfo& info) const {
   if (index < 0 || index >= BandCount()) return false;
-  const auto mask = info.mask;
+  const auto mask = read_mask = info.mask;
   info = bands[static_cast<std::size_t>(index)];
   info.mask = mask;
   return true;

@@ -57,7 +57,10 @@ class FakeTimer : public Timer {
   int Interval() const override { return interval; }
   void SetInterval(int milliseconds) override { interval = milliseconds; }
   bool Enabled() const override { return enabled; }
-  void SetEnabled(bool value) override { enabled = value; }
+  void SetEnabled(bool value) override {
+    if (refuses) throw RunTimeError(kErrDeviceIo, "Timer", "No more timers");
+    enabled = value;
+  }
   /// One tick, if the timer runs.
   void Fire() {
     if (enabled) Tick.Raise();
@@ -65,6 +68,7 @@ class FakeTimer : public Timer {
 
   int interval = 0;
   bool enabled = false;
+  bool refuses = false;
 };
 
 class FakeForm : public Form {
@@ -137,6 +141,7 @@ class FakeRebarWindow : public RebarWindow {
   std::vector<int> place;
   int rows = 1;
   int repaints = 0;
+  mutable std::uint32_t read_mask = 0;  ///< of the last GetBandInfo
   WindowHandle notify_parent = 0;
 
  private:
@@ -167,7 +172,12 @@ class FakeDesktop : public Desktop {
   std::unique_ptr<Timer> CreateTimer() override;
   std::unique_ptr<RebarWindow> CreateRebarWindow(ElasticFrame& parent, std::uint32_t style,
                                                  int width, int height) override;
-  std::unique_ptr<Agent> CreateAgent() override { return std::make_unique<FakeAgent>(speech); }
+  std::unique_ptr<Agent> CreateAgent() override {
+    if (!speech.server_error.empty()) {
+      throw RunTimeError(kErrCannotCreateObject, "Agent", speech.server_error);
+    }
+    return std::make_unique<FakeAgent>(speech);
+  }
   std::unique_ptr<ActivationHook> CreateActivationHook() override;
   std::unique_ptr<KeyboardHook> CreateKeyboardHook() override;
   std::unique_ptr<MessageHook> CreateMessageHook() override;
@@ -244,7 +254,8 @@ class FakeDesktop : public Desktop {
   FakeKeyboardHook* keyboard_hook = nullptr;
   FakeMessageHook* message_hook = nullptr;
   FakeRebarWindow* rebar = nullptr;
-  std::string focus;  ///< the control that was focused last
+  std::string focus;    ///< the control that was focused last
+  std::string failing;  ///< the control that raises an error when it is worked on
   int yields = 0;
   int yielding = 0;  ///< DoEvents calls under way
   std::vector<std::function<void()>> later;
@@ -264,6 +275,11 @@ template <class Port>
 FakeControl<Port>::~FakeControl() {
   desktop_.windows.Remove(handle_);
   desktop_.Gone(this);
+}
+
+template <class Port>
+void FakeControl<Port>::Work() const {
+  if (desktop_.failing == name) throw RunTimeError(kErrDeviceIo, name, "Device I/O error");
 }
 
 template <class Port>

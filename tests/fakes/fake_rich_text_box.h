@@ -69,6 +69,7 @@ class FakeRichTextBox : public FakeControl<RichTextBox> {
     return static_cast<int>(std::count(before.begin(), before.end(), '\n'));
   }
   int LineIndex(int line) const override {
+    Work();
     int at = 0;
     for (const auto& each : Lines()) {
       if (line-- == 0) return at;

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -41,6 +42,7 @@ class FakeSettings : public SettingsStore {
   }
   void SaveSetting(const std::string& application, const std::string& section,
                    const std::string& key, const std::string& value) override {
+    if (refused.count(key) != 0) throw RunTimeError(kErrDeviceIo, "Settings", "Device I/O error");
     values[{application, section, key}] = value;
     saves.push_back(key + "=" + value);
   }
@@ -53,6 +55,7 @@ class FakeSettings : public SettingsStore {
 
   std::map<std::tuple<std::string, std::string, std::string>, std::string> values;
   std::vector<std::string> saves;
+  std::set<std::string> refused;  ///< keys that cannot be written
 };
 
 class FakeRegistry : public Registry {

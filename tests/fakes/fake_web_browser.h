@@ -51,7 +51,10 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   HTMLDocumentPtr document;
 
  private:
-  void Note(const std::string& call) { calls.push_back(call); }
+  void Note(const std::string& call) {
+    Work();
+    calls.push_back(call);
+  }
 };
 
 /// A page with a title, text and links (text, address).

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -98,10 +99,14 @@ class FakeWindows : public Windows {
 template <class Port>
 class FakeHook : public Port {
  public:
-  void SetEnabled(bool value) override { enabled = value; }
+  void SetEnabled(bool value) override {
+    enabled = value;
+    if (on_switch) on_switch(value);
+  }
   bool Enabled() const override { return enabled; }
 
   bool enabled = false;
+  std::function<void(bool)> on_switch;
 };
 using FakeActivationHook = FakeHook<ActivationHook>;
 using FakeKeyboardHook = FakeHook<KeyboardHook>;

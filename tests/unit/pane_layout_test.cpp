@@ -33,7 +33,7 @@ TEST_F(PaneLayoutTest, TextPaneTakesItsRatioOfTheHeight) {
   Start();
   Frame("ELARight").height = 8000;
   Frame("ELARight").RealignFrame.Raise();
-  EXPECT_EQ(p.TextPane().height, 2000);
+  EXPECT_EQ(Frame("ctlText1").height, 2000);
   EXPECT_EQ(Frame("ELABrowser").height, 6000);
 }
 
@@ -50,10 +50,10 @@ TEST_F(PaneLayoutTest, DragOfTheTextPaneIsWrittenLikewise) {
   p.desktop.settings.Pane("SplitterH") = "0.25";
   Start();
   Frame("ELARight").height = 1000;
-  p.TextPane().height = 254;
+  Frame("ctlText1").height = 254;
   Frame("ELARight").ResizeChildren.Raise();
   EXPECT_EQ(p.desktop.settings.Pane("SplitterH"), "0.25");
-  p.TextPane().height = 500;
+  Frame("ctlText1").height = 500;
   Frame("ELARight").ResizeChildren.Raise();
   EXPECT_EQ(p.desktop.settings.Pane("SplitterH"), "0.5");
 }

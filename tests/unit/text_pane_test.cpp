@@ -13,7 +13,7 @@ using ::testing::IsEmpty;
 
 struct TextPane : ::testing::Test {
   FakeDesktop desktop;
-  ctlText pane{desktop};
+  ctlText pane{desktop, "ctlText1"};
   FakeRichTextBox& box = desktop.Get<FakeRichTextBox>("Text1");
   FakeListBox& mirror = desktop.Get<FakeListBox>("List1");
 
@@ -142,22 +142,109 @@ TEST_F(TextPane, OnlyStrikeThruTellsTheContainer) {
   EXPECT_TRUE(pane.SelStrikeThru());
 }
 
-TEST_F(TextPane, FormatsAreDelegated) {
-  pane.SetSelBold(true);
+TEST_F(TextPane, OtherSettersTellNothing) {
+  int told = 0;
+  const auto connection = pane.PropertyChanged.Connect([&](const std::string&) { ++told; });
+  pane.SetSelText("x");
+  pane.SetSelRTF("{\\rtf1 x}");
+  pane.SetSelStart(0);
+  pane.SetSelLength(1);
   pane.SetSelItalic(true);
+  pane.SetSelProtected(true);
+  pane.SetSelBullet(true);
   pane.SetSelFontName("Serif");
   pane.SetSelFontSize(14);
-  pane.SetSelIndent(720);
-  pane.SetSelAlignment(RichTextBox::Alignment::Center);
+  pane.SetSelCharOffset(20);
+  pane.SetSelIndent(1);
+  pane.SetSelRightIndent(1);
+  pane.SetSelHangingIndent(1);
+  pane.SetSelAlignment(RichTextBox::Alignment::Right);
+  pane.SetSelTabCount(1);
+  pane.SetSelTabs(0, 1);
+  pane.SetText("y");
+  pane.SetTextRTF("{\\rtf1 y}");
+  pane.SetBackColor(1);
+  pane.SetFont({"Serif", 12});
+  pane.SetForeColor(1);
+  EXPECT_EQ(told, 0);
+}
+
+// A setter and the getter of the same name reach the box's property.
+template <class Value, class Set, class Get>
+void ExpectKept(ctlText& pane, Set set, Get get, const Value& value) {
+  EXPECT_FALSE((pane.*get)() == value) << "the test must change something";
+  (pane.*set)(value);
+  EXPECT_EQ((pane.*get)(), value);
+}
+
+TEST_F(TextPane, FormatsOfTheSelectionAreTheBoxs) {
+  pane.AddText("abc", true);
+  pane.SetSelStart(1);
+  pane.SetSelLength(1);
+  ExpectKept(pane, &ctlText::SetSelBold, &ctlText::SelBold, true);
+  ExpectKept(pane, &ctlText::SetSelItalic, &ctlText::SelItalic, true);
+  ExpectKept(pane, &ctlText::SetSelUnderline, &ctlText::SelUnderline, true);
+  ExpectKept(pane, &ctlText::SetSelStrikeThru, &ctlText::SelStrikeThru, true);
+  ExpectKept(pane, &ctlText::SetSelProtected, &ctlText::SelProtected, true);
+  ExpectKept(pane, &ctlText::SetSelBullet, &ctlText::SelBullet, true);
+  ExpectKept<std::string>(pane, &ctlText::SetSelFontName, &ctlText::SelFontName, "Serif");
+  ExpectKept(pane, &ctlText::SetSelFontSize, &ctlText::SelFontSize, 14.0F);
+  ExpectKept<Color>(pane, &ctlText::SetSelColor, &ctlText::SelColor, 0x0000FF);
+  ExpectKept(pane, &ctlText::SetSelCharOffset, &ctlText::SelCharOffset, -60);
+  ExpectKept(pane, &ctlText::SetSelIndent, &ctlText::SelIndent, 720);
+  ExpectKept(pane, &ctlText::SetSelRightIndent, &ctlText::SelRightIndent, 360);
+  ExpectKept(pane, &ctlText::SetSelHangingIndent, &ctlText::SelHangingIndent, 180);
+  ExpectKept(pane, &ctlText::SetSelAlignment, &ctlText::SelAlignment,
+             RichTextBox::Alignment::Center);
+  ExpectKept(pane, &ctlText::SetSelTabCount, &ctlText::SelTabCount, 3);
+  const RichTextBox::Format format{.bold = true,
+                                   .italic = true,
+                                   .underline = true,
+                                   .strike_thru = true,
+                                   .is_protected = true,
+                                   .bullet = true,
+                                   .font_name = "Serif",
+                                   .font_size = 14,
+                                   .color = 0x0000FF,
+                                   .char_offset = -60,
+                                   .indent = 720,
+                                   .right_indent = 360,
+                                   .hanging_indent = 180,
+                                   .alignment = RichTextBox::Alignment::Center,
+                                   .tabs = {0, 0, 0}};
+  EXPECT_EQ(box.formats[1], format);
+  EXPECT_EQ(box.formats[0], RichTextBox::Format{});
+}
+
+TEST_F(TextPane, TextSelectionAndLooksAreTheBoxs) {
+  ExpectKept<std::string>(pane, &ctlText::SetText, &ctlText::Text, "one two");
+  EXPECT_EQ(box.text, "one two");
+  ExpectKept(pane, &ctlText::SetSelStart, &ctlText::SelStart, 4);
+  ExpectKept(pane, &ctlText::SetSelLength, &ctlText::SelLength, 3);
+  EXPECT_EQ(pane.SelText(), "two");
+  EXPECT_EQ(pane.SelRTF(), "{\\rtf1 two}");
+  pane.SetSelRTF("{\\rtf1 three}");
+  EXPECT_EQ(pane.TextRTF(), "{\\rtf1 one three}");
+  pane.SetTextRTF("{\\rtf1 four}");
+  EXPECT_EQ(box.text, "four");
+  ExpectKept<Color>(pane, &ctlText::SetBackColor, &ctlText::BackColor, 0x00FF00);
+  EXPECT_EQ(box.back_color, 0x00FF00U);
+  ExpectKept(pane, &ctlText::SetFont, &ctlText::Font, Font{"Serif", 12, true, true});
+  EXPECT_EQ(box.font.name, "Serif");
+  pane.SelPrint(77);
+  EXPECT_EQ(box.printed_on, 77);
+}
+
+TEST_F(TextPane, LineOfACharacterIsTheBoxs) {
+  pane.SetText("one\ntwo");
+  EXPECT_EQ(pane.GetLineFromChar(3), 0);
+  EXPECT_EQ(pane.GetLineFromChar(4), 1);
+}
+
+TEST_F(TextPane, TabsAreSetOneByOne) {
   pane.SetSelTabCount(2);
   pane.SetSelTabs(1, 1440);
   pane.SetSelTabs(7, 99);  // there is no such tab
-  EXPECT_TRUE(box.pending.bold);
-  EXPECT_TRUE(box.pending.italic);
-  EXPECT_EQ(pane.SelFontName(), "Serif");
-  EXPECT_EQ(pane.SelFontSize(), 14);
-  EXPECT_EQ(pane.SelIndent(), 720);
-  EXPECT_EQ(pane.SelAlignment(), RichTextBox::Alignment::Center);
   EXPECT_THAT(box.pending.tabs, ElementsAre(0, 1440));
   EXPECT_EQ(pane.SelTabs(7), 0);
 }
@@ -165,22 +252,57 @@ TEST_F(TextPane, FormatsAreDelegated) {
 TEST_F(TextPane, HostCanChangeAKeyOnItsWay) {
   const auto connection = pane.KeyPress.Connect([](int& code) { code = 0; });
   EXPECT_FALSE(box.Press('A', 0, 'a'));
-  int released = 0;
-  const auto up = pane.KeyUp.Connect([&](KeyEvent& key) { released = key.KeyCode; });
-  box.Press('B');
-  EXPECT_EQ(released, 'B');
+  const auto down = pane.KeyDown.Connect([](KeyEvent& key) {
+    if (key.KeyCode == 'B') key.KeyCode = 0;
+  });
+  EXPECT_FALSE(box.Press('B'));
+  EXPECT_TRUE(box.Press('C'));
 }
 
-TEST_F(TextPane, LayoutMovesTheMirrorOutOfSight) {
-  pane.Resize(3000, 1000);
-  EXPECT_EQ(box.width, 3000);
-  EXPECT_EQ(box.height, 1000);
+TEST_F(TextPane, KeysAndSelectionChangesGoToTheHost) {
+  std::vector<std::string> told;
+  Connections listening;
+  listening += pane.KeyDown.Connect([&](KeyEvent& key) {
+    told.push_back("down " + std::to_string(key.KeyCode) + " " + std::to_string(key.Shift));
+  });
+  listening +=
+      pane.KeyPress.Connect([&](int& code) { told.push_back("press " + std::to_string(code)); });
+  listening += pane.KeyUp.Connect([&](KeyEvent& key) {
+    told.push_back("up " + std::to_string(key.KeyCode) + " " + std::to_string(key.Shift));
+  });
+  listening += pane.SelChange.Connect([&] { told.push_back("selection"); });
+  box.Press('A', kShiftMask, 'A');
+  box.SelChange.Raise();
+  EXPECT_THAT(told, ElementsAre("down 65 1", "press 65", "up 65 1", "selection"));
+}
+
+TEST_F(TextPane, EveryResizeFillsTheControlAndKeepsTheMirrorOutOfSight) {
+  auto& frame = desktop.Get<FakeElasticFrame>("ctlText1");
+  EXPECT_THAT(frame.children, ElementsAre(&box, &mirror));
+  for (const float size : {3000.0F, 1200.0F}) {
+    frame.width = size;
+    frame.height = size / 2;
+    frame.RealignFrame.Raise();
+    EXPECT_EQ(box.width, size);
+    EXPECT_EQ(box.height, size / 2);
+    EXPECT_EQ(mirror.left, 2 * size);
+    EXPECT_EQ(mirror.top, 2 * size);
+  }
+}
+
+TEST_F(TextPane, LayoutThatFailsDoesNotStopTheRest) {
+  auto& frame = desktop.Get<FakeElasticFrame>("ctlText1");
+  frame.width = 3000;
+  desktop.failing = "Text1";
+  frame.RealignFrame.Raise();
   EXPECT_EQ(mirror.left, 6000);
-  EXPECT_EQ(mirror.top, 6000);
 }
 
 TEST_F(TextPane, FocusIsPassedOn) {
   pane.SetFocus();
+  EXPECT_EQ(desktop.focus, "Text1");
+  desktop.focus.clear();
+  desktop.Get<FakeElasticFrame>("ctlText1").SetFocus();
   EXPECT_EQ(desktop.focus, "Text1");
 }
 

@@ -225,6 +225,7 @@ std::optional<int> WidgetBinding::Wish(Gtk::Orientation orientation) const {
 std::optional<WidgetBinding::Point> WidgetBinding::Place() const { return state_->place; }
 
 void WidgetBinding::SetPlace(Point place) {
+  if (state_->place == place) return;
   state_->place = place;
   state_->outer.queue_resize();
 }

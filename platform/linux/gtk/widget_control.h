@@ -86,6 +86,7 @@ class WidgetBinding {
   struct Point {
     int left = 0;
     int top = 0;
+    bool operator==(const Point&) const = default;
   };
   std::optional<Point> Place() const;
   void SetPlace(Point place);
