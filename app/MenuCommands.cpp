@@ -74,13 +74,18 @@ void MenuCommands::mnuGo_Click(int index) {
 }
 
 void MenuCommands::mnuView_Click(int index) {
-  ErrorsIgnored([&] {
-    MenuItem& item = menu_.mnuView(index);
-    const bool show = !item.Checked();
-    if (index == kViewToolbar) pane_.HideButtonToolBar(!show);
-    if (index == kViewStatusbar) host_.ShowStatusBar(show);
-    item.SetChecked(show);
-  });
+  if (index != kViewToolbar && index != kViewStatusbar) return;
+  MenuItem& item = menu_.mnuView(index);
+  const bool show = !item.Checked();
+  ErrorsIgnored(
+      [&] {
+        if (index == kViewToolbar) {
+          pane_.HideButtonToolBar(!show);
+        } else {
+          host_.ShowStatusBar(show);
+        }
+      },
+      [&] { item.SetChecked(show); });
 }
 
 void MenuCommands::mnuHelp_Click(int index) {

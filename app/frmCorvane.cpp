@@ -161,15 +161,14 @@ std::string frmCorvane::HelpFile() const {
 void frmCorvane::Form_Unload() {
   const auto alive = shared_from_this();
   const corvane::Form& form = *parts_->form;
-  ErrorsIgnored([&] { parts_->ctlWebBrowser1.Terminate(); },
-                [&] {
-                  if (form.State() == Form::WindowState::Minimized) return;
-                  SaveSetting("MainLeft", number::from_single(form.Left()));
-                  SaveSetting("MainTop", number::from_single(form.Top()));
-                  SaveSetting("MainWidth", number::from_single(form.Width()));
-                  SaveSetting("MainHeight", number::from_single(form.Height()));
-                },
-                [&] { Required(service_).ReleaseForm(*this); },
+  ErrorsIgnored([&] { parts_->ctlWebBrowser1.Terminate(); });
+  if (form.State() != Form::WindowState::Minimized) {
+    ErrorsIgnored([&] { SaveSetting("MainLeft", number::from_single(form.Left())); },
+                  [&] { SaveSetting("MainTop", number::from_single(form.Top())); },
+                  [&] { SaveSetting("MainWidth", number::from_single(form.Width())); },
+                  [&] { SaveSetting("MainHeight", number::from_single(form.Height())); });
+  }
+  ErrorsIgnored([&] { Required(service_).ReleaseForm(*this); },
                 [&] { ISpeechWindow_SetMainApp(nullptr); });
   // A reading or a side bar that let events run may be the one who closed the
   // window: its parts go when nothing stands on them any more.

@@ -45,6 +45,44 @@ TEST(MainWindow, StoredChoicesAreReplayed) {
   EXPECT_TRUE(p.Inside().ctlWebBrowser1.Inside().state.blnStatusFeedback);
 }
 
+TEST(MainWindow, ChoicesAreReplayedInTheirOrder) {
+  Program first_run;
+  first_run.Start();
+  EXPECT_THAT(first_run.desktop.settings.saves,
+              ElementsAre("SideBar=5", "TextHistory=0", "Home=3", "Focus=3", "Rate=2", "Pitch=2"));
+  Program p;
+  p.desktop.settings.Main("Speech") = "True";
+  p.desktop.settings.Main("KeyEcho") = "True";
+  p.desktop.settings.Main("StatusChange") = "True";
+  p.Start();
+  EXPECT_THAT(p.desktop.settings.saves,
+              ElementsAre("SideBar=5", "TextHistory=0", "Home=3", "Focus=3", "Speech=True",
+                          "KeyEcho=True", "Rate=2", "Pitch=2", "StatusChange=True"));
+}
+
+TEST(MainWindow, PaneHasItsStatusBarAndSpeechBeforeTheChoicesAreReplayed) {
+  Program p;
+  p.desktop.settings.Pane("SideBar") = "rubbish";  // nothing is replayed
+  p.Start();
+  EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("FormLoad Error: Type mismatch"));
+  EXPECT_EQ(p.desktop.boxes.shown[0].icon, MessageBox::Icon::Critical);
+  EXPECT_THAT(p.desktop.settings.saves, IsEmpty());
+  p.Browser().StatusTextChange.Raise("Loading");
+  EXPECT_EQ(p.Status().PanelText(1), "Loading");
+  p.Inside().menu.mnuSpeech(0).Click.Raise();
+  p.MakeReady();
+  p.Address().SetFocus();
+  EXPECT_THAT(p.Spoken(), ElementsAre(" Address Box"));
+}
+
+TEST(MainWindow, KeyboardEchoStoredWithoutSpeechIsOnlyMarked) {
+  Program p;
+  p.desktop.settings.Main("KeyEcho") = "True";
+  p.Start();
+  EXPECT_TRUE(p.Inside().menu.mnuSpeech(1).Checked());
+  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
+}
+
 TEST(MainWindow, SpeechSettingIsCaseSensitive) {
   Program p;
   p.desktop.settings.Main("Speech") = "true";
@@ -81,6 +119,18 @@ TEST(MainWindow, ClosingSavesThePlacement) {
   EXPECT_EQ(p.desktop.settings.Main("MainTop"), "75.5");
   EXPECT_EQ(p.desktop.settings.Main("MainWidth"), "9000");
   EXPECT_EQ(p.desktop.settings.Main("MainHeight"), "7000");
+}
+
+TEST(MainWindow, ValueThatCannotBeStoredCostsNoOther) {
+  Program p;
+  p.Start();
+  p.desktop.settings.refused = {"MainLeft", "MainWidth"};
+  p.Window(0)->Unload();
+  EXPECT_EQ(p.desktop.settings.Main("MainTop"), "350");
+  EXPECT_EQ(p.desktop.settings.Main("MainHeight"), "6500");
+  EXPECT_THAT(p.process.Forms(), IsEmpty());
+  EXPECT_EQ(p.desktop.Living("frmProcess"), 0U);
+  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
 }
 
 TEST(MainWindow, ClosingAMaximizedWindowSavesThatGeometry) {

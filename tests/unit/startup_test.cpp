@@ -53,6 +53,8 @@ TEST(Startup, ByAutomationWithoutARunningInstanceIsRefused) {
   p.Start();
   EXPECT_THAT(p.desktop.boxes.Texts(),
               ElementsAre("Main Error: Application can't be started with Automation"));
+  EXPECT_EQ(p.desktop.boxes.shown[0].icon, MessageBox::Icon::Critical);
+  EXPECT_EQ(p.desktop.boxes.shown[0].title, "");
   EXPECT_THAT(p.process.Forms(), IsEmpty());
   EXPECT_EQ(p.desktop.Living("frmProcess"), 0U);
 }
@@ -102,6 +104,19 @@ TEST(Application, SayGoesStraightToTheService) {
   p.Spoken();
   application.Say("from outside", true);
   EXPECT_THAT(p.Spoken(), ElementsAre("from outside (urgent)"));
+}
+
+TEST(Application, SecondBrowserTakesTheFirstOnesPlaceAndLeavesItOpen) {
+  Program p;
+  p.Start();
+  Application application(p.process);
+  application.StartBrowser(p.Service());
+  application.StartBrowser(p.Service());
+  ASSERT_EQ(p.process.Forms().size(), 3U);
+  const auto first = p.Window(1);
+  application.KillBrowser();
+  ASSERT_EQ(p.process.Forms().size(), 2U);
+  EXPECT_EQ(p.Window(1), first);
 }
 
 TEST(Application, SayWithoutAWindowFailsToTheCaller) {
