@@ -127,6 +127,30 @@ TEST_F(AgentForm, MissingCharacterFileIsReportedAndTheHooksGoOff) {
   EXPECT_THAT(desktop.speech.calls, IsEmpty());
 }
 
+TEST_F(AgentForm, UnloadingSwitchesKeysOffFirstThenMenusThenActivation) {
+  std::vector<std::string> switched;
+  desktop.keyboard_hook->on_switch = [&](bool) { switched.push_back("keys"); };
+  desktop.message_hook->on_switch = [&](bool) { switched.push_back("menus"); };
+  desktop.hook->on_switch = [&](bool) { switched.push_back("activation"); };
+  desktop.speech.load_error = "talker.acf was not found";
+  agent.Load_Init(nullptr);
+  Timer1().Fire();
+  EXPECT_THAT(switched, ElementsAre("keys", "menus", "activation"));
+  desktop.keyboard_hook->on_switch = nullptr;
+  desktop.message_hook->on_switch = nullptr;
+  desktop.hook->on_switch = nullptr;
+}
+
+TEST_F(AgentForm, TimersRunOnlyWhenTheirTimeHasCome) {
+  EXPECT_EQ(Timer1().interval, 1);
+  EXPECT_EQ(Timer2().interval, 1000);
+  EXPECT_FALSE(Timer1().enabled);
+  EXPECT_FALSE(Timer2().enabled);
+  agent.Load_Init(nullptr);
+  EXPECT_TRUE(Timer1().enabled);
+  EXPECT_FALSE(Timer2().enabled);
+}
+
 TEST_F(AgentForm, CharacterThatNeverGetsReadyIsGivenUpAfterTheLimit) {
   agent.Load_Init(nullptr);
   Timer1().Fire();
@@ -167,6 +191,30 @@ TEST_F(PageAlert, WithOnlyOkIsClosedAndShownAgainHere) {
               ElementsAre("stop", "stop", "speak \\Pit=\\\\Spd=\\Wrong password (urgent)",
                           "speak \\Pit=\\\\Spd=\\OK button"));
   EXPECT_EQ(desktop.focus, "cmdOK");
+}
+
+TEST_F(PageAlert, IsShownAlsoWhileTheCharacterIsNotReady) {
+  desktop.hook->Activated.Raise(Alert("Microsoft Internet Explorer", "OK", "Early"));
+  Timer2().Fire();
+  EXPECT_EQ(desktop.Get<FakeTextBox>("Text1").text, "Early");
+  EXPECT_TRUE(desktop.Get<FakeForm>("MSAgent").visible);
+  EXPECT_THAT(desktop.speech.calls, IsEmpty());
+}
+
+TEST_F(PageAlert, OfTwoWithinASecondTheLaterIsShown) {
+  Ready();
+  desktop.hook->Activated.Raise(Alert("Microsoft Internet Explorer", "OK", "first"));
+  desktop.hook->Activated.Raise(Alert("Microsoft Internet Explorer", "OK", "second"));
+  EXPECT_EQ(desktop.windows.closed.size(), 2U);
+  Timer2().Fire();
+  EXPECT_EQ(desktop.Get<FakeTextBox>("Text1").text, "second");
+}
+
+TEST_F(PageAlert, WhoseButtonIsSpelledOtherwiseIsLeftAlone) {
+  Ready();
+  desktop.hook->Activated.Raise(Alert("Microsoft Internet Explorer", "Ok", "Hi"));
+  desktop.hook->Activated.Raise(Alert("Microsoft Internet Explorer 5", "OK", "Hi"));
+  EXPECT_THAT(desktop.windows.closed, IsEmpty());
 }
 
 TEST_F(PageAlert, WhoseFirstChildIsNotOkIsLeftAlone) {
@@ -214,6 +262,33 @@ TEST_F(PageAlert, CloseBoxOnlyHidesTheBox) {
   EXPECT_FALSE(unloaded);
   form.Close(Form::UnloadMode::Code);
   EXPECT_TRUE(unloaded);
+}
+
+TEST(AgentFormLife, BoxIsModalOverTheWindowThatOwnsTheSpeech) {
+  Program p;
+  p.StartTalking();
+  const auto alert = p.desktop.windows.Add("Microsoft Internet Explorer", "#32770");
+  p.desktop.windows.Add("OK", "Button", alert);
+  p.desktop.windows.Add("Hi", "Static", alert);
+  p.desktop.hook->Activated.Raise(alert);
+  for (FakeTimer* timer : p.desktop.timers) {
+    if (timer->interval == 1000) timer->Fire();
+  }
+  EXPECT_TRUE(p.desktop.Get<FakeForm>("MSAgent").modal);
+  EXPECT_EQ(p.desktop.Get<FakeForm>("MSAgent").owner, p.Inside().form.get());
+}
+
+TEST(AgentFormLife, ItemComesBackWhenTheCharacterCannotBeHad) {
+  Program p;
+  p.desktop.settings.Main("Speech") = "True";
+  p.desktop.speech.load_error = "talker.acf was not found";
+  p.Start();
+  EXPECT_FALSE(p.Inside().menu.mnuSpeech(0).Enabled());
+  for (FakeTimer* timer : p.desktop.timers) {
+    if (timer->interval == 1) timer->Fire();
+  }
+  EXPECT_TRUE(p.Inside().menu.mnuSpeech(0).Enabled());
+  EXPECT_NE(p.Service()->gMSAgent(), nullptr) << "speech counts as on until it is switched off";
 }
 
 TEST(AgentFormLife, UnloadingStopsSpeechAndHooks) {

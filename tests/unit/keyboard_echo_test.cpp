@@ -65,6 +65,7 @@ TEST(MenuWords, FirstStateThatHoldsWins) {
   EXPECT_EQ(MenuWords(Item("", 0, all)), "");
   EXPECT_EQ(MenuWords(Item("", 0, all & ~kMenuDisabled)), "sysmenu");
   EXPECT_EQ(MenuWords(Item("Rate", 3, all & ~kMenuDisabled)), "Rate popup");
+  EXPECT_EQ(MenuWords(Item("Close", 5, kMenuSystem | kMenuChecked)), "Close checked");
   EXPECT_EQ(MenuWords(Item("Fast", 60, kMenuChecked | kMenuHilite)), "Fast checked");
 }
 
@@ -165,11 +166,40 @@ TEST_F(KeyboardEcho, PitchItemIsSpokenAtItsPitchWhichIsThenRestored) {
   EXPECT_EQ(Agent().Pitch(), 90);
 }
 
+TEST_F(KeyboardEcho, PreviewBeforeAnyRateIsChosenLeavesNone) {
+  FakeDesktop desktop;
+  MSAgent agent{desktop};
+  agent.Load_Init(nullptr);
+  desktop.timers[0]->Fire();
+  desktop.speech.agent->BecomeReady();
+  desktop.message_hook->MenuSelected.Raise({57, kMenuHilite, "Very Slow"});
+  desktop.message_hook->MenuSelected.Raise({67, kMenuHilite, "Very High"});
+  agent.Say("after", false);
+  EXPECT_THAT(desktop.speech.Spoken(),
+              ElementsAre("\\Pit=\\\\Spd=50\\Very Slow unchecked",
+                          "\\Pit=130\\\\Spd=\\Very High unchecked", "\\Pit=\\\\Spd=\\after"));
+}
+
+TEST_F(KeyboardEcho, EveryRateAndPitchItemIsPreviewed) {
+  for (int i = 0; i < 5; ++i) {
+    Calls().clear();
+    Highlight({57 + i, kMenuHilite, "r"});
+    Highlight({63 + i, kMenuHilite, "p"});
+    const std::string speed = std::to_string(50 * (i + 1));
+    const std::string pitch = std::to_string(50 + 20 * i);
+    EXPECT_THAT(program.desktop.speech.Spoken(),
+                ElementsAre("\\Pit=90\\\\Spd=" + speed + "\\r unchecked",
+                            "\\Pit=" + pitch + "\\\\Spd=150\\p unchecked"));
+  }
+  EXPECT_EQ(Agent().Speed(), 150);
+  EXPECT_EQ(Agent().Pitch(), 90);
+}
+
 TEST_F(KeyboardEcho, SpeechSwitchedOffTakesTheHooksAway) {
   ASSERT_TRUE(program.desktop.keyboard_hook->Enabled());
   ASSERT_TRUE(program.desktop.message_hook->Enabled());
   program.Inside().menu.mnuSpeech(0).Click.Raise();
-  EXPECT_EQ(program.Service()->gMSAgent(), nullptr);
+  EXPECT_EQ(program.Service()->gMSAgent(), nullptr);  // the hooks were its own
 }
 
 TEST(AgentHooks, MissingCharacterSwitchesAllThreeOff) {

@@ -61,6 +61,51 @@ TEST(SpeechService, CountOverflowIsReportedAndTheCountStays) {
   EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("SpeechInit Error: Overflow"));
 }
 
+TEST(SpeechService, CountBelowItsRangeIsReported) {
+  Program p;
+  p.Start();
+  auto service = p.Service();
+  for (int i = 0; i < 32768; ++i) service->SpeechTerminate();
+  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
+  service->SpeechTerminate();
+  EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("SpeechTerminate Error: Overflow"));
+  EXPECT_EQ(p.desktop.boxes.shown[0].icon, MessageBox::Icon::Critical);
+  EXPECT_EQ(p.desktop.boxes.shown[0].title, "");
+}
+
+TEST(SpeechService, FormThatCannotBeMadeLeavesCountAndFlagSet) {
+  Program p;
+  p.Start();
+  auto service = p.Service();
+  p.desktop.speech.server_error = "No agent server";
+  service->SpeechInit();
+  EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("SpeechInit Error: No agent server"));
+  EXPECT_EQ(service->gMSAgent(), nullptr);
+  service->Say("dropped", true);  // the flag alone is not enough
+  p.desktop.speech.server_error.clear();
+  service->SpeechInit();  // counts as on: no second try
+  EXPECT_EQ(service->gMSAgent(), nullptr);
+  service->SpeechTerminate();
+  service->SpeechTerminate();
+  service->SpeechInit();
+  EXPECT_NE(service->gMSAgent(), nullptr);
+}
+
+TEST(SpeechService, EveryListenerIsToldOfTheEcho) {
+  Program p;
+  p.Start();
+  auto service = p.Service();
+  service->SpeechInit();
+  std::vector<bool> told;
+  const auto one = service->KeyboardEchoStatus.Connect([&](bool on) { told.push_back(on); });
+  const auto two = service->KeyboardEchoStatus.Connect([&](bool on) { told.push_back(on); });
+  service->KeyBoardEcho(true);
+  EXPECT_TRUE(service->gMSAgent()->blnKeyboardEcho);
+  service->KeyBoardEcho(false);
+  EXPECT_FALSE(service->gMSAgent()->blnKeyboardEcho);
+  EXPECT_THAT(told, ElementsAre(true, true, false, false));
+}
+
 TEST(SpeechService, SpeechLoadsAlsoAfterTheFirstWindowIsGone) {
   Program p;
   p.Start();
