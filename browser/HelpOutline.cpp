@@ -14,12 +14,9 @@ std::string trimmed(const std::string& text) {
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-// The deepest of the positions 4 to 1 that holds a tab tells the depth.
+// The tabs that the line begins with; more than 4 count as 4.
 std::size_t depth_of(const std::string& line) {
-  for (std::size_t position = kDepths - 1; position > 0; --position) {
-    if (line.size() >= position && line[position - 1] == '\t') return position;
-  }
-  return 0;
+  return std::min(line.find_first_not_of('\t'), kDepths - 1);
 }
 
 }  // namespace

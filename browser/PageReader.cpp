@@ -65,7 +65,8 @@ void PageReader::ReadPage() {
   const PaneMenu& menu = pane_.menu;
 
   c.timTimer->SetEnabled(false);
-  ErrorsIgnored([&] { c.Toolbar(kStop).SetPicture(kImageStop); },
+  stopIcon_ = kImageStop;
+  ErrorsIgnored([&] { c.Toolbar(kStop).SetPicture(stopIcon_); },
                 [&] { pane_.state.strAddress = browser.LocationURL(); },
                 [&] { pane_.status.Show(pane_.state.strAddress); },
                 [&] { c.ctlText1.AddText(kLineBreak, true); }, [&] { announcer.AddAndSay(kDone); },

@@ -86,6 +86,16 @@ TEST_F(CaretEchoTest, KeyThatDoesNotMoveTheCaretSpeaksNothing) {
   EXPECT_THAT(p.Spoken(), IsEmpty());
 }
 
+TEST_F(CaretEchoTest, WindowThatIsNoFieldReadsAsAnEmptyFirstLine) {
+  CaretEcho echo(p.Inside().ctlWebBrowser1.Inside());
+  int column = 3;
+  echo.parse_string("abcdef", 0, column);
+  p.Spoken();
+  echo.TextBoxPress(987654);
+  EXPECT_THAT(p.Spoken(), ElementsAre(""));  // from column 3 back to 0 of an empty line
+  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
+}
+
 struct ParseString : ::testing::Test {
   FakeDesktop desktop;
   PaneContext pane{desktop};
@@ -128,6 +138,36 @@ TEST_F(ParseString, MinusThreeSpeaksNothingButRefusesWhatIsNoDigit) {
   Parse("", 0, -3);
   EXPECT_THAT(sink.said, IsEmpty());
   EXPECT_THAT(desktop.boxes.Texts(), ElementsAre("parsestring Error: Type mismatch"));
+}
+
+TEST_F(ParseString, AnotherLineIsSpokenWholeAndItsColumnKept) {
+  Parse("first", 1, 4);
+  Parse("second", 2, 3);
+  Parse("second", 2, 5);  // from column 3 on
+  Parse("second", 2, 1);
+  EXPECT_THAT(sink.said, ElementsAre("first", "second", "on", "econ"));
+}
+
+TEST_F(ParseString, UnmovedCaretStillRemembersTheNewText) {
+  Parse("old", 1, 1);
+  Parse("new", 1, 1);
+  sink.said.clear();
+  Parse("", 0, -1);
+  EXPECT_THAT(sink.said, ElementsAre("new"));
+}
+
+TEST_F(ParseString, NothingIsUrgent) {
+  struct Urgency : ISpeechNotify {
+    std::vector<bool> flags;
+    void ISpeechNotify_Say(const std::string&, const bool& urgent) override {
+      flags.push_back(urgent);
+    }
+  } urgency;
+  pane.announcer.SetSpeechNotify(&urgency);
+  Parse("line", 1, 2);
+  Parse("line", 1, 3);
+  Parse("line", 1, -1);
+  EXPECT_THAT(urgency.flags, ElementsAre(false, false, false));
 }
 
 TEST_F(ParseString, OtherNegativeColumnsBecomeZero) {

@@ -41,6 +41,8 @@ TEST_F(NavigationTest, SearchKeepsTheLeadingBlankAsAPlus) {
   Start();
   TypeAddress("Search cats and dogs");
   EXPECT_THAT(p.Browser().calls, ElementsAre(SearchFor("+cats+and+dogs")));
+  EXPECT_THAT(p.Spoken(), ElementsAre("Search cats and dogs"));
+  EXPECT_TRUE(p.Reading().enabled);
 }
 
 TEST_F(NavigationTest, SearchWordIsFoundInAnyCaseAndSignsAreEscaped) {
@@ -65,6 +67,23 @@ TEST_F(NavigationTest, OtherCharactersOfASearchStayAsTheyAre) {
   Start();
   TypeAddress("Search caf\xC3\xA9&x=1%");
   EXPECT_THAT(p.Browser().calls, ElementsAre(SearchFor("+caf\xC3\xA9&x=1%")));
+}
+
+TEST_F(NavigationTest, DoubleClickOnTheAddressBoxGoesLikeEnter) {
+  Start();
+  p.Address().text = "example.org";
+  p.Address().DblClick.Raise();
+  EXPECT_THAT(p.Spoken(), ElementsAre("example.org"));
+  EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 example.org"));
+  EXPECT_TRUE(p.Reading().enabled);
+}
+
+TEST_F(NavigationTest, HomeButtonEmptiesTheAddressBoxAndStartsReading) {
+  Start();
+  p.Address().text = "left over";
+  Button(4).Click.Raise();
+  EXPECT_EQ(p.Address().text, "");
+  EXPECT_TRUE(p.Reading().enabled);
 }
 
 TEST_F(NavigationTest, StartPageFollowsTheHomeChoice) {
@@ -224,9 +243,11 @@ TEST_F(NavigationTest, EditWorksOnTheTextPaneThroughTheClipboard) {
   p.TextPane().length = 3;
   Pane().Edit(1);
   EXPECT_EQ(p.desktop.clipboard.text, "two");
+  EXPECT_EQ(p.desktop.clipboard.clears, 1);
   EXPECT_EQ(p.TextPane().text, "one two three");
   Pane().Edit(0);
   EXPECT_EQ(p.TextPane().text, "one  three");
+  EXPECT_EQ(p.desktop.clipboard.clears, 2);
   p.TextPane().start = 0;
   Pane().Edit(2);
   EXPECT_EQ(p.TextPane().text, "twoone  three");

@@ -83,6 +83,38 @@ TEST_F(PageReaderTest, SlowPageSaysWorkingAtEveryEighthBusyTick) {
   EXPECT_THAT(program.Spoken(), IsEmpty());
 }
 
+TEST_F(PageReaderTest, BusyTicksAreCountedOnFromPageToPage) {
+  Program program;
+  program.StartTalking();
+  const auto load = [&](int ticks) {
+    program.Browser().Begin();
+    program.Spoken();
+    for (int i = 0; i < ticks; ++i) program.Reading().Fire();
+  };
+  load(5);
+  EXPECT_THAT(program.Spoken(), IsEmpty());
+  program.Browser().Finish(MakePage("http://a/", "A", ""));
+  program.Reading().Fire();
+  load(2);
+  EXPECT_THAT(program.Spoken(), IsEmpty());
+  program.Reading().Fire();
+  EXPECT_THAT(program.Spoken(), ElementsAre("Working..."));
+}
+
+TEST_F(PageReaderTest, StopButtonBlinksFromTheFirstBusyTickOfEachPage) {
+  Program program;
+  program.Start();
+  auto& pictures = program.desktop.Get<FakeCommandButton>("cmdToolbar2").pictures;
+  for (int page = 0; page < 2; ++page) {
+    program.Browser().Begin();
+    pictures.clear();
+    program.Reading().Fire();
+    program.Browser().Finish(MakePage("http://a/", "A", ""));
+    program.Reading().Fire();
+    EXPECT_THAT(pictures, ElementsAre(8, 3)) << page;
+  }
+}
+
 TEST_F(PageReaderTest, StopButtonBlinksWhileLoadingAndRestsAfterwards) {
   Program program;
   program.Start();

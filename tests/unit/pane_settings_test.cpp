@@ -132,11 +132,17 @@ TEST(EngineVersion, OldEngineIsReportedOnceAndThePaneComesUp) {
 TEST(RegEntry, RootsMapToTheirHandlesAndAbsenceIsEmpty) {
   FakeRegistry registry;
   registry.values.clear();
-  registry.values[{0x80000000U, "k", "v"}] = "classes";
-  registry.values[{0x80000006U, "k", "v"}] = "dyn";
-  EXPECT_EQ(GetRegEntry(registry, "HKEY_CLASSES_ROOT", "k", "v"), "classes");
-  EXPECT_EQ(GetRegEntry(registry, "HKEY_DYN_DATA", "k", "v"), "dyn");
-  EXPECT_EQ(GetRegEntry(registry, "HKEY_LOCAL_MACHINE", "k", "v"), "");
+  const std::vector<std::string> roots = {
+      "HKEY_CLASSES_ROOT",     "HKEY_CURRENT_USER",   "HKEY_LOCAL_MACHINE", "HKEY_USERS",
+      "HKEY_PERFORMANCE_DATA", "HKEY_CURRENT_CONFIG", "HKEY_DYN_DATA"};
+  for (std::uint32_t i = 0; i < roots.size(); ++i) {
+    registry.values[{0x80000000U + i, "k", "v"}] = "value below " + roots[i];
+  }
+  for (const auto& root : roots) {
+    EXPECT_EQ(GetRegEntry(registry, root, "k", "v"), "value below " + root);
+  }
+  EXPECT_EQ(GetRegEntry(registry, "HKEY_USERS", "other", "v"), "");
+  EXPECT_EQ(GetRegEntry(registry, "HKEY_USERS", "k", "other"), "");
   EXPECT_EQ(GetRegEntry(registry, "HKEY_NOWHERE", "k", "v"), "");
 }
 
@@ -159,6 +165,15 @@ TEST_F(Help, TabsGiveTheDepthAndTheFirstColonSplits) {
   EXPECT_EQ(nodes[0]->children[0]->tag, "with Tab: always");
   EXPECT_EQ(nodes[0]->children[0]->children[0]->text, "Back");
   EXPECT_EQ(nodes[1]->tag, "all of them");
+}
+
+TEST_F(Help, OnlyTheTabsInFrontCount) {
+  Load({"Go\t\tfar", "\tBack:\twith Alt"});
+  auto& nodes = p.Tree().nodes;
+  ASSERT_EQ(nodes.size(), 1U);
+  EXPECT_EQ(nodes[0]->text, "Go\t\tfar");
+  ASSERT_EQ(nodes[0]->children.size(), 1U);
+  EXPECT_EQ(nodes[0]->children[0]->tag, "with Alt");
 }
 
 TEST_F(Help, LineThatIsTooDeepHangsBelowTheNearestAbove) {
