@@ -91,6 +91,44 @@ TEST_F(RebarTest, BandIdIsReadByNumericIndexOnly) {
   EXPECT_EQ(rebar.GetBandId(""), std::nullopt);
 }
 
+TEST_F(RebarTest, BandsAreReadWithTheirMask) {
+  Create();
+  rebar.AddBands("", 41, *first, 0);
+  rebar.GetBandId("0");
+  EXPECT_EQ(desktop.rebar->read_mask, 0x9BFU);
+  desktop.rebar->read_mask = 0;
+  rebar.SetBandColors();
+  EXPECT_EQ(desktop.rebar->read_mask, 0x9BFU);
+}
+
+TEST_F(RebarTest, BandsAreAppendedAndRepainted) {
+  Create();
+  rebar.AddBands("one", 1, *first, 0);
+  rebar.AddBands("two", 2, *second, 0);
+  EXPECT_EQ(rebar.GetBandId("0"), 1);
+  EXPECT_EQ(rebar.GetBandId("1"), 2);
+  EXPECT_EQ(desktop.rebar->repaints, 2);
+  rebar.RemoveBands(0);
+  EXPECT_EQ(rebar.GetBandId("0"), 2);
+}
+
+TEST_F(RebarTest, WithoutAWindowBandsAndColoursAreNoError) {
+  rebar.AddBands("", 1, *first, 0);
+  rebar.SetBandColors();
+  rebar.SetMainParent(4711);
+  EXPECT_EQ(rebar.BandCount(), 0);
+  EXPECT_EQ(rebar.GetBandId("0"), 0);
+  rebar.DestroyRebar();
+}
+
+TEST_F(RebarTest, MovesAndTellsWhomItIsAskedTo) {
+  Create();
+  rebar.Move(1, 2, 3, 4);
+  EXPECT_THAT(desktop.rebar->place, ElementsAre(1, 2, 3, 4));
+  rebar.SetMainParent(4711);
+  EXPECT_EQ(desktop.rebar->notify_parent, 4711U);
+}
+
 TEST_F(RebarTest, ColoursAreRenewed) {
   Create();
   rebar.AddBands("", 1, *first, 0);

@@ -55,6 +55,11 @@ int Natural(const Gtk::Widget& widget, bool across) {
   return natural;
 }
 
+template <class PointerEvent>
+StripPoint PointOf(const PointerEvent& event) {
+  return {static_cast<int>(event.x), static_cast<int>(event.y)};
+}
+
 }  // namespace
 
 RebarControl::RebarControl(ElasticFrame& parent, std::uint32_t style, int width, int height,
@@ -64,7 +69,7 @@ RebarControl::RebarControl(ElasticFrame& parent, std::uint32_t style, int width,
       width_(width),
       self_(std::make_shared<RebarControl*>(this)) {
   WindowTable::Entry entry;
-  entry.class_name = "RebarWindow";
+  entry.class_name = "ReBarWindow32";
   entry.widget = &box_;
   entry.child = true;
   entry.accept = [this](Gtk::Widget& child) { box_.add(child); };
@@ -75,6 +80,13 @@ RebarControl::RebarControl(ElasticFrame& parent, std::uint32_t style, int width,
   box_.Natural = [this](Gtk::Orientation orientation) {
     return orientation == Gtk::ORIENTATION_HORIZONTAL ? width_ : HeightFor(width_);
   };
+  box_.add_events(Gdk::BUTTON_PRESS_MASK | Gdk::BUTTON_RELEASE_MASK | Gdk::POINTER_MOTION_MASK);
+  box_.signal_button_press_event().connect(
+      [this](GdkEventButton* event) { return Pressed(*event); });
+  box_.signal_motion_notify_event().connect(
+      [this](GdkEventMotion* event) { return Moved(*event); });
+  box_.signal_button_release_event().connect(
+      [this](GdkEventButton* event) { return Released(*event); });
   if ((style & kVisibleStyle) != 0) box_.show();
   windows_.SetParent(handle_, parent.hwnd());
   Move(0, 0, width, height);
@@ -117,7 +129,9 @@ bool RebarControl::InsertBand(int index, const BandInfo& info) {
 
 bool RebarControl::DeleteBand(int index) {
   if (index < 0 || index >= BandCount()) return false;
-  ShowChild(*bands_[static_cast<std::size_t>(index)], false);
+  const Band& band = *bands_[static_cast<std::size_t>(index)];
+  if (drag_.band == &band) drag_ = {};
+  ShowChild(band, false);
   bands_.erase(bands_.begin() + index);
   box_.queue_resize();
   return true;
@@ -165,64 +179,112 @@ int RebarControl::LeastHeight(Band& band) const {
   return height + kSpace;
 }
 
-std::vector<RebarControl::Row> RebarControl::Rows(int width) const {
-  std::vector<Row> rows;
-  int used = 0;
+std::vector<BandSize> RebarControl::Sizes() const {
+  std::vector<BandSize> sizes;
   for (const auto& band : bands_) {
-    const int least = LeastWidth(*band);
-    const bool breaks = (band->info.style & kBreakStyle) != 0;
-    if (rows.empty() || breaks || used + least > width) {
-      rows.emplace_back();
-      used = 0;
-    }
-    used += least;
-    rows.back().bands.push_back(band.get());
-    rows.back().height = std::max(rows.back().height, LeastHeight(*band));
+    sizes.push_back({LeastWidth(*band), band->info.width, LeastHeight(*band),
+                     (band->info.style & kBreakStyle) != 0});
   }
-  return rows;
+  return sizes;
 }
 
 int RebarControl::HeightFor(int width) const {
-  int height = 0;
-  for (const auto& row : Rows(width)) height += row.height;
-  return height;
+  const auto spots = Spots(width);
+  return spots.empty() ? 0 : spots.back().top + spots.back().height;
 }
 
-int RebarControl::RowCount() const { return static_cast<int>(Rows(width_).size()); }
+int RebarControl::RowCount() const {
+  const auto spots = Spots(width_);
+  return spots.empty() ? 0 : static_cast<int>(spots.back().row) + 1;
+}
 
 int RebarControl::RowHeight(int row) const {
-  const auto rows = Rows(width_);
-  if (row < 0 || row >= static_cast<int>(rows.size())) return 0;
-  return rows[static_cast<std::size_t>(row)].height;
+  for (const auto& spot : Spots(width_)) {
+    if (static_cast<int>(spot.row) == row) return spot.height;
+  }
+  return 0;
 }
 
 void RebarControl::SetNotifyParent(WindowHandle window) { notify_ = window; }
 
 void RebarControl::LayOut(int width, int) {
   width_ = width;
-  int top = 0;
-  for (const auto& row : Rows(width)) {
-    int left = 0;
-    for (auto* band : row.bands) {
-      const bool last = band == row.bands.back();
-      const int end = last ? width : std::min(width, left + LeastWidth(*band));
-      ClipBox::Allocate(band->grip, left + 2, top + 2, 2, row.height - 4);
-      left += kGrip;
-      if (!band->info.text.empty()) {
-        const int caption = Natural(band->caption, true);
-        ClipBox::Allocate(band->caption, left, top, caption, row.height);
-        left += caption + kSpace;
-      }
-      auto* child = ChildOf(*band);
-      if (child && child->get_visible()) {
-        ClipBox::Allocate(*child, left, top + kSpace / 2, std::max(1, end - left - kSpace / 2),
-                          row.height - kSpace);
-      }
-      left = end;
+  const auto spots = Spots(width);
+  for (std::size_t i = 0; i < bands_.size(); ++i) {
+    Band& band = *bands_[i];
+    const BandSpot& spot = spots[i];
+    const int end = spot.left + spot.width;
+    int left = spot.left;
+    ClipBox::Allocate(band.grip, left + 2, spot.top + 2, 2, spot.height - 4);
+    left += kGrip;
+    if (!band.info.text.empty()) {
+      const int caption = Natural(band.caption, true);
+      ClipBox::Allocate(band.caption, left, spot.top, caption, spot.height);
+      left += caption + kSpace;
     }
-    top += row.height;
+    auto* child = ChildOf(band);
+    if (child && child->get_visible()) {
+      ClipBox::Allocate(*child, left, spot.top + kSpace / 2, std::max(1, end - left - kSpace / 2),
+                        spot.height - kSpace);
+    }
   }
-  TellHeight(top);
+  TellHeight(HeightFor(width));
+}
+
+std::size_t RebarControl::GripAt(StripPoint point) const {
+  const auto spots = Spots(width_);
+  const auto at = std::find_if(spots.begin(), spots.end(), [&](const BandSpot& spot) {
+    return point.x >= spot.left && point.x < spot.left + kGrip && point.y >= spot.top &&
+           point.y < spot.top + spot.height;
+  });
+  return static_cast<std::size_t>(at - spots.begin());
+}
+
+bool RebarControl::IsOwn(GdkWindow* window) const {
+  return box_.get_window() && box_.get_window()->gobj() == window;
+}
+
+bool RebarControl::Pressed(const GdkEventButton& event) {
+  if (event.type != GDK_BUTTON_PRESS || event.button != 1 || !IsOwn(event.window)) return false;
+  const StripPoint point = PointOf(event);
+  const auto taken = GripAt(point);
+  if (taken == bands_.size()) return false;
+  drag_ = {bands_[taken].get(), point.x - Spots(width_)[taken].left};
+  return true;
+}
+
+bool RebarControl::Moved(const GdkEventMotion& event) {
+  if (!IsOwn(event.window)) return false;
+  const StripPoint point = PointOf(event);
+  if (!drag_.band) {
+    const bool grip = GripAt(point) != bands_.size();
+    box_.get_window()->set_cursor(grip ? Gdk::Cursor::create(box_.get_display(), "grab")
+                                       : Glib::RefPtr<Gdk::Cursor>());
+    return false;
+  }
+  const auto dragged = std::find_if(bands_.begin(), bands_.end(),
+                                    [this](const auto& band) { return band.get() == drag_.band; });
+  TakeOrder(DragBand(Sizes(), width_, static_cast<std::size_t>(dragged - bands_.begin()), point,
+                     drag_.grab));
+  return true;
+}
+
+bool RebarControl::Released(const GdkEventButton& event) {
+  if (event.button != 1 || !drag_.band) return false;
+  drag_ = {};
+  return true;
+}
+
+void RebarControl::TakeOrder(const BandOrder& order) {
+  std::vector<std::unique_ptr<Band>> bands;
+  for (std::size_t i = 0; i < order.from.size(); ++i) {
+    bands.push_back(std::move(bands_[order.from[i]]));
+    BandInfo& info = bands.back()->info;
+    info.width = order.bands[i].wish;
+    info.style = order.bands[i].breaks ? info.style | kBreakStyle : info.style & ~kBreakStyle;
+  }
+  bands_ = std::move(bands);
+  box_.queue_resize();
 }
 
 void RebarControl::TellHeight(int height) {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/linux/gtk/band_rows.h"
 #include "platform/linux/gtk/clip_box.h"
 #include "platform/linux/gtk/elastic_frame.h"
 #include "platform/linux/gtk/window_table.h"
@@ -17,6 +18,10 @@ namespace corvane::desktop {
 /// a grip, its caption and its child; a band with style bit 1, or one that does
 /// not fit any more, starts a new row. The last band of a row gets what is left.
 /// Focus goes through the children from left to right, row by row.
+///
+/// The user may drag a band by its grip: past its neighbours, into another row or
+/// below them into a row of its own. The records follow: their order, the style
+/// bit of a row's first band, the widths.
 ///
 /// When the rows need another height than before, the frame that holds the
 /// notified one (the parent, unless set) is realigned, so that its owner can
@@ -48,15 +53,25 @@ class RebarControl : public RebarWindow {
     Gtk::Separator grip{Gtk::ORIENTATION_VERTICAL};
     Gtk::Label caption;
   };
-  struct Row {
-    std::vector<Band*> bands;
-    int height = 0;
+  /// A drag under way: the band, and how far from its left it was taken.
+  struct Drag {
+    const Band* band = nullptr;
+    int grab = 0;
   };
   Gtk::Widget* ChildOf(const Band& band) const;
   int LeastWidth(Band& band) const;
   int LeastHeight(Band& band) const;
-  std::vector<Row> Rows(int width) const;
+  std::vector<BandSize> Sizes() const;
+  std::vector<BandSpot> Spots(int width) const { return PlaceBands(Sizes(), width); }
   int HeightFor(int width) const;
+  /// Events of the strip itself carry places in it, those of its children do not.
+  bool IsOwn(GdkWindow* window) const;
+  /// The band whose grip is at that point; BandCount when there is none.
+  std::size_t GripAt(StripPoint point) const;
+  bool Pressed(const GdkEventButton& event);
+  bool Moved(const GdkEventMotion& event);
+  bool Released(const GdkEventButton& event);
+  void TakeOrder(const BandOrder& order);
   void ShowChild(const Band& band, bool shown) const;
   void LayOut(int width, int height);
   void TellHeight(int height);
@@ -66,6 +81,7 @@ class RebarControl : public RebarWindow {
   WindowHandle notify_ = 0;
   ClipBox box_;
   std::vector<std::unique_ptr<Band>> bands_;
+  Drag drag_;
   int width_ = 0;
   int told_height_ = -1;
   std::shared_ptr<RebarControl*> self_;

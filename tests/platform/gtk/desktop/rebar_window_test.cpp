@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::uint32_t kInsertMask = 0x1BF;
 constexpr std::uint32_t kReadMask = 0x9BF;
+constexpr std::uint32_t kSizeMask = 0x40;
 constexpr std::uint32_t kStyle = 0x56804648;
 
 class RebarTest : public test::DesktopTest {
@@ -79,7 +80,7 @@ TEST_F(RebarTest, BandsKeepWhatTheyWereGiven) {
   EXPECT_FALSE(rebar_->GetBandInfo(2, info));
   EXPECT_FALSE(rebar_->SetBandInfo(-1, info));
   EXPECT_FALSE(rebar_->DeleteBand(2));
-  EXPECT_EQ(windows_.ClassName(rebar_->hwnd()), "RebarWindow");
+  EXPECT_EQ(windows_.ClassName(rebar_->hwnd()), "ReBarWindow32");
   EXPECT_EQ(windows_.Style(rebar_->hwnd()), kStyle);
   EXPECT_EQ(windows_.FirstChild(top_.hwnd()), rebar_->hwnd());
 }
@@ -175,6 +176,99 @@ TEST_F(RebarTest, ChildrenMoveBackIntoTheContainerAndTheRestGoesWithTheStrip) {
   EXPECT_EQ(windows_.Parent(address_->hwnd()), 0U);
   EXPECT_TRUE(buttons_.widget().is_ancestor(top_.widget()));
   EXPECT_FALSE(address_->widget().get_mapped());
+}
+
+class RebarDragTest : public RebarTest {
+ protected:
+  void SetUp() override {
+    RebarTest::SetUp();
+    Insert(buttons_, "", 1);
+    Insert(*address_, "Address", 2);
+    window_.Show();
+    Settle();
+  }
+  std::vector<std::uint32_t> Order() {
+    std::vector<std::uint32_t> ids;
+    for (int i = 0; i < rebar_->BandCount(); ++i) ids.push_back(Record(i).id);
+    return ids;
+  }
+  BandInfo Record(int index) {
+    BandInfo info;
+    info.mask = kReadMask | kSizeMask;
+    EXPECT_TRUE(rebar_->GetBandInfo(index, info));
+    return info;
+  }
+  /// Where a widget begins, in the strip.
+  int LeftOf(Gtk::Widget& widget) {
+    int x = 0;
+    int y = 0;
+    widget.translate_coordinates(rebar_->widget(), 0, 0, x, y);
+    return x;
+  }
+  void Pointer(int x, int y, const std::vector<std::string>& then = {}) {
+    int left = 0;
+    int top = 0;
+    rebar_->widget().get_window()->get_origin(left, top);
+    std::vector<std::string> command = {"xdotool", "mousemove", std::to_string(left + x),
+                                        std::to_string(top + y)};
+    command.insert(command.end(), then.begin(), then.end());
+    Outside(command);
+    Settle();
+  }
+  /// Takes a band by its grip and drops it at a point.
+  void Drag(int from_x, int from_y, int x, int y) {
+    Pointer(from_x, from_y, {"mousedown", "1"});
+    Pointer((from_x + x) / 2, (from_y + y) / 2);
+    Pointer(x, y);
+    Pointer(x, y, {"mouseup", "1"});
+  }
+  int GripOfAddress() { return LeftOf(buttons_.widget()) + PixelsOf(buttons_.Width()) + 6; }
+};
+
+TEST_F(RebarDragTest, AGripDraggedAsideMovesTheBorderAndTheRecordFollows) {
+  const int before = LeftOf(address_->widget());
+  const int grip = GripOfAddress();
+  Drag(grip, 10, grip + 120, 10);
+  EXPECT_THAT(Order(), testing::ElementsAre(1U, 2U));
+  EXPECT_EQ(LeftOf(address_->widget()), before + 120);
+  EXPECT_GE(Record(0).width, 120);
+  Pointer(grip + 20, 10);
+  EXPECT_EQ(LeftOf(address_->widget()), before + 120) << "the drag has ended";
+}
+
+TEST_F(RebarDragTest, ABandDraggedOverItsNeighbourGoesBeforeIt) {
+  Drag(GripOfAddress(), 10, 2, 10);
+  EXPECT_THAT(Order(), testing::ElementsAre(2U, 1U));
+  EXPECT_LT(LeftOf(address_->widget()), LeftOf(one_.widget()));
+  EXPECT_TRUE(one_.widget().get_mapped());
+}
+
+TEST_F(RebarDragTest, ABandDraggedBelowStartsARowAndTheStripMakesRoom) {
+  const int one_row = PixelsOf(top_.Height());
+  Drag(3, 10, 200, one_row + 30);
+  EXPECT_THAT(Order(), testing::ElementsAre(2U, 1U));
+  EXPECT_EQ(rebar_->RowCount(), 2);
+  EXPECT_EQ(Record(0).style & 1U, 0U);
+  EXPECT_EQ(Record(1).style & 1U, 1U);
+  WaitFor("room for two rows",
+          [&] { return PixelsOf(top_.Height()) == rebar_->RowHeight(0) + rebar_->RowHeight(1); });
+  Drag(3, rebar_->RowHeight(0) + 10, 100, 5);
+  EXPECT_EQ(rebar_->RowCount(), 1);
+  EXPECT_THAT(Order(), testing::ElementsAre(1U, 2U));
+}
+
+TEST_F(RebarDragTest, ABandDeletedWhileItIsDraggedIsLetGo) {
+  Pointer(3, 10, {"mousedown", "1"});
+  rebar_->DeleteBand(0);
+  Pointer(300, 10);
+  Pointer(300, 10, {"mouseup", "1"});
+  EXPECT_THAT(Order(), testing::ElementsAre(2U));
+}
+
+TEST_F(RebarDragTest, PressingAChildMovesNoBand) {
+  const int inside = LeftOf(one_.widget()) + 10;
+  Drag(inside, 10, inside + 200, 10);
+  EXPECT_THAT(Order(), testing::ElementsAre(1U, 2U));
 }
 
 TEST_F(RebarTest, RepaintingCanBeStopped) {
