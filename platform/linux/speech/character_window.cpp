@@ -2,10 +2,12 @@
 
 #include <gdkmm/monitor.h>
 #include <gtkmm/box.h>
+#include <gtkmm/cssprovider.h>
 #include <gtkmm/image.h>
 #include <gtkmm/label.h>
 #include <gtkmm/window.h>
 
+#include "platform/linux/speech/character_shape.h"
 #include "platform/linux/speech/speech_text.h"
 
 namespace corvane::desktop {
@@ -65,6 +67,7 @@ class CharacterWindow::Widgets {
     balloon_.set_size_request(kBalloonPixels, kPicturePixels);
     balloon_.set_xalign(0);
     balloon_.set_name("Balloon");
+    OutlineBalloon();
     picture_.set_size_request(kPicturePixels, kPicturePixels);
     picture_.set_name("Picture");
     if (const auto accessible = picture_.get_accessible()) accessible->set_name(character.name);
@@ -72,7 +75,10 @@ class CharacterWindow::Widgets {
     box_.pack_start(picture_, Gtk::PACK_SHRINK);
     window_.add(box_);
     box_.show_all();
-    window_.signal_size_allocate().connect([this](Gtk::Allocation&) { MoveToCorner(); });
+    window_.signal_size_allocate().connect([this](Gtk::Allocation&) {
+      MoveToCorner();
+      Shape();
+    });
     window_.signal_realize().connect([this] { LetClicksThrough(); });
   }
 
@@ -84,16 +90,43 @@ class CharacterWindow::Widgets {
   void ShowSpeaking(const std::string& text) {
     balloon_.set_text(BalloonText(text));
     SetPicture(speaking_ ? speaking_ : idle_);
+    Shape();
   }
 
   void ShowIdle() {
     balloon_.set_text("");
     SetPicture(idle_);
+    Shape();
   }
 
  private:
   void SetPicture(const Glib::RefPtr<Gdk::Pixbuf>& picture) {
-    if (picture) picture_.set(picture);
+    if (!picture) return;
+    shown_ = picture;
+    picture_.set(picture);
+  }
+
+  void OutlineBalloon() {
+    const auto style = Gtk::CssProvider::create();
+    const std::string radius = std::to_string(kBalloonRounding);
+    style->load_from_data("label { padding: 6px; border: 1px solid; border-radius: " + radius +
+                          "px; }");
+    balloon_.get_style_context()->add_provider(style, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+  }
+
+  // The window is what the eye is to see of it: the character, and the balloon
+  // while there is something in it.
+  void Shape() {
+    if (!window_.get_realized()) return;
+    const auto place = picture_.get_allocation();
+    Gdk::Point corner(place.get_x(), place.get_y());
+    if (shown_) {
+      corner = Gdk::Point(place.get_x() + (place.get_width() - shown_->get_width()) / 2,
+                          place.get_y() + (place.get_height() - shown_->get_height()) / 2);
+    }
+    const auto balloon =
+        balloon_.get_text().empty() ? Gdk::Rectangle() : Gdk::Rectangle(balloon_.get_allocation());
+    window_.get_window()->shape_combine_region(CharacterShape(shown_, corner, balloon), 0, 0);
   }
 
   void MoveToCorner() {
@@ -120,6 +153,7 @@ class CharacterWindow::Widgets {
   Gtk::Image picture_;
   Glib::RefPtr<Gdk::Pixbuf> idle_;
   Glib::RefPtr<Gdk::Pixbuf> speaking_;
+  Glib::RefPtr<Gdk::Pixbuf> shown_;
 };
 
 CharacterWindow::CharacterWindow(const CharacterFile& character) {

@@ -7,9 +7,10 @@
 
 namespace corvane::desktop {
 
-/// The character on the screen: its picture and what it says, at the bottom right,
-/// above other windows. Never takes the focus, lets clicks through and keeps its
-/// size, so that it is in nobody's way.
+/// The character on the screen: its picture and, while it speaks, a balloon with
+/// what it says, at the bottom right, above other windows and cut to their shape.
+/// Never takes the focus, lets clicks through and keeps its size, so that it is in
+/// nobody's way.
 class CharacterWindow {
  public:
   /// Pictures that cannot be loaded are left out. Without a display nothing is shown.

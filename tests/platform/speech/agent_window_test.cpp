@@ -42,6 +42,18 @@ class AgentWindowTest : public AgentFixture {
   std::string Balloon() {
     return gtk_label_get_text(GTK_LABEL(Find(CharacterOnScreen(), "Balloon")));
   }
+  /// Whether a point of that widget, in fractions of its size, is to be seen.
+  static bool Seen(const std::string& name, double across, double down) {
+    GtkWidget* window = CharacterOnScreen();
+    GtkAllocation place;
+    gtk_widget_get_allocation(Find(window, name), &place);
+    cairo_region_t* seen = gdk_window_get_clip_region(gtk_widget_get_window(window));
+    const bool inside =
+        cairo_region_contains_point(seen, place.x + static_cast<int>(across * place.width),
+                                    place.y + static_cast<int>(down * place.height)) != 0;
+    cairo_region_destroy(seen);
+    return inside;
+  }
   GdkPixbuf* Picture() {
     return gtk_image_get_pixbuf(GTK_IMAGE(Find(CharacterOnScreen(), "Picture")));
   }
@@ -102,6 +114,33 @@ TEST_F(AgentWindowTest, TheBalloonHoldsWhatIsBeingSaid) {
   ASSERT_TRUE(WaitFor(first));
   EXPECT_EQ(Balloon(), "");
   EXPECT_EQ(Picture(), idle);
+}
+
+TEST_F(AgentWindowTest, OnlyTheCharacterItselfIsSeen) {
+  const auto genie = LoadGenie();
+  ASSERT_TRUE(WaitFor(genie->Show()));
+  GtkWidget* window = CharacterOnScreen();
+  ASSERT_TRUE(RunLoopUntil([&] { return gtk_widget_get_mapped(window) != 0; }));
+  RunPending();
+  EXPECT_TRUE(Seen("Picture", 0.5, 0.4)) << "the face";
+  EXPECT_FALSE(Seen("Picture", 0.05, 0.05)) << "beside the head";
+  EXPECT_FALSE(Seen("Balloon", 0.5, 0.5)) << "it says nothing";
+  EXPECT_FALSE(Seen("Character", 0.5, 0.01)) << "the window's edge";
+}
+
+TEST_F(AgentWindowTest, TheBalloonIsSeenWhileTheCharacterSpeaks) {
+  const auto genie = LoadGenie();
+  ASSERT_TRUE(WaitFor(genie->Show()));
+  GtkWidget* window = CharacterOnScreen();
+  ASSERT_TRUE(RunLoopUntil([&] { return gtk_widget_get_mapped(window) != 0; }));
+  audio_->SetRoom(10);
+  const AgentRequest speaking = genie->Speak("Favorites menu");
+  ASSERT_TRUE(RunLoopUntil([&] { return Seen("Balloon", 0.5, 0.5); }));
+  EXPECT_TRUE(Seen("Picture", 0.5, 0.4));
+  EXPECT_FALSE(Seen("Balloon", 0.002, 0.005)) << "its corners are round";
+  genie->StopSpeak();
+  ASSERT_TRUE(WaitFor(speaking));
+  EXPECT_FALSE(Seen("Balloon", 0.5, 0.5));
 }
 
 TEST_F(AgentWindowTest, KeepsItsSizeWhateverIsSaid) {
