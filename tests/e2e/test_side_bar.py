@@ -211,7 +211,7 @@ class SideBar(EndToEndTest):
         corvane = self.begin(0)
         reached = []
         for _ in range(24):
-            corvane.keys("Tab")
+            corvane.move("Tab")
             reached.append(corvane.focused_name())
         self.assertIn("Address", reached)
         self.assertNotIn("Sidebar", reached)

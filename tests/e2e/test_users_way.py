@@ -91,7 +91,7 @@ class UsersWay(EndToEndTest):
         corvane.focus("Address")
         reached = []
         for _ in range(24):
-            corvane.keys("Tab")
+            corvane.move("Tab")
             reached.append(corvane.focused_name())
         for name in ["Address", "Sidebar", "Links", "Text", "Back"]:
             self.assertIn(name, reached)
