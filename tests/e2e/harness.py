@@ -145,20 +145,34 @@ class Corvane:
         raise AssertionError(f"Tab never reached {name}, ended at {self.focused_name()!r}")
 
     def move(self, key):
-        """Presses a key that moves the focus and waits until it has moved. Inside a
-        page the focus has no name; there, whatever is said tells of it. A key that
+        """Presses a key that moves the focus and waits until it has moved. A key that
         moved nothing is given up soon."""
-        before, said = self.focused_name(), len(self.transcript.events())
+
+        def control():
+            focused = self.focused()
+            in_page = focused is None or focused.get_role() == Atspi.Role.DOCUMENT_WEB
+            return None if in_page else focused.get_name()
+
+        # Inside a page, what is said tells of the move. A focus that moves while it
+        # is looked for is found nowhere, which tells nothing.
+        def moved():
+            now = control()
+            return len(self.transcript.events()) > said if now is None else now != before
+
+        before, said = control(), len(self.transcript.events())
         self.keys(key)
         try:
-            wait_until(
-                lambda: self.focused_name() != before
-                or (before is None and len(self.transcript.events()) > said),
-                "another focus",
-                patience=5,
-            )
+            wait_until(moved, "another focus", patience=5)
         except AssertionError:
             pass
+
+    def press_and_hear(self, *keys):
+        """Presses keys one after the other, each once something has been said of the
+        one before."""
+        for key in keys:
+            said = len(self.transcript.events())
+            self.keys(key)
+            wait_until(lambda: len(self.transcript.events()) > said, f"words for {key}")
 
     def focus_page(self):
         """Clicks into the middle of the page, beside everything in it."""

@@ -132,9 +132,7 @@ class Hearing(EndToEndTest):
 
     def test_rate_item_is_heard_at_its_own_rate(self):
         corvane = self.start()
-        for key in ["alt+c", "Down", "Down", "Right", "Down", "Down", "Down"]:
-            corvane.keys(key)
-            time.sleep(0.3)
+        corvane.press_and_hear("alt+c", "Down", "Down", "Right", "Down", "Down", "Down")
         self.said("Fast unchecked")
         events = [e for e in corvane.transcript.events() if e["event"] == "speak"]
         self.assertEqual(events[-1]["speed"], 200)

@@ -1,6 +1,5 @@
 """The main job, from the first start to the second, with keys alone."""
 import re
-import time
 
 from harness import EndToEndTest, wait_until
 
@@ -130,9 +129,8 @@ class UsersWay(EndToEndTest):
 
     def choose(self, corvane, application, stored, *keys):
         """Walks the menus with keys until the choice is stored."""
-        for key in keys:
-            corvane.keys(key)
-            time.sleep(0.3)
+        corvane.press_and_hear(*keys[:-1])
+        corvane.keys(keys[-1])
         wait_until(lambda: stored in corvane.settings(application), stored, patience=10)
 
     def test_speech_switched_off_is_silent_and_on_again_speaks(self):
