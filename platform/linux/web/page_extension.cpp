@@ -26,7 +26,7 @@ std::string CollectRecord(WebKitWebPage* page) {
   JSCContext* context = webkit_frame_get_js_context_for_script_world(MainFrameOf(page), world);
   if (context == nullptr) return {};
   std::string record;
-  GBytes* script = g_resource_lookup_data(corvane_page_get_resource(), "/org/corvane/web/page.js",
+  GBytes* script = g_resource_lookup_data(corvane_page_get_resource(), "/org/corvane/web/record.js",
                                           G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr);
   if (script != nullptr) {
     gsize size = 0;

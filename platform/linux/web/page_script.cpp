@@ -55,11 +55,13 @@ PageScript::PageScript(WebKitUserContentManager* manager, Receiver receiver)
                    this);
   webkit_user_content_manager_register_script_message_handler_in_world(manager, "corvane",
                                                                        kScriptWorld);
-  WebKitUserScript* script = webkit_user_script_new_for_world(
-      WebResource("page.js").c_str(), WEBKIT_USER_CONTENT_INJECT_ALL_FRAMES,
-      WEBKIT_USER_SCRIPT_INJECT_AT_DOCUMENT_START, kScriptWorld, nullptr, nullptr);
-  webkit_user_content_manager_add_script(manager, script);
-  webkit_user_script_unref(script);
+  for (const char* part : {"record.js", "events.js"}) {  // the second builds on the first
+    WebKitUserScript* script = webkit_user_script_new_for_world(
+        WebResource(part).c_str(), WEBKIT_USER_CONTENT_INJECT_ALL_FRAMES,
+        WEBKIT_USER_SCRIPT_INJECT_AT_DOCUMENT_START, kScriptWorld, nullptr, nullptr);
+    webkit_user_content_manager_add_script(manager, script);
+    webkit_user_script_unref(script);
+  }
 }
 
 PageScript::~PageScript() {

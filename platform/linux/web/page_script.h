@@ -10,10 +10,10 @@
 
 namespace corvane::desktop {
 
-/// The script world that the page script lives in; pages cannot see it.
+/// The script world that the page scripts live in; pages cannot see it.
 inline constexpr const char* kScriptWorld = "corvane";
 
-/// Runs the expression in the page's main frame, in the page script's world, and
+/// Runs the expression in the page's main frame, in the page scripts' world, and
 /// hands on its text: none when the document runs no scripts, the script fails
 /// or the page's process is gone. Never calls back before it returns.
 void Evaluate(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,
@@ -24,7 +24,7 @@ void Evaluate(WebKitWebView* view, const std::string& expression, GCancellable* 
 void CollectWithoutScripts(WebKitWebView* view, GCancellable* cancellable,
                            std::function<void(std::optional<std::string>)> done);
 
-/// Installs the page script and hands on each message it posts: the kind and the
+/// Installs the page scripts and hands on each message they post: the kind and the
 /// text.
 class PageScript {
  public:

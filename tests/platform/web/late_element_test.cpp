@@ -51,6 +51,45 @@ TEST_F(LateElementTest, AFieldOutsideEveryFormIsToldWithItsFirstFocus) {
   EXPECT_THAT(added_, SizeIs(1)) << "told once";
 }
 
+TEST_F(LateElementTest, ALabelAnywhereInThePageBelongsToItsField) {
+  Load(
+      "<label for='a.1'>First</label><hr><input id='a.1' name=one><hr>"
+      "<label><b>Second</b> <input name=two type=checkbox></label><hr><input id=bare name=three>");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text one"));
+  EXPECT_EQ(added_.at(0)->text_before_begin, "First");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement checkbox two"));
+  EXPECT_EQ(added_.at(1)->text_after_end, "Second");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text three"));
+  EXPECT_EQ(added_.at(2)->text_before_begin, "");
+}
+
+TEST_F(LateElementTest, ALabelThatIsReplacedGivesWayToTheNewOne) {
+  Load("<p id=p><label for=a>Old</label></p><input id=a name=q><hr><input name=next>");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text q"));
+  EXPECT_EQ(added_.at(0)->text_before_begin, "Old");
+  view_.EvaluateInPage("document.getElementById('p').innerHTML = '<label for=a>New</label>'");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text next"));
+  log_.clear();
+  view_.EvaluateInPage("document.getElementById('a').focus()");
+  ASSERT_TRUE(Heard("focus HTMLInputElement text q"));
+  EXPECT_EQ(added_.at(0)->text_before_begin, "New");
+}
+
+TEST_F(LateElementTest, ALabelInAPartOfThePageWithItsOwnNamesIsFoundThere) {
+  Load(R"(<div id=host></div><script>
+      document.getElementById('host').attachShadow({mode: 'open'}).innerHTML =
+          '<label for=a>Inside</label><hr><input id=a name=q>';
+    </script>)");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text q"));
+  EXPECT_EQ(added_.at(0)->text_before_begin, "Inside");
+}
+
 TEST_F(LateElementTest, AFieldThatAScriptAddsIsTold) {
   Load("<form><input name=first></form>");
   view_.EvaluateInPage(

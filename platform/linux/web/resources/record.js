@@ -1,6 +1,5 @@
 // Runs in every frame of every page, in a script world that the page cannot
-// reach. It describes the document (the page record) and tells the program about
-// focus, key and change events of links and form elements.
+// reach, and describes the document: the page record.
 //
 // A page may name its elements so that they hide properties of the document or
 // of a form (<form name="body">, <input name="elements">). Properties that can be
@@ -13,7 +12,7 @@
   const LIMIT = {
     links: 200000, anchors: 100000, forms: 20000, elements: 100000, options: 20000, frames: 500,
     depth: 10, text: 100000, value: 2000000, body: 32000000, total: 64000000, nearby: 10000,
-    siblings: 1000, words: 300, around: 200,
+    siblings: 1000, around: 200,
   };
   const KNOWN_INPUT_TYPES = new Set(['text', 'password', 'checkbox', 'radio', 'submit', 'reset',
     'button', 'image', 'file', 'hidden']);
@@ -40,7 +39,8 @@
 
   // --- texts -----------------------------------------------------------------
 
-  let budget = 0;  // characters that the present record may still hold
+  let budget = 0;  // characters that the present message may still hold
+  const begin = () => { budget = LIMIT.total; };
 
   // A text as it may stand in a record: whole characters only, bounded.
   const clean = (text, limit) => {
@@ -136,10 +136,10 @@
   };
 
   // [number, class, type, name, text, before, after, value, checked, index, options]
-  const describeField = (element, labels) => {
+  const describeField = (element, labelOf) => {
     let before = nearby(element, 'previousSibling');
     let after = nearby(element, 'nextSibling');
-    const label = labels?.get(element);
+    const label = labelOf(element);
     if (label) {
       const afterwards = element.type === 'checkbox' || element.type === 'radio';
       if (afterwards && after === '') after = collapsed(innerTextOf(label));
@@ -150,15 +150,15 @@
       ...stateOf(element)];
   };
 
-  // The label of each labelled field. Asking every field for its labels would
+  // Tells the label of each labelled field. Asking every field for its labels would
   // search the whole document once a field.
-  const labelledFields = () => {
+  const labelsOfAll = () => {
     const labels = new Map();
     for (const label of all('label')) {
       const field = label.control;
       if (field && !labels.has(field)) labels.set(field, label);
     }
-    return labels;
+    return (field) => labels.get(field);
   };
 
   // --- the record ------------------------------------------------------------
@@ -181,19 +181,19 @@
   const isListed = (element) => isField(element) || element instanceof HTMLFieldSetElement ||
     element instanceof HTMLObjectElement;
 
-  const describeForms = () => {
+  const describeForms = (remember) => {
     const forms = [];
     const list = formsOf(document);
     if (list.length === 0) return forms;
-    const labels = labelledFields();
+    const labelOf = labelsOfAll();
     let room = LIMIT.elements;
     for (let i = 0; i < list.length && i < LIMIT.forms; i++) {
       const fields = [];
       for (const element of elementsOf(list[i])) {
         if (!isListed(element)) continue;
         if (room-- <= 0) break;
-        recorded.add(element);
-        fields.push(describeField(element, labels));
+        if (remember) recorded.add(element);
+        fields.push(describeField(element, labelOf));
       }
       forms.push(fields);
     }
@@ -252,8 +252,9 @@
     return clean(root.textContent.trim(), LIMIT.body);
   };
 
-  const describe = () => {
-    budget = LIMIT.total;
+  // What is remembered as described is not described again with its events.
+  const describe = (remember = true) => {
+    begin();
     const url = addressOf(document);
     const title = collapsed(titleOf(document));
     const ancestors = location.ancestorOrigins;
@@ -266,22 +267,22 @@
       name: title || collapsed(fileName(url)),
       url: address(url),
       body: bodyText(),
-      links: describeLinks(all('a[href], area[href]'), LIMIT.links, true),
-      anchors: describeLinks(all('a[name]'), LIMIT.anchors, true),
-      forms: describeForms(),
+      links: describeLinks(all('a[href], area[href]'), LIMIT.links, remember),
+      anchors: describeLinks(all('a[name]'), LIMIT.anchors, remember),
+      forms: describeForms(remember),
       frames: describeFrames(),
     };
   };
 
   // The records of this document and of every frame in it that may be read from
   // here. The others report themselves.
-  const collect = () => {
+  const collect = (remember = true) => {
     const records = [];
     const visit = (view, depth) => {
       if (records.length > LIMIT.frames || depth > LIMIT.depth) return;
       try {
         const api = view.corvane;  // refused for another origin's window
-        if (api?.describe) records.push(api.describe());
+        if (api?.describe) records.push(api.describe(remember));
       } catch {
         // its own record will come
       }
@@ -319,7 +320,7 @@
   const around = () => {
     const selection = getSelection();
     if (selection.rangeCount === 0) return '';
-    budget = LIMIT.total;
+    begin();
     const range = selection.getRangeAt(0);
     const node = range.startContainer;
     let block = node.nodeType === Node.ELEMENT_NODE ? node : node.parentElement;
@@ -334,8 +335,14 @@
     return collapsed(node.data.slice(start, start + LIMIT.around));
   };
 
+  // What the script that listens to events needs of this one.
+  const parts = Object.freeze({
+    documentId, post, begin, clean, collapsed, attribute, characters, bodyOf, rootOf, innerTextOf,
+    numberOf, classOf, hrefOf, isLink, isField, stateOf, describeField, describeLinks,
+    maxValue: LIMIT.value, isRecorded: (element) => recorded.has(element),
+  });
   Object.defineProperty(globalThis, 'corvane',
-    {value: Object.freeze({collect, describe, follow, findLink, around})});
+    {value: Object.freeze({collect, describe, follow, findLink, around, parts})});
 
   // A frame reports itself where the page cannot collect it: it is of another
   // origin, or it has changed since.
@@ -359,143 +366,5 @@
     window.addEventListener('pageshow', (event) => {
       if (event.isTrusted && event.persisted) soon();
     });
-  }
-
-  // --- events ----------------------------------------------------------------
-
-  // The editable part of the page that the focus is in, where that is no field.
-  const isEditor = (element) => element instanceof HTMLElement && element.isContentEditable &&
-    !isField(element);
-
-  // [selected characters, characters after the caret]
-  const caretOf = (element) => {
-    if (isEditor(element)) return caretOfEditor(element);
-    let start = null;
-    let end = null;
-    try {
-      start = element.selectionStart ?? null;
-      end = element.selectionEnd ?? null;
-    } catch {
-      // a field without a caret
-    }
-    if (start === null || end === null) return [0, 0];
-    const value = element.value;
-    return [characters(value.slice(start, end)), characters(value.slice(end))];
-  };
-  const caretOfEditor = (editor) => {
-    const selection = window.getSelection();
-    if (!selection || selection.rangeCount === 0) return [0, 0];
-    const selected = selection.getRangeAt(0);
-    const after = document.createRange();
-    after.selectNodeContents(editor);
-    after.setStart(selected.endContainer, selected.endOffset);
-    return [characters(selected.toString()), characters(after.toString())];
-  };
-
-  // Words for an element that is neither a link nor a field: its role or tag, and
-  // the name that its author gave it or what it shows.
-  const describeOther = (element) => {
-    const role = attribute(element, 'role') || element.localName;
-    const words = attribute(element, 'aria-label') || attribute(element, 'title') ||
-      (element instanceof HTMLElement ? innerTextOf(element) : '');
-    return [numberOf(element), classOf(element), clean(role, 100), '',
-      collapsed(words.slice(0, LIMIT.words)), '', '', '', 0, -1, []];
-  };
-  // An editable part of the page is a text area to its user.
-  const describeEditor = (element) => [numberOf(element), 'HTMLTextAreaElement', 'textarea',
-    collapsed(attribute(element, 'aria-label')), '', '', '', ...stateOfEditor(element)];
-  const stateOfEditor = (element) => [clean(element.textContent, LIMIT.value), 0, -1, []];
-
-  const kinds = {focusin: 'focus', keyup: 'keyup', change: 'change'};
-  const told = new WeakSet();  // described in an event
-  const tell = (kind, element) => {
-    const field = isField(element);
-    const editor = isEditor(element);
-    const link = isLink(element);
-    if (!field && !editor && !link && kind !== 'focus') return;
-    budget = LIMIT.total;
-    const message = {kind, document: documentId, number: numberOf(element)};
-    message.href = link ? hrefOf(element) : '';
-    if (field || editor) {
-      message.state = field ? stateOf(element) : stateOfEditor(element);
-      message.caret = caretOf(element);
-    }
-    // An element that no record holds is described whole.
-    if (!recorded.has(element) && (kind === 'focus' || !told.has(element))) {
-      told.add(element);
-      if (field) message.field = describeField(element, labelledFields());
-      else if (editor) message.field = describeEditor(element);
-      else if (link) message.link = describeLinks([element], 1);
-      else message.field = describeOther(element);
-    }
-    post('event', JSON.stringify(message));
-  };
-
-  // Scripts move the focus, too. Of what they do the first few moves are told as
-  // they come, then one now and again, the last one always.
-  const FREE_MOVES = 5;
-  const MOVE_PAUSE = 1000;  // milliseconds
-  let movesSinceInput = 0;
-  let waitingFocus = null;
-  let lastMove = 0;
-  const tellFocus = (element) => {
-    const now = performance.now();
-    if (++movesSinceInput <= FREE_MOVES || (!waitingFocus && now - lastMove > MOVE_PAUSE)) {
-      lastMove = now;
-      return tell('focus', element);
-    }
-    if (!waitingFocus) {
-      setTimeout(() => {
-        const latest = waitingFocus;
-        waitingFocus = null;
-        lastMove = performance.now();
-        tell('focus', latest);
-      }, MOVE_PAUSE);
-    }
-    waitingFocus = element;
-  };
-
-  // A radio button that is reached with an arrow key has the focus a moment
-  // before it is chosen; it is told when it is.
-  let arriving = null;
-  const focused = (element) => {
-    if (!(element instanceof HTMLInputElement) || element.type !== 'radio') {
-      return tellFocus(element);
-    }
-    arriving = element;
-    setTimeout(() => {
-      if (arriving !== element) return;
-      arriving = null;
-      tellFocus(element);
-    }, 0);
-  };
-
-  const heard = (event) => {
-    if (!event.isTrusted) return;
-    const element = event.composedPath()[0];
-    if (!(element instanceof Element)) return;
-    if (event.type === 'focusin') {
-      if (element !== bodyOf(document) && element !== rootOf(document)) focused(element);
-    } else if (event.type === 'keyup' ? isTyping(event, element) : element !== arriving) {
-      tell(kinds[event.type], element);
-    }
-  };
-
-  // The release of a key that was pressed elsewhere, such as the Tab that led
-  // here, is no typing in this element; nor is that of a key that only modifies
-  // others, such as the Control that silences the program.
-  let pressedIn = null;
-  const MODIFIERS = new Set(['Shift', 'Control', 'Alt', 'AltGraph', 'Meta', 'CapsLock', 'NumLock']);
-  const isTyping = (event, element) => pressedIn === element && !MODIFIERS.has(event.key);
-  const input = (event) => {
-    if (!event.isTrusted) return;
-    movesSinceInput = 0;
-    if (event.type === 'keydown') pressedIn = event.composedPath()[0];
-  };
-  for (const type of Object.keys(kinds)) {
-    window.addEventListener(type, heard, {capture: true, passive: true});
-  }
-  for (const type of ['keydown', 'pointerdown']) {
-    window.addEventListener(type, input, {capture: true, passive: true});
   }
 })();
