@@ -62,7 +62,6 @@ void AccessibilityView::Fetch() {
 // A page that has just come may not have told its elements yet: then a root is
 // missing or has nothing below it, and it is worth looking again.
 void AccessibilityView::Build() {
-  const std::weak_ptr<bool> alive = alive_;
   bool first = true;
   const auto windows = windows_;  // which another page may replace meanwhile
   for (const WindowHandle window : windows) {
@@ -76,12 +75,14 @@ void AccessibilityView::Build() {
     } else {
       explorer_.AddExtraRoot(item);
     }
-    if (alive.expired()) return;
     first = false;
   }
   TreeView& tree = *pane_.controls.TreeView1;
   const auto nodes = tree.Nodes();
-  if (!nodes.empty()) tree.SetSelectedItem(nodes.front());
+  if (!nodes.empty()) {
+    tree.SetSelectedItem(nodes.front());
+    Made.Raise();
+  }
   if (failed_ || nodes.size() >= 2 * windows.size() || retries_ >= kMostRetries) return;
   ++retries_;
   pane_.controls.Timer1->SetEnabled(true);

@@ -21,6 +21,9 @@ class AccessibilityView {
   /// Moves the focus to a node's element and does what the element is for.
   void Follow(const TreeNode& node);
 
+  /// The elements are shown.
+  Event<> Made;
+
  private:
   void Timer1_Timer();
   void Fetch();
@@ -32,8 +35,7 @@ class AccessibilityView {
   CIAccessible access_;
   std::vector<WindowHandle> windows_;  // of the rendering control
   int retries_ = 0;
-  bool failed_ = false;                                         // the user has been told
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // to be watched
+  bool failed_ = false;  // the user has been told
   Connection fetching_;
   Connections connections_;
 };

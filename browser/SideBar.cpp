@@ -1,5 +1,7 @@
 #include "browser/SideBar.h"
 
+#include <utility>
+
 #include "base/text.h"
 #include "browser/LinkFile.h"
 #include "explorer/CDirectory.h"
@@ -44,6 +46,7 @@ SideBar::SideBar(PaneContext& pane, PaneSettings& settings, PaneLayout& layout)
   connections_ += tree.DblClick.Connect([this] { TreeView1_DblClick(); });
   connections_ += tree.KeyDown.Connect([this](KeyEvent& key) { TreeView1_KeyDown(key); });
   connections_ += tree.KeyUp.Connect([this](KeyEvent& key) { TreeView1_KeyUp(key); });
+  connections_ += accessibility_.Made.Connect([this] { Made(); });
   connections_ += pane_.menu.mnuSideBarContent.Click.Connect(
       [this](int index) { mnuSideBarContent_Click(index); });
 }
@@ -58,10 +61,22 @@ void SideBar::mnuSideBarContent_Click(int index) {
   ErrorsIgnored([&] { Show(index); });
 }
 
-void SideBar::Show(int content) {
-  ++shown_;
+// Another content begins: what was being made is given up.
+unsigned SideBar::Begin() {
   outline_ = false;
+  say_first_ = false;
+  describing_.Disconnect();
   accessibility_.GiveUp();
+  return ++shown_;
+}
+
+void SideBar::Close() {
+  Begin();
+  explorer_.ClearNodes();
+}
+
+void SideBar::Show(int content) {
+  Begin();
   explorer_.ClearNodes();
   switch (content) {
     case kSideBarFavorites:
@@ -71,7 +86,9 @@ void SideBar::Show(int content) {
       ShowFolder(HistoryPath());
       break;
     case kSideBarPageStructure:
-      RefreshTreeStructure();
+      // The page may have changed since it was read.
+      describing_ = pane_.controls.brwWebBrowser->Describe(
+          [this](const HTMLDocumentPtr& document) { ShowStructure(document); });
       break;
     case kSideBarAccessibility:
       RefreshAABrowser();
@@ -92,44 +109,48 @@ std::string SideBar::HistoryPath() const {
 // Fetching an icon lets events run, in which the user may choose another content
 // or close the window.
 void SideBar::ShowFolder(const std::string& path) {
-  const unsigned mine = ++shown_;
-  const std::weak_ptr<bool> alive = alive_;
+  const unsigned mine = Begin();
   const auto root = std::make_shared<CDirectory>(pane_.desktop);
   root->Initialize(icons_large_, icons_small_);
   root->SetPath(path);
   root->Filters(kFolderMask);
-  if (alive.expired() || shown_ != mine) return;
+  if (shown_ != mine) return;
   pane_.controls.TreeView1->SetImageList(icons_large_.get());
   explorer_.SetRoot(root);
 }
 
 void SideBar::RefreshTreeStructure() {
-  const unsigned mine = ++shown_;
-  const std::weak_ptr<bool> alive = alive_;
-  outline_ = false;
-  const HTMLDocumentPtr document = pane_.controls.brwWebBrowser->Document();
+  Begin();
+  ShowStructure(pane_.controls.brwWebBrowser->Document());
+}
+
+void SideBar::ShowStructure(const HTMLDocumentPtr& document) {
+  const unsigned mine = shown_;
   if (!document) {
     explorer_.ClearNodes();
     return;
   }
   const auto root = std::make_shared<CHTMLStructure>(pane_.desktop);
   root->setChild({document, nullptr, 0}, CHTMLStructure::kDocument);
-  if (alive.expired() || shown_ != mine) return;
+  if (shown_ != mine) return;
   pane_.controls.TreeView1->SetImageList(page_images_.get());
   explorer_.SetRoot(root);
+  Made();
+}
+
+void SideBar::Made() {
+  if (std::exchange(say_first_, false)) SelectFirst();
 }
 
 void SideBar::RefreshAABrowser() {
-  ++shown_;
-  outline_ = false;
+  Begin();
   pane_.controls.TreeView1->SetImageList(page_images_.get());
   accessibility_.RefreshAABrowser();
 }
 
 TreeView& SideBar::ClearForOutline() {
-  ++shown_;
+  Begin();
   outline_ = true;
-  accessibility_.GiveUp();
   explorer_.ClearNodes();
   return *pane_.controls.TreeView1;
 }
@@ -212,9 +233,7 @@ void SideBar::Follow(TreeNode& node, int content) {
 
 void SideBar::OpenOrClose(TreeNode& node) {
   const TreeNodeId id = node.Id();
-  const std::weak_ptr<bool> alive = alive_;
   node.SetExpanded(!node.Expanded());
-  if (alive.expired()) return;
   if (const TreeNode* still = pane_.controls.TreeView1->Find(id)) TreeView1_NodeClick(*still);
 }
 
@@ -242,9 +261,8 @@ void SideBar::TreeView1_KeyUp(const KeyEvent& key) {
     if (key.KeyCode == kKeyEscape) {
       const int content = pane_.menu.mnuSideBarContent.FirstChecked();
       if (content < 0) return;
-      const std::weak_ptr<bool> alive = alive_;
       mnuSideBarContent_Click(content);
-      if (!alive.expired()) SelectFirst();
+      say_first_ = !SelectFirst();
     } else if (key.KeyCode == kKeyF1) {
       const TreeNode* selected = pane_.controls.TreeView1->SelectedItem();
       pane_.announcer.AddAndSay(Required(selected).Tag());

@@ -23,7 +23,7 @@ class SideBar {
 
   /// Chooses, stores and shows the content; "None" hides the column.
   void mnuSideBarContent_Click(int index);
-  /// Shows the structure of the present page, as it is now.
+  /// Shows the structure of the page that has just been read.
   void RefreshTreeStructure();
   /// Shows the accessible objects of the present page.
   void RefreshAABrowser();
@@ -32,6 +32,9 @@ class SideBar {
   /// Selects the first node and says it, for a user who is in the tree; false
   /// when the tree is empty.
   bool SelectFirst();
+
+  /// The window closes: what is still being made is given up.
+  void Close();
 
   /// The controller of the tree.
   CExplorer& Explorer() { return explorer_; }
@@ -45,6 +48,9 @@ class SideBar {
 
  private:
   void Show(int content);
+  unsigned Begin();
+  void ShowStructure(const HTMLDocumentPtr& document);
+  void Made();
   void ShowFolder(const std::string& path);
   std::string HistoryPath() const;
   void Explain(TreeNode& node);
@@ -65,9 +71,10 @@ class SideBar {
   std::shared_ptr<ImageList> icons_large_;
   std::shared_ptr<ImageList> icons_small_;
   std::unique_ptr<ImageList> page_images_;
-  bool outline_ = false;  // the tree shows a text outline
-  unsigned shown_ = 0;    // counts what was shown: a newer content makes an older one stop
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // to be watched
+  bool outline_ = false;    // the tree shows a text outline
+  unsigned shown_ = 0;      // counts what was shown: a newer content makes an older one stop
+  bool say_first_ = false;  // when the content has been made: the user waits for it in the tree
+  Connection describing_;   // of the page, to show its structure
   Connections connections_;
 };
 

@@ -51,7 +51,7 @@ void ctlWebBrowser::UserControl_Initialize() {
 void ctlWebBrowser::Terminate() {
   ErrorsIgnored([&] { reader_.Stop(); }, [&] { layout_.DestroyRebar(); },
                 [&] { layout_.ReleaseRebar(); }, [&] { pane_.status.Release(); },
-                [&] { pane_.announcer.SetSpeechNotify(nullptr); });
+                [&] { side_bar_.Close(); }, [&] { pane_.announcer.SetSpeechNotify(nullptr); });
 }
 
 ctlWebBrowser::~ctlWebBrowser() {

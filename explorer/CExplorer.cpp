@@ -186,24 +186,22 @@ void CExplorer::TV_Expand(TreeNode& Node) {
     GetChildren.Raise(data);
     return;
   }
-  const std::weak_ptr<bool> alive = alive_;
   const TreeNodeId id = Node.Id();
   tree_->LockUpdate(true);
   ErrorsIgnored([&] {
     const auto children = item->GetChildren(*this, Node);
-    if (!alive.expired()) AddChildren(id, data, children);
+    AddChildren(id, data, children);
   });
-  if (!alive.expired()) tree_->LockUpdate(false);
+  tree_->LockUpdate(false);
 }
 
 // Thousands of children take a while; events that are waiting run in between,
-// and may do away with the node, the whole tree or this object.
+// and may do away with the node or the whole tree.
 void CExplorer::AddChildren(TreeNodeId node, const ExplorerData& parent,
                             const ExplorerItems& items) {
-  const std::weak_ptr<bool> alive = alive_;
   for (const auto& item : items) {
     desktop_.DoEvents();
-    if (alive.expired() || tree_->Find(node) == nullptr) return;
+    if (tree_->Find(node) == nullptr) return;
     AddChild(parent, item);
   }
 }

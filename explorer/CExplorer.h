@@ -100,7 +100,6 @@ class CExplorer {
   int m_ItemImage = 0;
   std::shared_ptr<IExplorerItem> m_Root;
   RecordTable m_Items;
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // to be watched
   Connections connections_;
 };
 

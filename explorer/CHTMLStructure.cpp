@@ -105,7 +105,10 @@ ExplorerItems CHTMLStructure::IExplorerItem_GetChildren(CExplorer&, TreeNode&) {
         elements(Required(document).links, kLink);
         break;
       case kFrames:
-        for (const auto& frame : Required(document).frames) Add(items, {frame, {}, 0}, kFrame);
+        // A copy: a frame that reports itself late joins the document's own.
+        for (const auto& frame : std::vector(Required(document).frames)) {
+          Add(items, {frame, {}, 0}, kFrame);
+        }
         break;
       case kAnchors:
         elements(Required(document).anchors, kAnchor);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/control.h"
@@ -43,6 +44,14 @@ class WebBrowser : public Control {
   virtual bool Busy() const = 0;
   /// The present page's document; empty before the first page.
   virtual HTMLDocumentPtr Document() const = 0;
+  /// Has the page described anew, as it is now, without keeping the caller
+  /// waiting, and hands the description on; where nothing can be described, while
+  /// Busy and without a page, that is Document, at once. A description is for
+  /// whoever shows it: the elements that raise events are those of Document. It
+  /// never comes when the page is left or hangs meanwhile, nor once the
+  /// connection has been let go.
+  [[nodiscard]] virtual Connection Describe(
+      std::function<void(const HTMLDocumentPtr&)> described) = 0;
 
   /// A page has opened this control for a page of its own, which comes by itself:
   /// the control is not to be sent anywhere at its start.

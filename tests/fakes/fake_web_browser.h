@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/fakes/fake_controls.h"
@@ -27,7 +30,21 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   std::string LocationName() const override { return location_name; }
   bool Busy() const override { return busy; }
   HTMLDocumentPtr Document() const override { return document; }
+  Connection Describe(std::function<void(const HTMLDocumentPtr&)> done) override {
+    if (!describes_later) {
+      done(document);
+      return {};
+    }
+    describing = std::make_shared<std::function<void(const HTMLDocumentPtr&)>>(std::move(done));
+    return Connection([mine = describing] { *mine = nullptr; });
+  }
   bool OpenedByPage() const override { return opened_by_page; }
+
+  /// What was asked for comes: the page as it is now.
+  void Described(const HTMLDocumentPtr& page) {
+    const auto wanted = std::exchange(describing, nullptr);
+    if (wanted && *wanted) (*wanted)(page);
+  }
 
   /// The page begins to load.
   void Begin() {
@@ -49,6 +66,8 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   bool busy = false;
   bool opened_by_page = false;
   HTMLDocumentPtr document;
+  bool describes_later = false;  ///< descriptions wait for Described
+  std::shared_ptr<std::function<void(const HTMLDocumentPtr&)>> describing;
 
  private:
   void Note(const std::string& call) {

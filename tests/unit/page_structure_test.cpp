@@ -49,6 +49,18 @@ struct PageStructure : ::testing::Test {
   }
 };
 
+TEST_F(PageStructure, FrameThatReportsItselfWhileTheFramesAreAddedIsSurvived) {
+  const auto frame = std::make_shared<HTMLDocument>();
+  frame->nameProp = "frame";
+  page->frames = {frame, frame};
+  FakeTreeNode& frames = Open()[1];
+  desktop.on_yield = [&, late = 0]() mutable {
+    if (++late <= 20) page->frames.push_back(frame);
+  };
+  tree.Toggle(frames);
+  EXPECT_THAT(frames.Labels(), ElementsAre("frame", "frame")) << "as they were when it was opened";
+}
+
 TEST_F(PageStructure, DocumentHasItsFourCollections) {
   page->links = {Element("a", "http://b/"), Element("c", "http://d/")};
   FakeTreeNode& node = Open();

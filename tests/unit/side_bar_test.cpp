@@ -103,6 +103,98 @@ TEST_F(SideBarTest, WindowClosedWhileTheStructureIsBuiltIsSurvived) {
   EXPECT_TRUE(p.process.Forms().empty());
 }
 
+TEST_F(SideBarTest, ClosingTheWindowEndsTheMakingOfATree) {
+  for (int i = 0; i < 100; ++i) shell.File("/data/Favorites/" + std::to_string(i));
+  StartWith(kSideBarFavorites);
+  FakeTreeView& tree = p.Tree();
+  int added_afterwards = 0;
+  p.desktop.on_yield = [&, closed = false]() mutable {
+    if (closed) ++added_afterwards;
+    if (closed || tree.nodes.empty() || Root().children.size() < 10) return;
+    closed = true;
+    p.desktop.Get<FakeForm>("frmCorvane").Close(Form::UnloadMode::ControlMenu);
+  };
+  tree.Toggle(Root());
+  EXPECT_EQ(added_afterwards, 0);
+  EXPECT_TRUE(tree.nodes.empty());
+  EXPECT_EQ(tree.locks, 0);
+  p.desktop.RunLater();
+  EXPECT_TRUE(p.process.Forms().empty());
+}
+
+// The page as it is now ---------------------------------------------------------------
+
+struct ChangedPage : SideBarTest {
+  const HTMLDocumentPtr now = MakePage("http://a/", "Title", "", {{"a", "/a"}, {"b", "/b"}});
+
+  void SetUp() override {
+    StartWith(kSideBarPageStructure);
+    p.Read(MakePage("http://a/", "Title", "body", {{"a", "/a"}}));
+    p.Browser().describes_later = true;
+    p.Spoken();
+  }
+  std::vector<std::string> RootLabels() {
+    p.Tree().Toggle(Root());
+    return Root().Labels();
+  }
+};
+
+TEST_F(ChangedPage, EscapeShowsItAsItIsNow) {
+  p.Tree().Press(kKeyEscape);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  p.Browser().Described(now);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Title Sidebar Item"));
+  EXPECT_THAT(RootLabels(), ElementsAre("Links 2", "Frames 0", "Anchors 0", "Forms 0"));
+}
+
+TEST_F(ChangedPage, ChoosingItsStructureShowsItAsItIsNowAndSaysNothing) {
+  p.Inside().ctlWebBrowser1.mnuSideBarContent_Click(kSideBarFavorites);
+  p.Inside().ctlWebBrowser1.mnuSideBarContent_Click(kSideBarPageStructure);
+  p.Browser().Described(now);
+  EXPECT_THAT(p.Spoken(), IsEmpty()) << "the user is elsewhere";
+  EXPECT_EQ(RootLabels().at(0), "Links 2");
+}
+
+TEST_F(ChangedPage, DescriptionThatComesTooLateIsNotShown) {
+  p.Tree().Press(kKeyEscape);
+  p.Inside().ctlWebBrowser1.mnuSideBarContent_Click(kSideBarFavorites);
+  p.Browser().Described(now);
+  EXPECT_EQ(Root().text, "Favorites");
+}
+
+TEST_F(ChangedPage, NextPageIsShownThoughTheOneBeforeIsDescribedAfterwards) {
+  p.Tree().Press(kKeyEscape);
+  p.Read(MakePage("http://b/", "Next", "body"));
+  p.Spoken();
+  p.Browser().Described(now);
+  EXPECT_EQ(Root().text, "Next");
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
+TEST_F(ChangedPage, WindowClosedMeanwhileIsSurvived) {
+  p.Tree().Press(kKeyEscape);
+  const auto described = p.Browser().describing;
+  p.desktop.Get<FakeForm>("frmCorvane").Close(Form::UnloadMode::ControlMenu);
+  ASSERT_TRUE(described);
+  EXPECT_FALSE(*described) << "nobody waits for it any more";
+}
+
+TEST_F(SideBarTest, EscapeInTheAccessibilityTreeSaysItsFirstNodeWhenItIsThere) {
+  StartWith(kSideBarAccessibility);
+  const auto page = FakeAccessible::Make("The news", 15);
+  page->Add(FakeAccessible::Make("Weather", 30));
+  const auto window =
+      p.desktop.windows.Add("", "Internet Explorer_Server", Pane().controls.ELAMain->hwnd());
+  p.desktop.accessibility.objects[{window, kObjectClient}] = page;
+  p.Tree().Press(kKeyEscape);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  p.desktop.accessibility.Arrive();
+  EXPECT_THAT(p.Spoken(), ElementsAre("HTML_Internet Explorer document Sidebar Item"));
+  Pane().controls.Timer1->Tick.Raise();
+  p.desktop.accessibility.Arrive();
+  EXPECT_THAT(p.Spoken(), IsEmpty()) << "said once";
+}
+
 // Following -----------------------------------------------------------------------
 
 TEST_F(SideBarTest, FavoriteIsFollowedToTheAddressInItsFile) {

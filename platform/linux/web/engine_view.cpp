@@ -271,6 +271,18 @@ void EngineView::StartReading() {
   });
 }
 
+Connection EngineView::Describe(std::function<void(const HTMLDocumentPtr&)> described) {
+  if (Busy() || !document_) {
+    described(document_);
+    return {};
+  }
+  auto wanted = std::make_shared<bool>(true);
+  reader_->Describe([this, wanted, described](const HTMLDocumentPtr& document) {
+    if (*wanted) described(document ? document : document_);
+  });
+  return Connection([wanted] { *wanted = false; });
+}
+
 void EngineView::FinishReading(HTMLDocumentPtr document) {
   document_ = std::move(document);
   document_is_present_ = true;

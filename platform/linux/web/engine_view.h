@@ -63,6 +63,7 @@ class EngineView {
   std::string LocationName() const;
   bool Busy() const { return navigation_.Busy(); }
   HTMLDocumentPtr Document() const { return document_; }
+  Connection Describe(std::function<void(const HTMLDocumentPtr&)> described);
 
  private:
   // What the view reports.

@@ -60,6 +60,26 @@ HTMLDocumentPtr DocumentOf(const FrameHint& hint) {
   return document;
 }
 
+using RecordsByPlace = std::map<FramePlace, PageRecord>;
+
+// The documents of fresh records put together. A frame that has none is as it
+// stood in the document before.
+HTMLDocumentPtr PutTogether(RecordsByPlace& records, const FramePlace& place,
+                            const HTMLDocument* before) {
+  const PageRecord& record = records.at(place);
+  auto& frames = record.document->frames;
+  frames.clear();
+  for (std::size_t i = 0; i < record.frames.size(); ++i) {
+    FramePlace inner = place;
+    inner.push_back(static_cast<int>(i));
+    const auto known = before != nullptr && i < before->frames.size()
+                           ? before->frames[i]
+                           : DocumentOf(record.frames[i]);
+    frames.push_back(records.contains(inner) ? PutTogether(records, inner, known.get()) : known);
+  }
+  return record.document;
+}
+
 bool IsInside(const FramePlace& place, const FramePlace& outer) {
   return place.size() >= outer.size() && std::equal(outer.begin(), outer.end(), place.begin());
 }
@@ -120,6 +140,32 @@ std::function<void(std::optional<std::string>)> PageReader::WhileReading(
     const auto self = weak.lock();
     if (self && (*self)->reading_ == reading) handle(std::move(text));
   };
+}
+
+// The elements that it finds are not remembered by the page's script: those that
+// are new are described with their first event as if it had never been asked.
+void PageReader::Describe(Done done) {
+  if (!document_) return done(nullptr);
+  Evaluate(view_, "corvane.collect(false)", nullptr,
+           WhileReading([this, done](std::optional<std::string> text) {
+             Parse(std::move(text).value_or(""), [this, reading = reading_, done](Records records) {
+               if (reading == reading_) done(Described(std::move(records)));
+             });
+           }));
+}
+
+HTMLDocumentPtr PageReader::Described(Records records) const {
+  const auto top = documents_.find({});
+  if (records.empty() || !records.front().place.empty() || top == documents_.end() ||
+      records.front().document_id != top->second) {
+    return document_;
+  }
+  RecordsByPlace by_place;
+  for (auto& record : records) {
+    const FramePlace place = record.place;
+    by_place[place] = std::move(record);
+  }
+  return PutTogether(by_place, {}, document_.get());
 }
 
 void PageReader::Parse(std::string text, std::function<void(Records)> parsed) {

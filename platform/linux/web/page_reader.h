@@ -37,6 +37,10 @@ class PageReader {
   /// Always calls back unless the page's process hangs: a page that will not be
   /// read has a document of its title and address.
   void Read(Done done);
+  /// Describes the page that has been read as it is now, in a document of its own;
+  /// null when there is no such page. Never calls back when the page is left
+  /// meanwhile.
+  void Describe(Done done);
   /// Gives up a reading that is under way.
   void Cancel();
 
@@ -50,6 +54,7 @@ class PageReader {
   /// Hands an answer on only while the reading that asked for it is under way.
   std::function<void(std::optional<std::string>)> WhileReading(
       std::function<void(std::optional<std::string>)> handle);
+  HTMLDocumentPtr Described(std::vector<PageRecord> records) const;
   void Parse(std::string text, std::function<void(std::vector<PageRecord>)> parsed);
   void FinishIfComplete();
   void Finish();

@@ -31,6 +31,9 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
   std::string LocationName() const override { return view_->LocationName(); }
   bool Busy() const override { return view_->Busy(); }
   HTMLDocumentPtr Document() const override { return view_->Document(); }
+  Connection Describe(std::function<void(const HTMLDocumentPtr&)> described) override {
+    return view_->Describe(std::move(described));
+  }
   bool OpenedByPage() const override { return view_->OpenedByPage(); }
 
  private:
