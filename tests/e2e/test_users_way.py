@@ -24,6 +24,7 @@ class UsersWay(EndToEndTest):
         corvane.focus("Address")
         corvane.keys("ctrl+a")
         corvane.type(self.base + "/start.html")
+        self.said("m", "l")  # the echo of what was typed has ended
         corvane.transcript.mark()
         corvane.keys("Return")
         self.said("The local news")

@@ -106,6 +106,16 @@ TEST(Application, SayGoesStraightToTheService) {
   EXPECT_THAT(p.Spoken(), ElementsAre("from outside (urgent)"));
 }
 
+TEST(Application, SayWhileSpeechIsOffIsDropped) {
+  Program p;
+  p.Start();
+  Application application(p.process);
+  application.StartBrowser(p.Service());
+  application.Say("nobody hears", true);
+  EXPECT_THAT(p.desktop.speech.calls, IsEmpty());
+  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
+}
+
 TEST(Application, SecondBrowserTakesTheFirstOnesPlaceAndLeavesItOpen) {
   Program p;
   p.Start();

@@ -80,7 +80,7 @@ RebarControl::RebarControl(ElasticFrame& parent, std::uint32_t style, int width,
   box_.Natural = [this](Gtk::Orientation orientation) {
     return orientation == Gtk::ORIENTATION_HORIZONTAL ? width_ : HeightFor(width_);
   };
-  box_.add_events(Gdk::BUTTON_PRESS_MASK | Gdk::BUTTON_RELEASE_MASK | Gdk::POINTER_MOTION_MASK);
+  box_.add_events(Gdk::BUTTON_PRESS_MASK | Gdk::BUTTON_RELEASE_MASK | Gdk::BUTTON1_MOTION_MASK);
   box_.signal_button_press_event().connect(
       [this](GdkEventButton* event) { return Pressed(*event); });
   box_.signal_motion_notify_event().connect(
@@ -254,18 +254,11 @@ bool RebarControl::Pressed(const GdkEventButton& event) {
 }
 
 bool RebarControl::Moved(const GdkEventMotion& event) {
-  if (!IsOwn(event.window)) return false;
-  const StripPoint point = PointOf(event);
-  if (!drag_.band) {
-    const bool grip = GripAt(point) != bands_.size();
-    box_.get_window()->set_cursor(grip ? Gdk::Cursor::create(box_.get_display(), "grab")
-                                       : Glib::RefPtr<Gdk::Cursor>());
-    return false;
-  }
+  if (!drag_.band || !IsOwn(event.window)) return false;
   const auto dragged = std::find_if(bands_.begin(), bands_.end(),
                                     [this](const auto& band) { return band.get() == drag_.band; });
-  TakeOrder(DragBand(Sizes(), width_, static_cast<std::size_t>(dragged - bands_.begin()), point,
-                     drag_.grab));
+  TakeOrder(DragBand(Sizes(), width_, static_cast<std::size_t>(dragged - bands_.begin()),
+                     PointOf(event), drag_.grab));
   return true;
 }
 

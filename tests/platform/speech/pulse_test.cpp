@@ -117,11 +117,14 @@ TEST_F(PulseTest, StreamsFollowEachOtherWithoutLoss) {
   PulseOutput output(server_.Address(), notices_.Hook());
   ASSERT_TRUE(output.WaitConnected());
   constexpr std::size_t kShort = kSampleRate / 20;
-  for (int i = 0; i < 20; ++i) {
+  // On a busy machine the listener misses some of the very first sound. A loss at
+  // the end of every stream adds up to more than that.
+  constexpr std::size_t kMissedAtFirst = kSampleRate / 50;
+  for (std::size_t i = 0; i < 20; ++i) {
     output.Begin();
     ASSERT_TRUE(WriteAll(output, Sound(kShort, 8000)));
     ASSERT_TRUE(output.Drain());
-    EXPECT_TRUE(heard.WaitForLoud((i + 1) * kShort * 9 / 10)) << i;
+    EXPECT_TRUE(heard.WaitForLoud((i + 1) * kShort * 9 / 10 - kMissedAtFirst)) << i;
   }
 }
 
