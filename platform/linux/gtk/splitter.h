@@ -41,6 +41,8 @@ class Splitter : public Gtk::Paned {
 
  private:
   void Apply(int total);
+  /// The area that is laid out alone, when the focus is in the hidden other one.
+  ClipBox* ShownWhileTheOtherHasFocus();
 
   struct Wish {
     int area = 0;
