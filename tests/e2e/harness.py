@@ -42,28 +42,29 @@ class Transcript:
 
     def __init__(self, path):
         self._path = path
+        self._read = 0  # bytes
+        self._events = []
         self._mark = 0
 
     def events(self):
         try:
-            lines = self._path.read_text("utf-8").splitlines()
+            with self._path.open("rb") as file:
+                file.seek(self._read)
+                new = file.read()
         except FileNotFoundError:
             return []
-        events = []
-        for line in lines:
-            try:
-                events.append(json.loads(line))
-            except json.JSONDecodeError:
-                break  # a line that is being written
-        return events
+        whole = new.rfind(b"\n") + 1  # the last line may be being written
+        self._read += whole
+        self._events = self._events + [json.loads(line) for line in new[:whole].splitlines()]
+        return self._events
 
     def spoken(self):
         """All texts spoken since the last mark."""
-        return [e["text"] for e in self.events() if e["event"] == "speak"][self._mark:]
+        return [e["text"] for e in self.events()[self._mark:] if e["event"] == "speak"]
 
     def mark(self):
         """Forgets what was spoken so far."""
-        self._mark += len(self.spoken())
+        self._mark = len(self.events())
 
     def wait_for(self, *texts):
         """Waits until the texts were spoken, in this order (others may lie between)."""
