@@ -92,6 +92,21 @@ class Menus(EndToEndTest):
         self.assertEqual(corvane.text_of("Address"), self.base + "/start.html")
         self.assertNotIn("Working...", corvane.transcript.spoken())
 
+    def test_dialogs_after_a_cancelled_open_file_leave_the_window(self):
+        corvane = self.start()
+        self.page()
+        for _ in range(2):
+            corvane.keys("ctrl+o")
+            self.wait_for_window("Open")
+            corvane.keys("Escape")
+            self.wait_for_window("Open", 0)
+            corvane.keys("ctrl+f")
+            self.wait_for_window("Find in page")
+            corvane.keys("Escape")
+            self.wait_for_window("Find in page", 0)
+        self.page("/weather.html", "The weather")
+        self.assertIsNone(corvane.process.poll())
+
     def test_saved_page_opens_again_without_its_server(self):
         corvane = self.start(environment={"HOME": self.home})
         self.page()

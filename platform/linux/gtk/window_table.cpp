@@ -25,7 +25,8 @@ WindowHandle WindowTable::Add(Entry entry) {
 
 void WindowTable::Remove(WindowHandle window) {
   const Window* found = Find(window);
-  const bool top_level = found != nullptr && IsTopLevel(*found);
+  if (found == nullptr) return;
+  const bool top_level = IsTopLevel(*found);
   windows_.erase(window);
   for (auto& [handle, other] : windows_) {
     if (other.entry.parent != window) continue;

@@ -78,6 +78,17 @@ TEST_F(WindowTableTest, AWindowThatIsGoneLeavesItsChildrenWithoutAParent) {
   EXPECT_EQ(windows_.NextSibling(child), 0U);
 }
 
+TEST_F(WindowTableTest, RemovingAWindowThatIsNotThereLeavesTheOthersAlone) {
+  const auto window = Add("Window");
+  int gone = 0;
+  const Connection listening = windows_.TopLevelGone.Connect([&] { ++gone; });
+  windows_.Remove(0);
+  windows_.Remove(window + 1);
+  EXPECT_EQ(windows_.TopLevelCount(), 1);
+  EXPECT_EQ(windows_.FindWindow("Window"), window);
+  EXPECT_EQ(gone, 0);
+}
+
 TEST_F(WindowTableTest, StyleBitsAreKept) {
   const auto top = Add("top");
   windows_.SetStyle(top, 0xFFFF9840U);
