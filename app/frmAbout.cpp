@@ -16,6 +16,8 @@ constexpr const char* kRights =
     "Free software under the GNU General Public License, version 3 or later";
 constexpr const char* kContact = "The Corvane developers";
 constexpr const char* kLineEnd = "\r\n";
+// What each field is called for other readers.
+constexpr std::array kFieldNames = {"Product", "Description", "Version", "Rights", "Contact"};
 constexpr float kWidth = 7200;  // twips
 constexpr float kHeight = 3600;
 
@@ -55,6 +57,7 @@ void frmAbout::Form_Load() {
                                                   kContact};
   for (std::size_t i = 0; i < kFields; ++i) {
     Text_[i]->SetText(texts[i]);
+    Text_[i]->SetAccessibleName(kFieldNames.at(i));
     ELAMain_->Add(*Text_[i]);
   }
   OK_->SetCaption("OK");

@@ -69,6 +69,20 @@ class EarUser:
         self._corvane.keys("F6")
         self.hear("Back Button")
 
+    def enter_page(self):
+        """Goes into the page; the next Tab leads to its first element."""
+        self._corvane.keys("ctrl+l")
+        self._corvane.transcript.mark()
+        self._corvane.keys("shift+F6", "shift+F6")
+        self.hear("WebBrowser")
+
+    def walk(self, steps):
+        """Tabs so many elements on, each heard before the next."""
+        for _ in range(steps):
+            self._corvane.transcript.mark()
+            self._corvane.keys("Tab")
+            wait_until(self._spoken, "a word about an element")
+
     def follow(self, title):
         """Follows the first link of the links list."""
         self._corvane.keys("ctrl+l")
@@ -100,3 +114,12 @@ class EarUser:
         self._corvane.keys(*keys)
         self.hear(words)
         self._corvane.keys("Escape")
+        wait_until(self._is_in_window, "the window after a dialog")
+
+    def _is_in_window(self):
+        """Whether the window answers already: keys that come while a dialog closes
+        are nobody's."""
+        self._corvane.transcript.mark()
+        self._corvane.keys("ctrl+l")
+        time.sleep(0.2)
+        return bool(self._spoken())

@@ -48,6 +48,11 @@ class Handler(http.server.BaseHTTPRequestHandler):
         number = path.rsplit("/", 1)[-1]
         self.reply(f"<title>Page {number}</title><p>This is page {number}. <a href='/start.html'>Back to the start</a>")
 
+    def page_frames(self, path):
+        number = path.rsplit("/", 1)[-1]
+        self.reply(f"<title>Frames {number}</title><p><a href='/weather.html'>The weather</a>"
+                   f"<iframe src='/form.html'></iframe><iframe src='/page/{number}'></iframe>")
+
     def page_links(self, path):
         self.reply(_links(int(path.rsplit("/", 1)[-1])))
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/linux/gtk/focus_words.h"
+#include "platform/linux/gtk/part_names.h"
 #include "platform/linux/gtk/post.h"
 
 namespace corvane::desktop {
@@ -58,7 +59,9 @@ DialogListener::~DialogListener() {
 
 gboolean DialogListener::OnMap(GSignalInvocationHint*, guint, const GValue* values, gpointer self) {
   auto* widget = GTK_WIDGET(g_value_get_object(&values[0]));
-  if (!GTK_IS_DIALOG(widget) || g_object_get_data(G_OBJECT(widget), kSpeaks)) return TRUE;
+  if (!GTK_IS_DIALOG(widget)) return TRUE;
+  NameParts(widget);
+  if (g_object_get_data(G_OBJECT(widget), kSpeaks)) return TRUE;
   MarkAsSpeaking(widget);
   g_signal_connect(widget, "set-focus", G_CALLBACK(&DialogListener::OnFocus), self);
   g_signal_connect(widget, "notify::is-active", G_CALLBACK(&DialogListener::OnActive), self);

@@ -7,6 +7,8 @@
 #include <gtkmm/label.h>
 #include <gtkmm/messagedialog.h>
 #include <gtkmm/notebook.h>
+#include <gtkmm/scrolledwindow.h>
+#include <gtkmm/treeview.h>
 
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
@@ -69,6 +71,25 @@ TEST_F(DialogListenerTest, SpeaksWhatAMessageOfTheToolkitSays) {
   dialog.add_button("_OK", 0);
   Show(dialog);
   EXPECT_THAT(spoken_, ElementsAre("The file vanished. Try another one. OK Button"));
+}
+
+TEST_F(DialogListenerTest, NamesThePartsThatTheToolkitLeavesNameless) {
+  Gtk::Dialog dialog("Print");
+  Gtk::Notebook tabs;
+  Gtk::ScrolledWindow scroll;
+  Gtk::TreeView list;
+  list.append_column(*Gtk::make_managed<Gtk::TreeViewColumn>("Printer"));
+  scroll.add(list);
+  tabs.append_page(scroll, "General");
+  Gtk::Entry named;
+  named.get_accessible()->set_name("Pages");
+  dialog.get_content_area()->add(tabs);
+  dialog.get_content_area()->add(named);
+  Show(dialog);
+  EXPECT_EQ(tabs.get_accessible()->get_name(), "Tabs");
+  EXPECT_EQ(scroll.get_accessible()->get_name(), "Scrolling area");
+  EXPECT_EQ(list.get_accessible()->get_name(), "Printer");
+  EXPECT_EQ(named.get_accessible()->get_name(), "Pages");
 }
 
 TEST_F(DialogListenerTest, LeavesThoseAloneThatSpeakThemselves) {
