@@ -7,6 +7,8 @@
 
 #include <cerrno>
 #include <memory>
+#include <string_view>
+#include <utility>
 
 namespace corvane::desktop {
 namespace {
@@ -47,6 +49,13 @@ std::string Unescaped(const char* name) {
   return ValidText(plain ? plain.get() : name);
 }
 
+// The library warns of its own fault when it is asked to read such a value.
+bool EndsInsideEscape(std::string_view value) {
+  const auto before = value.find_last_not_of('\\');
+  const auto backslashes = value.size() - (before == std::string_view::npos ? 0 : before + 1);
+  return backslashes % 2 == 1;
+}
+
 }  // namespace
 
 std::string LastPartOf(const std::string& name) {
@@ -65,9 +74,12 @@ std::optional<IniValues> ParseIni(const std::string& text) {
   for (char** group = groups.get(); *group; ++group) {
     const TextList keys(g_key_file_get_keys(file.get(), *group, nullptr, nullptr));
     for (char** key = keys.get(); key && *key; ++key) {
-      Text value(g_key_file_get_string(file.get(), *group, *key, nullptr));
+      Text value(g_key_file_get_value(file.get(), *group, *key, nullptr));
       // A person may have written a lone backslash: then the value is what stands there.
-      if (!value) value.reset(g_key_file_get_value(file.get(), *group, *key, nullptr));
+      if (value && !EndsInsideEscape(value.get())) {
+        Text plain(g_key_file_get_string(file.get(), *group, *key, nullptr));
+        if (plain) value = std::move(plain);
+      }
       if (value) values[{Unescaped(*group), Unescaped(*key)}] = ValidText(value.get());
     }
   }

@@ -1,0 +1,49 @@
+#include "browser/LinkFile.h"
+
+#include "base/text.h"
+#include "platform/linux/store/profile_text.h"
+#include "platform/linux/web/file_names.h"
+#include "platform/linux/web/typed_address.h"
+#include "tests/fuzz/fuzz.h"
+
+using namespace corvane;
+using namespace corvane::desktop;
+
+namespace {
+
+bool HasLineBreak(std::string_view text) {
+  return text.find_first_of("\r\n") != std::string::npos;
+}
+
+void PromisePlainName(const std::string& name) {
+  constexpr std::size_t kLongestOnDisk = 255;
+  constexpr std::size_t kPutBehind = std::string_view(" 100.desktop").size();
+  Promise(name.size() + kPutBehind <= kLongestOnDisk);
+  Promise(!name.empty() && name != "." && name != "..");
+  Promise(text::valid(name) == name);
+  for (const char c : name) Promise(static_cast<unsigned char>(c) >= ' ' && c != '/' && c != 127);
+}
+
+}  // namespace
+
+// Titles and addresses of pages, which become names and contents of files; and
+// what is typed, dropped or handed over as an address.
+void FuzzOne(const std::string& input) {
+  const std::string address = input.substr(0, input.find('\n'));
+  PromisePlainName(SafeFileName(input));
+  PromisePlainName(CleanFileName(input, "page"));
+
+  // Nothing in an address may end its line and start another one.
+  const std::string shortcut = ShortcutContent(input);
+  Promise(!HasLineBreak(ProfileValue(shortcut, "InternetShortcut", "URL")));
+  Promise(ProfileValue(shortcut, "InternetShortcut", "IconFile").empty());
+  const std::string link = DesktopLinkContent(input, input);
+  Promise(ProfileValue(link, "Desktop Entry", "Exec").empty());
+  Promise(ProfileValue(link, "Desktop Entry", "Type") == "Link");
+
+  IsHostileAddress(input, "");
+  IsHostileAddress(address, input);
+  const TypedAddress typed = ResolveTyped(input, "/home/user");
+  Promise(!HasLineBreak(typed.uri));
+  Promise(typed.uri.empty() == typed.problem.has_value());
+}
