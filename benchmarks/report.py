@@ -8,7 +8,6 @@ import argparse
 import json
 import os
 import pathlib
-import re
 import shutil
 import statistics
 import subprocess
@@ -21,7 +20,8 @@ SOURCE = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(SOURCE / "tests/e2e"))
 import keys  # noqa: E402  (this and the next lie beside this file)
 import trees  # noqa: E402
-import web_server  # noqa: E402  (lies beside the end-to-end tests)
+import processes  # noqa: E402  (this and the next lie beside the end-to-end tests)
+import web_server  # noqa: E402
 
 
 def median(values):
@@ -102,21 +102,6 @@ class Browser:
         shutil.rmtree(self.home, ignore_errors=True)
 
 
-def tree_pss(pid):
-    """Proportional memory of a process and all its descendants, in MB."""
-    total, todo = 0, [pid]
-    while todo:
-        current = todo.pop()
-        try:
-            rollup = pathlib.Path(f"/proc/{current}/smaps_rollup").read_text()
-            total += int(re.search(r"^Pss:\s+(\d+)", rollup, re.M).group(1))
-            for task in pathlib.Path(f"/proc/{current}/task").iterdir():
-                todo += [int(child) for child in (task / "children").read_text().split()]
-        except (OSError, AttributeError):
-            continue
-    return total / 1024
-
-
 def start_and_memory(build, base, runs):
     windows, memories = [], []
     for run in range(runs + 1):
@@ -125,7 +110,7 @@ def start_and_memory(build, base, runs):
             window = browser.wait_window()
             browser.wait_spoken("Page 1")
             time.sleep(1)
-            memory = tree_pss(browser.process.pid)
+            memory = processes.family_memory(browser.process.pid)
         finally:
             browser.end()
         if run > 0:  # the first one warms the caches
@@ -144,7 +129,7 @@ def reference_browser(base):
                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     try:
         time.sleep(6)
-        return tree_pss(process.pid) if process.poll() is None else None
+        return processes.family_memory(process.pid) if process.poll() is None else None
     finally:
         process.terminate()
         process.wait()
