@@ -33,6 +33,7 @@ enum KeyCodes : int {
   kKeyF3 = 114,
   kKeyF5 = 116,
   kKeyF6 = 117,
+  kKeyF9 = 120,
 };
 
 /// A key going down or up. A handler that sets KeyCode to 0 keeps the key from

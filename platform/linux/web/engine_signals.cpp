@@ -188,6 +188,7 @@ void EngineView::OnIdle() {
   // takes the place of another is idle for a moment between the two.
   idle_.Start(0, [this] {
     if (webkit_web_view_is_loading(view_.get())) return;
+    if (Text(webkit_web_view_get_uri(view_.get())) != address_) navigation_.MovedInPlace();
     if (navigation_.Idle()) return StartReading();
     OnAddressChanged();
   });

@@ -63,6 +63,10 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
       requests_(std::make_unique<PageRequests>(engine, view_.get(), RequestsHost())),
       find_(std::make_unique<FindInPage>(view_.get(), requests_->Desk(),
                                          [this](const std::string& text) { listener_.say(text); })),
+      changes_(std::make_unique<PageChanges>(
+          view_.get(), requests_->Notices(),
+          PageChanges::Host{[this] { ReadAgain(); },
+                            [this](const std::string& text) { listener_.say(text); }})),
       watchdog_(
           engine.Options().hang,
           [this](Watchdog::Answer answer) {
@@ -87,6 +91,7 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
 
 EngineView::~EngineView() {
   g_signal_handlers_disconnect_by_data(view_.get(), this);
+  changes_.reset();
   requests_.reset();  // takes back what is asked
   find_.reset();
   reader_.reset();
@@ -111,9 +116,7 @@ void EngineView::TakeOver(Listener listener) {
   if (Busy()) return listener_.begin();
   if (webkit_web_view_is_loading(view_.get())) return;
   // Read already, or a page without an address that its opener fills.
-  navigation_.Requested();
-  navigation_.Started();
-  if (navigation_.Idle()) StartReading();
+  ReadAgain();
 }
 
 void EngineView::StayOnPage() {
@@ -264,6 +267,14 @@ void EngineView::OnProcessGone(WebKitWebProcessTerminationReason reason) {
 
 // --- reading -----------------------------------------------------------------
 
+// The page as it is now, without loading anything.
+void EngineView::ReadAgain() {
+  if (Busy()) return;
+  navigation_.Requested();
+  navigation_.Started();
+  if (navigation_.Idle()) StartReading();
+}
+
 void EngineView::StartReading() {
   watchdog_.Watch();
   reader_->Read([this](HTMLDocumentPtr document) {
@@ -355,6 +366,8 @@ void EngineView::Do(WebBrowser::PageCommand command) {
       return Zoom(engine_.Preferences().zoom - kZoomStep);
     case WebBrowser::PageCommand::ZoomReset:
       return Zoom(1);
+    case WebBrowser::PageCommand::ReadAgain:
+      return ReadAgain();
   }
 }
 

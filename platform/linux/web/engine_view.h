@@ -11,6 +11,7 @@
 #include "platform/linux/web/find_in_page.h"
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/navigation.h"
+#include "platform/linux/web/page_changes.h"
 #include "platform/linux/web/page_policy.h"
 #include "platform/linux/web/page_reader.h"
 #include "platform/linux/web/page_requests.h"
@@ -83,6 +84,7 @@ class EngineView {
   void Load(const std::string& address);
   void LoadSearch(const std::string& search);
   void ShowProblem(const Problem& problem);
+  void ReadAgain();
   void StartReading();
   void FinishReading(HTMLDocumentPtr document);
   void EndHungPage();
@@ -99,6 +101,7 @@ class EngineView {
   std::unique_ptr<PageReader> reader_;
   std::unique_ptr<PageRequests> requests_;
   std::unique_ptr<FindInPage> find_;
+  std::unique_ptr<PageChanges> changes_;
   Watchdog watchdog_;
   Connections connections_;
   std::shared_ptr<EngineView*> self_;  // answers that come after the view find it gone

@@ -35,6 +35,10 @@ bool Navigation::Finished() {
   return true;
 }
 
+void Navigation::MovedInPlace() {
+  if (phase_ == Phase::Requested && !open_) Started();
+}
+
 bool Navigation::Idle() {
   if (phase_ == Phase::Idle || phase_ == Phase::Reading) return false;
   phase_ = Phase::Reading;

@@ -23,8 +23,11 @@ class Navigation {
   /// The engine has finished, well or not, and whether the page is now to be
   /// read. What a replaced page still reports is ignored.
   bool Finished();
-  /// Nothing is loading any more, also when the engine never started (a jump
-  /// within the page); true when the page is now to be read.
+  /// The engine shows what was asked for without loading it: a page's scripts do
+  /// that when the user goes back within it.
+  void MovedInPlace();
+  /// Nothing is loading any more, also when the engine never started (back within
+  /// the page); true when the page is now to be read.
   bool Idle();
   /// The page has been read, or there is nothing to read.
   void Read();

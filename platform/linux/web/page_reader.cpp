@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/text.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -13,6 +15,8 @@ constexpr std::size_t kLongestText = 256 * 1024 * 1024;
 /// How long a page waits for frames whose documents have said nothing yet.
 constexpr double kFrameSeconds = 0.5;
 constexpr std::size_t kMostFrames = 500;
+/// Characters of text, with no link and no field, that are no page yet.
+constexpr std::size_t kNextToNothing = 30;
 /// Elements that a page makes without end are not followed for ever.
 constexpr std::size_t kMostLateElements = 20'000;
 
@@ -80,6 +84,16 @@ HTMLDocumentPtr PutTogether(RecordsByPlace& records, const FramePlace& place,
   return record.document;
 }
 
+/// Whether the page has next to nothing in it. Many a page comes so, and scripts
+/// fill it after it has loaded.
+bool LooksEmpty(const Records& records) {
+  const PageRecord& page = records.front();
+  const HTMLDocument& document = *page.document;
+  return records.size() == 1 && page.frames.empty() && document.has_body &&
+         document.links.empty() && document.forms.empty() &&
+         text::length(document.body_innerText) < kNextToNothing;
+}
+
 bool IsInside(const FramePlace& place, const FramePlace& outer) {
   return place.size() >= outer.size() && std::equal(outer.begin(), outer.end(), place.begin());
 }
@@ -91,8 +105,8 @@ PageReader::PageReader(WebKitWebView* view, std::function<void(const std::string
       link_focused_(std::move(link_focused)),
       self_(std::make_shared<PageReader*>(this)) {
   script_ = std::make_unique<PageScript>(
-      webkit_web_view_get_user_content_manager(view),
-      [this](const std::string& kind, const std::string& text) { Receive(kind, text); });
+      webkit_web_view_get_user_content_manager(view), std::vector{"record.js", "events.js"},
+      "corvane", [this](const std::string& kind, const std::string& text) { Receive(kind, text); });
 }
 
 PageReader::~PageReader() { Cancel(); }
@@ -123,6 +137,11 @@ void PageReader::Read(Done done) {
   done_ = std::move(done);
   document_.reset();
   cancel_.reset(g_cancellable_new());
+  waited_ = false;
+  Collect();
+}
+
+void PageReader::Collect() {
   Evaluate(view_, "corvane.collect()", cancel_.get(),
            WhileReading([this](std::optional<std::string> text) {
              if (text) return ReceiveCollected(std::move(*text));
@@ -189,6 +208,11 @@ void PageReader::ReceiveCollected(std::string text) {
       const Done done = std::move(done_);
       Cancel();
       return done(document_);
+    }
+    if (!waited_ && LooksEmpty(records)) {
+      waited_ = true;
+      return Await(view_, "corvaneChanges.filled()", cancel_.get(),
+                   WhileReading([this](const auto&) { Collect(); }));
     }
     origin_ = records.front().origin;
     for (auto& record : records) {

@@ -45,6 +45,7 @@ class PageReader {
   void Cancel();
 
  private:
+  void Collect();
   void Receive(const std::string& kind, const std::string& text);
   void ReceiveEvent(const std::string& text);
   HTMLElementPtr ElementOf(const ElementEvent& event);
@@ -72,6 +73,7 @@ class PageReader {
   int reading_ = 0;                 // counts readings, so that answers to an older one are known
   Done done_;
   bool collected_ = false;  // the page's own record is among `records_`
+  bool waited_ = false;     // for the first content of an empty page
   int parsing_ = 0;         // frames' records that are being read
   int page_ = 0;            // counts pages, so that answers for an older one are known
   std::map<FramePlace, PageRecord> records_;

@@ -12,13 +12,21 @@ namespace {
 
 using Done = std::function<void(std::optional<std::string>)>;
 
-void OnEvaluated(GObject* view, GAsyncResult* result, gpointer data) {
+void Answer(gpointer data, JSCValue* answer) {
   const std::unique_ptr<Done> done(static_cast<Done*>(data));
-  const ObjectPtr<JSCValue> value(
-      webkit_web_view_evaluate_javascript_finish(WEBKIT_WEB_VIEW(view), result, nullptr));
+  const ObjectPtr<JSCValue> value(answer);
   if (!value || !jsc_value_is_string(value.get())) return (*done)(std::nullopt);
   const GText text(jsc_value_to_string(value.get()));
   (*done)(Text(text.get()));
+}
+
+void OnEvaluated(GObject* view, GAsyncResult* result, gpointer done) {
+  Answer(done, webkit_web_view_evaluate_javascript_finish(WEBKIT_WEB_VIEW(view), result, nullptr));
+}
+
+void OnAwaited(GObject* view, GAsyncResult* result, gpointer done) {
+  Answer(done, webkit_web_view_call_async_javascript_function_finish(WEBKIT_WEB_VIEW(view), result,
+                                                                     nullptr));
 }
 
 void OnReplied(GObject* view, GAsyncResult* result, gpointer data) {
@@ -43,32 +51,44 @@ void Evaluate(WebKitWebView* view, const std::string& expression, GCancellable* 
                                       cancellable, &OnEvaluated, new Done(std::move(done)));
 }
 
+void Await(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,
+           Done done) {
+  const std::string body = "return await " + expression;
+  webkit_web_view_call_async_javascript_function(
+      view, body.c_str(), static_cast<gssize>(body.size()), nullptr, kScriptWorld, nullptr,
+      cancellable, &OnAwaited, new Done(std::move(done)));
+}
+
 void CollectWithoutScripts(WebKitWebView* view, GCancellable* cancellable, Done done) {
   webkit_web_view_send_message_to_page(view, webkit_user_message_new("collect", nullptr),
                                        cancellable, &OnReplied, new Done(std::move(done)));
 }
 
-PageScript::PageScript(WebKitUserContentManager* manager, Receiver receiver)
-    : manager_(WEBKIT_USER_CONTENT_MANAGER(g_object_ref(manager))), receiver_(std::move(receiver)) {
+PageScript::PageScript(WebKitUserContentManager* manager, const std::vector<const char*>& parts,
+                       std::string channel, Receiver receiver)
+    : manager_(WEBKIT_USER_CONTENT_MANAGER(g_object_ref(manager))),
+      channel_(std::move(channel)),
+      receiver_(std::move(receiver)) {
   // Connected before the handler is registered, so that no message is lost.
-  g_signal_connect(manager, "script-message-received::corvane", G_CALLBACK(&PageScript::OnMessage),
-                   this);
-  webkit_user_content_manager_register_script_message_handler_in_world(manager, "corvane",
+  g_signal_connect(manager, ("script-message-received::" + channel_).c_str(),
+                   G_CALLBACK(&PageScript::OnMessage), this);
+  webkit_user_content_manager_register_script_message_handler_in_world(manager, channel_.c_str(),
                                                                        kScriptWorld);
-  for (const char* part : {"record.js", "events.js"}) {  // the second builds on the first
-    WebKitUserScript* script = webkit_user_script_new_for_world(
+  for (const char* part : parts) {
+    scripts_.emplace_back(webkit_user_script_new_for_world(
         WebResource(part).c_str(), WEBKIT_USER_CONTENT_INJECT_ALL_FRAMES,
-        WEBKIT_USER_SCRIPT_INJECT_AT_DOCUMENT_START, kScriptWorld, nullptr, nullptr);
-    webkit_user_content_manager_add_script(manager, script);
-    webkit_user_script_unref(script);
+        WEBKIT_USER_SCRIPT_INJECT_AT_DOCUMENT_START, kScriptWorld, nullptr, nullptr));
+    webkit_user_content_manager_add_script(manager, scripts_.back().get());
   }
 }
 
 PageScript::~PageScript() {
   g_signal_handlers_disconnect_by_data(manager_.get(), this);
-  webkit_user_content_manager_remove_all_scripts(manager_.get());
-  webkit_user_content_manager_unregister_script_message_handler_in_world(manager_.get(), "corvane",
-                                                                         kScriptWorld);
+  for (const auto& script : scripts_) {
+    webkit_user_content_manager_remove_script(manager_.get(), script.get());
+  }
+  webkit_user_content_manager_unregister_script_message_handler_in_world(
+      manager_.get(), channel_.c_str(), kScriptWorld);
 }
 
 void PageScript::OnMessage(WebKitUserContentManager*, WebKitJavascriptResult* result,

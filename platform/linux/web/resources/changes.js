@@ -1,0 +1,209 @@
+// Runs in every frame beside the page script. Today's pages change in place: their
+// scripts fill an empty document after it has loaded, show another "page" under
+// another address without loading anything, or add to what is there. This script
+// tells the program of it; what becomes of that, the program decides.
+//
+// Nothing is watched but what follows something that the user does (a click, or a
+// key that makes one), and the first content of a page that came empty.
+'use strict';
+(() => {
+  if (globalThis.corvaneChanges) return;
+
+  const QUIET = 400;      // milliseconds without a change until a change is over
+  const RESTLESS = 2000;  // how long changes that never end are waited for
+  const WATCHED = 10000;  // after what the user did
+  const FILLED = {still: 1500, quiet: 300, longest: 4000};  // the wait for first content
+  const NEWS = 40;        // characters that make a change worth a word
+  const WORDS = 200;
+
+  const channel = globalThis.webkit?.messageHandlers?.corvaneChanges;
+  const post = (kind, text = '') => channel?.postMessage(`${kind}\n${text}`);
+  const elementById = (id) => Document.prototype.getElementById.call(document, id);
+  const all = (selector) => Document.prototype.querySelectorAll.call(document, selector);
+  const activeElement = () => Object.getOwnPropertyDescriptor(Document.prototype, 'activeElement')
+    .get.call(document);
+  const root = () => Object.getOwnPropertyDescriptor(Document.prototype, 'documentElement')
+    .get.call(document);
+  const words = (text) => {
+    const short = text.replace(/\s+/g, ' ').trim().slice(0, WORDS);
+    return short.isWellFormed() ? short : short.toWellFormed();
+  };
+
+  // --- a page that comes empty -------------------------------------------------
+
+  // Answers once the document has got its first content and stands still, or does
+  // not seem to get any.
+  const filled = () => new Promise((done) => {
+    if (all('script').length === 0) {
+      done('plain');
+      return;
+    }
+    let timer;
+    const end = () => {
+      observer.disconnect();
+      clearTimeout(timer);
+      clearTimeout(last);
+      done('filled');
+    };
+    const wait = (time) => {
+      clearTimeout(timer);
+      timer = setTimeout(end, time);
+    };
+    const observer = new MutationObserver(() => wait(FILLED.quiet));
+    const last = setTimeout(end, FILLED.longest);
+    observer.observe(root() ?? document, {subtree: true, childList: true, characterData: true});
+    wait(FILLED.still);
+  });
+
+  // --- what follows something that the user does -------------------------------
+
+  // The address without what names a place in the same page.
+  const pageOf = (address) => {
+    const url = new URL(address);
+    if (!/^#[!/]/.test(url.hash)) url.hash = '';
+    return url.href;
+  };
+
+  let action = null;  // what the user did last, while its consequences are watched
+
+  const stateOf = (element) => {
+    for (const name of ['aria-expanded', 'aria-pressed', 'aria-checked', 'aria-selected']) {
+      const value = Element.prototype.getAttribute.call(element, name);
+      if (value === 'true' || value === 'false') return `${name.slice(5)} ${value}`;
+    }
+    return element instanceof HTMLDetailsElement ? `expanded ${element.open}` : '';
+  };
+
+  // How many characters of text a change has added.
+  const added = (change) => {
+    if (change.type === 'characterData') return change.target.data.length;
+    let count = 0;
+    for (const node of change.addedNodes) {
+      if (node instanceof HTMLScriptElement || node instanceof HTMLStyleElement) continue;
+      count += (node.textContent ?? '').trim().length;
+    }
+    return count;
+  };
+
+  class Action {
+    constructor(element) {
+      this.element = element;
+      this.page = pageOf(location.href);
+      this.state = element ? stateOf(element) : '';
+      this.focus = activeElement();
+      this.began = performance.now();
+      this.text = 0;
+      this.told = false;
+      this.restless = 0;
+      this.observer = new MutationObserver((changes) => this.changed(changes));
+      this.observer.observe(root() ?? document,
+        {subtree: true, childList: true, characterData: true});
+      this.wait();
+    }
+    changed(changes) {
+      if (this.text < NEWS) for (const change of changes) this.text += added(change);
+      this.restless ||= performance.now();
+      if (performance.now() - this.restless < RESTLESS) this.wait();
+    }
+    wait() {
+      clearTimeout(this.timer);
+      this.timer = setTimeout(() => this.look(), QUIET);
+    }
+    // The document stands still, or it never does.
+    look() {
+      this.restless = 0;
+      if (window === window.top && pageOf(location.href) !== this.page) {
+        this.end();
+        post('moved');
+        return;
+      }
+      this.tellState();
+      if (!this.told && this.text >= NEWS) {
+        this.told = true;
+        // Who is led to the new part hears it by its focus.
+        if (activeElement() === this.focus) post('changed');
+      }
+      if (performance.now() - this.began < WATCHED) this.wait();
+      else this.end();
+    }
+    tellState() {
+      const state = this.element?.isConnected ? stateOf(this.element) : '';
+      if (state === this.state || state === '') return;
+      this.state = state;
+      this.told = true;  // it says enough
+      post('state', state);
+    }
+    end() {
+      clearTimeout(this.timer);
+      this.observer.disconnect();
+      if (action === this) action = null;
+    }
+  }
+
+  // What stands at the place that an address within the page names: the first words
+  // there, none when the focus goes there and is told by itself.
+  const wordsAt = (hash) => {
+    let id = hash.slice(1);
+    try {
+      id = decodeURIComponent(id);
+    } catch {
+      // taken as it stands
+    }
+    const target = elementById(id) ??
+      Array.prototype.find.call(all('a[name]'), (anchor) => anchor.name === id);
+    if (!target) return id === '' || id === 'top' ? {top: true} : null;
+    if (activeElement() === target) return null;
+    if (target instanceof HTMLElement) {
+      const own = words(target.innerText.trim().split('\n')[0]);
+      if (own) return {words: own};
+    }
+    const walker = document.createTreeWalker(root(), NodeFilter.SHOW_TEXT);
+    walker.currentNode = target;
+    for (let node = walker.nextNode(); node; node = walker.nextNode()) {
+      const text = words(node.data);
+      if (text && node.parentElement?.checkVisibility()) return {words: text};
+    }
+    return null;
+  };
+
+  const followed = (event, link) => {
+    const url = new URL(link.href);
+    const here = new URL(location.href);
+    const {hash} = url;
+    if (/^#[!/]/.test(hash) || !link.href.includes('#')) return;
+    url.hash = here.hash = '';
+    if (url.href !== here.href) return;
+    setTimeout(() => {
+      if (event.defaultPrevented) return;
+      const place = wordsAt(hash);
+      if (place) post(place.top ? 'top' : 'jumped', place.words);
+    }, 0);
+  };
+
+  const acted = (event) => {
+    if (!event.isTrusted) return;
+    const target = event.composedPath()[0];
+    const element = target instanceof Element
+      ? target.closest('a[href], button, summary, [role], [aria-expanded]') : null;
+    action?.end();
+    action = new Action(element instanceof Element && element.localName === 'summary'
+      ? element.parentElement : element);
+    const link = target instanceof Element ? target.closest('a[href]') : null;
+    if (event.type === 'click' && link instanceof HTMLAnchorElement) {
+      try {
+        followed(event, link);
+      } catch {
+        // an address that is none
+      }
+    }
+  };
+  window.addEventListener('click', acted, {capture: true, passive: true});
+  window.addEventListener('keydown', (event) => {
+    const target = event.composedPath()[0];
+    const writes = target instanceof HTMLTextAreaElement || target.isContentEditable ||
+      (target instanceof HTMLInputElement && event.key === ' ');
+    if (!writes && (event.key === 'Enter' || event.key === ' ')) acted(event);
+  }, {capture: true, passive: true});
+
+  Object.defineProperty(globalThis, 'corvaneChanges', {value: Object.freeze({filled})});
+})();

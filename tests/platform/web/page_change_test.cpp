@@ -1,0 +1,161 @@
+// Pages whose scripts change them in place, against the real engine.
+#include <gmock/gmock.h>
+
+#include "platform/linux/web/page_changes.h"
+#include "tests/platform/web/page_harness.h"
+
+namespace corvane::desktop {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const char* const kChanged = "The page has changed. F9 reads it again.";
+const char* const kLongText = "Much that was not here before, a sentence or two of it.";
+
+class PageChangeTest : public PageTest {
+ protected:
+  void Load(const std::string& content) {
+    server_.Page("/", "<title>A</title>" + content);
+    view_.Go(server_.Url());
+    view_.log.clear();
+    view_.Focus();
+  }
+  void PressFirst(guint key = GDK_KEY_Return) {
+    view_.Key(GDK_KEY_Tab);
+    view_.Key(key);
+  }
+  bool Hears(const std::string& words) {
+    return WaitUntil([&] { return view_.Count("say " + words) > 0; });
+  }
+  /// Waits until the page has been read again.
+  bool IsReadAgain() {
+    return WaitUntil([&] { return view_.Count("complete") > 0; });
+  }
+};
+
+TEST_F(PageChangeTest, ALinkThatShowsAnotherPageInPlaceHasItRead) {
+  Load(
+      "<p id=p>Old</p><a href='/other'>Other</a><script>document.links[0].onclick = event => {"
+      "event.preventDefault(); history.pushState({}, '', '/other');"
+      "setTimeout(() => { document.title = 'B'; p.textContent = 'New'; }, 200) }</script>");
+  PressFirst();
+  ASSERT_TRUE(IsReadAgain());
+  EXPECT_THAT(view_.EventsWithoutStatus(), ElementsAre("begin", "complete"));
+  EXPECT_EQ(view_.Document()->Title, "B");
+  EXPECT_THAT(view_.Body(), HasSubstr("New"));
+  EXPECT_EQ(view_->LocationURL(), server_.Url("/other"));
+}
+
+TEST_F(PageChangeTest, AnAddressBehindANumberSignMayBeAnotherPage) {
+  Load(
+      "<p id=p>Old</p><a href='#/inbox'>Inbox</a>"
+      "<script>onhashchange = () => { p.textContent = 'Inbox' }</script>");
+  PressFirst();
+  ASSERT_TRUE(IsReadAgain());
+  EXPECT_THAT(view_.Body(), HasSubstr("Inbox"));
+}
+
+TEST_F(PageChangeTest, BackWithinThePageHasItRead) {
+  Load(
+      "<p id=p>Old</p><a href='/other'>Other</a><script>document.links[0].onclick = event => {"
+      "event.preventDefault(); history.pushState({}, '', '/other'); p.textContent = 'New' };"
+      "onpopstate = () => { p.textContent = 'Old' }</script>");
+  PressFirst();
+  ASSERT_TRUE(IsReadAgain());
+  view_.log.clear();
+  view_->GoBack();
+  ASSERT_TRUE(IsReadAgain());
+  EXPECT_THAT(view_.Body(), HasSubstr("Old"));
+  EXPECT_EQ(view_->LocationURL(), server_.Url());
+}
+
+TEST_F(PageChangeTest, APageThatMovesByItselfIsNotRead) {
+  Load("<p>Text</p><a href='/'>Here</a>");
+  view_.RunByItself("history.pushState({}, '', '/other'); document.body.append('" +
+                    std::string(kLongText) + "')");
+  ASSERT_TRUE(WaitUntil([&] { return view_->LocationURL() == server_.Url("/other"); }));
+  view_.EvaluateInPage("new Promise(done => setTimeout(done, 900))");
+  EXPECT_THAT(view_.EventsWithoutStatus(), IsEmpty());
+}
+
+TEST_F(PageChangeTest, ALinkWithinThePageSaysWhereItLeads) {
+  Load("<a href='#terms'>Terms</a><p>Between</p><h2 id=terms>All <b>terms</b></h2><p>Text</p>");
+  PressFirst();
+  EXPECT_TRUE(Hears("All terms"));
+  view_.log.clear();
+  view_.EvaluateInPage("document.links[0].focus()");
+  view_.Key(GDK_KEY_Return);
+  EXPECT_TRUE(Hears("All terms")) << "also the second time";
+  EXPECT_THAT(view_.EventsWithoutStatus(), IsEmpty());
+}
+
+TEST_F(PageChangeTest, APlaceWithoutWordsSaysThoseBehindIt) {
+  Load("<a href='#x'>Go</a><p>Between</p><a name=x></a><p> </p><p hidden>Unseen</p><p>Behind</p>");
+  PressFirst();
+  EXPECT_TRUE(Hears("Behind"));
+}
+
+TEST_F(PageChangeTest, ALinkToTheTopSaysSo) {
+  Load("<p>Text</p><a href='#'>Up</a>");
+  PressFirst();
+  EXPECT_TRUE(Hears("Top of the page"));
+}
+
+TEST_F(PageChangeTest, APlaceThatTakesTheFocusIsLeftToIt) {
+  Load("<a href='#x'>Go</a><p>Between</p><input id=x>");
+  PressFirst();
+  view_.EvaluateInPage("new Promise(done => setTimeout(done, 300))");
+  EXPECT_THAT(view_.Said(), IsEmpty());
+}
+
+TEST_F(PageChangeTest, MuchNewTextIsTold) {
+  Load(
+      "<button>More</button><div id=d></div><script>document.querySelector('button').onclick ="
+      "() => setTimeout(() => { d.textContent = '" +
+      std::string(kLongText) + "' }, 100)</script>");
+  PressFirst(GDK_KEY_space);
+  ASSERT_TRUE(Hears(kChanged));
+  view_->Do(WebBrowser::PageCommand::ReadAgain);
+  ASSERT_TRUE(IsReadAgain());
+  EXPECT_THAT(view_.Body(), HasSubstr(kLongText));
+  EXPECT_EQ(view_.Count("say " + std::string(kChanged)), 1);
+}
+
+TEST_F(PageChangeTest, APartThatOpensSaysSo) {
+  Load(
+      "<button aria-expanded=false>Menu</button><script>document.querySelector('button').onclick"
+      "= ({target: t}) => t.setAttribute('aria-expanded', t.ariaExpanded === 'false')</script>");
+  PressFirst(GDK_KEY_space);
+  EXPECT_TRUE(Hears("expanded"));
+  view_.Key(GDK_KEY_space);
+  EXPECT_TRUE(Hears("collapsed"));
+}
+
+TEST_F(PageChangeTest, DetailsThatOpenSaySo) {
+  Load("<details><summary>More</summary>Text</details>");
+  PressFirst();
+  EXPECT_TRUE(Hears("expanded"));
+}
+
+TEST_F(PageChangeTest, APageThatComesEmptyIsReadWhenItIsFilled) {
+  server_.Page("/",
+               "<title>A</title><div id=root>Loading...</div><script>setTimeout(() => {"
+               "root.textContent = 'Here it is' }, 700)</script>");
+  view_.Go(server_.Url());
+  EXPECT_THAT(view_.Body(), HasSubstr("Here it is"));
+  EXPECT_EQ(view_.Count("complete"), 1);
+}
+
+TEST_F(PageChangeTest, APageThatStaysEmptyIsReadAsItIs) {
+  server_.Page("/",
+               "<title>A</title><script>setInterval(() => { document.title += '.' }, 50)</script>");
+  view_.Go(server_.Url());
+  EXPECT_EQ(view_.Body(), "");
+  EXPECT_THAT(view_.Document()->Title, HasSubstr("A"));
+}
+
+}  // namespace
+}  // namespace corvane::desktop
