@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 #include "base/handling.h"
 #include "controls/ctlText.h"
@@ -22,6 +23,13 @@ class Announcer {
   void Say(const std::string& text, bool urgent = false) {
     ErrorsShown(box_, "Say Error: ", [&] {
       if (sink_ != nullptr) sink_->Say(text, urgent);
+    });
+  }
+
+  /// Speaks and tells what became of it, unless there is no sink.
+  void SayThrough(const std::string& text, ISpeechNotify::Spoken spoken) {
+    ErrorsShown(box_, "Say Error: ", [&] {
+      if (sink_ != nullptr) sink_->SayThrough(text, std::move(spoken));
     });
   }
 

@@ -37,9 +37,7 @@ void CaretEcho::TextBoxPress(WindowHandle hWnd) {
     int line = 0;
     EditLine edit;
     if (hWnd == c.ctlText1.TextWindow()) {
-      position = c.ctlText1.SelStart();
-      line = c.ctlText1.GetLineFromChar(position);
-      edit = GetEditLine(line);
+      edit = PaneLine(position, line);
     } else if (hWnd == c.cboAddress->hwnd()) {
       position = c.cboAddress->SelStart();
       line = kAddressLine;
@@ -52,6 +50,22 @@ void CaretEcho::TextBoxPress(WindowHandle hWnd) {
     int column = position - edit.start;
     parse_string(edit.text, line, column);
   });
+}
+
+void CaretEcho::Follow() {
+  ErrorsIgnored([&] {
+    int position = 0;
+    const EditLine edit = PaneLine(position, lngLastLine_);
+    lngLastColumn_ = position - edit.start;
+    strLastLine_ = edit.text;
+  });
+}
+
+CaretEcho::EditLine CaretEcho::PaneLine(int& position, int& line) const {
+  const ctlText& pane = pane_.controls.ctlText1;
+  position = pane.SelStart();
+  line = pane.GetLineFromChar(position);
+  return GetEditLine(line);
 }
 
 CaretEcho::EditLine CaretEcho::GetEditLine(int line) const {

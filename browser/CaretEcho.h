@@ -19,6 +19,9 @@ class CaretEcho {
 
   /// Reads the caret of the field with that window and echoes it.
   void TextBoxPress(WindowHandle hWnd);
+  /// Takes the caret's place in the text pane for known: what moved it there has
+  /// said so itself.
+  void Follow();
   /// Compares a place with the last one, speaks the difference and keeps it. A
   /// column below 0 that is no command becomes 0.
   void parse_string(const std::string& strLine, int lngLine, int& lngColumn);
@@ -30,6 +33,7 @@ class CaretEcho {
     std::string text;
   };
   EditLine GetEditLine(int line) const;
+  EditLine PaneLine(int& position, int& line) const;
   void SpeakWord();
 
   PaneContext& pane_;

@@ -25,6 +25,7 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop)
       favorites_(pane_, side_bar_),
       help_(pane_, side_bar_),
       echo_(pane_),
+      read_on_(pane_, echo_),
       reader_(pane_, navigation_, elements_, links_, side_bar_),
       areas_(pane_) {
   PaneMenu& menu = pane_.menu;

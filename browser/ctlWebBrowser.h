@@ -13,6 +13,7 @@
 #include "browser/PaneContext.h"
 #include "browser/PaneLayout.h"
 #include "browser/PaneSettings.h"
+#include "browser/ReadOn.h"
 #include "browser/SideBar.h"
 
 namespace corvane {
@@ -65,6 +66,8 @@ class ctlWebBrowser {
   /// Goes round the pane's areas.
   void NextArea() { areas_.Next(); }
   void PreviousArea() { areas_.Previous(); }
+  /// Reads the text pane aloud from its caret on.
+  void ReadOn() { read_on_.Start(); }
   void HideButtonToolBar(bool hide) { layout_.HideButtonToolBar(hide); }
   /// Speaks the title of the page that was read last; silent before the first.
   void SayWhereYouAre() { reader_.SayTitle(); }
@@ -101,6 +104,7 @@ class ctlWebBrowser {
   FavoriteCommands favorites_;
   HelpOutline help_;
   CaretEcho echo_;
+  corvane::ReadOn read_on_;
   PageReader reader_;
   PaneAreas areas_;
   Connections connections_;

@@ -33,6 +33,7 @@ enum KeyCodes : int {
   kKeyF3 = 114,
   kKeyF5 = 116,
   kKeyF6 = 117,
+  kKeyF7 = 118,
   kKeyF9 = 120,
 };
 

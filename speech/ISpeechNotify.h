@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <utility>
 
 namespace corvane {
 
@@ -9,11 +11,22 @@ namespace corvane {
 /// next two ordinary messages.
 class ISpeechNotify {
  public:
+  /// Told once: whether a text was spoken to its end, or cut off or dropped.
+  using Spoken = std::function<void(bool to_its_end)>;
+
   virtual ~ISpeechNotify() = default;
   void Say(const std::string& Text, const bool& blnUrgent) { ISpeechNotify_Say(Text, blnUrgent); }
+  /// Says an ordinary message and tells what became of it.
+  void SayThrough(const std::string& Text, Spoken spoken) {
+    ISpeechNotify_SayThrough(Text, std::move(spoken));
+  }
 
  private:
   virtual void ISpeechNotify_Say(const std::string& Text, const bool& blnUrgent) = 0;
+  virtual void ISpeechNotify_SayThrough(const std::string& Text, Spoken spoken) {
+    ISpeechNotify_Say(Text, false);
+    spoken(false);  // who cannot tell is not waited for
+  }
 };
 
 }  // namespace corvane

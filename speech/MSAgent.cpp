@@ -1,5 +1,7 @@
 #include "speech/MSAgent.h"
 
+#include <utility>
+
 #include "base/handling.h"
 #include "base/number.h"
 #include "base/text.h"
@@ -130,6 +132,7 @@ void MSAgent::Agent1_RequestComplete(const AgentRequest& Request) {
   const auto is = [&](RequestIndex index) {
     return requests_[index].id != 0 && requests_[index].id == Request.id;
   };
+  if (spoken_ && Request.id == through_.id) return std::exchange(spoken_, nullptr)(true);
   try {
     if (is(kLoad)) {
       requests_[kShow] = Agent1_->Character(kCharacterName)->Show();
@@ -154,11 +157,21 @@ void MSAgent::SetPitch(int Pitch) { pitch_ = Pitch * 20 + 50; }
 
 void MSAgent::StopSpeak() {
   if (character_) character_->StopSpeak();
+  if (const auto spoken = std::exchange(spoken_, nullptr)) spoken(false);
 }
 
-void MSAgent::Say(const std::string& Text, const bool& blnUrgent) {
-  if (!character_) return;
-  if (blnUrgent) {
+void MSAgent::Say(const std::string& Text, const bool& blnUrgent) { Speak(Text, blnUrgent); }
+
+void MSAgent::SayThrough(const std::string& Text, ISpeechNotify::Spoken spoken) {
+  const AgentRequest request = Speak(Text, false);
+  if (request.id == 0) return spoken(false);
+  through_ = request;
+  spoken_ = std::move(spoken);
+}
+
+AgentRequest MSAgent::Speak(const std::string& Text, bool urgent) {
+  if (!character_) return {};
+  if (urgent) {
     StopSpeak();
     intProtect_ = kProtectedMessages;
   } else if (intProtect_ > 0) {
@@ -167,9 +180,9 @@ void MSAgent::Say(const std::string& Text, const bool& blnUrgent) {
     StopSpeak();
   }
   // Without backslashes the text can never contain a tag.
-  character_->Speak("\\Pit=" + number::digits(pitch_) + "\\\\Spd=" + number::digits(speed_) + "\\" +
-                        text::replace_all(Text, "\\", "/"),
-                    blnUrgent);
+  return character_->Speak("\\Pit=" + number::digits(pitch_) + "\\\\Spd=" + number::digits(speed_) +
+                               "\\" + text::replace_all(Text, "\\", "/"),
+                           urgent);
 }
 
 // Runs before every key press: one look-up, one Say, nothing else.

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/desktop.h"
+#include "speech/ISpeechNotify.h"
 #include "speech/ISpeechWindow.h"
 
 namespace corvane {
@@ -33,6 +34,9 @@ class MSAgent {
 
   /// Speaks `Text`; dropped while the character is not ready.
   void Say(const std::string& Text, const bool& blnUrgent);
+  /// Speaks `Text` as an ordinary message and tells once whether it was spoken to
+  /// its end.
+  void SayThrough(const std::string& Text, ISpeechNotify::Spoken spoken);
 
   /// Keyboard echo is on.
   bool blnKeyboardEcho = false;
@@ -55,6 +59,7 @@ class MSAgent {
   void SetHookKeyboard(bool on) { WinHook3_->SetEnabled(on); }
   void cmdOK_Click();
   void GiveUp(const std::string& description);
+  AgentRequest Speak(const std::string& Text, bool urgent);
   void StopSpeak();
 
   Desktop& desktop_;
@@ -71,6 +76,8 @@ class MSAgent {
   std::unique_ptr<Form> form_;
   std::shared_ptr<AgentCharacter> character_;
   std::array<AgentRequest, kRequestCount> requests_{};
+  AgentRequest through_;  // what somebody waits for the end of
+  ISpeechNotify::Spoken spoken_;
   std::weak_ptr<ISpeechWindow> owner_;
   std::string strInterceptedMessage_;
   int speed_ = 0;

@@ -1,0 +1,119 @@
+#include "browser/ReadOn.h"
+
+#include "tests/unit/program.h"
+
+namespace corvane::tests {
+namespace {
+
+struct ReadingOn : testing::Test {
+  Program p;
+  void SetUp() override {
+    p.StartTalking();
+    Pane().SetText("Héllo world.\n\n  Second paragraph.\nLast");
+    p.Spoken();
+  }
+  ctlText& Pane() { return p.Inside().ctlWebBrowser1.Inside().controls.ctlText1; }
+  void Press(int code) {
+    KeyEvent key{code, 0};
+    p.Inside().form->KeyDown.Raise(key);
+  }
+  void Finish() { p.desktop.speech.agent->CompleteLast(); }
+};
+
+TEST_F(ReadingOn, GoesFromTheCaretToTheEndAndTakesTheCaretAlong) {
+  Press(kKeyF7);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Héllo world."));
+  EXPECT_EQ(Pane().SelStart(), 0);
+  Finish();
+  EXPECT_THAT(p.Spoken(), ElementsAre("Second paragraph."));
+  EXPECT_EQ(Pane().SelStart(), 16);
+  Finish();
+  EXPECT_THAT(p.Spoken(), ElementsAre("Last"));
+  Finish();
+  EXPECT_THAT(p.Spoken(), ElementsAre("End of text"));
+  Finish();
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
+TEST_F(ReadingOn, BeginsInTheMiddleOfALine) {
+  Pane().SetSelStart(6);
+  Press(kKeyF7);
+  EXPECT_THAT(p.Spoken(), ElementsAre("world."));
+}
+
+TEST_F(ReadingOn, SaysSoAtTheEnd) {
+  Pane().SetSelStart(Pane().TextLength());
+  Press(kKeyF7);
+  EXPECT_THAT(p.Spoken(), ElementsAre("End of text"));
+}
+
+TEST_F(ReadingOn, EndsWhenSomethingElseIsSaid) {
+  Press(kKeyF7);
+  p.Window(0)->Say("Something else", false);
+  p.Spoken();
+  Finish();
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  EXPECT_EQ(Pane().SelStart(), 0) << "the caret stays before what was cut off";
+}
+
+TEST_F(ReadingOn, ControlSilencesItAndItsReleaseSaysNothing) {
+  Press(kKeyF7);
+  Finish();
+  p.Spoken();
+  p.desktop.keyboard_hook->KeyDown.Raise(kKeyControl);
+  KeyEvent released{kKeyControl, 0};
+  p.TextPane().KeyUp.Raise(released);
+  Finish();
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  EXPECT_EQ(Pane().SelStart(), 16);
+  Press(kKeyF7);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Second paragraph.")) << "goes on where it was silenced";
+}
+
+TEST_F(ReadingOn, AgainBeginsAnewAtTheCaret) {
+  Press(kKeyF7);
+  Press(kKeyF7);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Héllo world.", "Héllo world."));
+  Finish();
+  EXPECT_THAT(p.Spoken(), ElementsAre("Second paragraph."));
+}
+
+TEST_F(ReadingOn, EndsWhenAnotherPageIsInThePane) {
+  Press(kKeyF7);
+  Pane().SetText("Another page");
+  p.Spoken();
+  Finish();
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
+TEST_F(ReadingOn, IsSilentWithSpeechSwitchedOff) {
+  p.Inside().commands.mnuSpeech_Click(kSpeechEnable);
+  p.desktop.speech.calls.clear();
+  Press(kKeyF7);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
+TEST(ReadingPieces, AreParagraphs) {
+  EXPECT_EQ(PieceLength("One two\nthree", 0), 7U);
+  EXPECT_EQ(PieceLength("One two\nthree", 8), 5U);
+  EXPECT_EQ(PieceLength("", 0), 0U);
+}
+
+TEST(ReadingPieces, OfLongParagraphsEndWithASentence) {
+  const std::string sentence = std::string(150, 'x') + ". ";
+  EXPECT_EQ(PieceLength(sentence + sentence + sentence, 0), 303U);
+}
+
+TEST(ReadingPieces, OfLongSentencesEndWithAWord) {
+  const std::string word = std::string(150, 'x') + " ";
+  EXPECT_EQ(PieceLength(word + word + word, 0), 301U);
+}
+
+TEST(ReadingPieces, OfOneEndlessWordNeverCutACharacter) {
+  std::string word;
+  for (int i = 0; i < 500; ++i) word += "é";
+  EXPECT_EQ(PieceLength(word, 0), 800U);
+}
+
+}  // namespace
+}  // namespace corvane::tests
