@@ -53,14 +53,15 @@ TEST_F(Keys, CtrlNOpensAWindowAndCtrlWClosesThisOne) {
 
 TEST_F(Keys, FindZoomAndReadAgainGoToThePage) {
   const std::vector<std::pair<int, int>> keys = {
-      {'F', kCtrlMask}, {114, 0},         {114, kShiftMask}, {187, kCtrlMask},
-      {189, kCtrlMask}, {'0', kCtrlMask}, {107, kCtrlMask},  {109, kCtrlMask}, {kKeyF9, 0}};
+      {'F', kCtrlMask}, {114, 0},         {114, kShiftMask}, {187, kCtrlMask}, {189, kCtrlMask},
+      {'0', kCtrlMask}, {107, kCtrlMask}, {109, kCtrlMask},  {kKeyF9, 0}};
   std::vector<std::string> calls;
   for (const auto& [code, shift] : keys) {
     EXPECT_TRUE(Press(code, shift));
     calls.push_back(Calls());
   }
-  EXPECT_THAT(calls, ElementsAre("Do 0", "Do 1", "Do 2", "Do 3", "Do 4", "Do 5", "Do 3", "Do 4", "Do 6"));
+  EXPECT_THAT(calls,
+              ElementsAre("Do 0", "Do 1", "Do 2", "Do 3", "Do 4", "Do 5", "Do 3", "Do 4", "Do 6"));
 }
 
 TEST_F(Keys, OthersAndOtherShiftStatesGoToTheControl) {
