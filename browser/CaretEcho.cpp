@@ -16,16 +16,20 @@ std::string characters(const std::string& line, int from, int count) {
   return text::mid(line, static_cast<std::size_t>(from) + 1, static_cast<std::size_t>(count));
 }
 
+// The key that reads on must not have its words cut off by its own release.
+bool SpeaksItself(const KeyEvent& key) { return key.KeyCode == kKeyF7; }
+
 }  // namespace
 
 CaretEcho::CaretEcho(PaneContext& pane) : pane_(pane) {
   PaneControls& c = pane_.controls;
   connections_ += c.ctlText1.KeyUp.Connect([this, &c](KeyEvent& key) {
-    if (key.KeyCode != kKeyTab) TextBoxPress(c.ctlText1.TextWindow());
+    if (key.KeyCode != kKeyTab && !SpeaksItself(key)) TextBoxPress(c.ctlText1.TextWindow());
   });
   for (ComboBox* field : {c.cboAddress.get(), c.cmbListLinks.get()}) {
     connections_ += field->KeyUp.Connect([this, field](KeyEvent& key) {
-      if (key.KeyCode != kKeyUp && key.KeyCode != kKeyDown) TextBoxPress(field->hwnd());
+      const bool walks = key.KeyCode == kKeyUp || key.KeyCode == kKeyDown;
+      if (!walks && !SpeaksItself(key)) TextBoxPress(field->hwnd());
     });
   }
 }

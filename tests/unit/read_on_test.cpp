@@ -70,6 +70,18 @@ TEST_F(ReadingOn, ControlSilencesItAndItsReleaseSaysNothing) {
   EXPECT_THAT(p.Spoken(), ElementsAre("Second paragraph.")) << "goes on where it was silenced";
 }
 
+TEST_F(ReadingOn, IsNotCutOffByTheReleaseOfItsKey) {
+  p.Address().text = "http://example.org/";
+  Press(kKeyF7);
+  p.Spoken();
+  for (Control* field : {static_cast<Control*>(&p.Address()), static_cast<Control*>(&p.TextPane()),
+                         static_cast<Control*>(&p.Links())}) {
+    KeyEvent released{kKeyF7, 0};
+    field->KeyUp.Raise(released);
+  }
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
 TEST_F(ReadingOn, AgainBeginsAnewAtTheCaret) {
   Press(kKeyF7);
   Press(kKeyF7);
