@@ -20,7 +20,7 @@ from gi.repository import Atspi, GLib  # noqa: E402  (the version must be chosen
 
 import web_server  # noqa: E402
 
-PATIENCE = float(os.environ.get("CORVANE_PATIENCE", 60))  # seconds until something that must happen is given up
+PATIENCE = float(os.environ.get("CORVANE_PATIENCE", 120))  # seconds until something that must happen is given up
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 PROGRAM = pathlib.Path(os.environ.get("CORVANE_PROGRAM", SOURCE / "build/bin/corvane"))
 
