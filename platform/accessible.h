@@ -25,8 +25,14 @@ enum AccessibleRole : int {
 /// Bits of a state.
 enum AccessibleState : std::uint32_t { kStateInvisible = 0x8000 };
 
-/// Flags of Select.
-enum AccessibleSelection : int { kSelectTakeFocus = 1 };
+/// Flags of Select. All but the first are about what its container has selected.
+enum AccessibleSelection : int {
+  kSelectTakeFocus = 1,
+  kSelectTakeSelection = 2,    ///< this element and no other
+  kSelectExtendSelection = 4,  ///< from the first that is selected as far as this one
+  kSelectAddSelection = 8,
+  kSelectRemoveSelection = 16,
+};
 
 /// Which part of a window an object is asked for.
 enum AccessibleObjectId : std::int32_t { kObjectWindow = 0, kObjectClient = -4 };
@@ -84,7 +90,8 @@ class Accessible {
   /// Null at the top, which is the desktop.
   virtual AccessiblePtr Parent() const = 0;
   virtual ScreenRect Location(AccessibleKid kid) const = 0;
-  /// Asks the element to become selected, focused (AccessibleSelection).
+  /// Asks the element to become focused, selected or no longer selected
+  /// (AccessibleSelection).
   virtual void Select(int flags, AccessibleKid kid) = 0;
   virtual void DoDefaultAction(AccessibleKid kid) = 0;
   /// The window that contains the element, or 0.
@@ -98,7 +105,10 @@ class Accessibility {
 
   /// Fetches what the windows show, without keeping the caller waiting; then
   /// calls `done` from the event loop. From then on the windows' objects answer
-  /// all that lies in them. What cannot be fetched is raised as a Problem first.
+  /// all that lies in them. For 0, the desktop, it is fetched which windows other
+  /// programs have: from then on those are found like the program's own, and
+  /// answer what they can answer at once. What cannot be fetched is raised as a
+  /// Problem first.
   /// Letting go of the connection gives the request up.
   [[nodiscard]] virtual Connection Fetch(const std::vector<WindowHandle>& windows,
                                          std::function<void()> done) = 0;
@@ -106,7 +116,8 @@ class Accessibility {
   /// The object of a window or of its contents (AccessibleObjectId); the
   /// desktop's own, whose children are all windows, for 0. Null for none.
   virtual AccessiblePtr ObjectFromWindow(WindowHandle window, std::int32_t id) = 0;
-  /// The innermost element at a point of the screen.
+  /// The innermost element at a point of the screen, whichever program's window
+  /// lies uppermost there.
   virtual AccessibleElement ObjectFromPoint(ScreenPoint point) = 0;
   /// Where the mouse pointer is on the screen.
   virtual ScreenPoint CursorPos() const = 0;

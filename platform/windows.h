@@ -7,9 +7,9 @@
 
 namespace corvane {
 
-/// The registry of this process's windows, hidden ones too, in place of a
-/// desktop-wide window enumeration. A handle that is gone answers with empty
-/// values.
+/// The registry of this process's windows, hidden ones too, and below 0, the
+/// desktop, of those windows of other programs that accessibility knows of. A
+/// handle that is gone answers with empty values.
 class Windows {
  public:
   virtual ~Windows() = default;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/number.h"
+#include "platform/linux/access/desktop_windows.h"
 #include "platform/linux/access/linux_accessibility.h"
 #include "platform/linux/gtk/combo_box.h"
 #include "platform/linux/gtk/command_button.h"
@@ -58,7 +59,9 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
   connections_ += settings_.Problem.Connect([this](const std::string& text) {
     PostToLoop([this, text] { message_box_->Show(text, MessageBox::Icon::Exclamation); });
   });
-  accessibility_ = std::make_unique<LinuxAccessibility>(windows_);
+  auto accessibility = std::make_unique<LinuxAccessibility>(windows_);
+  all_windows_ = std::make_unique<DesktopWindows>(windows_, *accessibility);
+  accessibility_ = std::move(accessibility);
   shell_ = std::make_unique<FileShell>(std::string(g_get_user_data_dir()) + "/corvane");
   alerts_ = std::make_shared<PageAlerts>(windows_);
   engine_ = std::make_unique<WebEngine>(MakeEngineOptions());

@@ -53,7 +53,7 @@ class LinuxDesktop : public Desktop {
   std::unique_ptr<KeyboardHook> CreateKeyboardHook() override;
   std::unique_ptr<MessageHook> CreateMessageHook() override;
 
-  Windows& GetWindows() override { return windows_; }
+  Windows& GetWindows() override { return *all_windows_; }
   MessageBox& GetMessageBox() override { return *message_box_; }
   SettingsStore& GetSettings() override { return settings_; }
   Registry& GetRegistry() override { return registry_; }
@@ -99,6 +99,7 @@ class LinuxDesktop : public Desktop {
   std::unique_ptr<Shell> shell_;
   BusAutomation automation_;
   std::unique_ptr<Accessibility> accessibility_;
+  std::unique_ptr<Windows> all_windows_;  // those of other programs, too
   std::unique_ptr<SpeechOutput> speech_;
   std::unique_ptr<MessageBoxQueue> message_box_;
   SpokenDialogs dialogs_;  // the program's own questions

@@ -18,6 +18,10 @@ std::vector<AccessiblePtr> DesktopObject::Windows() const {
     const ObjectPtr<AtkObject> window(atk_object_ref_accessible_child(root, i));
     if (window) windows.push_back(std::make_shared<LocalAccessible>(family_, window.get()));
   }
+  if (const auto family = family_.lock()) {
+    const auto others = family->OtherWindows();
+    windows.insert(windows.end(), others.begin(), others.end());
+  }
   return windows;
 }
 

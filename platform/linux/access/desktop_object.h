@@ -7,7 +7,7 @@
 
 namespace corvane::desktop {
 
-/// The desktop itself, above all windows of the program.
+/// The desktop itself, above all windows of this program and of others.
 class DesktopObject : public WholeObject {
  public:
   explicit DesktopObject(std::weak_ptr<LocalAccessible::Family> family)

@@ -60,6 +60,25 @@ void ReadElement(AccessBus& bus, const ElementRef& ref, std::function<void(Eleme
            });
 }
 
+void ReadParent(AccessBus& bus, const ElementRef& ref,
+                std::function<void(std::optional<ElementRef>)> done) {
+  bus.Call(ref, "org.freedesktop.DBus.Properties", "Get",
+           g_variant_new("(ss)", kAccessibleInterface, "Parent"),
+           [done = std::move(done)](const VariantPtr& reply) {
+             if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(v)"))) {
+               return done({});
+             }
+             GVariant* inner = nullptr;
+             g_variant_get(reply.get(), "(v)", &inner);
+             const VariantPtr owned(inner);
+             if (!g_variant_is_of_type(inner, G_VARIANT_TYPE("(so)"))) return done({});
+             const char* name = nullptr;
+             const char* path = nullptr;
+             g_variant_get(inner, "(&s&o)", &name, &path);
+             done(ElementRef{name, path});
+           });
+}
+
 void ReadChildRefs(AccessBus& bus, const ElementRef& ref,
                    std::function<void(std::optional<std::vector<ElementRef>>)> done) {
   bus.Call(ref, kAccessibleInterface, "GetChildren", nullptr,

@@ -20,6 +20,10 @@ void ReadElement(AccessBus& bus, const ElementRef& ref, std::function<void(Eleme
 void ReadChildren(AccessBus& bus, const ElementRef& ref,
                   std::function<void(std::optional<std::vector<Element>>)> done);
 
+/// The place of the element above one; nothing when it does not answer.
+void ReadParent(AccessBus& bus, const ElementRef& ref,
+                std::function<void(std::optional<ElementRef>)> done);
+
 /// The places of the elements below one; nothing when it does not answer.
 void ReadChildRefs(AccessBus& bus, const ElementRef& ref,
                    std::function<void(std::optional<std::vector<ElementRef>>)> done);

@@ -5,9 +5,11 @@
 #include <utility>
 
 #include "platform/linux/access/desktop_object.h"
+#include "platform/linux/access/desktop_reader.h"
 #include "platform/linux/access/element_reader.h"
 #include "platform/linux/access/own_windows.h"
 #include "platform/linux/access/roles.h"
+#include "platform/linux/access/window_stack.h"
 
 namespace corvane::desktop {
 namespace {
@@ -41,6 +43,15 @@ class LinuxAccessibility::OwnFamily : public LocalAccessible::Family {
     const WindowHandle window = FetchedWindowOf(socket);
     return window != 0 ? owner_.ObjectFromWindow(window, kObjectClient) : nullptr;
   }
+  std::vector<AccessiblePtr> OtherWindows() override {
+    std::vector<AccessiblePtr> windows;
+    for (const WindowHandle each : owner_.others_.Handles()) {
+      if (auto window = owner_.ObjectFromWindow(each, kObjectWindow)) {
+        windows.push_back(std::move(window));
+      }
+    }
+    return windows;
+  }
   AccessiblePtr Desktop() override { return owner_.ObjectFromWindow(0, kObjectClient); }
   WindowHandle WindowOf(AtkObject* object) override {
     if (const auto fetched = FetchedWindowOf(object)) return fetched;
@@ -69,11 +80,13 @@ class LinuxAccessibility::OwnFamily : public LocalAccessible::Family {
 struct LinuxAccessibility::Request {
   struct Part {
     WindowHandle window;
-    ElementRef plug;
-    std::optional<ElementRef> root;
+    ElementRef plug;                 ///< of a page
+    std::optional<ElementRef> root;  ///< known from the beginning of another program's window
     std::shared_ptr<const Snapshot> snapshot;
   };
   std::vector<Part> parts;
+  bool desktop = false;                             ///< is asked for, too
+  std::optional<std::vector<OtherWindow>> windows;  ///< of other programs
   std::string problem;
   std::function<void()> done;
   std::shared_ptr<std::atomic<bool>> cancelled = std::make_shared<std::atomic<bool>>(false);
@@ -82,16 +95,28 @@ struct LinuxAccessibility::Request {
   // Reads one part after the other.
   static void ReadFrom(std::size_t index, const std::shared_ptr<Request>& request, AccessBus& bus) {
     if (*request->cancelled) return;
-    if (index == request->parts.size()) return request->arrived();
+    if (index == request->parts.size()) return ReadDesktop(request, bus);
     auto& part = request->parts[index];
+    if (part.root) return ReadPart(index, request, bus);
     reader::FindDocument(bus, part.plug, [=, &bus, &part](std::optional<ElementRef> root) {
       part.root = root;
       if (!root) return ReadFrom(index + 1, request, bus);
-      reader::ReadTree(bus, *root, request->cancelled,
-                       [=, &bus, &part](std::shared_ptr<const Snapshot> snapshot) {
-                         part.snapshot = std::move(snapshot);
-                         ReadFrom(index + 1, request, bus);
-                       });
+      ReadPart(index, request, bus);
+    });
+  }
+  static void ReadPart(std::size_t index, const std::shared_ptr<Request>& request, AccessBus& bus) {
+    auto& part = request->parts[index];
+    reader::ReadTree(bus, *part.root, request->cancelled,
+                     [=, &bus, &part](std::shared_ptr<const Snapshot> snapshot) {
+                       part.snapshot = std::move(snapshot);
+                       ReadFrom(index + 1, request, bus);
+                     });
+  }
+  static void ReadDesktop(const std::shared_ptr<Request>& request, AccessBus& bus) {
+    if (!request->desktop) return request->arrived();
+    reader::ReadDesktop(bus, [request](std::vector<OtherWindow> windows) {
+      request->windows = std::move(windows);
+      request->arrived();
     });
   }
 };
@@ -116,6 +141,11 @@ Connection LinuxAccessibility::Fetch(const std::vector<WindowHandle>& windows,
   auto request = std::make_shared<Request>();
   request->done = std::move(done);
   for (const WindowHandle window : windows) {
+    if (window == 0) request->desktop = true;
+    if (const OtherWindow* other = others_.Find(window)) {
+      request->parts.push_back({window, {}, other->element.ref, nullptr});
+      continue;
+    }
     const auto plug = PlugOf(ElementOf(windows_, window));
     trees_.erase(window);
     if (plug) request->parts.push_back({window, *plug, {}, nullptr});
@@ -141,7 +171,13 @@ void LinuxAccessibility::Finish(const std::shared_ptr<Request>& request) {
     Problem.Raise(request->problem);
     if (*request->cancelled) return;
   }
+  if (request->windows) Keep(*request->windows);
   for (const auto& part : request->parts) {
+    if (const auto known = others_.Find(part.window) ? TreeOf(part.window) : nullptr) {
+      auto tree = std::make_shared<RemoteTree>(*known);
+      if (part.snapshot) tree->snapshot = part.snapshot;
+      trees_[part.window] = std::move(tree);
+    }
     AtkObject* socket = ElementOf(windows_, part.window);
     if (!part.root || !part.snapshot || socket == nullptr) continue;
     auto tree = std::make_shared<RemoteTree>();
@@ -150,6 +186,7 @@ void LinuxAccessibility::Finish(const std::shared_ptr<Request>& request) {
     tree->window = part.window;
     tree->root = *part.root;
     tree->host = std::make_shared<LocalAccessible>(family_, socket);
+    tree->coordinates = reader::Coordinates::Window;
     tree->origin = [window = part.window, self = std::weak_ptr(self_)] {
       const auto here = self.lock();
       Gtk::Widget* widget = here ? (*here)->windows_.WidgetOf(window) : nullptr;
@@ -161,21 +198,57 @@ void LinuxAccessibility::Finish(const std::shared_ptr<Request>& request) {
   done();
 }
 
+// What is no longer there is forgotten with all that was fetched of it.
+void LinuxAccessibility::Keep(const std::vector<OtherWindow>& present) {
+  const auto before = others_.Handles();
+  others_.Update(present);
+  for (const WindowHandle each : before) {
+    if (others_.Find(each) == nullptr) trees_.erase(each);
+  }
+}
+
+// A window of another program that has not been fetched is known itself; what lies
+// in it is asked for when it is wanted.
+std::shared_ptr<const RemoteTree> LinuxAccessibility::TreeOf(WindowHandle window) {
+  const auto known = trees_.find(window);
+  if (known != trees_.end()) return known->second;
+  const OtherWindow* other = others_.Find(window);
+  if (other == nullptr) return nullptr;
+  auto snapshot = std::make_shared<Snapshot>();
+  snapshot->Add(other->element, {});
+  auto tree = std::make_shared<RemoteTree>();
+  tree->bus = bus_;
+  tree->snapshot = std::move(snapshot);
+  tree->window = window;
+  tree->root = other->element.ref;
+  tree->host = std::make_shared<DesktopObject>(family_);
+  return trees_[window] = std::move(tree);
+}
+
 AccessiblePtr LinuxAccessibility::ObjectFromWindow(WindowHandle window, std::int32_t /*id*/) {
   if (window == 0) return std::make_shared<DesktopObject>(family_);
   AtkObject* object = ElementOf(windows_, window);
-  if (object == nullptr) return nullptr;
-  if (!ATK_IS_SOCKET(object)) return std::make_shared<LocalAccessible>(family_, object);
-  const auto tree = trees_.find(window);
-  if (tree == trees_.end()) return nullptr;
-  const Element* root = tree->second->snapshot->Find(tree->second->root);
+  if (object != nullptr && !ATK_IS_SOCKET(object)) {
+    return std::make_shared<LocalAccessible>(family_, object);
+  }
+  const auto tree = TreeOf(window);
+  if (!tree) return nullptr;
+  const Element* root = tree->snapshot->Find(tree->root);
   if (root == nullptr || root->role == kRoleVanished) return nullptr;
-  return std::make_shared<RemoteAccessible>(tree->second, *root);
+  return std::make_shared<RemoteAccessible>(tree, *root);
 }
 
 AccessibleElement LinuxAccessibility::ObjectFromPoint(ScreenPoint point) {
-  const ObjectPtr<AtkObject> own(OwnElementAt(point));
-  if (!own) return {};
+  const auto menus = OwnWindowsAt(point, true);
+  if (!menus.empty()) return OwnAt(menus.front(), point);
+  const auto top = TopWindowAt(point);
+  if (top) return top->own != nullptr ? OwnAt(top->own, point) : OtherAt(top->other, point);
+  const auto own = OwnWindowsAt(point, false);
+  return own.empty() ? OtherAt({}, point) : OwnAt(own.front(), point);
+}
+
+AccessibleElement LinuxAccessibility::OwnAt(GtkWidget* top, ScreenPoint point) {
+  const ObjectPtr<AtkObject> own(OwnElementAt(top, point));
   if (ATK_IS_SOCKET(own.get())) {
     const auto page = family_->Inside(own.get());
     const auto* remote = dynamic_cast<const RemoteAccessible*>(page.get());
@@ -187,9 +260,35 @@ AccessibleElement LinuxAccessibility::ObjectFromPoint(ScreenPoint point) {
   return {std::make_shared<LocalAccessible>(family_, own.get()), {}};
 }
 
+AccessibleElement LinuxAccessibility::OtherAt(const std::optional<StackedWindow>& top,
+                                              ScreenPoint point) {
+  const auto known = others_.All();
+  const OtherWindow* window = WindowAt(known, top, point);
+  if (window == nullptr) return {};
+  const auto tree = TreeOf(others_.HandleOf(window->element.ref));
+  const auto frame = std::make_shared<RemoteAccessible>(tree, window->element);
+  const auto inner = frame->At(point);
+  return {inner ? inner : frame, {}};
+}
+
 ScreenPoint LinuxAccessibility::CursorPos() const { return PointerOnScreen(); }
 
-ScreenPoint LinuxAccessibility::CaretPos() const { return CaretInControl(); }
+// A page's caret is known to the page only.
+ScreenPoint LinuxAccessibility::CaretPos() const {
+  const auto plug = PlugOf(FocusedElement());
+  if (!plug) return CaretInControl();
+  using Answer = std::optional<ScreenPoint>;
+  const auto caret =
+      bus_->Ask<Answer>([bus = bus_.get(), plug = *plug](std::function<void(Answer)> done) {
+        bus->Connect([bus, plug, done](const std::string& /*problem*/) {
+          reader::FindDocument(*bus, plug, [bus, done](const std::optional<ElementRef>& document) {
+            if (!document) return done({});
+            reader::ReadCaret(*bus, *document, done);
+          });
+        });
+      });
+  return caret.value_or(Answer()).value_or(ScreenPoint());
+}
 
 std::string LinuxAccessibility::RoleText(int role) const { return WordsOfRole(role); }
 

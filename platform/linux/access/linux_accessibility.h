@@ -3,11 +3,13 @@
 #include <atomic>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/accessible.h"
 #include "platform/linux/access/local_accessible.h"
+#include "platform/linux/access/other_windows.h"
 #include "platform/linux/access/remote_accessible.h"
 #include "platform/linux/gtk/window_table.h"
 
@@ -27,13 +29,22 @@ class LinuxAccessibility : public Accessibility {
   ScreenPoint CaretPos() const override;
   std::string RoleText(int role) const override;
 
+  /// The windows of other programs as they were when the desktop was last fetched
+  /// or looked at.
+  const OtherWindows& Others() const { return others_; }
+
  private:
   class OwnFamily;
   struct Request;
 
   void Finish(const std::shared_ptr<Request>& request);
+  void Keep(const std::vector<OtherWindow>& present);
+  std::shared_ptr<const RemoteTree> TreeOf(WindowHandle window);
+  AccessibleElement OwnAt(GtkWidget* top, ScreenPoint point);
+  AccessibleElement OtherAt(const std::optional<StackedWindow>& top, ScreenPoint point);
 
   WindowTable& windows_;
+  OtherWindows others_;
   std::map<WindowHandle, std::shared_ptr<const RemoteTree>> trees_;
   std::shared_ptr<LinuxAccessibility*> self_;  // what comes late finds it gone
   std::shared_ptr<OwnFamily> family_;

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "platform/linux/access/element_facts.h"
 #include "platform/linux/access/roles.h"
+#include "platform/linux/access/selection_steps.h"
 
 namespace corvane::desktop {
 namespace {
@@ -13,6 +14,22 @@ std::string ContentsOf(AtkObject* object) {
   if (!ATK_IS_TEXT(object)) return "";
   const GText text(atk_text_get_text(ATK_TEXT(object), 0, -1));
   return text::valid(corvane::desktop::Text(text.get()));
+}
+
+void SelectInContainer(AtkObject* object, int flags) {
+  AtkObject* parent = atk_object_get_parent(object);
+  const int index = atk_object_get_index_in_parent(object);
+  if (parent == nullptr || index < 0 || !ATK_IS_SELECTION(parent)) return;
+  AtkSelection* selection = ATK_SELECTION(parent);
+  std::vector<int> selected;
+  for (int i = 0; i < atk_selection_get_selection_count(selection); ++i) {
+    const ObjectPtr<AtkObject> each(atk_selection_ref_selection(selection, i));
+    if (each) selected.push_back(atk_object_get_index_in_parent(each.get()));
+  }
+  std::sort(selected.begin(), selected.end());
+  const SelectionSteps steps = StepsFor(flags, index, selected);
+  if (steps.clear) atk_selection_clear_selection(selection);
+  for (const int each : steps.select) atk_selection_add_selection(selection, each);
 }
 
 }  // namespace
@@ -121,6 +138,7 @@ void LocalAccessible::OwnSelect(int flags) {
   if ((flags & kSelectTakeFocus) != 0 && ATK_IS_COMPONENT(object_.get())) {
     atk_component_grab_focus(ATK_COMPONENT(object_.get()));
   }
+  if (ChangesSelection(flags)) SelectInContainer(object_.get(), flags);
 }
 
 void LocalAccessible::OwnDefaultAction() {

@@ -20,6 +20,8 @@ class LocalAccessible : public WholeObject {
     /// What another process shows in a socket; null for nothing.
     virtual AccessiblePtr Inside(AtkObject* socket) = 0;
     virtual AccessiblePtr Desktop() = 0;
+    /// The windows of other programs.
+    virtual std::vector<AccessiblePtr> OtherWindows() = 0;
     virtual WindowHandle WindowOf(AtkObject* object) = 0;
   };
 

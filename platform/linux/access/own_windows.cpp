@@ -26,20 +26,25 @@ std::optional<ElementRef> PlugOf(AtkObject* object) {
   return ElementRef{id.substr(0, colon), id.substr(colon + 1)};
 }
 
-AtkObject* OwnElementAt(ScreenPoint point) {
+std::vector<GtkWidget*> OwnWindowsAt(ScreenPoint point, bool menus) {
+  std::vector<GtkWidget*> found;
   GList* tops = gtk_window_list_toplevels();
-  AtkObject* found = nullptr;
-  for (GList* each = tops; each != nullptr && found == nullptr; each = each->next) {
+  for (GList* each = tops; each != nullptr; each = each->next) {
     auto* widget = GTK_WIDGET(each->data);
-    if (!gtk_widget_get_mapped(widget)) continue;
+    const bool is_menu = gtk_window_get_window_type(GTK_WINDOW(widget)) == GTK_WINDOW_POPUP;
+    if (!gtk_widget_get_mapped(widget) || is_menu != menus) continue;
     AtkObject* top = gtk_widget_get_accessible(widget);
-    if (!ATK_IS_COMPONENT(top) ||
-        !atk_component_contains(ATK_COMPONENT(top), point.x, point.y, ATK_XY_SCREEN)) {
-      continue;
+    if (ATK_IS_COMPONENT(top) &&
+        atk_component_contains(ATK_COMPONENT(top), point.x, point.y, ATK_XY_SCREEN)) {
+      found.push_back(widget);
     }
-    found = ATK_OBJECT(g_object_ref(top));
   }
   g_list_free(tops);
+  return found;
+}
+
+AtkObject* OwnElementAt(GtkWidget* top, ScreenPoint point) {
+  AtkObject* found = ATK_OBJECT(g_object_ref(gtk_widget_get_accessible(top)));
   while (found != nullptr && ATK_IS_COMPONENT(found)) {
     AtkObject* inner = atk_component_ref_accessible_at_point(ATK_COMPONENT(found), point.x, point.y,
                                                              ATK_XY_SCREEN);
@@ -74,9 +79,13 @@ ScreenPoint PointerOnScreen() {
   return point;
 }
 
-ScreenPoint CaretInControl() {
+AtkObject* FocusedElement() {
   GtkWidget* focused = FocusedWidget();
-  AtkObject* object = focused != nullptr ? gtk_widget_get_accessible(focused) : nullptr;
+  return focused != nullptr ? gtk_widget_get_accessible(focused) : nullptr;
+}
+
+ScreenPoint CaretInControl() {
+  AtkObject* object = FocusedElement();
   if (object == nullptr || !ATK_IS_TEXT(object) || !ATK_IS_COMPONENT(object)) return {};
   ScreenRect caret;
   ScreenRect control;

@@ -5,12 +5,13 @@
 #include "base/text.h"
 #include "platform/linux/access/element_facts.h"
 #include "platform/linux/access/element_reader.h"
+#include "platform/linux/access/remote_selection.h"
+#include "platform/linux/access/selection_steps.h"
 
 namespace corvane::desktop {
 namespace {
 
-constexpr int kReadAnew = 64;     // children; more would keep the user waiting
-constexpr guint32 kInWindow = 1;  // whose coordinates places are in
+constexpr int kReadAnew = 64;  // children; more would keep the user waiting
 constexpr const char* kAction = "org.a11y.atspi.Action";
 constexpr const char* kComponent = "org.a11y.atspi.Component";
 
@@ -37,46 +38,30 @@ std::vector<AccessibleElement> RemoteAccessible::Children(int most) const {
 }
 
 AccessiblePtr RemoteAccessible::At(ScreenPoint point) const {
+  using Answer = std::optional<Element>;
   const ScreenPoint origin = tree_->origin();
   const ScreenPoint inside{point.x - origin.x, point.y - origin.y};
-  auto found = tree_->bus->Ask<Element>(
-      [bus = tree_->bus.get(), ref = element_.ref, inside](std::function<void(Element)> done) {
-        bus->Call(ref, kComponent, "GetAccessibleAtPoint",
-                  g_variant_new("(iiu)", inside.x, inside.y, kInWindow), [=](VariantPtr reply) {
-                    if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("((so))"))) {
-                      return done({});
-                    }
-                    const char* name = nullptr;
-                    const char* path = nullptr;
-                    g_variant_get(reply.get(), "((&s&o))", &name, &path);
-                    reader::ReadElement(*bus, {name, path}, done);
-                  });
+  auto found =
+      tree_->bus->Ask<Answer>([bus = tree_->bus.get(), ref = element_.ref, inside,
+                               coordinates = tree_->coordinates](std::function<void(Answer)> done) {
+        reader::ReadElementAt(*bus, ref, inside, coordinates, std::move(done));
       });
-  if (!found || found->ref.path.empty() || found->role == kRoleVanished) return nullptr;
-  return std::make_shared<RemoteAccessible>(tree_, std::move(*found));
+  if (!found || !*found) return nullptr;
+  return std::make_shared<RemoteAccessible>(tree_, std::move(**found));
 }
 
 AccessiblePtr RemoteAccessible::Parent() const {
   if (element_.ref == tree_->root) return tree_->host;
-  auto parent = tree_->bus->Ask<Element>(
-      [bus = tree_->bus.get(), ref = element_.ref](std::function<void(Element)> done) {
-        bus->Call(ref, "org.freedesktop.DBus.Properties", "Get",
-                  g_variant_new("(ss)", kAccessibleInterface, "Parent"), [=](VariantPtr reply) {
-                    if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(v)"))) {
-                      return done({});
-                    }
-                    GVariant* inner = nullptr;
-                    g_variant_get(reply.get(), "(v)", &inner);
-                    const VariantPtr owned(inner);
-                    if (!g_variant_is_of_type(inner, G_VARIANT_TYPE("(so)"))) return done({});
-                    const char* name = nullptr;
-                    const char* path = nullptr;
-                    g_variant_get(inner, "(&s&o)", &name, &path);
-                    reader::ReadElement(*bus, {name, path}, done);
-                  });
+  using Answer = std::optional<Element>;
+  auto parent = tree_->bus->Ask<Answer>(
+      [bus = tree_->bus.get(), ref = element_.ref](std::function<void(Answer)> done) {
+        reader::ReadParent(*bus, ref, [bus, done](const std::optional<ElementRef>& above) {
+          if (!above) return done({});
+          reader::ReadElement(*bus, *above, done);
+        });
       });
-  if (!parent || parent->ref.path.empty()) return nullptr;
-  return std::make_shared<RemoteAccessible>(tree_, std::move(*parent));
+  if (!parent || !*parent) return nullptr;
+  return std::make_shared<RemoteAccessible>(tree_, std::move(**parent));
 }
 
 std::string RemoteAccessible::AskForText(const char* interface, const char* method) const {
@@ -113,27 +98,30 @@ std::string RemoteAccessible::OwnText(AccessibleText which) const {
 }
 
 ScreenRect RemoteAccessible::OwnLocation() const {
-  const auto place = tree_->bus->Ask<ScreenRect>(
-      [bus = tree_->bus.get(), ref = element_.ref](std::function<void(ScreenRect)> done) {
-        bus->Call(ref, kComponent, "GetExtents", g_variant_new("(u)", kInWindow),
-                  [done](VariantPtr reply) {
-                    ScreenRect rect;
-                    if (reply && g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("((iiii))"))) {
-                      g_variant_get(reply.get(), "((iiii))", &rect.left, &rect.top, &rect.width,
-                                    &rect.height);
-                    }
-                    done(rect);
-                  });
-      });
+  const auto place = tree_->bus->Ask<ScreenRect>([bus = tree_->bus.get(), ref = element_.ref,
+                                                  coordinates = tree_->coordinates](
+                                                     std::function<void(ScreenRect)> done) {
+    bus->Call(ref, kComponent, "GetExtents",
+              g_variant_new("(u)", static_cast<guint32>(coordinates)), [done](VariantPtr reply) {
+                ScreenRect rect;
+                if (reply && g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("((iiii))"))) {
+                  g_variant_get(reply.get(), "((iiii))", &rect.left, &rect.top, &rect.width,
+                                &rect.height);
+                }
+                done(rect);
+              });
+  });
   if (!place || (place->width == 0 && place->height == 0)) return {};
   const ScreenPoint origin = tree_->origin();
   return {place->left + origin.x, place->top + origin.y, place->width, place->height};
 }
 
 void RemoteAccessible::OwnSelect(int flags) {
-  if ((flags & kSelectTakeFocus) == 0) return;
-  tree_->bus->Post([bus = tree_->bus.get(), ref = element_.ref] {
-    bus->Call(ref, kComponent, "GrabFocus", nullptr, [](const VariantPtr&) {});
+  tree_->bus->Post([bus = tree_->bus.get(), ref = element_.ref, flags] {
+    if ((flags & kSelectTakeFocus) != 0) {
+      bus->Call(ref, kComponent, "GrabFocus", nullptr, [](const VariantPtr&) {});
+    }
+    if (ChangesSelection(flags)) SelectOnBus(*bus, ref, flags);
   });
 }
 

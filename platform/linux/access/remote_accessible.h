@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/linux/access/desktop_reader.h"
 #include "platform/linux/access/element.h"
 #include "platform/linux/access/whole_object.h"
 
@@ -16,10 +17,12 @@ struct RemoteTree {
   std::shared_ptr<const Snapshot> snapshot;
   WindowHandle window = 0;
   ElementRef root;
-  AccessiblePtr host;  ///< the element of our own that the tree hangs in
-  /// Where that lies on the screen. Elements are asked for their place in there:
-  /// to know it on the screen, a page's process would have to ask us, who wait.
-  std::function<ScreenPoint()> origin;
+  AccessiblePtr host;  ///< the element that the tree hangs in
+  /// How elements are asked for their place. A page's are in their window: to know
+  /// it on the screen, the page's process would have to ask us, who wait.
+  reader::Coordinates coordinates = reader::Coordinates::Screen;
+  /// Where what those places count from lies on the screen.
+  std::function<ScreenPoint()> origin = [] { return ScreenPoint(); };
 };
 
 /// An element of another process. Texts, role and state are those of the time

@@ -29,7 +29,10 @@ class OwnBus {
                       nullptr, nullptr, &pid_, nullptr));
     EXPECT_TRUE(WaitUntil([&] {
       g_main_context_wakeup(nullptr);
-      return std::filesystem::exists(folder_ + "/bus");
+      // Its socket is there a moment before it listens.
+      const ObjectPtr<GIOStream> stream(
+          g_dbus_address_get_stream_sync(address_.c_str(), nullptr, nullptr, nullptr));
+      return stream != nullptr;
     }));
   }
   ~OwnBus() {

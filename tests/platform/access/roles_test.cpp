@@ -3,6 +3,9 @@
 #include <atspi/atspi-constants.h>
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <string>
+
 #include "platform/accessible.h"
 
 namespace corvane::desktop {
@@ -27,6 +30,22 @@ TEST(Roles, EveryRoleOfTheListHasWords) {
   EXPECT_EQ(WordsOfRole(RoleOfBus(ATSPI_ROLE_HEADING)), "heading");
   EXPECT_EQ(WordsOfRole(0), "");
   EXPECT_EQ(WordsOfRole(kRoleVanished), "");
+}
+
+TEST(Roles, WordsAreThoseOfTheUsersLanguage) {
+  const std::string before = setlocale(LC_ALL, nullptr);
+  g_setenv("LANGUAGE", "de", TRUE);
+  setlocale(LC_ALL, "C");  // words already looked up are forgotten with a change only
+  ASSERT_NE(setlocale(LC_ALL, "C.UTF-8"), nullptr);
+  EXPECT_EQ(WordsOfRole(kRoleLink), "Verknüpfung");
+  EXPECT_EQ(WordsOfRole(kRoleEditableText), "Eingabefeld");
+  EXPECT_EQ(WordsOfRole(43), "Druckknopf");
+  EXPECT_EQ(WordsOfRole(RoleOfBus(ATSPI_ROLE_HEADING)), "Überschrift");
+  EXPECT_EQ(WordsOfRole(31), "help balloon") << "in English where the desktop has no words";
+  g_unsetenv("LANGUAGE");
+  setlocale(LC_ALL, "C");
+  setlocale(LC_ALL, before.c_str());
+  EXPECT_EQ(WordsOfRole(kRoleLink), "link");
 }
 
 TEST(Roles, StatesBecomeTheProductsBits) {
