@@ -63,6 +63,10 @@ TreeRow& TreeRows::Add(TreeViewControl& tree, TreeRow* parent, const std::string
       std::make_unique<TreeRow>(tree, parent, static_cast<int>(siblings.size()), text, images));
   auto& row = *siblings.back();
   by_id_[row.Id()] = &row;
+  if (parent && parent->held_back_ > 0) {
+    ++parent->held_back_;
+    return row;
+  }
   Tell(row, &gtk_tree_model_row_inserted);
   if (parent && siblings.size() == 1) Tell(*parent, &gtk_tree_model_row_has_child_toggled);
   return row;
@@ -71,11 +75,16 @@ TreeRow& TreeRows::Add(TreeViewControl& tree, TreeRow* parent, const std::string
 void TreeRows::Remove(TreeRow& row) {
   auto* parent = row.parent_;
   auto path = row.Path();
+  const bool seen = IsSeen(row);
   auto& siblings = parent ? parent->children_ : roots_;
   const auto at = siblings.begin() + row.index_;
   const auto gone = std::move(*at);  // lives until everybody has been told
   for (auto after = siblings.erase(at); after != siblings.end(); ++after) --(*after)->index_;
   Forget(*gone);
+  if (!seen) {
+    --parent->held_back_;
+    return;
+  }
   gtk_tree_model_row_deleted(GTK_TREE_MODEL(Glib::Object::gobj()), path.gobj());
   if (parent && parent->children_.empty()) Tell(*parent, &gtk_tree_model_row_has_child_toggled);
 }
@@ -88,7 +97,36 @@ void TreeRows::Forget(const TreeRow& row) {
 void TreeRows::SetText(TreeRow& row, const std::string& text) {
   row.text_ = UpToZero(text);
   row.shown_ = Valid(OnOneLine(row.text_));
-  Tell(row, &gtk_tree_model_row_changed);
+  if (IsSeen(row)) Tell(row, &gtk_tree_model_row_changed);
+}
+
+bool TreeRows::Drop(std::size_t count) {
+  for (; count > 0 && !roots_.empty(); --count) {
+    auto* last = roots_.back().get();
+    while (!last->children_.empty()) last = last->children_.back().get();
+    by_id_.erase(last->Id());
+    (last->parent_ ? last->parent_->children_ : roots_).pop_back();
+  }
+  return !roots_.empty();
+}
+
+void TreeRows::HoldBack(TreeRow& row, std::size_t most) {
+  if (row.children_.size() > most) row.held_back_ = row.children_.size() - most;
+}
+
+bool TreeRows::Release(TreeRow& row, std::size_t count) {
+  for (; count > 0 && row.held_back_ > 0; --count) {
+    const std::size_t next = row.children_.size() - row.held_back_;
+    --row.held_back_;
+    Tell(*row.children_[next], &gtk_tree_model_row_inserted);
+  }
+  return row.held_back_ > 0;
+}
+
+void TreeRows::ReleaseUpTo(const TreeRow& row) {
+  for (TreeRow* above = row.parent_; above; above = above->parent_) {
+    Release(*above, above->held_back_);
+  }
 }
 
 TreeRow* TreeRows::Find(TreeNodeId id) const {
@@ -126,7 +164,7 @@ bool TreeRows::iter_nth_root_child_vfunc(int n, iterator& iter) const {
 
 bool TreeRows::iter_nth_child_vfunc(const iterator& parent, int n, iterator& iter) const {
   const auto& children = Siblings(RowAt(parent));
-  const bool there = n >= 0 && n < static_cast<int>(children.size());
+  const bool there = n >= 0 && n < static_cast<int>(Seen(RowAt(parent)));
   return Set(iter, there ? children[static_cast<std::size_t>(n)].get() : nullptr);
 }
 
@@ -139,7 +177,7 @@ bool TreeRows::iter_next_vfunc(const iterator& iter, iterator& next) const {
   if (!row) return Set(next, nullptr);
   const auto& siblings = Siblings(row->parent_);
   const auto index = static_cast<std::size_t>(row->index_) + 1;
-  return Set(next, index < siblings.size() ? siblings[index].get() : nullptr);
+  return Set(next, index < Seen(row->parent_) ? siblings[index].get() : nullptr);
 }
 
 bool TreeRows::iter_parent_vfunc(const iterator& child, iterator& iter) const {
@@ -151,7 +189,7 @@ bool TreeRows::get_iter_vfunc(const Path& path, iterator& iter) const {
   TreeRow* row = nullptr;
   for (const int index : path) {
     const auto& siblings = Siblings(row);
-    if (index < 0 || index >= static_cast<int>(siblings.size())) return Set(iter, nullptr);
+    if (index < 0 || index >= static_cast<int>(Seen(row))) return Set(iter, nullptr);
     row = siblings[static_cast<std::size_t>(index)].get();
   }
   return Set(iter, row);
@@ -163,7 +201,7 @@ bool TreeRows::iter_has_child_vfunc(const iterator& iter) const {
 
 int TreeRows::iter_n_children_vfunc(const iterator& iter) const {
   const auto* row = RowAt(iter);
-  return row ? static_cast<int>(row->children_.size()) : 0;
+  return row ? static_cast<int>(Seen(row)) : 0;
 }
 
 int TreeRows::iter_n_root_children_vfunc() const { return static_cast<int>(roots_.size()); }

@@ -50,6 +50,7 @@ class TreeRow : public TreeNode {
   std::string tag_;
   Images images_;
   std::vector<std::unique_ptr<TreeRow>> children_;
+  std::size_t held_back_ = 0;  // children at the end that the view does not see yet
 };
 
 /// The rows of a tree as a model with one column, their text. Every row knows
@@ -64,6 +65,16 @@ class TreeRows : public Gtk::TreeModel, public Glib::Object {
                TreeRow::Images images);
   void Remove(TreeRow& row);
   void SetText(TreeRow& row, const std::string& text);
+  /// Takes the last `count` rows away, of a model that no view has; false when none
+  /// is left.
+  bool Drop(std::size_t count);
+  /// Lets the view see no more than the first `most` children of a row that is
+  /// closed: to open a row with very many at once would hold everything up.
+  void HoldBack(TreeRow& row, std::size_t most);
+  /// Lets the view see `count` more of them; false when it sees all.
+  bool Release(TreeRow& row, std::size_t count);
+  /// Lets the view see all siblings of a row and of those above it.
+  void ReleaseUpTo(const TreeRow& row);
   TreeRow* Find(TreeNodeId id) const;
   /// All rows, the one added first in front.
   std::vector<TreeNode*> All() const;
@@ -90,6 +101,13 @@ class TreeRows : public Gtk::TreeModel, public Glib::Object {
  private:
   const std::vector<std::unique_ptr<TreeRow>>& Siblings(const TreeRow* parent) const {
     return parent ? parent->children_ : roots_;
+  }
+  /// How many children the view sees.
+  std::size_t Seen(const TreeRow* parent) const {
+    return Siblings(parent).size() - (parent ? parent->held_back_ : 0);
+  }
+  bool IsSeen(const TreeRow& row) const {
+    return static_cast<std::size_t>(row.index_) < Seen(row.parent_);
   }
   static bool Set(iterator& iter, TreeRow* row);
   void Tell(TreeRow& row, void (*what)(GtkTreeModel*, GtkTreePath*, GtkTreeIter*));

@@ -1,5 +1,6 @@
 #include "platform/linux/gtk/tree_view.h"
 
+#include <glibmm/main.h>
 #include <gtkmm/settings.h>
 
 #include <utility>
@@ -13,7 +14,22 @@ namespace corvane::desktop {
 namespace {
 
 constexpr int kRowHeight = 26;  // pixels: room for a picture of 24
+// A row opens with so many children; the others follow, so many at a time, while
+// the user goes on.
+constexpr std::size_t kAtOnce = 10'000;
+constexpr std::size_t kFollowing = 500;
 constexpr int kErrElementNotFound = 35601;
+
+void WhenIdle(std::function<void()> action) {
+  Glib::signal_idle().connect_once(std::move(action), Glib::PRIORITY_DEFAULT_IDLE);
+}
+
+// Takes rows that no view shows any more apart, some at a time.
+void TakeApart(Glib::RefPtr<TreeRows> rows) {
+  WhenIdle([rows = std::move(rows)] {
+    if (rows->Drop(kFollowing)) TakeApart(rows);
+  });
+}
 
 gunichar Folded(gunichar character) { return g_unichar_tolower(character); }
 
@@ -112,9 +128,23 @@ void TreeViewControl::Open(TreeRow& row) {
   Expand.Raise(row);
   auto* still = *alive ? rows_->Find(id) : nullptr;
   if (!still || still->Children() == 0) return;
+  rows_->HoldBack(*still, kAtOnce);
   const bool before = std::exchange(showing_, true);
   view_.expand_to_path(still->Path());
   showing_ = before;
+  Release(id);
+}
+
+// Lets the view see children that were held back, a few at a time.
+void TreeViewControl::Release(TreeNodeId id) {
+  WhenIdle([this, alive = alive_, id] {
+    auto* row = *alive ? rows_->Find(id) : nullptr;
+    if (!row) return;
+    const bool before = std::exchange(showing_, true);
+    const bool more = rows_->Release(*row, kFollowing);
+    showing_ = before;
+    if (more) Release(id);
+  });
 }
 
 bool TreeViewControl::IsOpen(const TreeRow& row) const {
@@ -144,8 +174,9 @@ void TreeViewControl::Remove(TreeNode& node) {
 
 void TreeViewControl::Clear() {
   const bool before = std::exchange(showing_, true);
-  rows_ = TreeRows::Create();
+  auto old = std::exchange(rows_, TreeRows::Create());
   view_.set_model(rows_);
+  TakeApart(std::move(old));
   showing_ = before;
 }
 
@@ -200,6 +231,7 @@ TreeNode* TreeViewControl::SelectedItem() const {
 void TreeViewControl::SetSelectedItem(TreeNode* node) {
   const bool before = std::exchange(showing_, true);
   if (auto* row = dynamic_cast<TreeRow*>(node)) {
+    rows_->ReleaseUpTo(*row);
     const auto path = row->Path();
     auto above = path;
     if (above.up() && !above.empty()) view_.expand_to_path(above);
@@ -210,8 +242,9 @@ void TreeViewControl::SetSelectedItem(TreeNode* node) {
   showing_ = before;
 }
 
-bool TreeViewControl::GoTo(const Gtk::TreePath& path) {
-  view_.set_cursor(path);
+bool TreeViewControl::GoTo(const TreeRow& row) {
+  rows_->ReleaseUpTo(row);
+  view_.set_cursor(row.Path());
   return true;
 }
 
@@ -220,18 +253,17 @@ bool TreeViewControl::Key(const GdkEventKey& event) {
   auto* node = dynamic_cast<TreeRow*>(SelectedItem());
   if (!node) return false;
   const int key = VirtualKey(event);
-  auto path = node->Path();
   if (key == kKeyRight) {
     if (node->Children() == 0) return true;
-    if (node->Expanded()) return GoTo(node->Child(0).Path());
+    if (node->Expanded()) return GoTo(node->Child(0));
     ToggleByUser(*node);
     return true;
   }
   if (key == kKeyLeft) {
     if (node->Expanded()) {
       ToggleByUser(*node);
-    } else if (path.up() && !path.empty()) {
-      GoTo(path);
+    } else if (const auto* above = node->Above()) {
+      GoTo(*above);
     }
     return true;
   }
@@ -256,7 +288,7 @@ bool TreeViewControl::FindLetter(gunichar letter) {
   after.insert(after.end(), before.begin(), before.end());
   for (const auto* row : after) {
     const auto text = Valid(row->Text());
-    if (!text.empty() && Folded(text[0]) == Folded(letter)) return GoTo(row->Path());
+    if (!text.empty() && Folded(text[0]) == Folded(letter)) return GoTo(*row);
   }
   return false;
 }

@@ -61,8 +61,9 @@ class TreeViewControl : public WidgetControl<TreeView> {
   void ToggleByUser(TreeRow& row);
   void ToggledOutside(const Gtk::TreeIter& at, bool open);
   void Edited(const std::string& text);
+  void Release(TreeNodeId id);
   bool Key(const GdkEventKey& event);
-  bool GoTo(const Gtk::TreePath& path);
+  bool GoTo(const TreeRow& row);
   bool FindLetter(gunichar letter);
   void Pressed(const GdkEventButton& event);
 
