@@ -75,9 +75,31 @@ class AccessibilityTree(EndToEndTest):
     def test_escape_shows_the_page_as_it_is_now(self):
         corvane = self.open_tree("/elements.html")
         self.walk("Right", "Down")
+        corvane.transcript.mark()
         corvane.keys("Escape")
         wait_until(lambda: self.rows() == [ROOT], "the tree anew")
+        self.said(ROOT + " Sidebar Item")
         self.assertEqual(self.walk("Right"), [ROOT + " Opened"])
+
+    def test_roles_are_named_in_the_users_language(self):
+        root = "HTML_Internet Explorer Internetseite"
+        corvane = self.start(settings=TREE, environment={"LANGUAGE": "de", "LC_ALL": "C.UTF-8"})
+        self.read("/elements.html")
+        wait_until(lambda: self.rows()[:1] == [root], "the tree")
+        corvane.transcript.mark()
+        corvane.focus("Sidebar")
+        self.said(root + " Sidebar Item")
+        self.assertEqual(
+            self.walk("Right", "Down", "Down", "Down", "Right", "Down"),
+            [
+                root + " Opened",
+                "The village Überschrift ",
+                "All that can be known of it. Beschriftung ",
+                "Beschriftung Closed",
+                "Beschriftung Opened",
+                "The weather Verknüpfung ",
+            ],
+        )
 
     def test_stale_address_of_a_bus_harms_nothing(self):
         corvane = self.start(settings=TREE, environment={"AT_SPI_BUS_ADDRESS": "unix:path=/nonexistent/bus"})
