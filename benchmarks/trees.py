@@ -13,7 +13,7 @@ SOURCE = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(SOURCE / "tests/e2e"))
 import web_server  # noqa: E402  (lies beside the end-to-end tests)
 
-FAVORITES, PAGE_STRUCTURE = 2, 4
+FAVORITES, PAGE_STRUCTURE, ACCESSIBILITY = 2, 4, 5
 FOCUS_SIDE_BAR = 3
 
 
@@ -73,6 +73,23 @@ def links(make, base, count):
         browser.end()
 
 
+def elements(make, base, count):
+    """The accessible elements of a page with so many links, each in a paragraph:
+    twice as many nodes."""
+    browser = make(f"{base}/links/{count}", pane={"SideBar": ACCESSIBILITY, "Focus": FOCUS_SIDE_BAR})
+    root = "HTML_Internet Explorer document"
+    try:
+        browser.wait_spoken(f"{count} links")
+        time.sleep(1)
+        press("Tab", "shift+Tab")
+        press("Escape")  # the elements are fetched anew
+        browser.wait_spoken(f"{root} Sidebar Item")
+        fetching = browser.longest_stall()
+        return *opening(browser, f"{root} Opened"), fetching
+    finally:
+        browser.end()
+
+
 def rows(make, base, median, runs=2):
     """The rows of the table: what, figure, budget."""
     files = [folder(make, base, 10_000) for _ in range(runs)]
@@ -81,6 +98,10 @@ def rows(make, base, median, runs=2):
     time_of, stall = folder(make, base, 100_000)
     yield ("tree: open a folder of 100,000 favorites (longest stall)", f"{time_of:.0f} ms ({stall or 0:.0f} ms)",
            "stall 50 ms")
+    opened, stall, fetching = elements(make, base, 10_000)
+    yield ("tree: accessible elements of a page with 10,000 links: longest stall while 20,000 nodes are fetched",
+           f"{fetching or 0:.0f} ms", "50 ms")
+    yield ("tree: open its 10,000 first nodes (longest stall)", f"{opened:.0f} ms ({stall or 0:.0f} ms)", "300 ms")
     for count in (10_000, 50_000):
         pages = [links(make, base, count) for _ in range(runs)]
         yield (f"tree: first level of the structure of a page with {count} links, median",
