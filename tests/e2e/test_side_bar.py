@@ -207,6 +207,42 @@ class SideBar(EndToEndTest):
         self.press("Escape", "The weather Sidebar Item")
         self.press("Left Right", "The weather Opened")
 
+    def test_escape_shows_what_the_page_has_become(self):
+        corvane = self.begin(PAGE_STRUCTURE)
+        self.read("/growing.html")
+        self.said("1 Links in Growing", "Growing")
+        self.to_tree("Growing Sidebar Item")
+        self.press("Right", "Growing Opened")
+        self.press("Right", "Links 1 Closed")
+        corvane.focus_page()
+        wait_until(lambda: corvane.page().get_name() == "Grown", "the page with one link more")
+        corvane.focus("Sidebar")
+        self.press("Escape", "Grown Sidebar Item")
+        self.press("Right", "Grown Opened")
+        self.press("Right", "Links 2 Closed")
+        self.press("Right", "Links 2 Opened")
+        self.press("Right", "The first link ")
+        self.press("Down", "A later link ")
+
+    # Help --------------------------------------------------------------------------
+
+    def test_help_is_walked_explained_and_left(self):
+        corvane = self.begin(FAVORITES)
+        corvane.transcript.mark()
+        corvane.keys("alt+f", *["Right"] * 6, "Return")  # the first item of the last menu
+        wait_until(lambda: corvane.focused_name() == "Sidebar", "the help")
+        self.said("About this help Sidebar Item")
+        self.press("Down", "Starting Closed")
+        self.press("F1", "What happens first.")
+        self.press("Right", "Starting Opened")
+        self.press("Right", "The window ")
+        self.press("Down", "The first page ")
+        self.press("Return", "The Home choice in the Settings menu tells which page is opened first.")
+        self.picture("help-tree.png")
+        self.press("Left", "Starting Opened")
+        self.press("Left", "Starting Closed")
+        self.press("Escape", "Favorites Sidebar Item")
+
     def test_side_bar_without_content_is_not_there(self):
         corvane = self.begin(0)
         reached = []
