@@ -22,9 +22,9 @@ PAGES = [
     ("/page/long-{}", "Page long-{}", "The local news"),
     ("/broken-text", "Broken \ufffd\ufffd text", None),
 ]
-SETTLED = 3  # seconds: what a page leaves behind is freed a little later
+SETTLED = 16  # seconds: what a page leaves behind is freed a little later, idle threads end
 
-State = collections.namedtuple("State", "pages memory parts processes descriptors threads files")
+State = collections.namedtuple("State", "pages memory own parts processes descriptors threads files")
 
 
 def state(corvane, pages):
@@ -32,8 +32,9 @@ def state(corvane, pages):
     family = processes.family(corvane.process.pid)
     parts = collections.Counter()
     for pid in family:
-        parts[processes.name(pid)] += processes.memory(pid)
-    return State(pages, sum(parts.values()), parts, len(family), sum(map(processes.descriptors, family)),
+        parts[processes.name(pid)] += processes.own_memory(pid)
+    memory = sum(map(processes.memory, family))
+    return State(pages, memory, sum(parts.values()), parts, len(family), sum(map(processes.descriptors, family)),
                  sum(map(processes.threads, family)), files(corvane.home))
 
 

@@ -54,13 +54,22 @@ def named(pid, wanted):
     return [child for child in family(pid)[1:] if name(child) == wanted]
 
 
-def memory(pid):
-    """Proportional memory of one process, in MB."""
+def memory(pid, *kinds):
+    """Proportional memory of one process in MB: all of it, or what belongs to the
+    kinds named, such as "Anon" and "Shmem"."""
     try:
         rollup = pathlib.Path(f"/proc/{pid}/smaps_rollup").read_text()
-        return int(re.search(r"^Pss:\s+(\d+)", rollup, re.M).group(1)) / 1024
-    except (OSError, AttributeError):
+    except OSError:
         return 0
+    names = [f"Pss_{kind}" for kind in kinds] or ["Pss"]
+    sizes = [re.search(rf"^{name}:\s+(\d+)", rollup, re.M) for name in names]
+    return sum(int(size.group(1)) for size in sizes if size) / 1024
+
+
+def own_memory(pid):
+    """What the process has filled itself, in MB: without the files that are mapped
+    into it, whose share depends on who else runs on the machine."""
+    return memory(pid, "Anon", "Shmem")
 
 
 def family_memory(pid):
