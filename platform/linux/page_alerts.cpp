@@ -14,7 +14,7 @@ void PageAlerts::ShowAlert(const std::string& text, std::function<void()> done) 
   // The alert's own address tells which one has been closed.
   auto shown = std::make_shared<AlertWindow*>(nullptr);
   auto alert = std::make_unique<AlertWindow>(
-      windows_, AlertWindow::kPageCaption, text, MessageBox::Icon::Exclamation,
+      windows_, AlertWindow::kPageCaption, text, MessageBox::Icon::Exclamation, nullptr,
       [this, shown, done = std::move(done)] {
         const auto answered = done;
         open_.erase(std::remove_if(open_.begin(), open_.end(),

@@ -22,7 +22,7 @@ class BadSurroundings(EndToEndTest):
     def test_placement_that_is_no_number_is_told(self):
         self.write_settings(b"[Settings]\nSpeech=True\nMainLeft=left\n")
         corvane = self.start(wait=False)
-        self.said("FormLoad Error: Type mismatch")
+        self.said("FormLoad Error: Type mismatch. OK Button")
         corvane.keys("Return")
 
     def test_settings_that_cannot_be_written_are_told(self):
@@ -63,7 +63,7 @@ class BadSurroundings(EndToEndTest):
 
     def test_automation_start_without_a_running_instance_is_refused(self):
         corvane = self.start(environment={"DBUS_STARTER_ADDRESS": "unix:path=/nonexistent"}, wait=False)
-        self.said("Main Error: Application can't be started with Automation")
+        self.said("Main Error: Application can't be started with Automation. OK Button")
         self.assertIsNone(corvane.find("Address"))
         corvane.keys("Return")
         self.assertEqual(corvane.process.wait(60), 0)

@@ -83,7 +83,7 @@ class Hearing(EndToEndTest):
         corvane = self.start(settings=SPOKEN)
         corvane.transcript.mark()
         corvane.open(self.base + "/buttons.html")
-        self.said("ResetStructure Error: Object variable or With block variable not set")
+        self.said("ResetStructure Error: Object variable or With block variable not set. OK Button")
         wait_until(lambda: "Extracting Links ..." in corvane.transcript.spoken(), "the reading's end")
         corvane.keys("Return")
         time.sleep(0.5)

@@ -187,7 +187,7 @@ class OwnWindows(EndToEndTest):
 
     def test_message_box(self):
         corvane = self.start(settings={"Corvane": {"Speech": "True", "MainLeft": "left"}}, wait=False)
-        self.said("FormLoad Error: Type mismatch")
+        self.said("FormLoad Error: Type mismatch. OK Button")
         wait_until(corvane.focused, "a focus")
         self.assert_all_named("a message box")
         corvane.keys("Return")

@@ -155,7 +155,7 @@ class SideBar(EndToEndTest):
         corvane.open(self.base + "/structure.html")
         self.said("Done", "Extracting Data ...", "Extracting Forms ...", "Extracting Links ...", "Done",
                   "All kinds of things")
-        self.said("ResetStructure Error: Object variable or With block variable not set")
+        self.said("ResetStructure Error: Object variable or With block variable not set. OK Button")
         corvane.keys("Return")  # the page's button element has no announcer
         time.sleep(0.5)
         self.to_tree("All kinds of things Sidebar Item")

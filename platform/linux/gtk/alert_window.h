@@ -9,9 +9,8 @@
 namespace corvane::desktop {
 
 /// A message with an OK button, shown as an accessible dialog that Enter, Escape
-/// and a close request end. Whoever shows it speaks it. In the window table it is
-/// a top-level window whose first child is the button, with the text "OK", and
-/// whose next is the message.
+/// and a close request end. In the window table it is a top-level window whose first child is the
+/// button, with the text "OK", and whose next is the message.
 ///
 /// WindowActivated is raised before the dialog is on the screen: a listener that
 /// then asks for it to be closed keeps it from ever being seen.
@@ -20,10 +19,10 @@ class AlertWindow {
   /// The caption of the messages that pages show.
   static constexpr const char* kPageCaption = "Microsoft Internet Explorer";
 
-  /// `done` is called once, when the message is closed; the alert may be
+  /// `speak` may be empty. `done` is called once, when the message is closed; the alert may be
   /// destroyed from inside it. Destroying it earlier calls nothing.
   AlertWindow(WindowTable& windows, const std::string& caption, const std::string& text,
-              MessageBox::Icon icon, std::function<void()> done);
+              MessageBox::Icon icon, Speaker speak, std::function<void()> done);
 
   WindowHandle hwnd() const { return dialog_.hwnd(); }
   /// Puts it on the screen, unless it is closed before that.

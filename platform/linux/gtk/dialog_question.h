@@ -38,6 +38,9 @@ struct DialogQuestion {
   int default_button = 0;                               ///< Enter presses it
   int cancel_button = -1;                               ///< Escape presses it; -1: the last one
   MessageBox::Icon icon = MessageBox::Icon::Information;
+  /// News that must not wait: spoken without the title as soon as it is on the
+  /// screen, also while another program has the keyboard.
+  bool is_message = false;
 
   /// Asked before any button but the one for cancelling closes the dialog. A text
   /// that it returns is spoken and shown, and the dialog stays: what is wrong with

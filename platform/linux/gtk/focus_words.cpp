@@ -20,12 +20,36 @@ std::string LabelInside(GtkWidget* widget) {
   return found;
 }
 
+// The label that stands beside the widget and leads to it; without its colon.
+std::string LabelBeside(GtkWidget* widget) {
+  std::string text;
+  GList* labels = gtk_widget_list_mnemonic_labels(widget);
+  if (labels && GTK_IS_LABEL(labels->data))
+    text = Text(gtk_label_get_text(GTK_LABEL(labels->data)));
+  g_list_free(labels);
+  if (!text.empty() && text.back() == ':') text.pop_back();
+  return text;
+}
+
 std::string NameOf(GtkWidget* widget) {
   AtkObject* accessible = gtk_widget_get_accessible(widget);
   std::string name = Text(atk_object_get_name(accessible));
+  if (name.empty()) name = LabelBeside(widget);
   if (name.empty()) name = LabelInside(widget);
   if (name.empty()) name = Text(gtk_widget_get_tooltip_text(widget));
   return name;
+}
+
+std::string FirstText(GtkTreeModel* model, GtkTreeIter* row) {
+  for (int column = 0; column < gtk_tree_model_get_n_columns(model); ++column) {
+    if (gtk_tree_model_get_column_type(model, column) != G_TYPE_STRING) continue;
+    char* value = nullptr;
+    gtk_tree_model_get(model, row, column, &value, -1);
+    const std::string text = Text(value);
+    g_free(value);
+    if (!text.empty()) return text;
+  }
+  return "";
 }
 
 // The first text of the row that the cursor is on.
@@ -35,17 +59,16 @@ std::string CursorRow(GtkTreeView* tree) {
   GtkTreeModel* model = gtk_tree_view_get_model(tree);
   std::string text;
   GtkTreeIter row;
-  if (path && model && gtk_tree_model_get_iter(model, &row, path)) {
-    for (int column = 0; column < gtk_tree_model_get_n_columns(model) && text.empty(); ++column) {
-      if (gtk_tree_model_get_column_type(model, column) != G_TYPE_STRING) continue;
-      char* value = nullptr;
-      gtk_tree_model_get(model, &row, column, &value, -1);
-      text = Text(value);
-      g_free(value);
-    }
-  }
+  if (path && model && gtk_tree_model_get_iter(model, &row, path)) text = FirstText(model, &row);
   gtk_tree_path_free(path);
   return text;
+}
+
+// What a list that drops down shows.
+std::string Chosen(GtkComboBox* combo) {
+  GtkTreeIter row;
+  if (!gtk_combo_box_get_active_iter(combo, &row)) return "";
+  return FirstText(gtk_combo_box_get_model(combo), &row);
 }
 
 std::string CurrentTab(GtkNotebook* notebook) {
@@ -77,7 +100,8 @@ std::string FocusWords(Gtk::Widget& widget) {
                             : "check box, not checked");
   }
   if (GtkWidget* combo = gtk_widget_get_ancestor(raw, GTK_TYPE_COMBO_BOX)) {
-    return Joined(NameOf(combo), "list");
+    const std::string chosen = Chosen(GTK_COMBO_BOX(combo));
+    return Joined(NameOf(combo), chosen.empty() ? "list" : "list, " + chosen);
   }
   if (GTK_IS_BUTTON(raw)) return name.empty() ? "Button" : name + " Button";
   if (GTK_IS_NOTEBOOK(raw)) return CurrentTab(GTK_NOTEBOOK(raw)) + " tab";

@@ -6,8 +6,7 @@
 
 namespace corvane::desktop {
 
-MessageBoxQueue::MessageBoxQueue(WindowTable& windows, std::string title,
-                                 std::function<void(const std::string&)> speak)
+MessageBoxQueue::MessageBoxQueue(WindowTable& windows, std::string title, Speaker speak)
     : windows_(windows),
       title_(std::move(title)),
       speak_(std::move(speak)),
@@ -27,17 +26,17 @@ void MessageBoxQueue::Next() {
   }
   const auto message = std::move(waiting_.front());
   waiting_.pop_front();
-  open_ =
-      std::make_unique<AlertWindow>(windows_, message.title, message.text, message.icon, [this] {
-        // The alert is still at work: let it finish before it goes.
-        PostToLoop([self = self_] {
-          if (!*self) return;
-          (*self)->open_.reset();
-          (*self)->Next();
-        });
-      });
+  open_ = std::make_unique<AlertWindow>(windows_, message.title, message.text, message.icon, speak_,
+                                        [this] {
+                                          // The alert is still at work: let it finish before it
+                                          // goes.
+                                          PostToLoop([self = self_] {
+                                            if (!*self) return;
+                                            (*self)->open_.reset();
+                                            (*self)->Next();
+                                          });
+                                        });
   open_->Show();
-  if (speak_) speak_(message.text);
 }
 
 }  // namespace corvane::desktop

@@ -11,11 +11,10 @@
 namespace corvane::desktop {
 
 /// A MessageBox that returns at once: boxes are shown one after the other.
-/// `speak` is told of each box's text as it is shown.
+/// `speak` gets each box's text and button as it is shown.
 class MessageBoxQueue : public MessageBox {
  public:
-  MessageBoxQueue(WindowTable& windows, std::string title,
-                  std::function<void(const std::string&)> speak);
+  MessageBoxQueue(WindowTable& windows, std::string title, Speaker speak);
   ~MessageBoxQueue() override;
 
   /// `title` empty: the program's own.
@@ -36,7 +35,7 @@ class MessageBoxQueue : public MessageBox {
 
   WindowTable& windows_;
   const std::string title_;
-  const std::function<void(const std::string&)> speak_;
+  const Speaker speak_;
   std::deque<Message> waiting_;
   std::unique_ptr<AlertWindow> open_;
   std::shared_ptr<MessageBoxQueue*> self_;

@@ -123,6 +123,9 @@ void SpokenDialog::Present(Gtk::Window* owner) {
   first.child_focus(Gtk::DIR_TAB_FORWARD);
   Connect();
   dialog_->present();
+  if (!question_.is_message || introduced_) return;
+  introduced_ = awaits_keyboard_ = true;
+  SayAll();
 }
 
 void SpokenDialog::AddFields() {
@@ -195,8 +198,8 @@ void SpokenDialog::ActiveChanged() {
   if (!introduced_) {
     introduced_ = true;
     SayAll();
-  } else {
-    Say(Sentences({question_.title, WordsFor(dialog_->get_focus())}), false);
+  } else if (!std::exchange(awaits_keyboard_, false)) {
+    Say(Sentences({SpokenTitle(), WordsFor(dialog_->get_focus())}), false);
   }
 }
 
@@ -221,7 +224,11 @@ void SpokenDialog::Say(const std::string& text, bool urgent) const {
 
 // In one piece: the next text would cut off what is being said.
 void SpokenDialog::SayAll() const {
-  Say(Sentences({question_.title, question_.text, WordsFor(dialog_->get_focus())}), true);
+  Say(Sentences({SpokenTitle(), question_.text, WordsFor(dialog_->get_focus())}), true);
+}
+
+std::string SpokenDialog::SpokenTitle() const {
+  return question_.is_message ? "" : question_.title;
 }
 
 void SpokenDialog::Press(int button) {

@@ -56,6 +56,7 @@ class SpokenDialog {
   bool KeyDown(const GdkEventKey& event);
   void FocusMoved(Gtk::Widget* focus);
   void ActiveChanged();
+  std::string SpokenTitle() const;
   std::string WordsFor(Gtk::Widget* focus) const;
   void Say(const std::string& text, bool urgent) const;
   void SayAll() const;
@@ -69,7 +70,8 @@ class SpokenDialog {
   std::unique_ptr<Gtk::MessageDialog> dialog_;
   std::vector<std::unique_ptr<DialogFieldWidget>> fields_;
   std::vector<Gtk::Button*> buttons_;
-  bool introduced_ = false;  // title and text have been spoken
+  bool introduced_ = false;       // title and text have been spoken
+  bool awaits_keyboard_ = false;  // spoken already when the keyboard comes to it
   std::shared_ptr<SpokenDialog*> self_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <atkmm/object.h>
 #include <gtkmm/checkbutton.h>
+#include <gtkmm/comboboxtext.h>
 #include <gtkmm/dialog.h>
 #include <gtkmm/entry.h>
 #include <gtkmm/label.h>
@@ -63,6 +64,21 @@ TEST_F(DialogListenerTest, SpeaksTabsAsTheyAreWalked) {
   Show(dialog);
   EXPECT_THAT(spoken_, ElementsAre("Print. General tab"));
   EXPECT_THAT(Press("Right"), ElementsAre("Page Setup tab"));
+}
+
+TEST_F(DialogListenerTest, SpeaksWhatAListShowsAndWhatTheArrowsChooseInIt) {
+  Gtk::Dialog dialog("Print");
+  Gtk::ComboBoxText sides;
+  sides.append("One Sided");
+  sides.append("Long Edge");
+  sides.set_active(0);
+  sides.get_accessible()->set_name("Sides");
+  dialog.get_content_area()->add(sides);
+  Show(dialog);
+  EXPECT_THAT(spoken_, ElementsAre("Print. Sides, list, One Sided"));
+  spoken_.clear();
+  sides.set_active(1);
+  EXPECT_THAT(Press("Shift_L"), ElementsAre("Sides, list, Long Edge"));
 }
 
 TEST_F(DialogListenerTest, SpeaksWhatAMessageOfTheToolkitSays) {

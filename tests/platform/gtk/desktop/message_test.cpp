@@ -45,7 +45,7 @@ class MessageBoxTest : public MessageTest {
   }
   std::vector<std::string> spoken_;
   MessageBoxQueue box_{windows_, "Corvane",
-                       [this](const std::string& text) { spoken_.push_back(text); }};
+                       [this](const std::string& text, bool) { spoken_.push_back(text); }};
   Connections listening_;
   int last_closed_ = 0;
 };
@@ -54,8 +54,8 @@ TEST_F(MessageBoxTest, BoxesFollowOneAfterTheOtherAndAreSpoken) {
   box_.Show("first", MessageBox::Icon::Critical);
   box_.Show("second <b>", MessageBox::Icon::Information, "Title");
   EXPECT_TRUE(box_.AnyOpen());
-  EXPECT_THAT(spoken_, ElementsAre("first"));
   WaitForDialog("first");
+  EXPECT_THAT(spoken_, ElementsAre("first. OK Button"));
   EXPECT_NE(windows_.FindWindow("Corvane"), 0U);
   Outside({"xdotool", "key", "Return"});
   WaitForDialog("second <b>");
@@ -65,8 +65,18 @@ TEST_F(MessageBoxTest, BoxesFollowOneAfterTheOtherAndAreSpoken) {
   Outside({"xdotool", "key", "Escape"});
   WaitFor("the end", [&] { return last_closed_ == 1; });
   EXPECT_FALSE(box_.AnyOpen());
-  EXPECT_THAT(spoken_, ElementsAre("first", "second <b>"));
+  EXPECT_THAT(spoken_, ElementsAre("first. OK Button", "second <b>. OK Button"));
   EXPECT_EQ(windows_.FirstThreadWindow(), 0U);
+}
+
+TEST_F(MessageBoxTest, F1SpeaksTheMessageAgain) {
+  box_.Show("what happened", MessageBox::Icon::Critical);
+  WaitForDialog("what happened");
+  Outside({"xdotool", "key", "F1"});
+  WaitFor("the words again", [&] { return spoken_.size() == 2; });
+  EXPECT_EQ(spoken_[1], spoken_[0]);
+  Outside({"xdotool", "key", "Return"});
+  WaitFor("the end", [&] { return last_closed_ == 1; });
 }
 
 TEST_F(MessageBoxTest, ABoxCanBeClosedThroughTheTable) {
@@ -92,7 +102,8 @@ class AlertTest : public MessageTest {
  protected:
   std::unique_ptr<AlertWindow> Make(const std::string& text) {
     return std::make_unique<AlertWindow>(windows_, AlertWindow::kPageCaption, text,
-                                         MessageBox::Icon::Exclamation, [this] { ++done_; });
+                                         MessageBox::Icon::Exclamation, nullptr,
+                                         [this] { ++done_; });
   }
   int done_ = 0;
 };
@@ -141,7 +152,7 @@ TEST_F(AlertTest, AListenerMayTakeItOverBeforeItIsSeen) {
 TEST_F(AlertTest, AnAlertMayBeDestroyedWhenItIsDoneOrWhileItIsShown) {
   std::unique_ptr<AlertWindow> alert;
   alert = std::make_unique<AlertWindow>(windows_, "caption", "text", MessageBox::Icon::Critical,
-                                        [&] { alert.reset(); });
+                                        nullptr, [&] { alert.reset(); });
   alert->Show();
   WaitForDialog("text");
   alert->Close();
