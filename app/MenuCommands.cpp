@@ -57,7 +57,7 @@ void MenuCommands::mnuFileItem_Click(int index) {
         pane_.cmdAction(ctlWebBrowser::kPrintPage);
         break;
       case kFileExit:
-        host_.Unload();
+        host_.CloseByUser();
         break;
       default:
         break;
@@ -90,8 +90,12 @@ void MenuCommands::mnuView_Click(int index) {
 
 void MenuCommands::mnuHelp_Click(int index) {
   if (index == kHelpContents) {
-    ErrorsIgnored([&] { pane_.GetHelp(host_.HelpFile()); },
-                  [&] { pane_.cmdAction(ctlWebBrowser::kFocusTree); });
+    ErrorsIgnored([&] {
+      const std::string file = host_.HelpFile();
+      if (file.empty()) return;
+      pane_.GetHelp(file);
+      pane_.cmdAction(ctlWebBrowser::kFocusTree);
+    });
   } else if (index == kHelpAbout) {
     ErrorsIgnored([&] { host_.Dialogs().ShowAbout(host_.MainApp()); });
   }

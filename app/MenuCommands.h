@@ -22,14 +22,16 @@ class MenuCommands {
     virtual std::shared_ptr<corvane::MainApp> MainApp() const = 0;
     /// Stores one of the window's own settings.
     virtual void SaveSetting(const std::string& key, const std::string& value) = 0;
-    virtual void Unload() = 0;
+    /// Closes the window as its user does: its page may ask first.
+    virtual void CloseByUser() = 0;
     /// Opens a further window that shares this one's service.
     virtual void NewWindow() = 0;
     /// Shows the status bar and gives it to the pane, or the other way round.
     virtual void ShowStatusBar(bool show) = 0;
     virtual WindowDialogs& Dialogs() = 0;
-    /// The help text's path.
-    virtual std::string HelpFile() const = 0;
+    /// The help text's path; empty when it is not there, which the user is then
+    /// told.
+    virtual std::string HelpFile() = 0;
   };
 
   MenuCommands(MainMenu& menu, ctlWebBrowser& pane, Host& host);

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/desktop.h"
+#include "platform/file_request.h"
 
 namespace corvane {
 
@@ -21,6 +22,9 @@ class WindowDialogs {
   /// Lets the user choose a page's file; `chosen` gets its path, and nothing is
   /// called when the user cancels.
   void OpenFile(std::function<void(const std::string& path)> chosen);
+  /// Lets the user choose what a page or a command has asked for. While another
+  /// file dialog is shown nothing is chosen.
+  void ChooseFiles(const FileRequest& request);
   /// Shows the about box, which speaks with the service. Without effect while it
   /// is shown.
   void ShowAbout(std::shared_ptr<MainApp> service);
@@ -28,7 +32,9 @@ class WindowDialogs {
  private:
   Desktop& desktop_;
   Form& owner_;
-  std::unique_ptr<dwFileOpenSave> open_file_;
+  std::unique_ptr<dwFileOpenSave> NewFileDialog() const;
+
+  std::unique_ptr<dwFileOpenSave> files_;  // the one that is shown
   std::unique_ptr<frmAbout> about_;
 };
 

@@ -11,6 +11,8 @@ namespace corvane {
 namespace {
 
 constexpr const char* kHelpText = "cvhelp.txt";
+constexpr const char* kHelpMissing =
+    "The help text cvhelp.txt was not found. Installing Corvane again brings it back.";
 constexpr const char* kTrue = "True";
 constexpr int kNoticePanel = 2;  // the first belongs to the pane
 
@@ -64,12 +66,16 @@ void frmCorvane::ISpeechWindow_SpeechReady() {
 
 void frmCorvane::Load() {
   parts_ = std::make_unique<Parts>(desktop_, *this);
+  parts_->connections += parts_->form->QueryUnload.Connect(
+      [this](bool& Cancel, corvane::Form::UnloadMode mode) { Form_QueryUnload(Cancel, mode); });
   parts_->connections += parts_->form->Unload.Connect([this] { Form_Unload(); });
   parts_->connections += desktop_.Notice.Connect(
       [this](const std::string& text) { parts_->sbStatusBar->SetPanelText(kNoticePanel, text); });
   parts_->connections +=
       parts_->ctlWebBrowser1.NewWindow().Connect([this] { ctlWebBrowser1_NewWindow(); });
   parts_->connections += parts_->ctlWebBrowser1.WindowClosing().Connect([this] { Unload(); });
+  parts_->connections += parts_->ctlWebBrowser1.FilesWanted().Connect(
+      [this](const FileRequest& request) { Dialogs().ChooseFiles(request); });
   parts_->ctlWebBrowser1.StartWith(first_address_);
   process_.Loaded(shared_from_this());
   Form_Load();
@@ -160,9 +166,21 @@ void frmCorvane::ShowStatusBar(bool show) {
 
 WindowDialogs& frmCorvane::Dialogs() { return Required(parts_).dialogs; }
 
-std::string frmCorvane::HelpFile() const {
+std::string frmCorvane::HelpFile() {
   const FileSystem& files = desktop_.GetFileSystem();
-  return files.ProgramFolder() + files.Separator() + kHelpText;
+  const std::string file = files.ProgramFolder() + files.Separator() + kHelpText;
+  if (files.Exists(file)) return file;
+  desktop_.GetMessageBox().Show(kHelpMissing, MessageBox::Icon::Exclamation);
+  return "";
+}
+
+void frmCorvane::CloseByUser() {
+  if (parts_) parts_->form->Close(Form::UnloadMode::ControlMenu);
+}
+
+void frmCorvane::Form_QueryUnload(bool& Cancel, corvane::Form::UnloadMode UnloadMode) {
+  if (UnloadMode != Form::UnloadMode::ControlMenu) return;
+  ErrorsIgnored([&] { Cancel = Cancel || !Required(parts_).ctlWebBrowser1.MayClose(); });
 }
 
 void frmCorvane::Form_Unload() {

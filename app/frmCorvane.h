@@ -36,8 +36,9 @@ class frmCorvane : public ISpeechNotify,
   void StartWith(const std::string& address) { first_address_ = address; }
   /// The shared speech service, null once the window is unloaded.
   std::shared_ptr<corvane::MainApp> MainApp() const override { return service_; }
-  /// Closes the window; without effect when it is not loaded.
-  void Unload() override;
+  /// Closes the window, whatever its page wants; without effect when it is not
+  /// loaded.
+  void Unload();
   /// Replays the stored menu choices. Once, while loading: the speech items toggle.
   void LoadSettings();
 
@@ -68,10 +69,12 @@ class frmCorvane : public ISpeechNotify,
   void NewWindow() override;
   void ShowStatusBar(bool show) override;
   WindowDialogs& Dialogs() override;
-  std::string HelpFile() const override;
+  std::string HelpFile() override;
+  void CloseByUser() override;
 
   void Load();
   void Form_Load();
+  void Form_QueryUnload(bool& Cancel, corvane::Form::UnloadMode UnloadMode);
   void Form_Unload();
   void ctlWebBrowser1_NewWindow();
   void MainApp_KeyboardEchoStatus(bool blnKeyboardEcho);

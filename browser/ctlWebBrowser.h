@@ -60,6 +60,8 @@ class ctlWebBrowser {
   void PageCommand(WebBrowser::PageCommand command) {
     ErrorsIgnored([&] { pane_.controls.brwWebBrowser->Do(command); });
   }
+  /// Shows what has come from the network.
+  void ShowDownloads() { pane_.desktop.ShowDownloads(); }
   void cmdAction(int action) { navigation_.cmdAction(action); }
   void Edit(int action) { navigation_.Edit(action); }
   void cmdToolbar_Click(int index) { navigation_.cmdToolbar_Click(index); }
@@ -80,8 +82,12 @@ class ctlWebBrowser {
 
   /// A page opens a window; see WebBrowser::NewWindow.
   Event<>& NewWindow() { return pane_.controls.brwWebBrowser->NewWindow; }
-  /// The page that opened this window is done with it.
+  /// The window may close now; see WebBrowser::MayClose.
+  bool MayClose() { return pane_.controls.brwWebBrowser->MayClose(); }
+  /// The window may close: its page agrees, or wants it.
   Event<>& WindowClosing() { return pane_.controls.brwWebBrowser->WindowClosing; }
+  /// The page, or saving it, wants files.
+  Event<const FileRequest&>& FilesWanted() { return pane_.controls.brwWebBrowser->FilesWanted; }
 
   /// One value of an Internet shortcut or other profile file, at most 126
   /// characters; empty when it is not there.

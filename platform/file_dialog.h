@@ -39,7 +39,7 @@ struct OpenFileName {
 
   WindowHandle owner = 0;
   /// Description and pattern in turn, divided by "|"; a pattern may be several,
-  /// divided by ";".
+  /// divided by ";". One with a slash is a type of content ("text/plain", "image/*").
   std::string filter;
   int filter_index = 0;  ///< counts from 1; 0 is the first, too
   std::string file;      ///< a name to begin with; then what was chosen

@@ -8,6 +8,8 @@
 
 namespace corvane {
 
+struct FileRequest;
+
 /// The control that renders pages. One navigation raises, in this order,
 /// DownloadBegin, any number of StatusTextChange, DownloadComplete. A failed
 /// load ends in a readable page of the program's own that is read like any
@@ -59,6 +61,13 @@ class WebBrowser : public Control {
   /// the control is not to be sent anywhere at its start.
   virtual bool OpenedByPage() const = 0;
 
+  /// Whether the window may close now. A page in which the user has done something
+  /// is asked first: then it may not yet, and WindowClosing follows when the page,
+  /// and the user whom it asks, agree or the page does not answer. A page cannot
+  /// hold the user: the next call is answered with yes, unless the user has gone
+  /// on working in the page.
+  virtual bool MayClose() = 0;
+
   Event<> DownloadBegin;
   Event<> DownloadComplete;
   /// What a status bar shows: the link under pointer or focus, loading, whether
@@ -70,9 +79,12 @@ class WebBrowser : public Control {
   /// A page, and with it the user, opens a window. The next control that is made
   /// while this is raised shows the page; without one it never appears.
   Event<> NewWindow;
-  /// The page that opened this control is done with it: its window may close. Not
-  /// raised from inside a call of the control.
+  /// The page that opened this control is done with it, or agrees to be closed:
+  /// the window may close. Not raised from inside a call of the control.
   Event<> WindowClosing;
+  /// The page, or saving it, wants files. The user is asked for them; without a
+  /// listener none is chosen.
+  Event<const FileRequest&> FilesWanted;
 };
 
 }  // namespace corvane

@@ -39,6 +39,10 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
     return Connection([mine = describing] { *mine = nullptr; });
   }
   bool OpenedByPage() const override { return opened_by_page; }
+  bool MayClose() override {
+    Note("MayClose");
+    return may_close;
+  }
 
   /// What was asked for comes: the page as it is now.
   void Described(const HTMLDocumentPtr& page) {
@@ -65,6 +69,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   std::string location_name;
   bool busy = false;
   bool opened_by_page = false;
+  bool may_close = true;
   HTMLDocumentPtr document;
   bool describes_later = false;  ///< descriptions wait for Described
   std::shared_ptr<std::function<void(const HTMLDocumentPtr&)>> describing;

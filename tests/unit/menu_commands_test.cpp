@@ -321,6 +321,17 @@ TEST(MenuCommands, HelpContentsOpensTheHelpTextInTheSideBar) {
   EXPECT_EQ(p.desktop.focus, "TreeView1");
 }
 
+TEST(MenuCommands, AMissingHelpTextIsTold) {
+  Program p;
+  p.Start();
+  p.Address().SetFocus();
+  p.Inside().menu.mnuHelp(0).Click.Raise();
+  EXPECT_THAT(p.desktop.boxes.Texts(),
+              ElementsAre("The help text cvhelp.txt was not found. Installing Corvane again brings "
+                          "it back."));
+  EXPECT_EQ(p.desktop.focus, "cboAddress");
+}
+
 TEST(MenuCommands, ChoosingAnItemThatIsCheckedKeepsExactlyOne) {
   Program p;
   p.Start();

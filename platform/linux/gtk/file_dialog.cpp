@@ -107,7 +107,9 @@ void GtkFileDialog::AddFilters() {
       if (c != ';') {
         pattern += c;
       } else if (!pattern.empty()) {
-        filter->add_pattern(Valid(std::exchange(pattern, {})));
+        const auto one = Valid(std::exchange(pattern, {}));
+        one.find('/') == Glib::ustring::npos ? filter->add_pattern(one)
+                                             : filter->add_mime_type(one);
       }
     }
     dialog_->add_filter(filter);

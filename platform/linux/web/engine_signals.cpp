@@ -1,6 +1,4 @@
 // What the engine's view reports, translated for EngineView.
-#include <gdk/gdkkeysyms.h>
-
 #include <utility>
 
 #include "platform/linux/web/engine_view.h"
@@ -10,14 +8,6 @@ namespace corvane::desktop {
 namespace {
 
 EngineView& ViewOf(gpointer self) { return *static_cast<EngineView*>(self); }
-
-/// Whether the engine is giving back a key that the page had no use for. It then
-/// sends the same event through the window once more, from its own event source.
-bool IsGivenBack() {
-  GSource* source = g_main_current_source();
-  const std::string name = source == nullptr ? "" : Text(g_source_get_name(source));
-  return name.starts_with("[WebKit]");
-}
 
 }  // namespace
 
@@ -57,7 +47,7 @@ void EngineView::ConnectView() {
                      gpointer self) -> WebKitWebView* { return ViewOf(self).OnCreate(action); }));
   connect(view, "close", G_CALLBACK(+[](WebKitWebView*, gpointer self) {
             EngineView& page = ViewOf(self);
-            if (page.opened_by_page_) page.opening_.Start(0, [&page] { page.listener_.close(); });
+            if (page.opened_by_page_ || page.leaving_) page.CloseSoon();
           }));
   connect(view, "web-process-terminated",
           G_CALLBACK(+[](WebKitWebView*, WebKitWebProcessTerminationReason reason, gpointer self) {
@@ -67,17 +57,6 @@ void EngineView::ConnectView() {
           G_CALLBACK(+[](WebKitWebView*, WebKitHitTestResult* target, guint, gpointer self) {
             ViewOf(self).OnPointer(target);
           }));
-  connect(view, "key-press-event",
-          G_CALLBACK(+[](GtkWidget* widget, GdkEventKey* event, gpointer self) -> gboolean {
-            if (!IsGivenBack()) {
-              if (ViewOf(self).watchdog_.Warned()) return ViewOf(self).KeepFromHungPage(*event);
-              ViewOf(self).OnInput();
-              return FALSE;
-            }
-            // Whoever listens has had this key already; only the widget goes on.
-            g_signal_stop_emission_by_name(widget, "key-press-event");
-            return GTK_WIDGET_GET_CLASS(widget)->key_press_event(widget, event);
-          }));
   connect(view, "button-press-event",
           G_CALLBACK(+[](GtkWidget*, GdkEventButton*, gpointer self) -> gboolean {
             ViewOf(self).OnInput();
@@ -85,22 +64,18 @@ void EngineView::ConnectView() {
           }));
 }
 
-// A page that does not answer would swallow every key and hold the user. Until it
-// answers again its keys are the window's: Tab leads out, access keys work.
-bool EngineView::KeepFromHungPage(GdkEventKey& event) {
-  GtkWidget* window = gtk_widget_get_toplevel(GTK_WIDGET(view_.get()));
-  if (!GTK_IS_WINDOW(window)) return false;
-  if (event.keyval == GDK_KEY_Tab || event.keyval == GDK_KEY_ISO_Left_Tab) {
-    const bool back = event.keyval == GDK_KEY_ISO_Left_Tab;
-    g_signal_emit_by_name(window, "move-focus", back ? GTK_DIR_TAB_BACKWARD : GTK_DIR_TAB_FORWARD);
-  } else {
-    gtk_window_activate_key(GTK_WINDOW(window), &event);
-  }
-  return true;
+// Who goes on working after having stayed is asked again; who only reaches for the
+// keys that close the window is not.
+void EngineView::OnKey(const GdkEventKey& event) {
+  const bool types =
+      event.is_modifier == 0 && (event.state & (GDK_CONTROL_MASK | GDK_MOD1_MASK)) == 0;
+  if (types) asked_to_leave_ = false;
+  OnInput();
 }
 
 void EngineView::OnInput() {
   requests_->UserActed();
+  touched_ = true;
   // The watchdog asks after the page has been given the event, not before.
   input_.Start(0, [this] {
     if (!dialog_open_) watchdog_.Watch();
@@ -130,6 +105,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
       reader_->Forget();
       requests_->PageChanged();
       find_->PageChanged();
+      touched_ = asked_to_leave_ = leaving_ = false;
       document_is_present_ = false;
       problem_ = std::exchange(coming_problem_, std::nullopt);
       address_ = Text(webkit_web_view_get_uri(view_.get()));

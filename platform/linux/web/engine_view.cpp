@@ -20,6 +20,8 @@ constexpr double kZoomStep = 0.1;
 constexpr double kLeastZoom = 0.3;
 constexpr double kMostZoom = 3;
 constexpr std::size_t kLongestStatus = 300;
+constexpr double kPatienceOnLeaving = 2;  // seconds for a page that is asked whether it may close
+constexpr const char* kSaveFilter = "Web page in one file (*.mhtml)|*.mhtml|All files|*";
 
 std::string WithoutFragment(const std::string& address) {
   return address.substr(0, address.find('#'));
@@ -67,6 +69,7 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
           view_.get(), requests_->Notices(),
           PageChanges::Host{[this] { ReadAgain(); },
                             [this](const std::string& text) { listener_.say(text); }})),
+      keys_(std::make_unique<PageKeys>(view_.get(), KeysHost(), engine.Options().hang.keys)),
       watchdog_(
           engine.Options().hang,
           [this](Watchdog::Answer answer) {
@@ -84,14 +87,18 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
   ConnectView();
   ApplyPreferences();
   connections_ += engine_.PreferencesChanged.Connect([this] { ApplyPreferences(); });
-  connections_ += engine_.Say.Connect([this](WebKitWebView* view, const std::string& sentence) {
-    if (view == nullptr || view == view_.get()) listener_.say(sentence);
-  });
+  connections_ +=
+      engine_.Say.Connect([this](WebKitWebView* view, const std::string& sentence, bool& said) {
+        if (view == view_.get() || (view == nullptr && !std::exchange(said, true))) {
+          listener_.say(sentence);
+        }
+      });
 }
 
 EngineView::~EngineView() {
   g_signal_handlers_disconnect_by_data(view_.get(), this);
   changes_.reset();
+  keys_.reset();
   requests_.reset();  // takes back what is asked
   find_.reset();
   reader_.reset();
@@ -108,7 +115,20 @@ PageRequests::Host EngineView::RequestsHost() {
             if (!open) watchdog_.Watch();
           },
           [this] { StayOnPage(); },
-          [this] { Print(); }};
+          [this] { Print(); },
+          [this](const FileRequest& request) { listener_.files(request); }};
+}
+
+PageKeys::Host EngineView::KeysHost() {
+  return {[this](const GdkEventKey& event) { OnKey(event); }, [this] { return watchdog_.Warned(); },
+          [this] { return dialog_open_; },
+          [this](std::function<void()> answered) {
+            Evaluate(view_.get(), "1", nullptr,
+                     [weak = std::weak_ptr(self_), answered = std::move(answered)](const auto&) {
+                       if (!weak.expired()) answered();
+                     });
+          },
+          [this](bool left) { reader_->IgnoreEvents(left); }};
 }
 
 void EngineView::TakeOver(Listener listener) {
@@ -120,6 +140,7 @@ void EngineView::TakeOver(Listener listener) {
 }
 
 void EngineView::StayOnPage() {
+  if (std::exchange(leaving_, false)) return;  // nothing was to be loaded
   requested_.clear();
   asked_for_.clear();
   fallback_.clear();
@@ -333,21 +354,46 @@ void EngineView::ShowStatus(const std::string& text) {
 
 void EngineView::Save() {
   if (address_.empty()) return;
-  const std::string proposed = ProposeSavePath(LocationName());
-  const auto& choose = engine_.Options().choose_save_path;
-  const std::string path = choose ? choose(proposed) : proposed;
-  if (path.empty()) return;
-  SavePage(view_.get(), path, [this, weak = std::weak_ptr(self_)](const std::string& outcome) {
-    if (weak.expired()) return;
-    ShowStatus(outcome);
-    listener_.say(outcome);
-  });
+  FileRequest request;
+  request.kind = FileRequest::Kind::Save;
+  request.title = "Save as";
+  request.name = ProposeSavePath(LocationName());
+  request.filter = kSaveFilter;
+  request.default_extension = "mhtml";
+  request.chosen = [this, weak = std::weak_ptr(self_)](const std::vector<std::string>& paths) {
+    if (weak.expired() || paths.empty()) return;
+    SavePage(view_.get(), paths.front(), [this, weak](const std::string& outcome) {
+      if (weak.expired()) return;
+      ShowStatus(outcome);
+      listener_.say(outcome);
+    });
+  };
+  listener_.files(request);
 }
 
 void EngineView::Print() {
   PrintPage(view_.get(), [weak = std::weak_ptr(self_)](const std::string& outcome) {
     if (const auto alive = weak.lock()) (*alive)->listener_.say(outcome);
   });
+}
+
+// --- closing -----------------------------------------------------------------
+
+// Only a page in which the user has done something may have what would be lost,
+// and the engine lets only such a page ask.
+bool EngineView::MayClose() {
+  if (!touched_ || problem_ || watchdog_.Warned()) return true;
+  if (std::exchange(asked_to_leave_, true)) return true;
+  leaving_ = true;
+  closing_.Start(kPatienceOnLeaving, [this] {
+    if (leaving_ && !dialog_open_) listener_.close();
+  });
+  webkit_web_view_try_close(view_.get());
+  return false;
+}
+
+void EngineView::CloseSoon() {
+  closing_.Start(0, [this] { listener_.close(); });
 }
 
 // --- finding and zooming -------------------------------------------------------

@@ -7,11 +7,13 @@
 #include <optional>
 #include <string>
 
+#include "platform/file_request.h"
 #include "platform/html_document.h"
 #include "platform/linux/web/find_in_page.h"
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/navigation.h"
 #include "platform/linux/web/page_changes.h"
+#include "platform/linux/web/page_keys.h"
 #include "platform/linux/web/page_policy.h"
 #include "platform/linux/web/page_reader.h"
 #include "platform/linux/web/page_requests.h"
@@ -34,8 +36,11 @@ class EngineView {
     std::function<void(const std::string&)> say = [](const auto&) {};
     /// A page has opened a window: its view waits at the engine until this returns.
     std::function<void()> new_window = [] {};
-    /// The page, which another one has opened, wants its window closed.
+    /// The page, which another one has opened, wants its window closed, or agrees to
+    /// be closed.
     std::function<void()> close = [] {};
+    /// Files are wanted from the user.
+    std::function<void(const FileRequest&)> files = [](const auto&) {};
   };
 
   /// `opener`: the view whose page opens this one; null for a view of its own.
@@ -58,6 +63,8 @@ class EngineView {
   void Refresh();
   void Save();
   void Print();
+  /// As WebBrowser::MayClose.
+  bool MayClose();
   void Do(WebBrowser::PageCommand command);
 
   std::string LocationURL() const { return address_; }
@@ -79,7 +86,8 @@ class EngineView {
   void OnProcessGone(WebKitWebProcessTerminationReason reason);
   void OnPointer(WebKitHitTestResult* target);
   void OnInput();
-  bool KeepFromHungPage(GdkEventKey& event);
+  void OnKey(const GdkEventKey& event);
+  PageKeys::Host KeysHost();
 
   void Load(const std::string& address);
   void LoadSearch(const std::string& search);
@@ -91,6 +99,7 @@ class EngineView {
   void ShowStatus(const std::string& text);
   void ApplyPreferences();
   void StayOnPage();
+  void CloseSoon();
   void Zoom(double zoom);
   PageRequests::Host RequestsHost();
 
@@ -102,6 +111,7 @@ class EngineView {
   std::unique_ptr<PageRequests> requests_;
   std::unique_ptr<FindInPage> find_;
   std::unique_ptr<PageChanges> changes_;
+  std::unique_ptr<PageKeys> keys_;
   Watchdog watchdog_;
   Connections connections_;
   std::shared_ptr<EngineView*> self_;  // answers that come after the view find it gone
@@ -119,11 +129,15 @@ class EngineView {
   bool stopping_ = false;
   bool stays_ = false;  // the user has just refused to leave the page
   bool hung_ = false;
-  int crashes_ = 0;  // since a page was last read
+  bool touched_ = false;         // the user has done something in the page
+  bool asked_to_leave_ = false;  // for closing; the next time it is not asked
+  bool leaving_ = false;         // being asked just now
+  int crashes_ = 0;              // since a page was last read
   std::string base_status_;
   Delay idle_;     // a look at whether anything still loads
   Delay input_;    // the watchdog's look after a key or a click
-  Delay opening_;  // of a window that the page wants, or closing of its own
+  Delay opening_;  // of a window that the page wants
+  Delay closing_;  // of its own window
 };
 
 }  // namespace corvane::desktop

@@ -328,6 +328,7 @@ void PageReader::Attach(PageRecord record) {
 }
 
 void PageReader::ReceiveEvent(const std::string& text) {
+  if (ignores_events_) return;
   const auto event = ParseElementEvent(text);
   if (!event) return;
   if (event->kind == ElementEvent::Kind::Focus && !event->href.empty()) link_focused_(event->href);

@@ -43,6 +43,9 @@ class PageReader {
   void Describe(Done done);
   /// Gives up a reading that is under way.
   void Cancel();
+  /// While true, what happens to the page's elements is not told: the page tells of
+  /// it so late that the user has gone elsewhere.
+  void IgnoreEvents(bool ignore) { ignores_events_ = ignore; }
 
  private:
   void Collect();
@@ -70,7 +73,8 @@ class PageReader {
   std::shared_ptr<PageReader*> self_;  // answers that come after the reader find it gone
 
   ObjectPtr<GCancellable> cancel_;  // while a record is asked for
-  int reading_ = 0;                 // counts readings, so that answers to an older one are known
+  bool ignores_events_ = false;
+  int reading_ = 0;  // counts readings, so that answers to an older one are known
   Done done_;
   bool collected_ = false;  // the page's own record is among `records_`
   bool waited_ = false;     // for the first content of an empty page

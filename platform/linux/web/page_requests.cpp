@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/linux/web/file_upload.h"
 #include "platform/linux/web/problem.h"
 #include "platform/linux/web/web_engine.h"
 
@@ -42,6 +43,11 @@ PageRequests::PageRequests(WebEngine& engine, WebKitWebView* view, Host host)
                                                gpointer data) -> gboolean {
             auto& self = *static_cast<PageRequests*>(data);
             self.permissions_.Decide(request, self.host_.address());
+            return TRUE;
+          }));
+  connect("run-file-chooser", G_CALLBACK(+[](WebKitWebView*, WebKitFileChooserRequest* request,
+                                             gpointer self) -> gboolean {
+            static_cast<PageRequests*>(self)->host_.files(UploadRequest(request));
             return TRUE;
           }));
   connect("authenticate", G_CALLBACK(+[](WebKitWebView*, WebKitAuthenticationRequest* request,

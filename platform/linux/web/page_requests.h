@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/file_request.h"
 #include "platform/linux/web/http_login.h"
 #include "platform/linux/web/outside_links.h"
 #include "platform/linux/web/page_dialogs.h"
@@ -34,6 +35,8 @@ class PageRequests {
     std::function<void()> stay;
     /// The page is to be printed.
     std::function<void()> print;
+    /// The page wants files.
+    std::function<void(const FileRequest&)> files;
   };
 
   PageRequests(WebEngine& engine, WebKitWebView* view, Host host);

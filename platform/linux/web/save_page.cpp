@@ -43,13 +43,13 @@ std::string FileNameOf(const std::string& title) {
 }
 
 std::string ProposeSavePath(const std::string& title) {
+  std::error_code error;
+  std::filesystem::create_directories(DownloadFolder(), error);
   return FreePath(DownloadFolder(), FileNameOf(title) + ".mhtml");
 }
 
 void SavePage(WebKitWebView* view, const std::string& path,
               std::function<void(const std::string&)> done) {
-  std::error_code error;
-  std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
   const ObjectPtr<GFile> file(g_file_new_for_path(path.c_str()));
   webkit_web_view_save_to_file(view, file.get(), WEBKIT_SAVE_MODE_MHTML, nullptr, &OnSaved,
                                new SaveJob{path, std::move(done)});

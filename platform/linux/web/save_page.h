@@ -7,8 +7,8 @@
 
 namespace corvane::desktop {
 
-/// A path for a page of that title in the user's download folder that no file
-/// has yet.
+/// A path for a page of that title in the user's download folder, which is made if
+/// need be, that no file has yet.
 std::string ProposeSavePath(const std::string& title);
 
 /// The title as a file name, without anything that a file system could mistake.

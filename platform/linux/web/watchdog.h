@@ -13,9 +13,10 @@ namespace corvane::desktop {
 class Watchdog {
  public:
   struct Limits {
-    double warn = 5;   ///< seconds without an answer until the user is told
-    double end = 15;   ///< until the page is given up; four times that while it loads
-    double pause = 1;  ///< between an answer and the next ping
+    double warn = 5;    ///< seconds without an answer until the user is told
+    double end = 15;    ///< until the page is given up; four times that while it loads
+    double pause = 1;   ///< between an answer and the next ping
+    double keys = 1.5;  ///< that Tab waits for the page before it leads out
   };
   using Answer = std::function<void()>;
 

@@ -14,7 +14,8 @@ WebKitBrowser::WebKitBrowser(const std::string& name, WebEngine& engine, WindowT
       [this](const std::string& text) { StatusTextChange.Raise(text); },
       [this](const std::string& text) { Announcement.Raise(text); },
       [this] { NewWindow.Raise(); },
-      [this] { WindowClosing.Raise(); }};
+      [this] { WindowClosing.Raise(); },
+      [this](const FileRequest& request) { FilesWanted.Raise(request); }};
   if (view_) {
     // When there is somebody who listens.
     take_over_.Start(0, [this, listener] { view_->TakeOver(listener); });
@@ -22,7 +23,6 @@ WebKitBrowser::WebKitBrowser(const std::string& name, WebEngine& engine, WindowT
     view_ = std::make_unique<EngineView>(engine, listener);
   }
   widget_ = Glib::wrap(GTK_WIDGET(view_->View()));
-  tab_guard_ = std::make_unique<TabGuard>(*widget_);
   // The class by which the window with the page in it is looked up.
   Bind(*widget_, *widget_, name, "Internet Explorer_Server", windows);
   widget_->show();

@@ -5,7 +5,6 @@
 
 #include "platform/linux/gtk/widget_control.h"
 #include "platform/linux/web/engine_view.h"
-#include "platform/linux/web/tab_guard.h"
 #include "platform/linux/web/web_engine.h"
 #include "platform/web_browser.h"
 
@@ -35,11 +34,11 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
     return view_->Describe(std::move(described));
   }
   bool OpenedByPage() const override { return view_->OpenedByPage(); }
+  bool MayClose() override { return view_->MayClose(); }
 
  private:
   std::unique_ptr<EngineView> view_;
   Gtk::Widget* widget_ = nullptr;
-  std::unique_ptr<TabGuard> tab_guard_;
   Delay take_over_;
 };
 

@@ -19,8 +19,10 @@ class CommandTest : public testing::Test {
     EngineOptions options = TestOptions();
     options.questions = asking_;
     options.zoom_changed = [this](int percent) { zooms_.push_back(percent); };
-    options.choose_save_path = [this](const std::string&) { return file_; };
     return options;
+  }
+  CommandTest() {
+    view_.files = [this](const FileRequest& request) { request.chosen({file_}); };
   }
   ~CommandTest() override { std::filesystem::remove(file_); }
   void Find(const std::string& words) {

@@ -204,14 +204,14 @@ TEST_F(OwnPageTest, CookiesOutliveTheEngine) {
 TEST_F(OwnPageTest, SavingWritesTheWholePage) {
   const std::string path = std::string(g_get_tmp_dir()) + "/corvane-saved.mhtml";
   g_remove(path.c_str());
-  EngineOptions options = Options();
   std::string proposed;
-  options.choose_save_path = [&](const std::string& name) {
-    proposed = name;
-    return path;
-  };
-  WebEngine engine(options);
+  WebEngine engine(Options());
   TestView view(engine);
+  view.files = [&](const FileRequest& request) {
+    EXPECT_EQ(request.kind, FileRequest::Kind::Save);
+    proposed = request.name;
+    request.chosen({path});
+  };
   server_.Page("/", "<title>My page</title>kept");
   view.Go(server_.Url());
   view->Save();
@@ -225,10 +225,9 @@ TEST_F(OwnPageTest, SavingWritesTheWholePage) {
 }
 
 TEST_F(OwnPageTest, ASaveThatFailsIsSaid) {
-  EngineOptions options = Options();
-  options.choose_save_path = [](const std::string&) { return std::string("/proc/no/such.mhtml"); };
-  WebEngine engine(options);
+  WebEngine engine(Options());
   TestView view(engine);
+  view.files = [](const FileRequest& request) { request.chosen({"/proc/no/such.mhtml"}); };
   server_.Page("/", "<title>A</title>");
   view.Go(server_.Url());
   view->Save();

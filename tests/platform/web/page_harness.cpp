@@ -29,6 +29,7 @@ void SendKey(GtkWidget* widget, GdkEventType type, guint keyval) {
   event->key.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(widget)));
   event->key.time = GDK_CURRENT_TIME;
   event->key.keyval = keyval;
+  event->key.is_modifier = keyval >= GDK_KEY_Shift_L && keyval <= GDK_KEY_Hyper_R;
   GdkKeymap* keymap = gdk_keymap_get_for_display(gdk_display_get_default());
   GdkKeymapKey* keys = nullptr;
   int count = 0;
@@ -116,7 +117,8 @@ EngineView::Listener TestView::Listener() {
           [this](const std::string& text) { log.push_back("status " + text); },
           [this](const std::string& text) { log.push_back("say " + text); },
           [this] { new_window(); },
-          [this] { log.push_back("close"); }};
+          [this] { log.push_back("close"); },
+          [this](const FileRequest& request) { files(request); }};
 }
 
 void TestView::Show() {

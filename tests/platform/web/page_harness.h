@@ -45,6 +45,8 @@ class TestView {
 
   /// Called when the page opens a window.
   std::function<void()> new_window = [] {};
+  /// Called when the page, or saving it, wants files.
+  std::function<void(const FileRequest&)> files = [](const auto&) {};
   /// "begin", "complete", "close", "status TEXT" and "say TEXT" in the order
   /// reported.
   std::vector<std::string> log;

@@ -106,6 +106,22 @@ TEST_F(FileDialogTest, SpeaksTheFilesThatTheArrowsChoose) {
   EXPECT_EQ(result_->record.filter_index, 1);
 }
 
+TEST_F(FileDialogTest, AFilterMayNameTypesOfContent) {
+  record_.filter = "For the page|text/plain;image/*|All files|*";
+  Show();
+  const auto filters = dialog_->Chooser()->list_filters();
+  ASSERT_EQ(filters.size(), 2U);
+  const auto takes = [&](const char* type) {
+    GtkFileFilterInfo info = {};
+    info.contains = GTK_FILE_FILTER_MIME_TYPE;
+    info.mime_type = type;
+    return gtk_file_filter_filter(filters[0]->gobj(), &info) != FALSE;
+  };
+  EXPECT_TRUE(takes("text/plain"));
+  EXPECT_TRUE(takes("image/png"));
+  EXPECT_FALSE(takes("text/html"));
+}
+
 TEST_F(FileDialogTest, AFolderIsOpenedAndSaid) {
   Show();
   WaitForSpeech("a.html");
