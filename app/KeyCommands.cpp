@@ -43,6 +43,7 @@ constexpr std::array kCommands = {
     KeyCommand{kKeyPadMinus, kCtrlMask, "Ctrl+Minus", Do<Page::ZoomOut>},
     KeyCommand{'0', kCtrlMask, "Ctrl+0", Do<Page::ZoomReset>},
     KeyCommand{kKeyPadZero, kCtrlMask, "Ctrl+0", Do<Page::ZoomReset>},
+    KeyCommand{'J', kCtrlMask, "Ctrl+J", [](Target t) { t.pane.ShowDownloads(); }},
     KeyCommand{'L', kCtrlMask, "Ctrl+L",
                [](Target t) { t.pane.cmdAction(ctlWebBrowser::kFocusAddress); }},
     KeyCommand{'N', kCtrlMask, "Ctrl+N",

@@ -3,6 +3,8 @@
 #include "app/Version.h"
 #include "base/handling.h"
 #include "base/text.h"
+#include "platform/image.h"
+#include "platform/line.h"
 #include "speech/MainApp.h"
 
 namespace corvane {
@@ -26,6 +28,10 @@ constexpr float kHeight = 3600;
 frmAbout::frmAbout(Desktop& desktop)
     : desktop_(desktop),
       ELAMain_(desktop.CreateElasticFrame("ELAAbout")),
+      ELATop_(desktop.CreateElasticFrame("ELATop")),
+      ELATexts_(desktop.CreateElasticFrame("ELATexts")),
+      Image1_(desktop.CreateImage("Image1")),
+      Line1_(desktop.CreateLine("Line1")),
       OK_(desktop.CreateCommandButton("OK")),
       form_(desktop.CreateForm("frmAbout")) {
   for (std::size_t i = 0; i < kFields; ++i) {
@@ -50,6 +56,15 @@ void frmAbout::Form_Load() {
   form_->SetHeight(kHeight);
   ELAMain_->SetLayout(ElasticFrame::Layout::Above);
   ELAMain_->SetAlign(ElasticFrame::Align::Fill);
+  ELATop_->SetLayout(ElasticFrame::Layout::SideBySide);
+  ELATop_->SetAlign(ElasticFrame::Align::Fill);
+  ELATexts_->SetLayout(ElasticFrame::Layout::Above);
+  ELATexts_->SetAlign(ElasticFrame::Align::Fill);
+  Image1_->SetPicture(Image::Picture::Program);
+  ELATop_->Add(*Image1_);
+  ELATop_->Add(*ELATexts_);
+  ELAMain_->Add(*ELATop_);
+  ELAMain_->Add(*Line1_);
   // No point stands between minor version and revision.
   const std::string version = std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) +
                               std::to_string(kVersionRevision);
@@ -58,7 +73,7 @@ void frmAbout::Form_Load() {
   for (std::size_t i = 0; i < kFields; ++i) {
     Text_[i]->SetText(texts[i]);
     Text_[i]->SetAccessibleName(kFieldNames.at(i));
-    ELAMain_->Add(*Text_[i]);
+    ELATexts_->Add(*Text_[i]);
   }
   OK_->SetCaption("OK");
   ELAMain_->Add(*OK_);

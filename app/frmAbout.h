@@ -39,6 +39,10 @@ class frmAbout {
   Desktop& desktop_;
   std::shared_ptr<MainApp> service_;
   std::unique_ptr<ElasticFrame> ELAMain_;
+  std::unique_ptr<ElasticFrame> ELATop_;    // icon and fields
+  std::unique_ptr<ElasticFrame> ELATexts_;  // the fields
+  std::unique_ptr<Image> Image1_;
+  std::unique_ptr<Line> Line1_;
   std::array<std::unique_ptr<TextBox>, kFields> Text_;
   std::unique_ptr<CommandButton> OK_;
   std::unique_ptr<Form> form_;

@@ -32,7 +32,9 @@ namespace corvane {
 class Accessibility;
 class Automation;
 class FileDialog;
+class Image;
 class ImageList;
+class Line;
 class Shell;
 
 /// Indexes of the desktop's own colours, as its colour query numbers them.
@@ -66,6 +68,8 @@ class Desktop {
   virtual std::unique_ptr<KeyboardHook> CreateKeyboardHook() = 0;
   virtual std::unique_ptr<MessageHook> CreateMessageHook() = 0;
   virtual std::unique_ptr<FileDialog> CreateFileDialog() = 0;
+  virtual std::unique_ptr<Image> CreateImage(const std::string& name) = 0;
+  virtual std::unique_ptr<Line> CreateLine(const std::string& name) = 0;
 
   virtual Windows& GetWindows() = 0;
   virtual MessageBox& GetMessageBox() = 0;
@@ -80,6 +84,9 @@ class Desktop {
   /// Shows the rendering engine's own options; the focus lands inside the dialog.
   /// What is changed there holds for all pages at once. Returns at once.
   virtual void ShowEngineOptions() = 0;
+  /// Shows the files that are coming and have come from the network, and lets the
+  /// user stop one. Returns at once.
+  virtual void ShowDownloads() = 0;
 
   /// Lets events that are already waiting run, then returns. Handlers may
   /// re-enter the caller. May pass when it was called a moment ago.

@@ -5,6 +5,7 @@
 #include "base/handling.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "platform/image.h"
 #include "speech/KeyName.h"
 #include "speech/MenuWords.h"
 
@@ -29,6 +30,8 @@ constexpr float kBoxHeight = 3000;
 MSAgent::MSAgent(Desktop& desktop)
     : desktop_(desktop),
       ELAMain_(desktop.CreateElasticFrame("ELAMain")),
+      ELAMessage_(desktop.CreateElasticFrame("ELAMessage")),
+      Image1_(desktop.CreateImage("Image1")),
       Text1_(desktop.CreateTextBox("Text1")),
       cmdOK_(desktop.CreateCommandButton("cmdOK")),
       Timer1_(desktop.CreateTimer()),
@@ -69,7 +72,12 @@ void MSAgent::Form_Load() {
   Text1_->SetAccessibleName("Message");
   ELAMain_->SetLayout(ElasticFrame::Layout::Above);
   ELAMain_->SetAlign(ElasticFrame::Align::Fill);
-  ELAMain_->Add(*Text1_);
+  ELAMessage_->SetLayout(ElasticFrame::Layout::SideBySide);
+  ELAMessage_->SetAlign(ElasticFrame::Align::Fill);
+  Image1_->SetPicture(Image::Picture::Message);
+  ELAMessage_->Add(*Image1_);
+  ELAMessage_->Add(*Text1_);
+  ELAMain_->Add(*ELAMessage_);
   ELAMain_->Add(*cmdOK_);
   form_->SetContent(*ELAMain_);
   form_->SetWidth(kBoxWidth);

@@ -64,6 +64,8 @@ class MSAgent {
 
   Desktop& desktop_;
   std::unique_ptr<ElasticFrame> ELAMain_;
+  std::unique_ptr<ElasticFrame> ELAMessage_;  // icon and text
+  std::unique_ptr<Image> Image1_;
   std::unique_ptr<TextBox> Text1_;
   std::unique_ptr<CommandButton> cmdOK_;
   std::unique_ptr<Timer> Timer1_;

@@ -1,6 +1,8 @@
 #include "platform/linux/linux_desktop.h"
 
 #include <glib.h>
+#include <glibmm/convert.h>
+#include <glibmm/miscutils.h>
 #include <gtkmm/main.h>
 
 #include <utility>
@@ -14,7 +16,9 @@
 #include "platform/linux/gtk/elastic_frame.h"
 #include "platform/linux/gtk/file_dialog.h"
 #include "platform/linux/gtk/form.h"
+#include "platform/linux/gtk/image.h"
 #include "platform/linux/gtk/image_list.h"
+#include "platform/linux/gtk/line.h"
 #include "platform/linux/gtk/list_box.h"
 #include "platform/linux/gtk/menu.h"
 #include "platform/linux/gtk/post.h"
@@ -28,6 +32,7 @@
 #include "platform/linux/page_questions.h"
 #include "platform/linux/shell/file_shell.h"
 #include "platform/linux/speech/linux_agent.h"
+#include "platform/linux/web/downloads.h"
 #include "platform/linux/web/history_folder.h"
 #include "platform/linux/web/webkit_browser.h"
 
@@ -54,7 +59,7 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
   root.text = [] { return std::string(kApplication); };
   windows_.Add(std::move(root));
   message_box_ = std::make_unique<MessageBoxQueue>(
-      windows_, kApplication, [this](const std::string& text) { Speak(text); });
+      windows_, kApplication, [this](const std::string& text, bool /*urgent*/) { Speak(text); });
   // Before the first setting is read: a file that cannot be read is told once.
   connections_ += settings_.Problem.Connect([this](const std::string& text) {
     PostToLoop([this, text] { message_box_->Show(text, MessageBox::Icon::Exclamation); });
@@ -67,6 +72,7 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
   engine_ = std::make_unique<WebEngine>(MakeEngineOptions());
   engine_->SetPreferences(EngineChoices::Read(settings_).preferences);
   MakeOptionsDialog();
+  MakeDownloadsDialog();
   connections_ += speech_->Notified.Connect([this](const std::string& text) {
     g_message("%s", text.c_str());
     notices_.push_back(text);
@@ -109,6 +115,22 @@ void LinuxDesktop::MakeOptionsDialog() {
   engine.clear_cookies = [this] { engine_->ClearSiteData(); };
   engine.clear_cache = [this] { engine_->ClearCache(); };
   options_dialog_ = std::make_unique<EngineOptionsDialog>(dialogs_, std::move(engine));
+}
+
+void LinuxDesktop::MakeDownloadsDialog() {
+  DownloadsDialog::Source source;
+  source.list = [this] { return engine_->GetDownloads().List(); };
+  source.stop = [this](int number) { engine_->GetDownloads().Stop(number); };
+  source.open_folder = [this](const std::string& path) {
+    const std::string folder = Glib::path_get_dirname(path);
+    engine_->Options().programs->Open(
+        Glib::filename_to_uri(folder), [this, folder](const std::string& error) {
+          if (error.empty()) return;
+          message_box_->Show("No program could open the folder " + folder + ".",
+                             MessageBox::Icon::Exclamation);
+        });
+  };
+  downloads_dialog_ = std::make_unique<DownloadsDialog>(dialogs_, std::move(source));
 }
 
 void LinuxDesktop::AskLabel(const std::string& label,
@@ -198,6 +220,13 @@ Shell& LinuxDesktop::GetShell() { return *shell_; }
 std::unique_ptr<FileDialog> LinuxDesktop::CreateFileDialog() {
   return std::make_unique<GtkFileDialog>(
       windows_, dialogs_, [this](const std::string& text, bool /*urgent*/) { Speak(text); });
+}
+
+std::unique_ptr<Image> LinuxDesktop::CreateImage(const std::string& name) {
+  return std::make_unique<ImageControl>(name, windows_);
+}
+std::unique_ptr<Line> LinuxDesktop::CreateLine(const std::string& name) {
+  return std::make_unique<LineControl>(name, windows_);
 }
 
 Accessibility& LinuxDesktop::GetAccessibility() { return *accessibility_; }

@@ -6,6 +6,7 @@
 
 #include "platform/desktop.h"
 #include "platform/linux/automation/bus_automation.h"
+#include "platform/linux/downloads_dialog.h"
 #include "platform/linux/engine_options_dialog.h"
 #include "platform/linux/gtk/activation_hook.h"
 #include "platform/linux/gtk/clipboard.h"
@@ -64,7 +65,10 @@ class LinuxDesktop : public Desktop {
   Accessibility& GetAccessibility() override;
 
   std::unique_ptr<FileDialog> CreateFileDialog() override;
+  std::unique_ptr<Image> CreateImage(const std::string& name) override;
+  std::unique_ptr<Line> CreateLine(const std::string& name) override;
   void ShowEngineOptions() override { options_dialog_->Show(); }
+  void ShowDownloads() override { downloads_dialog_->Show(); }
   void DoEvents() override;
   void Pause(int milliseconds) override;
   void Later(std::function<void()> action) override;
@@ -81,6 +85,7 @@ class LinuxDesktop : public Desktop {
  private:
   EngineOptions MakeEngineOptions();
   void MakeOptionsDialog();
+  void MakeDownloadsDialog();
   void AskLabel(const std::string& label,
                 const std::function<void(std::optional<std::string>)>& done);
   std::string OwnSetting(const std::string& key, const std::string& fallback) const;
@@ -107,6 +112,7 @@ class LinuxDesktop : public Desktop {
   std::shared_ptr<PageAlerts> alerts_;
   std::unique_ptr<WebEngine> engine_;
   std::unique_ptr<EngineOptionsDialog> options_dialog_;
+  std::unique_ptr<DownloadsDialog> downloads_dialog_;
   bool running_ = false;
   std::vector<std::string> notices_;  // not told yet
   StallMeter stall_meter_;

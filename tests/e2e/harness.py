@@ -82,7 +82,7 @@ class Transcript:
 class Corvane:
     """The running program."""
 
-    def __init__(self, home, settings=None, environment=None, arguments=()):
+    def __init__(self, home, settings=None, environment=None, arguments=(), folder=None):
         self.home = pathlib.Path(home)
         (self.home / "transcript").unlink(missing_ok=True)  # of an earlier start
         self.transcript = Transcript(self.home / "transcript")
@@ -103,7 +103,8 @@ class Corvane:
         )
         env.update(environment or {})
         with self.log.open("ab") as log:
-            self.process = subprocess.Popen([str(PROGRAM), *arguments], env=env, stdout=log, stderr=log)
+            self.process = subprocess.Popen([str(PROGRAM), *arguments], env=env, stdout=log, stderr=log,
+                                            cwd=folder or self.home)
 
     def settings(self, application):
         """The stored settings of an application name, as text."""
@@ -297,9 +298,10 @@ class EndToEndTest(unittest.TestCase):
         self.home = folder.name
         self.corvane = None
 
-    def start(self, settings=None, environment=None, wait=True, title="Corvane home page", arguments=()):
+    def start(self, settings=None, environment=None, wait=True, title="Corvane home page", arguments=(),
+              folder=None):
         """Starts the program; waits until the title of the first page was spoken."""
-        self.corvane = Corvane(self.home, settings, environment, arguments)
+        self.corvane = Corvane(self.home, settings, environment, arguments, folder)
         self.addCleanup(self.corvane.kill)
         self.addCleanup(self.report)
         if wait:

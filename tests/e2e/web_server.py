@@ -34,6 +34,10 @@ class Handler(http.server.BaseHTTPRequestHandler):
         else:
             self.reply("<title>Not here</title><p>There is no such page.", status=404)
 
+    def do_POST(self):
+        self.server.posted.append(self.rfile.read(int(self.headers["Content-Length"])))
+        self.reply("<title>Received</title><p>Thank you.")
+
     def reply(self, body, content_type="text/html; charset=utf-8", status=200, headers=()):
         data = body.encode() if isinstance(body, str) else body
         self.send_response(status)
@@ -86,6 +90,35 @@ class Handler(http.server.BaseHTTPRequestHandler):
         self.wfile.flush()
         self.server.stopped.wait()
 
+    # Files to be saved. Of those that are not whole at once, 100,000 bytes are told.
+    def begin_file(self, size=100_000):
+        self.send_response(200)
+        self.send_header("Content-Type", "application/zip")
+        self.send_header("Content-Length", str(size))
+        self.end_headers()
+
+    def page_file(self, path):
+        self.reply(path.encode()[:9], content_type="application/zip")
+
+    def page_slow_file(self, _):
+        """Comes in small pieces until the gate is opened, and then at once."""
+        self.begin_file()
+        for _ in range(100):
+            self.wfile.write(b"x" * 1000)
+            self.wfile.flush()
+            self.server.gate.wait(0.4)
+
+    def page_endless_file(self, _):
+        self.begin_file()
+        self.wfile.write(b"x" * 40_000)
+        self.wfile.flush()
+        self.server.stopped.wait()
+
+    def page_broken_file(self, _):
+        self.begin_file()
+        self.wfile.write(b"x" * 40_000)
+        self.close_connection = True
+
     def page_silent(self, _):
         self.server.stopped.wait()
 
@@ -96,9 +129,12 @@ class Server(http.server.ThreadingHTTPServer):
     def __init__(self):
         super().__init__(("127.0.0.1", 0), Handler)
         self.stopped = threading.Event()
+        self.posted = []  # the bodies of forms
+        self.gate = threading.Event()  # opened by a test when a page may go on
 
     def shutdown(self):
         self.stopped.set()
+        self.gate.set()
         super().shutdown()
         self.server_close()
 

@@ -4,12 +4,15 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "base/error.h"
 #include "base/text.h"
 #include "platform/desktop.h"
+#include "platform/image.h"
+#include "platform/line.h"
 
 namespace corvane::fakes {
 
@@ -86,6 +89,19 @@ class FakeElasticFrame : public FakeControl<ElasticFrame> {
   Align align = Align::Fill;
   Layout layout = Layout::Stack;
   bool splitter = false;
+};
+
+class FakeImage : public FakeControl<Image> {
+ public:
+  using FakeControl::FakeControl;
+  void SetPicture(Picture value) override { picture = value; }
+
+  std::optional<Picture> picture;
+};
+
+class FakeLine : public FakeControl<Line> {
+ public:
+  using FakeControl::FakeControl;
 };
 
 class FakeCommandButton : public FakeControl<CommandButton> {

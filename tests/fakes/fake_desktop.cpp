@@ -88,6 +88,12 @@ std::unique_ptr<RichTextBox> FakeDesktop::CreateRichTextBox(const std::string& n
 std::unique_ptr<ListBox> FakeDesktop::CreateListBox(const std::string& name) {
   return made<FakeListBox>(*this, name);
 }
+std::unique_ptr<Image> FakeDesktop::CreateImage(const std::string& name) {
+  return made<FakeImage>(*this, name);
+}
+std::unique_ptr<Line> FakeDesktop::CreateLine(const std::string& name) {
+  return made<FakeLine>(*this, name);
+}
 std::unique_ptr<TextBox> FakeDesktop::CreateTextBox(const std::string& name) {
   return made<FakeTextBox>(*this, name);
 }

@@ -186,6 +186,9 @@ class FakeDesktop : public Desktop {
     return std::make_unique<FakeFileDialog>(file_dialogs);
   }
 
+  std::unique_ptr<Image> CreateImage(const std::string& name) override;
+  std::unique_ptr<Line> CreateLine(const std::string& name) override;
+
   FakeWindows& GetWindows() override { return windows; }
   FakeMessageBox& GetMessageBox() override { return boxes; }
   FakeSettings& GetSettings() override { return settings; }
@@ -197,6 +200,7 @@ class FakeDesktop : public Desktop {
   FakeAccessibility& GetAccessibility() override { return accessibility; }
 
   void ShowEngineOptions() override { ++engine_options; }
+  void ShowDownloads() override { ++downloads; }
   void DoEvents() override {
     ++yields;
     ++yielding;
@@ -249,6 +253,7 @@ class FakeDesktop : public Desktop {
   FakeAgent::Journal speech;
   FakeFileDialog::Script file_dialogs;
   int engine_options = 0;          ///< how often they were shown
+  int downloads = 0;               ///< how often their list was shown
   std::vector<FakeTimer*> timers;  ///< in the order of their making
   FakeActivationHook* hook = nullptr;
   FakeKeyboardHook* keyboard_hook = nullptr;

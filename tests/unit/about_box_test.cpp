@@ -26,6 +26,17 @@ TEST_F(AboutBox, StandsOverItsWindowWithItsCaption) {
   EXPECT_EQ(p.desktop.focus, "OK");
 }
 
+TEST_F(AboutBox, HasTheProgramsIconAndALineAboveTheButton) {
+  p.Start();
+  Open();
+  EXPECT_EQ(p.desktop.Get<FakeImage>("Image1").picture, Image::Picture::Program);
+  const auto& top = p.desktop.Get<FakeElasticFrame>("ELATop");
+  EXPECT_THAT(top.children, ElementsAre(&p.desktop.Get<FakeImage>("Image1"),
+                                        &p.desktop.Get<FakeElasticFrame>("ELATexts")));
+  EXPECT_THAT(p.desktop.Get<FakeElasticFrame>("ELAAbout").children,
+              ElementsAre(&top, &p.desktop.Get<FakeLine>("Line1"), &Ok()));
+}
+
 TEST_F(AboutBox, ThirdLineEndsInTheVersionWithoutASecondPoint) {
   p.Start();
   Open();

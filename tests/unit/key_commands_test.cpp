@@ -42,6 +42,11 @@ TEST_F(Keys, CtrlOAsksForAFile) {
   EXPECT_TRUE(p.desktop.file_dialogs.shown);
 }
 
+TEST_F(Keys, CtrlJShowsTheDownloads) {
+  EXPECT_TRUE(Press('J', kCtrlMask));
+  EXPECT_EQ(p.desktop.downloads, 1);
+}
+
 TEST_F(Keys, CtrlNOpensAWindowAndCtrlWClosesThisOne) {
   EXPECT_TRUE(Press('N', kCtrlMask));
   EXPECT_EQ(p.process.Forms().size(), 2U);

@@ -60,13 +60,18 @@ std::string CleanFileName(const std::string& name, const std::string& fallback) 
   return clean.empty() ? fallback : clean;
 }
 
-std::string FreePath(const std::string& folder, const std::string& name) {
+std::string FreePath(const std::string& folder, const std::string& name,
+                     const std::function<bool(const std::string& path)>& taken) {
+  namespace fs = std::filesystem;
   const auto ending = EndingOf(name);
-  std::filesystem::path path = std::filesystem::path(folder) / name;
-  std::error_code error;
-  for (int i = 2; std::filesystem::exists(std::filesystem::symlink_status(path, error)); ++i) {
-    path = std::filesystem::path(folder) /
-           (name.substr(0, ending) + " " + std::to_string(i) + name.substr(ending));
+  const auto is_free = [&](const fs::path& path) {
+    std::error_code error;
+    return !fs::exists(fs::symlink_status(path, error)) && !(taken && taken(path.string()));
+  };
+  fs::path path = fs::path(folder) / name;
+  for (int i = 2; !is_free(path); ++i) {
+    path =
+        fs::path(folder) / (name.substr(0, ending) + " " + std::to_string(i) + name.substr(ending));
   }
   return path.string();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace corvane::desktop {
@@ -11,8 +12,10 @@ namespace corvane::desktop {
 std::string CleanFileName(const std::string& name, const std::string& fallback);
 
 /// A path in the folder for a file of that name that does not exist yet: with
-/// " 2", " 3" ... before the ending where the name is taken.
-std::string FreePath(const std::string& folder, const std::string& name);
+/// " 2", " 3" ... before the ending where the name is taken. `taken` tells of paths
+/// that will exist soon.
+std::string FreePath(const std::string& folder, const std::string& name,
+                     const std::function<bool(const std::string& path)>& taken = nullptr);
 
 /// The user's folder for what comes from the network.
 std::string DownloadFolder();

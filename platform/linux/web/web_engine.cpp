@@ -63,9 +63,12 @@ ObjectPtr<WebKitWebsiteDataManager> MakeDataManager(const EngineOptions& options
 WebEngine::WebEngine(EngineOptions options) : options_(std::move(options)) {
   FillDefaults(options_);
   permissions_ = std::make_unique<PermissionBook>(options_.permissions_file);
-  downloads_ = std::make_unique<Downloads>(
-      options_.questions, options_.download_folder,
-      [this](WebKitWebView* view, const std::string& sentence) { Say.Raise(view, sentence); });
+  downloads_ =
+      std::make_unique<Downloads>(options_.questions, options_.download_folder,
+                                  [this](WebKitWebView* view, const std::string& sentence) {
+                                    bool said = false;
+                                    Say.Raise(view, sentence, said);
+                                  });
   const auto data = MakeDataManager(options_);
   // Passwords are never stored.
   webkit_website_data_manager_set_persistent_credential_storage_enabled(data.get(), FALSE);

@@ -58,8 +58,6 @@ struct EngineOptions {
   std::string download_folder;
   /// Where the permissions of sites are kept; default: in the data folder.
   std::string permissions_file;
-  /// The path that a page is saved to, given the one proposed; empty: not saved.
-  std::function<std::string(const std::string& proposed)> choose_save_path;
   /// Called for each page that was loaded, for the history; not for problems.
   std::function<void(const std::string& address, const std::string& title)> page_visited;
   /// The user has changed the zoom, in percent; to store it.
@@ -87,8 +85,9 @@ class WebEngine {
 
   /// Files that are coming.
   Downloads& GetDownloads() { return *downloads_; }
-  /// A sentence for the user of this view; of any when it is null.
-  Event<WebKitWebView*, const std::string&> Say;
+  /// A sentence for the user of this view. When that has gone (null), the first
+  /// listener says it and sets `said`: it is not to be heard from every window.
+  Event<WebKitWebView*, const std::string&, bool& /*said*/> Say;
 
   /// What sites are allowed for good.
   PermissionBook& Permissions() { return *permissions_; }

@@ -93,6 +93,47 @@ TEST_F(DownloadTest, AFileOfThatNameIsNotOverwritten) {
   EXPECT_EQ(Content("data 2.zip"), "theirs");
 }
 
+TEST_F(DownloadTest, TwoFilesOfOneNameAtTheSameTimeAreTwo) {
+  server_.StallAfter("/a/data.zip", "one", "application/zip");
+  server_.StallAfter("/b/data.zip", "other", "application/zip");
+  view_.Go(server_.Url("/a/data.zip"));
+  ASSERT_TRUE(WaitUntil([&] { return engine_.GetDownloads().List().size() == 1; }));
+  view_.Go(server_.Url("/b/data.zip"));
+  ASSERT_TRUE(WaitUntil([&] { return engine_.GetDownloads().List().size() == 2; }));
+  const auto list = engine_.GetDownloads().List();
+  EXPECT_EQ(fs::path(list[0].path).filename(), "data 2.zip");
+  EXPECT_EQ(fs::path(list[1].path).filename(), "data.zip");
+}
+
+TEST_F(DownloadTest, TheListTellsHowFarEachIsAndOneCanBeStopped) {
+  server_.StallAfter("/endless.zip", std::string(100000, 'x'), "application/zip");
+  server_.Page("/small.zip", "PK", "application/zip");
+  asking_->replies = {{0, {"endless.zip"}}, {0, {"small.zip"}}};
+  view_.Go(server_.Url("/endless.zip"));
+  ASSERT_TRUE(WaitUntil([&] {
+    const auto list = engine_.GetDownloads().List();
+    return list.size() == 1 && list[0].words == "endless.zip, 100.0 kB so far";
+  }));
+  view_.Go(server_.Url("/small.zip"));
+  ASSERT_TRUE(WaitUntil([&] {
+    const auto list = engine_.GetDownloads().List();
+    return list.size() == 2 && list[0].words == "small.zip, finished";
+  }));
+  engine_.GetDownloads().Stop(engine_.GetDownloads().List()[1].number);
+  ASSERT_TRUE(WaitForEnd());
+  EXPECT_EQ(engine_.GetDownloads().List()[1].words, "endless.zip, stopped");
+  engine_.GetDownloads().Stop(engine_.GetDownloads().List()[1].number);  // over: nothing happens
+}
+
+TEST_F(DownloadTest, WhatIsNotWantedIsNotInTheList) {
+  asking_->replies = {{1, {"data.zip"}}};
+  server_.Page("/data.zip", "PK", "application/zip");
+  view_.Go(server_.Url("/data.zip"));
+  ASSERT_TRUE(WaitUntil([&] { return !asking_->asked.empty(); }));
+  ASSERT_TRUE(WaitForEnd());
+  EXPECT_THAT(engine_.GetDownloads().List(), IsEmpty());
+}
+
 TEST_F(DownloadTest, APageThatIsSentAsAFileIsOne) {
   asking_->replies = {};
   server_.Page("/page", "<title>A</title>", "text/html",
@@ -138,6 +179,7 @@ TEST_F(DownloadTest, AFolderThatCannotBeWrittenIsTold) {
 }
 
 TEST_F(DownloadTest, AFloodOfDownloadsIsAFewQuestions) {
+  TestView other(engine_);
   asking_->replies = {{1, {""}}};
   std::string frames;
   for (int i = 0; i < 20; ++i) {
@@ -151,7 +193,20 @@ TEST_F(DownloadTest, AFloodOfDownloadsIsAFewQuestions) {
   ASSERT_TRUE(WaitForEnd());
   EXPECT_LE(asking_->asked.size(), 5U);
   EXPECT_THAT(view_.Said().front(), HasSubstr("Too many downloads"));
+  EXPECT_THAT(other.Said(), IsEmpty()) << "not heard from a window that has nothing to do with it";
   EXPECT_THAT(Files(), IsEmpty());
+}
+
+TEST_F(DownloadTest, WhenItsWindowHasGoneItIsToldInOneOther) {
+  auto gone = std::make_unique<TestView>(engine_);
+  TestView other(engine_);
+  server_.StallAfter("/data.zip", std::string(1000, 'x'), "application/zip");
+  (*gone)->Navigate(server_.Url("/data.zip"));
+  ASSERT_TRUE(WaitUntil([&] { return !engine_.GetDownloads().List().empty(); }));
+  gone.reset();
+  engine_.GetDownloads().StopAll();
+  ASSERT_TRUE(WaitForEnd());
+  EXPECT_EQ(view_.Said().size() + other.Said().size(), 1U);
 }
 
 }  // namespace
