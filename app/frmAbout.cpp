@@ -20,7 +20,7 @@ constexpr const char* kContact = "The Corvane developers";
 constexpr const char* kLineEnd = "\r\n";
 // What each field is called for other readers.
 constexpr std::array kFieldNames = {"Product", "Description", "Version", "Rights", "Contact"};
-constexpr float kWidth = 7200;  // twips
+constexpr float kWidth = 8400;  // twips
 constexpr float kHeight = 3600;
 
 }  // namespace
