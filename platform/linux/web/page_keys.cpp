@@ -99,17 +99,30 @@ void PageKeys::LeadOut(bool back) {
 // What the engine wants from the window after the user has left the page.
 bool PageKeys::IsStale() const { return IsFromEngine() && !gtk_widget_has_focus(view_); }
 
+// A key that comes back when the focus is elsewhere. The engine expects to meet it in
+// its view and would let the next key that the user presses there go by instead, so
+// it gets it; nobody else does.
+gboolean PageKeys::KeyOfWindow(GdkEventKey& event) {
+  if (!IsStale()) return FALSE;
+  const GtkWidgetClass* engine = GTK_WIDGET_GET_CLASS(view_);
+  const bool press = event.type == GDK_KEY_PRESS;
+  (press ? engine->key_press_event : engine->key_release_event)(view_, &event);
+  return TRUE;
+}
+
 void PageKeys::WatchWindow() {
   ForgetWindow();
   GtkWidget* window = gtk_widget_get_toplevel(view_);
   if (!GTK_IS_WINDOW(window)) return;
   window_ = window;
   g_object_add_weak_pointer(G_OBJECT(window_), reinterpret_cast<gpointer*>(&window_));
-  g_signal_connect(window_, "key-press-event",
-                   G_CALLBACK(+[](GtkWidget*, GdkEventKey*, gpointer self) -> gboolean {
-                     return KeysOf(self).IsStale();
-                   }),
-                   this);
+  for (const char* signal : {"key-press-event", "key-release-event"}) {
+    g_signal_connect(window_, signal,
+                     G_CALLBACK(+[](GtkWidget*, GdkEventKey* event, gpointer self) -> gboolean {
+                       return KeysOf(self).KeyOfWindow(*event);
+                     }),
+                     this);
+  }
   g_signal_connect(window_, "focus",
                    G_CALLBACK(+[](GtkWidget*, GtkDirectionType, gpointer self) -> gboolean {
                      return KeysOf(self).IsStale();

@@ -44,6 +44,7 @@ class PageKeys {
   void WatchTab(bool back);
   void LeadOut(bool back);
   bool IsStale() const;
+  gboolean KeyOfWindow(GdkEventKey& event);
   void WatchWindow();
   void ForgetWindow();
 

@@ -88,6 +88,18 @@ TEST_F(PageKeysTest, TabOnTheLastElementGoesToTheNextControlOnly) {
   EXPECT_TRUE(after_.has_focus());
 }
 
+TEST_F(PageKeysTest, WhoComesBackToThePageGoesOnInIt) {
+  Open("<title>A</title><p>no links");
+  Press(GDK_KEY_Tab);
+  ASSERT_TRUE(WaitUntil([&] { return after_.has_focus(); }));
+  Open("<title>B</title><a href=/b>One</a>");
+  int focused = 0;
+  connections_ += browser_->Document()->links.at(0)->onfocus.Connect([&focused] { ++focused; });
+  Press(GDK_KEY_Tab);
+  EXPECT_TRUE(WaitUntil([&] { return focused == 1; }));
+  EXPECT_TRUE(browser_->widget().has_focus());
+}
+
 TEST_F(PageKeysTest, TabStaysInAPageThatAnswers) {
   Open("<title>A</title><a href=/b>One</a><a href=/c>Two</a>");
   Press(GDK_KEY_Tab);
