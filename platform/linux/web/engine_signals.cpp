@@ -7,6 +7,8 @@
 namespace corvane::desktop {
 namespace {
 
+constexpr double kMomentInPlace = 0.5;  // seconds
+
 EngineView& ViewOf(gpointer self) { return *static_cast<EngineView*>(self); }
 
 }  // namespace
@@ -164,7 +166,12 @@ void EngineView::OnIdle() {
   // takes the place of another is idle for a moment between the two.
   idle_.Start(0, [this] {
     if (webkit_web_view_is_loading(view_.get())) return;
-    if (Text(webkit_web_view_get_uri(view_.get())) != address_) navigation_.MovedInPlace();
+    if (Text(webkit_web_view_get_uri(view_.get())) != address_ && navigation_.MovedInPlace()) {
+      // The page's scripts have only just been told; what they show comes a moment later.
+      return idle_.Start(kMomentInPlace, [this] {
+        if (navigation_.Idle()) StartReading();
+      });
+    }
     if (navigation_.Idle()) return StartReading();
     OnAddressChanged();
   });

@@ -35,8 +35,10 @@ bool Navigation::Finished() {
   return true;
 }
 
-void Navigation::MovedInPlace() {
-  if (phase_ == Phase::Requested && !open_) Started();
+bool Navigation::MovedInPlace() {
+  if (phase_ != Phase::Requested || open_) return false;
+  Started();
+  return true;
 }
 
 bool Navigation::Idle() {

@@ -24,8 +24,8 @@ class Navigation {
   /// read. What a replaced page still reports is ignored.
   bool Finished();
   /// The engine shows what was asked for without loading it: a page's scripts do
-  /// that when the user goes back within it.
-  void MovedInPlace();
+  /// that when the user goes back within it. False when it has been loading after all.
+  bool MovedInPlace();
   /// Nothing is loading any more, also when the engine never started (back within
   /// the page); true when the page is now to be read.
   bool Idle();
