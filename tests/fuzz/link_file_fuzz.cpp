@@ -11,9 +11,7 @@ using namespace corvane::desktop;
 
 namespace {
 
-bool HasLineBreak(std::string_view text) {
-  return text.find_first_of("\r\n") != std::string::npos;
-}
+bool HasLineBreak(std::string_view text) { return text.find_first_of("\r\n") != std::string::npos; }
 
 void PromisePlainName(const std::string& name) {
   constexpr std::size_t kLongestOnDisk = 255;
