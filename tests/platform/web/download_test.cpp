@@ -94,8 +94,9 @@ TEST_F(DownloadTest, AFileOfThatNameIsNotOverwritten) {
 }
 
 TEST_F(DownloadTest, TwoFilesOfOneNameAtTheSameTimeAreTwo) {
-  server_.StallAfter("/a/data.zip", "one", "application/zip");
-  server_.StallAfter("/b/data.zip", "other", "application/zip");
+  // Long enough for the engine to take a look at what it is.
+  server_.StallAfter("/a/data.zip", std::string(2000, '1'), "application/zip");
+  server_.StallAfter("/b/data.zip", std::string(2000, '2'), "application/zip");
   view_.Go(server_.Url("/a/data.zip"));
   ASSERT_TRUE(WaitUntil([&] { return engine_.GetDownloads().List().size() == 1; }));
   view_.Go(server_.Url("/b/data.zip"));
