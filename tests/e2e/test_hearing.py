@@ -106,7 +106,7 @@ class Hearing(EndToEndTest):
         self.hears("b", "B", "b")
         self.hears("5", "5", "5")
         self.hears("Left", "Left", "5")
-        self.hears("F9", "F9")
+        self.hears("F2", "F2")
         self.hears("shift", "Shift")
         self.hears("Control_L", "Control")
         urgent = [e["urgent"] for e in corvane.transcript.events() if e["event"] == "speak"]
