@@ -111,6 +111,8 @@ class Menus(EndToEndTest):
         corvane = self.start(environment={"HOME": self.home})
         self.page()
         self.menu("File", 3)
+        wait_until(lambda: "Save as" in corvane.window_names(), "the question where to")
+        corvane.keys("Return")
         wait_until(lambda: list(pathlib.Path(self.home).rglob("The local news*.mhtml")), "the saved file")
         saved = list(pathlib.Path(self.home).rglob("The local news*.mhtml"))[0]
         wait_until(lambda: saved.stat().st_size > 500, "its content")

@@ -167,7 +167,7 @@ class OwnWindows(EndToEndTest):
         for path, title, steps, window, controls in (
             ("/asking.html", "A page that asks", 1, "Question of 127.0.0.1", ["OK", "Cancel"]),
             ("/asking.html", "A page that asks", 2, "Question of 127.0.0.1", ["Answer", "OK", "Cancel"]),
-            ("/kinds.html", "All kinds", 8, "Select File", ["Open", "Cancel"]),
+            ("/kinds.html", "All kinds", 8, "Choose a file for the page", ["Open", "Cancel"]),
         ):
             with self.subTest(path=path, steps=steps):
                 self.user.open(path, title)
