@@ -101,21 +101,6 @@ class Printing(Hearing):
     def backends(self, names):
         (self.config / "settings.ini").write_text(f"[Settings]\ngtk-print-backends={names}\n")
 
-    def test_a_page_is_printed_into_a_file(self):
-        self.backends("file")
-        folder = pathlib.Path(self.home) / "Printed"
-        folder.mkdir()
-        (self.config.parent / "user-dirs.dirs").write_text(f'XDG_DOWNLOAD_DIR="{folder}"\n')
-        self.opened(self.base + "/rhyme.html")
-        self.corvane.transcript.mark()
-        self.corvane.keys("ctrl+p")
-        self.heard_that(lambda said: said.startswith("Print. "))
-        self.corvane.press_and_hear("Tab", "Tab")
-        self.said("list, Print to File")
-        self.corvane.keys("Return")
-        self.said(f"Printed into {folder}/A rhyme.pdf")
-        self.assertEqual((folder / "A rhyme.pdf").read_bytes()[:5], b"%PDF-")
-
     def test_no_printer_is_told(self):
         self.backends("lpr-is-not-here")
         self.opened(self.base + "/rhyme.html")
