@@ -99,6 +99,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
     case WEBKIT_LOAD_REDIRECTED:
       break;
     case WEBKIT_LOAD_COMMITTED:
+      go_ = nullptr;
       navigation_.Committed();
       // Another page, often in another process: what was asked of the old one
       // may never be answered.

@@ -160,7 +160,7 @@ void EngineView::Navigate(const std::string& typed) {
   // blue, the same text is refused.
   if (IsScript(typed) && document_is_present_ && HasLink(*document_, typed)) {
     const std::string call = "corvane.follow(" + nlohmann::json(typed).dump() + ")";
-    return Evaluate(view_.get(), call, nullptr, [](const auto&) {});
+    return ActForUser(view_.get(), call);
   }
   const TypedAddress target = ResolveTyped(typed, engine_.Options().home_directory);
   if (!target.outside.empty() && engine_.Options().programs->CanOpen(SchemeOf(target.outside))) {
@@ -193,23 +193,35 @@ void EngineView::Load(const std::string& address) {
   stopping_ = false;
   coming_problem_.reset();
   requested_ = asked_for_ = address;
-  watchdog_.Reset();
   reader_->Cancel();
-  webkit_web_view_load_uri(view_.get(), address.c_str());
+  Leave([this, address] { webkit_web_view_load_uri(view_.get(), address.c_str()); });
+}
+
+// The page on the screen has to let the user go. One that does not answer is ended
+// after a moment, and what the user wanted is done then.
+void EngineView::Leave(std::function<void()> go) {
+  go_ = std::move(go);
+  if (watchdog_.Warned()) return EndHungPage();
+  if (input_.Running()) {
+    input_.Cancel();
+    watchdog_.Watch();
+  }
+  go_();
+  watchdog_.Hurry();
 }
 
 void EngineView::GoBack() {
   if (!webkit_web_view_can_go_back(view_.get())) return;
   navigation_.Requested();
   coming_problem_.reset();
-  webkit_web_view_go_back(view_.get());
+  Leave([this] { webkit_web_view_go_back(view_.get()); });
 }
 
 void EngineView::GoForward() {
   if (!webkit_web_view_can_go_forward(view_.get())) return;
   navigation_.Requested();
   coming_problem_.reset();
-  webkit_web_view_go_forward(view_.get());
+  Leave([this] { webkit_web_view_go_forward(view_.get()); });
 }
 
 void EngineView::GoHome() { Navigate(engine_.Options().start_page()); }
@@ -225,8 +237,7 @@ void EngineView::Refresh() {
   }
   stopping_ = false;
   coming_problem_.reset();
-  watchdog_.Reset();
-  webkit_web_view_reload(view_.get());
+  Leave([this] { webkit_web_view_reload(view_.get()); });
 }
 
 void EngineView::Stop() {
@@ -244,15 +255,15 @@ void EngineView::ShowProblem(const Problem& problem) {
   stopping_ = false;
   fallback_.clear();
   reader_->Cancel();
-  watchdog_.Reset();
   coming_problem_ = problem;
   navigation_.Replaced();
   // What is not an address stands under one that no list of addresses takes.
   const bool is_address =
       g_uri_is_valid(problem.address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
   const std::string address = is_address ? problem.address : "about:problem";
-  webkit_web_view_load_alternate_html(view_.get(), RenderProblem(problem).c_str(), address.c_str(),
-                                      nullptr);
+  Leave([this, page = RenderProblem(problem), address] {
+    webkit_web_view_load_alternate_html(view_.get(), page.c_str(), address.c_str(), nullptr);
+  });
 }
 
 void EngineView::EndHungPage() {
@@ -264,6 +275,7 @@ void EngineView::OnProcessGone(WebKitWebProcessTerminationReason reason) {
   watchdog_.Reset();
   requests_->PageChanged();
   const bool hung = std::exchange(hung_, false);
+  if (const auto go = std::exchange(go_, nullptr); hung && go && navigation_.Waiting()) return go();
   const std::string address = navigation_.Waiting() || address_.empty() ? requested_ : address_;
   const Problem problem =
       hung ? HangProblem(address)
@@ -297,6 +309,7 @@ void EngineView::ReadAgain() {
 }
 
 void EngineView::StartReading() {
+  go_ = nullptr;
   watchdog_.Watch();
   reader_->Read([this](HTMLDocumentPtr document) {
     if (navigation_.Reading()) FinishReading(std::move(document));

@@ -1,9 +1,8 @@
-// The part of Corvane that lives in the page processes. It makes the page record
-// of documents that run no scripts, where the page script cannot be reached from
-// outside.
+// The part of Corvane that lives in the page processes. It runs the program's
+// questions in the page scripts' world: also in documents that run no scripts, and
+// without touching what the page may do because the user has just pressed a key
+// (what the engine runs for the program from outside ends that at once).
 #include <webkit2/webkit-web-extension.h>
-
-#include <string>
 
 extern "C" {
 GResource* corvane_page_get_resource(void);
@@ -22,34 +21,50 @@ WebKitFrame* MainFrameOf(WebKitWebPage* page) {
   G_GNUC_END_IGNORE_DEPRECATIONS
 }
 
-std::string CollectRecord(WebKitWebPage* page) {
-  JSCContext* context = webkit_frame_get_js_context_for_script_world(MainFrameOf(page), world);
-  if (context == nullptr) return {};
-  std::string record;
+void Run(JSCContext* context, const char* script, gssize size) {
+  g_object_unref(jsc_context_evaluate(context, script, size));
+}
+
+// Documents that run no scripts were not given the page script either; all others
+// have it, and it sees to it that it is not there twice.
+void EnsureRecordScript(JSCContext* context) {
   GBytes* script = g_resource_lookup_data(corvane_page_get_resource(), "/org/corvane/web/record.js",
                                           G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr);
-  if (script != nullptr) {
-    gsize size = 0;
-    const auto* code = static_cast<const char*>(g_bytes_get_data(script, &size));
-    g_object_unref(jsc_context_evaluate(context, code, static_cast<gssize>(size)));
-    JSCValue* result = jsc_context_evaluate(context, "corvane.collect()", -1);
-    if (jsc_value_is_string(result)) {
-      char* text = jsc_value_to_string(result);
-      record = text;
-      g_free(text);
-    }
-    g_object_unref(result);
-    g_bytes_unref(script);
+  if (script == nullptr) return;
+  gsize size = 0;
+  const auto* code = static_cast<const char*>(g_bytes_get_data(script, &size));
+  Run(context, code, static_cast<gssize>(size));
+  g_bytes_unref(script);
+}
+
+/// The expression's text as bytes, for it need not be valid UTF-8; null when the
+/// expression fails or is no text.
+GVariant* Evaluate(JSCContext* context, const char* expression) {
+  JSCValue* result = jsc_context_evaluate(context, expression, -1);
+  jsc_context_clear_exception(context);
+  GVariant* answer = nullptr;
+  if (jsc_value_is_string(result)) {
+    GBytes* text = jsc_value_to_string_as_bytes(result);
+    answer = g_variant_new_from_bytes(G_VARIANT_TYPE_BYTESTRING, text, TRUE);
+    g_bytes_unref(text);
   }
-  g_object_unref(context);
-  return record;
+  g_object_unref(result);
+  return answer;
 }
 
 gboolean OnMessage(WebKitWebPage* page, WebKitUserMessage* message, gpointer) {
-  if (g_strcmp0(webkit_user_message_get_name(message), "collect") != 0) return FALSE;
-  const std::string record = CollectRecord(page);
-  webkit_user_message_send_reply(
-      message, webkit_user_message_new("record", g_variant_new_string(record.c_str())));
+  GVariant* expression = webkit_user_message_get_parameters(message);
+  if (expression == nullptr || !g_variant_is_of_type(expression, G_VARIANT_TYPE_STRING)) {
+    return FALSE;
+  }
+  GVariant* answer = nullptr;
+  JSCContext* context = webkit_frame_get_js_context_for_script_world(MainFrameOf(page), world);
+  if (context != nullptr) {
+    EnsureRecordScript(context);
+    answer = Evaluate(context, g_variant_get_string(expression, nullptr));
+    g_object_unref(context);
+  }
+  webkit_user_message_send_reply(message, webkit_user_message_new("answer", answer));
   return TRUE;
 }
 
@@ -60,6 +75,6 @@ void OnPageCreated(WebKitWebExtension*, WebKitWebPage* page, gpointer) {
 }  // namespace
 
 G_MODULE_EXPORT void webkit_web_extension_initialize(WebKitWebExtension* extension) {
-  world = webkit_script_world_new_with_name("corvane-record");
+  world = webkit_script_world_new_with_name("corvane");  // kScriptWorld
   g_signal_connect(extension, "page-created", G_CALLBACK(OnPageCreated), nullptr);
 }

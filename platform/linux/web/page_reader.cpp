@@ -144,11 +144,7 @@ void PageReader::Read(Done done) {
 void PageReader::Collect() {
   Evaluate(view_, "corvane.collect()", cancel_.get(),
            WhileReading([this](std::optional<std::string> text) {
-             if (text) return ReceiveCollected(std::move(*text));
-             CollectWithoutScripts(view_, cancel_.get(),
-                                   WhileReading([this](std::optional<std::string> second) {
-                                     ReceiveCollected(std::move(second).value_or(""));
-                                   }));
+             ReceiveCollected(std::move(text).value_or(""));
            }));
 }
 

@@ -20,10 +20,6 @@ void Answer(gpointer data, JSCValue* answer) {
   (*done)(Text(text.get()));
 }
 
-void OnEvaluated(GObject* view, GAsyncResult* result, gpointer done) {
-  Answer(done, webkit_web_view_evaluate_javascript_finish(WEBKIT_WEB_VIEW(view), result, nullptr));
-}
-
 void OnAwaited(GObject* view, GAsyncResult* result, gpointer done) {
   Answer(done, webkit_web_view_call_async_javascript_function_finish(WEBKIT_WEB_VIEW(view), result,
                                                                      nullptr));
@@ -36,19 +32,25 @@ void OnReplied(GObject* view, GAsyncResult* result, gpointer data) {
   if (reply == nullptr) return (*done)(std::nullopt);
   const ObjectPtr<WebKitUserMessage> owner(reply);
   GVariant* content = webkit_user_message_get_parameters(reply);
-  if (content == nullptr || !g_variant_is_of_type(content, G_VARIANT_TYPE_STRING)) {
+  if (content == nullptr || !g_variant_is_of_type(content, G_VARIANT_TYPE_BYTESTRING)) {
     return (*done)(std::nullopt);
   }
-  (*done)(std::string(g_variant_get_string(content, nullptr)));
+  const auto* text = static_cast<const char*>(g_variant_get_data(content));
+  (*done)(std::string(text, g_variant_get_size(content)));
 }
 
 }  // namespace
 
 void Evaluate(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,
               Done done) {
-  webkit_web_view_evaluate_javascript(view, expression.c_str(),
-                                      static_cast<gssize>(expression.size()), kScriptWorld, nullptr,
-                                      cancellable, &OnEvaluated, new Done(std::move(done)));
+  webkit_web_view_send_message_to_page(
+      view, webkit_user_message_new("evaluate", g_variant_new_string(expression.c_str())),
+      cancellable, &OnReplied, new Done(std::move(done)));
+}
+
+void ActForUser(WebKitWebView* view, const std::string& call) {
+  webkit_web_view_evaluate_javascript(view, call.c_str(), static_cast<gssize>(call.size()),
+                                      kScriptWorld, nullptr, nullptr, nullptr, nullptr);
 }
 
 void Await(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,
@@ -57,11 +59,6 @@ void Await(WebKitWebView* view, const std::string& expression, GCancellable* can
   webkit_web_view_call_async_javascript_function(
       view, body.c_str(), static_cast<gssize>(body.size()), nullptr, kScriptWorld, nullptr,
       cancellable, &OnAwaited, new Done(std::move(done)));
-}
-
-void CollectWithoutScripts(WebKitWebView* view, GCancellable* cancellable, Done done) {
-  webkit_web_view_send_message_to_page(view, webkit_user_message_new("collect", nullptr),
-                                       cancellable, &OnReplied, new Done(std::move(done)));
 }
 
 PageScript::PageScript(WebKitUserContentManager* manager, const std::vector<const char*>& parts,

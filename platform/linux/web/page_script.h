@@ -16,20 +16,23 @@ namespace corvane::desktop {
 inline constexpr const char* kScriptWorld = "corvane";
 
 /// Runs the expression in the page's main frame, in the page scripts' world, and
-/// hands on its text: none when the document runs no scripts, the script fails
-/// or the page's process is gone. Never calls back before it returns.
+/// hands on its text (bytes that are UTF-8 if the page's text is): none when the
+/// script fails or the page's process is gone. Works in documents that run no
+/// scripts, too; there the record's part of the page scripts is all there is. The
+/// page is not given, and does not lose, the rights that follow a user's key or click.
+/// Never calls back before it returns.
 void Evaluate(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,
               std::function<void(std::optional<std::string>)> done);
 
-/// The same for an expression that promises its text: waits for it. Not for ever;
-/// the promise must keep itself.
+/// Runs a call in the same place as something that the user does: what follows in
+/// the page has the rights that a click gives.
+void ActForUser(WebKitWebView* view, const std::string& call);
+
+/// Evaluates an expression that promises its text and waits for it. Not for ever; the
+/// promise must keep itself. None in documents that run no scripts, and rights that
+/// the page has from a key end: for pages that are only just coming.
 void Await(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,
            std::function<void(std::optional<std::string>)> done);
-
-/// Asks the page's process itself for the record, for documents that run no
-/// scripts. Same contract as Evaluate.
-void CollectWithoutScripts(WebKitWebView* view, GCancellable* cancellable,
-                           std::function<void(std::optional<std::string>)> done);
 
 /// Installs scripts of the program in every frame and hands on each message that they
 /// post to their channel: the kind and the text.

@@ -29,13 +29,23 @@ void Watchdog::Watch() {
     warned_ = true;
     warn_();
   });
-  end_delay_.Start(keep_watching_() ? kMoreWhileLoading * limits_.end : limits_.end, [this] {
-    Reset();
-    end_();
-  });
+  EndIn(keep_watching_() ? kMoreWhileLoading * limits_.end : limits_.end);
   ping_([this, ping = std::weak_ptr(current_)] {
     if (!ping.expired()) Answered();
   });
+}
+
+void Watchdog::EndIn(double seconds) {
+  end_delay_.Start(seconds, [this] {
+    Reset();
+    end_();
+  });
+}
+
+void Watchdog::Hurry() {
+  if (!current_) return;
+  warn_delay_.Cancel();
+  EndIn(limits_.warn);
 }
 
 void Watchdog::Reset() {

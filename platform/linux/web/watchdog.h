@@ -26,6 +26,9 @@ class Watchdog {
 
   /// Makes sure that a ping is under way.
   void Watch();
+  /// The user goes elsewhere: a ping that is under way may take no longer than it
+  /// takes until the user would be told.
+  void Hurry();
   /// Forgets the ping under way: the page is another one, or its process is gone.
   void Reset();
   /// Whether the user has been told and no answer has come since.
@@ -33,6 +36,7 @@ class Watchdog {
 
  private:
   void Answered();
+  void EndIn(double seconds);
 
   Limits limits_;
   std::function<void(Answer)> ping_;

@@ -110,6 +110,16 @@ TEST_F(PageKeysTest, TabStaysInAPageThatAnswers) {
   EXPECT_TRUE(browser_->widget().has_focus());
 }
 
+TEST_F(PageKeysTest, APageKeepsTheRightsThatAKeyGivesIt) {
+  server_.Page("/may", "<title>B</title>");
+  server_.Page("/may-not", "<title>C</title>");
+  Open("<title>A</title><script>onkeydown = () => setTimeout(() =>"
+       "location = navigator.userActivation.isActive ? '/may' : '/may-not', 200)</script>");
+  Press(GDK_KEY_a);
+  ASSERT_TRUE(WaitUntil([&] { return browser_->LocationURL() != server_.Url(); }));
+  EXPECT_EQ(browser_->LocationURL(), server_.Url("/may"));
+}
+
 TEST_F(PageKeysTest, TabLeadsOutOfAPageThatDoesNotAnswer) {
   OpenSlow("<a href=/b>One</a>");
   Press(GDK_KEY_Tab);

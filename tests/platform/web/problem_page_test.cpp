@@ -259,6 +259,57 @@ class PatientHangTest : public HangTest {
   TestView patient_view_{patient_};
 };
 
+class HungByKeyTest : public PatientHangTest {
+ protected:
+  void SetUp() override {
+    server_.Page("/", "<title>Loop</title><script>onkeydown = () => { for (;;); }</script>");
+    server_.Page("/b", "<title>B</title>");
+    patient_view_.Go(server_.Url("/b"));
+    patient_view_.Go(server_.Url());
+    patient_view_.Focus();
+    patient_view_.Key(GDK_KEY_a);
+  }
+  void WaitForWarning() {
+    ASSERT_TRUE(WaitUntil([&] { return patient_view_.HasStatus("Press Stop"); }));
+  }
+  void ExpectOther() {
+    ASSERT_TRUE(WaitUntil([&] { return patient_view_.Count("complete") == 3; }));
+    EXPECT_EQ(patient_view_.Document()->Title, "B");
+    EXPECT_EQ(patient_view_->LocationURL(), server_.Url("/b"));
+  }
+};
+
+TEST_F(HungByKeyTest, AnotherPageNeedNotWaitForIt) {
+  WaitForWarning();
+  patient_view_->Navigate(server_.Url("/b"));
+  ExpectOther();
+}
+
+TEST_F(HungByKeyTest, AnotherPageBeforeItIsKnown) {
+  patient_view_->Navigate(server_.Url("/b"));
+  ExpectOther();
+}
+
+TEST_F(HungByKeyTest, BackNeedNotWaitForIt) {
+  WaitForWarning();
+  patient_view_->GoBack();
+  ExpectOther();
+}
+
+TEST_F(HungByKeyTest, RefreshBringsItBack) {
+  WaitForWarning();
+  patient_view_->Refresh();
+  ASSERT_TRUE(WaitUntil([&] { return patient_view_.Count("complete") == 3; }));
+  EXPECT_EQ(patient_view_.Document()->Title, "Loop");
+}
+
+TEST_F(HungByKeyTest, WhatIsNoAddressIsToldAllTheSame) {
+  WaitForWarning();
+  patient_view_->Navigate("javascript:alert(1)");
+  ASSERT_TRUE(WaitUntil([&] { return patient_view_.Count("complete") == 3; }));
+  EXPECT_EQ(patient_view_.Document()->Title, "Address refused");
+}
+
 TEST_F(PatientHangTest, StopEndsAPageThatDoesNotAnswer) {
   server_.Page("/", "<script>for (;;);</script>");
   patient_view_->Navigate(server_.Url());
