@@ -107,6 +107,7 @@ void Navigation::StartPage() {
 }
 
 void Navigation::cboAddress_DblClick() {
+  typing_ = false;
   std::string typed;
   ErrorsIgnored([&] { typed = pane_.controls.cboAddress->Text(); },
                 [&] { pane_.announcer.Say(typed); },
@@ -246,6 +247,8 @@ void Navigation::cboAddress_KeyPress(int& KeyAscii) {
   } else if (KeyAscii == kKeyTab && !pane_.menu.mnuSideBarContent(kSideBarNone).Checked()) {
     ErrorsIgnored([&] { pane_.controls.TreeView1->SetFocus(); });
     KeyAscii = 0;
+  } else if (KeyAscii != kKeyTab && KeyAscii != kKeyEscape) {
+    typing_ = true;
   }
 }
 
@@ -269,7 +272,10 @@ void Navigation::brwWebBrowser_DownloadComplete() {
       known = i < box.ListCount() && box.List(i) == address;
     }
     if (!known) box.AddItem(address);
-    box.SetText(address);
+    // A page that is there at last must not take the next address from under the
+    // user's fingers.
+    typing_ = typing_ && pane_.state.area == kAreaAddress;
+    if (!typing_) box.SetText(address);
   });
 }
 

@@ -5,7 +5,7 @@ namespace corvane {
 PaneAreas::PaneAreas(PaneContext& pane) : pane_(pane) {
   PaneControls& c = pane_.controls;
   const auto follow = [this](Control& control, PaneArea area) {
-    connections_ += control.GotFocus.Connect([this, area] { current_ = area; });
+    connections_ += control.GotFocus.Connect([this, area] { pane_.state.area = area; });
   };
   follow(*c.cboAddress, kAreaAddress);
   for (int i = 0; i < kToolbarButtons; ++i) follow(c.Toolbar(i), kAreaToolbar);
@@ -50,12 +50,12 @@ void PaneAreas::Focus(int area) {
 }
 
 void PaneAreas::Go(int step) {
-  int area = current_;
+  int area = pane_.state.area;
   do {
     area = (area + step + kPaneAreas) % kPaneAreas;
-  } while (area != current_ && !Shown(area));
+  } while (area != pane_.state.area && !Shown(area));
   // The page tells of its focus later, or not at all while it loads.
-  current_ = area;
+  pane_.state.area = area;
   ErrorsIgnored([&] { Focus(area); });
 }
 

@@ -1,21 +1,8 @@
 #pragma once
 
-#include <array>
-
 #include "browser/PaneContext.h"
 
 namespace corvane {
-
-/// The areas of a browser window, in the order in which F6 goes round them.
-enum PaneArea : int {
-  kAreaAddress,
-  kAreaToolbar,
-  kAreaSideBar,
-  kAreaLinks,
-  kAreaPage,
-  kAreaText,
-  kPaneAreas
-};
 
 /// Goes from one area of the pane to the next; each says what it is as it gets
 /// the focus. Areas that are hidden are passed over.
@@ -33,7 +20,6 @@ class PaneAreas {
   void Focus(int area);
 
   PaneContext& pane_;
-  int current_ = kAreaText;  // so that the first step leads to the address box
   Connections connections_;
 };
 

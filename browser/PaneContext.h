@@ -9,6 +9,17 @@
 
 namespace corvane {
 
+/// The areas of a browser window, in the order in which F6 goes round them.
+enum PaneArea : int {
+  kAreaAddress,
+  kAreaToolbar,
+  kAreaSideBar,
+  kAreaLinks,
+  kAreaPage,
+  kAreaText,
+  kPaneAreas
+};
+
 /// Plain state of the pane that several of its collaborators use.
 struct PaneState {
   std::string strAddress;          ///< the present page; saved as "StartingAddress"
@@ -16,6 +27,7 @@ struct PaneState {
   float sngSplitter = 0.25F;       ///< side bar width / container width
   float sngSplitterH = 0.25F;      ///< text pane height / container height
   bool blnStatusFeedback = false;  ///< status texts are spoken
+  int area = kAreaText;            ///< where the user is; so F6 leads to the address box first
 };
 
 /// What the pane's collaborators share.

@@ -174,6 +174,29 @@ TEST_F(NavigationTest, CompletedAddressEntersTheListOnce) {
   EXPECT_EQ(p.Status().PanelText(1), "A");
 }
 
+TEST_F(NavigationTest, PageThatCompletesLeavesWhatIsBeingTyped) {
+  Start();
+  p.Address().SetFocus();
+  p.Address().text = "http://ne";
+  p.Address().Press('E', 0, 'e');
+  p.Browser().Finish(MakePage("http://slow/", "x", ""));
+  EXPECT_EQ(p.Address().text, "http://ne");
+  EXPECT_THAT(p.Address().list, testing::Contains("http://slow/"));
+  p.Address().Press(kKeyReturn, 0, kKeyReturn);
+  p.Browser().Finish(MakePage("http://slow/", "x", ""));
+  EXPECT_EQ(p.Address().text, "http://slow/") << "gone to, so no longer typed";
+}
+
+TEST_F(NavigationTest, WhatWasTypedAndLeftGivesWayToThePagesAddress) {
+  Start();
+  p.Address().SetFocus();
+  p.Address().text = "http://ne";
+  p.Address().Press('E', 0, 'e');
+  p.desktop.Get<FakeComboBox>("cmbListLinks").SetFocus();
+  p.Browser().Finish(MakePage("http://slow/", "x", ""));
+  EXPECT_EQ(p.Address().text, "http://slow/");
+}
+
 TEST_F(NavigationTest, AddressThatBeginsWithAboutNeverEntersTheList) {
   Start();
   for (const char* address : {"about:blank", "About:config", "aboutme.example", ""}) {
