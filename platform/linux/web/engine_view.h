@@ -130,7 +130,7 @@ class EngineView {
   bool stopping_ = false;
   bool stays_ = false;  // the user has just refused to leave the page
   bool hung_ = false;
-  std::function<void()> go_;  // done again when the page that was to be left hangs
+  std::function<void()> go_;     // done again when the page that was to be left hangs
   bool touched_ = false;         // the user has done something in the page
   bool asked_to_leave_ = false;  // for closing; the next time it is not asked
   bool leaving_ = false;         // being asked just now

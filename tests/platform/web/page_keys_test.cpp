@@ -113,8 +113,9 @@ TEST_F(PageKeysTest, TabStaysInAPageThatAnswers) {
 TEST_F(PageKeysTest, APageKeepsTheRightsThatAKeyGivesIt) {
   server_.Page("/may", "<title>B</title>");
   server_.Page("/may-not", "<title>C</title>");
-  Open("<title>A</title><script>onkeydown = () => setTimeout(() =>"
-       "location = navigator.userActivation.isActive ? '/may' : '/may-not', 200)</script>");
+  Open(
+      "<title>A</title><script>onkeydown = () => setTimeout(() =>"
+      "location = navigator.userActivation.isActive ? '/may' : '/may-not', 200)</script>");
   Press(GDK_KEY_a);
   ASSERT_TRUE(WaitUntil([&] { return browser_->LocationURL() != server_.Url(); }));
   EXPECT_EQ(browser_->LocationURL(), server_.Url("/may"));
