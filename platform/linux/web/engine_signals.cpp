@@ -49,7 +49,7 @@ void EngineView::ConnectView() {
                      gpointer self) -> WebKitWebView* { return ViewOf(self).OnCreate(action); }));
   connect(view, "close", G_CALLBACK(+[](WebKitWebView*, gpointer self) {
             EngineView& page = ViewOf(self);
-            if (page.opened_by_page_ || page.leaving_) page.CloseSoon();
+            page.closing_.Agreed(page.opened_by_page_);
           }));
   connect(view, "web-process-terminated",
           G_CALLBACK(+[](WebKitWebView*, WebKitWebProcessTerminationReason reason, gpointer self) {
@@ -71,13 +71,13 @@ void EngineView::ConnectView() {
 void EngineView::OnKey(const GdkEventKey& event) {
   const bool types =
       event.is_modifier == 0 && (event.state & (GDK_CONTROL_MASK | GDK_MOD1_MASK)) == 0;
-  if (types) asked_to_leave_ = false;
+  if (types) closing_.Worked();
   OnInput();
 }
 
 void EngineView::OnInput() {
   requests_->UserActed();
-  touched_ = true;
+  closing_.Touched();
   // The watchdog asks after the page has been given the event, not before.
   input_.Start(0, [this] {
     if (!dialog_open_) watchdog_.Watch();
@@ -108,7 +108,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
       reader_->Forget();
       requests_->PageChanged();
       find_->PageChanged();
-      touched_ = asked_to_leave_ = leaving_ = false;
+      closing_.PageChanged();
       document_is_present_ = false;
       problem_ = std::exchange(coming_problem_, std::nullopt);
       address_ = Text(webkit_web_view_get_uri(view_.get()));

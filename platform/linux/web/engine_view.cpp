@@ -3,7 +3,6 @@
 #include <gtk/gtk.h>
 
 #include <algorithm>
-#include <cmath>
 #include <nlohmann/json.hpp>
 #include <utility>
 
@@ -16,12 +15,7 @@ namespace corvane::desktop {
 namespace {
 
 constexpr int kMostCrashes = 3;
-constexpr double kZoomStep = 0.1;
-constexpr double kLeastZoom = 0.3;
-constexpr double kMostZoom = 3;
 constexpr std::size_t kLongestStatus = 300;
-constexpr double kPatienceOnLeaving = 2;  // seconds for a page that is asked whether it may close
-constexpr const char* kSaveFilter = "Web page in one file (*.mhtml)|*.mhtml|All files|*";
 
 std::string WithoutFragment(const std::string& address) {
   return address.substr(0, address.find('#'));
@@ -70,6 +64,8 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
           PageChanges::Host{[this] { ReadAgain(); },
                             [this](const std::string& text) { listener_.say(text); }})),
       keys_(std::make_unique<PageKeys>(view_.get(), KeysHost(), engine.Options().hang.keys)),
+      closing_(
+          view_.get(), [this] { listener_.close(); }, [this] { return dialog_open_; }),
       watchdog_(
           engine.Options().hang,
           [this](Watchdog::Answer answer) {
@@ -140,7 +136,7 @@ void EngineView::TakeOver(Listener listener) {
 }
 
 void EngineView::StayOnPage() {
-  if (std::exchange(leaving_, false)) return;  // nothing was to be loaded
+  if (closing_.Stay()) return;  // nothing was to be loaded
   requested_.clear();
   asked_for_.clear();
   fallback_.clear();
@@ -363,16 +359,11 @@ void EngineView::ShowStatus(const std::string& text) {
   listener_.status(Shorten(text, kLongestStatus));
 }
 
-// --- saving and printing -----------------------------------------------------
+// --- saving, printing, closing -----------------------------------------------------
 
 void EngineView::Save() {
   if (address_.empty()) return;
-  FileRequest request;
-  request.kind = FileRequest::Kind::Save;
-  request.title = "Save as";
-  request.name = ProposeSavePath(LocationName());
-  request.filter = kSaveFilter;
-  request.default_extension = "mhtml";
+  FileRequest request = SaveRequest(LocationName());
   request.chosen = [this, weak = std::weak_ptr(self_)](const std::vector<std::string>& paths) {
     if (weak.expired() || paths.empty()) return;
     SavePage(view_.get(), paths.front(), [this, weak](const std::string& outcome) {
@@ -390,26 +381,11 @@ void EngineView::Print() {
   });
 }
 
-// --- closing -----------------------------------------------------------------
-
-// Only a page in which the user has done something may have what would be lost,
-// and the engine lets only such a page ask.
-bool EngineView::MayClose() {
-  if (!touched_ || problem_ || watchdog_.Warned()) return true;
-  if (std::exchange(asked_to_leave_, true)) return true;
-  leaving_ = true;
-  closing_.Start(kPatienceOnLeaving, [this] {
-    if (leaving_ && !dialog_open_) listener_.close();
-  });
-  webkit_web_view_try_close(view_.get());
-  return false;
-}
-
-void EngineView::CloseSoon() {
-  closing_.Start(0, [this] { listener_.close(); });
-}
+bool EngineView::MayClose() { return problem_ || watchdog_.Warned() || closing_.May(); }
 
 // --- finding and zooming -------------------------------------------------------
+
+void EngineView::SayZoom(int percent) { listener_.say(std::to_string(percent) + " percent"); }
 
 void EngineView::Do(WebBrowser::PageCommand command) {
   switch (command) {
@@ -420,23 +396,14 @@ void EngineView::Do(WebBrowser::PageCommand command) {
     case WebBrowser::PageCommand::FindPrevious:
       return find_->Step(false);
     case WebBrowser::PageCommand::ZoomIn:
-      return Zoom(engine_.Preferences().zoom + kZoomStep);
+      return SayZoom(engine_.ZoomBy(1));
     case WebBrowser::PageCommand::ZoomOut:
-      return Zoom(engine_.Preferences().zoom - kZoomStep);
+      return SayZoom(engine_.ZoomBy(-1));
     case WebBrowser::PageCommand::ZoomReset:
-      return Zoom(1);
+      return SayZoom(engine_.ZoomReset());
     case WebBrowser::PageCommand::ReadAgain:
       return ReadAgain();
   }
-}
-
-void EngineView::Zoom(double zoom) {
-  EnginePreferences preferences = engine_.Preferences();
-  const int percent = static_cast<int>(std::lround(std::clamp(zoom, kLeastZoom, kMostZoom) * 100));
-  preferences.zoom = percent / 100.0;
-  engine_.SetPreferences(preferences);
-  if (engine_.Options().zoom_changed) engine_.Options().zoom_changed(percent);
-  listener_.say(std::to_string(percent) + " percent");
 }
 
 }  // namespace corvane::desktop

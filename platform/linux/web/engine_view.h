@@ -13,6 +13,7 @@
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/navigation.h"
 #include "platform/linux/web/page_changes.h"
+#include "platform/linux/web/page_closing.h"
 #include "platform/linux/web/page_keys.h"
 #include "platform/linux/web/page_policy.h"
 #include "platform/linux/web/page_reader.h"
@@ -100,8 +101,7 @@ class EngineView {
   void ShowStatus(const std::string& text);
   void ApplyPreferences();
   void StayOnPage();
-  void CloseSoon();
-  void Zoom(double zoom);
+  void SayZoom(int percent);
   PageRequests::Host RequestsHost();
 
   WebEngine& engine_;
@@ -113,6 +113,7 @@ class EngineView {
   std::unique_ptr<FindInPage> find_;
   std::unique_ptr<PageChanges> changes_;
   std::unique_ptr<PageKeys> keys_;
+  PageClosing closing_;
   Watchdog watchdog_;
   Connections connections_;
   std::shared_ptr<EngineView*> self_;  // answers that come after the view find it gone
@@ -130,16 +131,12 @@ class EngineView {
   bool stopping_ = false;
   bool stays_ = false;  // the user has just refused to leave the page
   bool hung_ = false;
-  std::function<void()> go_;     // done again when the page that was to be left hangs
-  bool touched_ = false;         // the user has done something in the page
-  bool asked_to_leave_ = false;  // for closing; the next time it is not asked
-  bool leaving_ = false;         // being asked just now
-  int crashes_ = 0;              // since a page was last read
+  std::function<void()> go_;  // done again when the page that was to be left hangs
+  int crashes_ = 0;           // since a page was last read
   std::string base_status_;
   Delay idle_;     // a look at whether anything still loads
   Delay input_;    // the watchdog's look after a key or a click
   Delay opening_;  // of a window that the page wants
-  Delay closing_;  // of its own window
 };
 
 }  // namespace corvane::desktop

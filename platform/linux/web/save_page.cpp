@@ -12,6 +12,7 @@ namespace corvane::desktop {
 namespace {
 
 constexpr std::size_t kLongestName = 60;
+constexpr const char* kFilter = "Web page in one file (*.mhtml)|*.mhtml|All files|*";
 constexpr const char* kForbidden = "/\\:*?\"<>|";
 
 struct SaveJob {
@@ -42,10 +43,16 @@ std::string FileNameOf(const std::string& title) {
   return name.substr(start, name.find_last_not_of(" .") - start + 1);
 }
 
-std::string ProposeSavePath(const std::string& title) {
+FileRequest SaveRequest(const std::string& title) {
   std::error_code error;
   std::filesystem::create_directories(DownloadFolder(), error);
-  return FreePath(DownloadFolder(), FileNameOf(title) + ".mhtml");
+  FileRequest request;
+  request.kind = FileRequest::Kind::Save;
+  request.title = "Save as";
+  request.name = FreePath(DownloadFolder(), FileNameOf(title) + ".mhtml");
+  request.filter = kFilter;
+  request.default_extension = "mhtml";
+  return request;
 }
 
 void SavePage(WebKitWebView* view, const std::string& path,

@@ -5,14 +5,16 @@
 #include <functional>
 #include <string>
 
-namespace corvane::desktop {
+#include "platform/file_request.h"
 
-/// A path for a page of that title in the user's download folder, which is made if
-/// need be, that no file has yet.
-std::string ProposeSavePath(const std::string& title);
+namespace corvane::desktop {
 
 /// The title as a file name, without anything that a file system could mistake.
 std::string FileNameOf(const std::string& title);
+
+/// A request for a file for the page of that title: in the user's download folder,
+/// which is made if need be, under a name that no file has yet.
+FileRequest SaveRequest(const std::string& title);
 
 /// Saves the page with its pictures into one file (MHTML); `done` gets a text
 /// that tells how it went.

@@ -1,5 +1,7 @@
 #include "platform/linux/web/web_engine.h"
 
+#include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <utility>
 
@@ -8,6 +10,9 @@
 
 namespace corvane::desktop {
 namespace {
+
+constexpr double kLeastZoom = 0.3;
+constexpr double kMostZoom = 3;
 
 std::string ProgramFolder() {
   std::error_code error;
@@ -124,6 +129,15 @@ void WebEngine::SetPreferences(const EnginePreferences& preferences) {
   // Not enable-javascript: the page script must go on working.
   webkit_settings_set_enable_javascript_markup(settings, preferences.scripts);
   PreferencesChanged.Raise();
+}
+
+int WebEngine::Zoom(double zoom) {
+  EnginePreferences preferences = preferences_;
+  const int percent = static_cast<int>(std::lround(std::clamp(zoom, kLeastZoom, kMostZoom) * 100));
+  preferences.zoom = percent / 100.0;
+  SetPreferences(preferences);
+  if (options_.zoom_changed) options_.zoom_changed(percent);
+  return percent;
 }
 
 void WebEngine::ClearSiteData() {

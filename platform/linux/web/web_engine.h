@@ -82,6 +82,10 @@ class WebEngine {
   /// Takes effect at once; scripts and images with the next page.
   void SetPreferences(const EnginePreferences& preferences);
   Event<> PreferencesChanged;
+  /// Shows all pages larger by that many steps of 10 percent (smaller when negative),
+  /// or in their own size; returns the size that is kept from now on, in percent.
+  int ZoomBy(int steps) { return Zoom(preferences_.zoom + steps / 10.0); }
+  int ZoomReset() { return Zoom(1); }
 
   /// Files that are coming.
   Downloads& GetDownloads() { return *downloads_; }
@@ -106,6 +110,7 @@ class WebEngine {
   std::string SearchAddress(const std::string& address) const;
 
  private:
+  int Zoom(double zoom);
   static void OnDownload(WebKitWebContext*, WebKitDownload* download, gpointer self);
   static void OnCorvaneRequest(WebKitURISchemeRequest* request, gpointer self);
 
