@@ -22,6 +22,7 @@ void AutoFocus::Name(const char* area) {
 // Each item is tested by itself: one that the menu does not have fails and sets
 // no focus.
 void AutoFocus::AfterReading() {
+  if (pane_.state.typing) return;
   const auto chosen = [&](int index) {
     bool checked = false;
     ErrorsIgnored([&] { checked = pane_.menu.mnuFocus()(index).Checked(); });

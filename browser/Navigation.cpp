@@ -107,7 +107,7 @@ void Navigation::StartPage() {
 }
 
 void Navigation::cboAddress_DblClick() {
-  typing_ = false;
+  pane_.state.typing = false;
   std::string typed;
   ErrorsIgnored([&] { typed = pane_.controls.cboAddress->Text(); },
                 [&] { pane_.announcer.Say(typed); },
@@ -248,7 +248,7 @@ void Navigation::cboAddress_KeyPress(int& KeyAscii) {
     ErrorsIgnored([&] { pane_.controls.TreeView1->SetFocus(); });
     KeyAscii = 0;
   } else if (KeyAscii != kKeyTab && KeyAscii != kKeyEscape) {
-    typing_ = true;
+    pane_.state.typing = true;
   }
 }
 
@@ -272,10 +272,7 @@ void Navigation::brwWebBrowser_DownloadComplete() {
       known = i < box.ListCount() && box.List(i) == address;
     }
     if (!known) box.AddItem(address);
-    // A page that is there at last must not take the next address from under the
-    // user's fingers.
-    typing_ = typing_ && pane_.state.area == kAreaAddress;
-    if (!typing_) box.SetText(address);
+    if (!pane_.state.typing) box.SetText(address);
   });
 }
 

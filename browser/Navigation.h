@@ -37,7 +37,6 @@ class Navigation {
 
   PaneContext& pane_;
   PaneSettings& settings_;
-  bool typing_ = false;  // the address box holds what the user has not gone to yet
   Connections connections_;
 };
 

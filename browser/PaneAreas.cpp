@@ -5,7 +5,7 @@ namespace corvane {
 PaneAreas::PaneAreas(PaneContext& pane) : pane_(pane) {
   PaneControls& c = pane_.controls;
   const auto follow = [this](Control& control, PaneArea area) {
-    connections_ += control.GotFocus.Connect([this, area] { pane_.state.area = area; });
+    connections_ += control.GotFocus.Connect([this, area] { pane_.state.Enter(area); });
   };
   follow(*c.cboAddress, kAreaAddress);
   for (int i = 0; i < kToolbarButtons; ++i) follow(c.Toolbar(i), kAreaToolbar);
@@ -55,7 +55,7 @@ void PaneAreas::Go(int step) {
     area = (area + step + kPaneAreas) % kPaneAreas;
   } while (area != pane_.state.area && !Shown(area));
   // The page tells of its focus later, or not at all while it loads.
-  pane_.state.area = area;
+  pane_.state.Enter(area);
   ErrorsIgnored([&] { Focus(area); });
 }
 

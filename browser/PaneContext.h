@@ -28,6 +28,15 @@ struct PaneState {
   float sngSplitterH = 0.25F;      ///< text pane height / container height
   bool blnStatusFeedback = false;  ///< status texts are spoken
   int area = kAreaText;            ///< where the user is; so F6 leads to the address box first
+  /// An address is being typed: a page that is there at last must not take it, or the
+  /// focus, from under the user's fingers.
+  bool typing = false;
+
+  /// The user comes to an area; what was typed and left is given up.
+  void Enter(int entered) {
+    area = entered;
+    typing = typing && area == kAreaAddress;
+  }
 };
 
 /// What the pane's collaborators share.

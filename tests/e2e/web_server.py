@@ -90,6 +90,17 @@ class Handler(http.server.BaseHTTPRequestHandler):
         self.wfile.flush()
         self.server.stopped.wait()
 
+    def page_gated(self, _):
+        """The beginning at once, the rest when the gate is opened."""
+        self.send_response(200)
+        self.send_header("Content-Type", "text/html")
+        self.end_headers()
+        self.wfile.write(b"<title>Worth the wait</title><p>The beginning." + b" " * 4096)
+        self.wfile.flush()
+        self.server.gate.wait()
+        self.wfile.write(b"<p>The end.")
+        self.close_connection = True
+
     # Files to be saved. Of those that are not whole at once, 100,000 bytes are told.
     def begin_file(self, size=100_000):
         self.send_response(200)

@@ -174,27 +174,38 @@ TEST_F(NavigationTest, CompletedAddressEntersTheListOnce) {
   EXPECT_EQ(p.Status().PanelText(1), "A");
 }
 
-TEST_F(NavigationTest, PageThatCompletesLeavesWhatIsBeingTyped) {
-  Start();
-  p.Address().SetFocus();
-  p.Address().text = "http://ne";
-  p.Address().Press('E', 0, 'e');
-  p.Browser().Finish(MakePage("http://slow/", "x", ""));
+/// The user begins to type an address while a page loads that is to take the focus.
+struct TypingTest : NavigationTest {
+  void SetUp() override {
+    p.desktop.settings.Pane("Focus") = "2";  // the links list
+    Start();
+    p.Read(MakePage("http://first/", "x", ""));
+    p.Address().SetFocus();
+    p.Address().text = "http://ne";
+    p.Address().Press('E', 0, 'e');
+  }
+};
+
+TEST_F(TypingTest, PageThatCompletesLeavesWhatIsBeingTypedAndTheFocus) {
+  p.Read(MakePage("http://slow/", "x", ""));
   EXPECT_EQ(p.Address().text, "http://ne");
   EXPECT_THAT(p.Address().list, testing::Contains("http://slow/"));
-  p.Address().Press(kKeyReturn, 0, kKeyReturn);
-  p.Browser().Finish(MakePage("http://slow/", "x", ""));
-  EXPECT_EQ(p.Address().text, "http://slow/") << "gone to, so no longer typed";
+  EXPECT_EQ(p.desktop.focus, "cboAddress");
 }
 
-TEST_F(NavigationTest, WhatWasTypedAndLeftGivesWayToThePagesAddress) {
-  Start();
+TEST_F(TypingTest, WhatHasBeenGoneToIsNoLongerTyped) {
+  p.Address().Press(kKeyReturn, 0, kKeyReturn);
+  p.Read(MakePage("http://new/", "x", ""));
+  EXPECT_EQ(p.Address().text, "http://new/");
+  EXPECT_EQ(p.desktop.focus, "cmbListLinks");
+}
+
+TEST_F(TypingTest, WhatIsLeftGivesWayToThePagesAddress) {
+  p.Links().SetFocus();
   p.Address().SetFocus();
-  p.Address().text = "http://ne";
-  p.Address().Press('E', 0, 'e');
-  p.desktop.Get<FakeComboBox>("cmbListLinks").SetFocus();
-  p.Browser().Finish(MakePage("http://slow/", "x", ""));
+  p.Read(MakePage("http://slow/", "x", ""));
   EXPECT_EQ(p.Address().text, "http://slow/");
+  EXPECT_EQ(p.desktop.focus, "cmbListLinks");
 }
 
 TEST_F(NavigationTest, AddressThatBeginsWithAboutNeverEntersTheList) {
