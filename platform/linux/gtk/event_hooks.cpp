@@ -128,20 +128,14 @@ void EventHooks::TellWhereASubmenuWasLeft(GtkWidget* submenu) {
   Tell(GTK_MENU_ITEM(opener));
 }
 
-void LinuxKeyboardHook::SetEnabled(bool enabled) {
-  enabled_ = enabled;
-  connection_.Disconnect();
-  if (!enabled) return;
-  connection_ = hooks_.KeyPressed.Connect(
+Connection LinuxKeyboardHook::Listen() {
+  return hooks_.KeyPressed.Connect(
       [this](const GdkEventKey& event) { KeyDown.Raise(VirtualKey(event)); });
 }
 
-void LinuxMessageHook::SetEnabled(bool enabled) {
-  enabled_ = enabled;
-  connection_.Disconnect();
-  if (!enabled) return;
-  connection_ =
-      hooks_.MenuSelected.Connect([this](const MenuSelect& select) { MenuSelected.Raise(select); });
+Connection LinuxMessageHook::Listen() {
+  return hooks_.MenuSelected.Connect(
+      [this](const MenuSelect& select) { MenuSelected.Raise(select); });
 }
 
 }  // namespace corvane::desktop

@@ -6,6 +6,7 @@
 
 #include "base/event.h"
 #include "platform/hooks.h"
+#include "platform/linux/gtk/switched_hook.h"
 
 namespace corvane::desktop {
 
@@ -45,30 +46,24 @@ class EventHooks {
   std::shared_ptr<EventHooks*> self_;
 };
 
-/// Switched on, hands on the keys that the process's hooks see.
-class LinuxKeyboardHook : public KeyboardHook {
+/// Hands on the keys that the process's hooks see.
+class LinuxKeyboardHook : public SwitchedHook<KeyboardHook> {
  public:
   explicit LinuxKeyboardHook(EventHooks& hooks) : hooks_(hooks) {}
-  void SetEnabled(bool enabled) override;
-  bool Enabled() const override { return enabled_; }
 
  private:
+  Connection Listen() override;
   EventHooks& hooks_;
-  bool enabled_ = false;
-  Connection connection_;
 };
 
 /// The same for highlighted menu items.
-class LinuxMessageHook : public MessageHook {
+class LinuxMessageHook : public SwitchedHook<MessageHook> {
  public:
   explicit LinuxMessageHook(EventHooks& hooks) : hooks_(hooks) {}
-  void SetEnabled(bool enabled) override;
-  bool Enabled() const override { return enabled_; }
 
  private:
+  Connection Listen() override;
   EventHooks& hooks_;
-  bool enabled_ = false;
-  Connection connection_;
 };
 
 }  // namespace corvane::desktop
