@@ -81,6 +81,46 @@ class Menus(EndToEndTest):
         self.said("From a file")
         self.assertIn("Hello file", corvane.text_of("Text"))
 
+    def test_open_file_takes_any_name(self):
+        folder = pathlib.Path(self.home) / "pages"
+        folder.mkdir()
+        (folder / "100%25 \"quoted\"\n'lines' .html").write_text("<title>Oddly named</title><p>Hello")
+        corvane = self.start(folder=folder)
+        corvane.keys("ctrl+o")
+        wait_until(
+            lambda: any("100%25" in text for text in corvane.transcript.spoken()), "the file, which is the only one"
+        )
+        corvane.keys("Return")
+        self.said("Oddly named")
+
+    def test_open_file_refuses_a_name_that_is_no_text_aloud(self):
+        folder = pathlib.Path(self.home) / "pages"
+        folder.mkdir()
+        with open(bytes(folder) + b"/no text \xff.html", "w") as page:
+            page.write("<title>Unreachable</title>")
+        corvane = self.start(folder=folder)
+        corvane.keys("ctrl+o")
+        wait_until(
+            lambda: any("no text" in text for text in corvane.transcript.spoken()), "the file, which is the only one"
+        )
+        corvane.keys("Return")
+        self.said("File cannot be opened")
+        self.assertIn("bytes that are no text", corvane.text_of("Text"))
+
+    def test_open_file_that_vanishes_is_told_and_the_dialog_stays(self):
+        corvane = self.start()
+        page = pathlib.Path(self.home) / "page.html"
+        page.write_text("<title>Gone</title>")
+        corvane.keys("ctrl+o")
+        self.wait_for_window("Open")
+        corvane.type(str(page))
+        page.unlink()
+        corvane.keys("Return")
+        self.said("page.html was not found")
+        self.wait_for_window("Open")
+        corvane.keys("Escape")
+        self.wait_for_window("Open", 0)
+
     def test_cancelling_open_file_changes_nothing(self):
         corvane = self.start()
         self.page()
@@ -149,6 +189,22 @@ class Menus(EndToEndTest):
         wait_until(lambda: corvane.text_of("Text").strip() == before.strip(), "the text again")
 
     # Go -----------------------------------------------------------------------
+    def test_alt_g_opens_go_every_time_and_settings_when_pressed_again(self):
+        corvane = self.start()
+        for _ in range(3):
+            corvane.transcript.mark()
+            corvane.keys("alt+g")
+            self.said("Go", "Back")
+            corvane.keys("Escape", "Escape")
+        corvane.transcript.mark()
+        corvane.keys("alt+g")
+        self.said("Go", "Back")
+        corvane.keys("alt+g")
+        self.said("Go", "Back", "Settings", "IE Settings")
+        corvane.keys("alt+g")
+        self.said("Go", "Back", "Settings", "IE Settings", "Go", "Back")
+        corvane.keys("Escape", "Escape")
+
     def test_go_menu_is_the_toolbar(self):
         corvane = self.start()
         self.page()

@@ -7,6 +7,7 @@
 #include "platform/linux/gtk/menu_item_widgets.h"
 #include "platform/linux/gtk/post.h"
 #include "platform/linux/gtk/text.h"
+#include "platform/linux/gtk/title_letters.h"
 
 namespace corvane::desktop {
 namespace {
@@ -30,10 +31,7 @@ MenuEntry::~MenuEntry() {
 MenuItem& MenuEntry::Add(const std::string& caption) {
   entries_.push_back(std::make_unique<MenuEntry>(caption));
   if (item_) {
-    if (!submenu_) {
-      submenu_ = std::make_unique<Gtk::Menu>();
-      item_->set_submenu(*submenu_);
-    }
+    if (!submenu_) MakeSubmenu();
     entries_.back()->Show(*submenu_, static_cast<int>(entries_.size()) - 1);
   }
   return *entries_.back();
@@ -44,10 +42,15 @@ void MenuEntry::Show(Gtk::MenuShell& shell, int position) {
   MakeItem();
   shell.insert(*item_, position);
   if (entries_.empty()) return;
-  submenu_ = std::make_unique<Gtk::Menu>();
-  item_->set_submenu(*submenu_);
+  MakeSubmenu();
   int index = 0;
   for (const auto& entry : entries_) entry->Show(*submenu_, index++);
+}
+
+void MenuEntry::MakeSubmenu() {
+  submenu_ = std::make_unique<Gtk::Menu>();
+  AnswerLetters(submenu_->gobj());
+  item_->set_submenu(*submenu_);
 }
 
 void MenuEntry::MakeItem() {
@@ -62,6 +65,7 @@ void MenuEntry::MakeItem() {
     item_ = std::make_unique<PlainMenuItem>(WithMnemonic(caption_));
   }
   g_object_set_data(G_OBJECT(item_->gobj()), kEntryKey, this);
+  AnswerLetters(item_->gobj());
   item_->signal_activate().connect([this] {
     auto* marked = dynamic_cast<MarkedMenuItem*>(item_.get());
     if (marked && marked->Setting()) return;

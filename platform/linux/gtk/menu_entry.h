@@ -37,6 +37,7 @@ class MenuEntry : public MenuItem {
 
  private:
   void MakeItem();
+  void MakeSubmenu();
   void ShowState();
 
   std::string caption_;

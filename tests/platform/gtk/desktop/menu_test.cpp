@@ -171,6 +171,67 @@ TEST_F(ShownMenuTest, AnAccessKeyThatAButtonHasTooOpensTheMenuEveryTime) {
   EXPECT_EQ(focused, 0);
 }
 
+class SharedLetterTest : public ShownMenuTest {
+ protected:
+  void Press(const char* key) { Outside({"xdotool", "key", key}); }
+  void WaitForMenu(MenuItem& title, MenuItem& first) {
+    auto* menu = Entry(title).Widget()->get_submenu();
+    WaitFor(title.Caption() + " open at " + first.Caption(), [&] {
+      return menu->get_mapped() && Selected(*menu) == Entry(first).Widget() &&
+             Selected(menu_.Bar()) == Entry(title).Widget();
+    });
+  }
+  void Close() {
+    Outside({"xdotool", "key", "Escape", "Escape"});
+    WaitFor("the bar to close", [&] { return Selected(menu_.Bar()) == nullptr; });
+  }
+
+  MenuItem& go_ = menu_.Add("&Go");
+  MenuItem& back_ = go_.Add("&Back");
+  MenuItem& settings_ = menu_.Add("Settin&gs");
+  MenuItem& side_ = settings_.Add("Side&Bar");
+  MenuItem& hidden_ = side_.Add("Hidden");
+};
+
+TEST_F(SharedLetterTest, OpensTheFirstOfItsTitlesEveryTime) {
+  for (int press = 0; press < 3; ++press) {
+    Press("alt+g");
+    WaitForMenu(go_, back_);
+    Close();
+  }
+}
+
+TEST_F(SharedLetterTest, GoesOnToTheNextWhilePressedAgain) {
+  Press("alt+g");
+  WaitForMenu(go_, back_);
+  Press("alt+g");
+  WaitForMenu(settings_, side_);
+  Press("alt+g");
+  WaitForMenu(go_, back_);
+  Close();
+  Press("alt+g");
+  WaitForMenu(go_, back_);
+}
+
+TEST_F(SharedLetterTest, LeadsOutOfAnySubmenu) {
+  Press("alt+g");
+  Press("alt+g");
+  WaitForMenu(settings_, side_);
+  Press("Right");
+  auto* inner = Entry(side_).Widget()->get_submenu();
+  WaitFor("the submenu", [&] { return Selected(*inner) == Entry(hidden_).Widget(); });
+  Press("alt+f");
+  WaitForMenu(file_, new_);
+  EXPECT_FALSE(inner->get_mapped());
+}
+
+TEST_F(SharedLetterTest, OpensFromTheBarToo) {
+  Press("F10");
+  WaitFor("the bar", [&] { return Selected(menu_.Bar()) == Entry(file_).Widget(); });
+  Press("g");
+  WaitForMenu(go_, back_);
+}
+
 TEST_F(ShownMenuTest, ATopLevelEntryWithoutEntriesIsChosenItself) {
   Entry(help_).Widget()->activate();
   EXPECT_THAT(clicks_, ElementsAre("Help"));
