@@ -1,6 +1,8 @@
 """What the user does with a page: finding, zooming, printing, filling the screen,
 leaving it. All of it by keyboard and by ear."""
 import pathlib
+import subprocess
+import unittest
 
 from page_test import PageTest, wait_until
 
@@ -100,6 +102,91 @@ class Printing(Hearing):
 
     def backends(self, names):
         (self.config / "settings.ini").write_text(f"[Settings]\ngtk-print-backends={names}\n")
+
+    def print_page(self, folder):
+        """Opens the dialog, with a file in the folder for a printer, and goes to the
+        printer."""
+        self.backends("file")
+        (self.config.parent / "user-dirs.dirs").write_text(f'XDG_DOWNLOAD_DIR="{folder}"\n')
+        self.opened(self.base + "/rhyme.html")
+        self.corvane.transcript.mark()
+        self.corvane.keys("ctrl+p")
+        self.said("Print. General tab")
+        self.corvane.keys("Tab")
+        self.said("Printer, list, Print to File")
+
+    def tab_to(self, fits):
+        """Presses Tab until what is said fits, and returns that."""
+        for _ in range(10):
+            self.corvane.press_and_hear("Tab")
+            said = self.corvane.transcript.spoken()[-1]
+            if fits(said):
+                return said
+        raise AssertionError(f"Tab led nowhere: {self.corvane.transcript.spoken()}")
+
+    def test_a_page_is_printed_into_a_file(self):
+        folder = pathlib.Path(self.home) / "Printed"
+        folder.mkdir()
+        self.print_page(folder)
+        self.corvane.keys("Return")
+        self.said(f"Printed into {folder}/A rhyme.pdf")
+        self.assertEqual((folder / "A rhyme.pdf").read_bytes()[:5], b"%PDF-")
+        self.assert_alive()
+
+    def test_each_part_of_the_dialog_says_name_kind_and_value(self):
+        folder = pathlib.Path(self.home) / "Printed"
+        self.print_page(folder)
+        file = self.tab_to(lambda said: said.endswith("A rhyme.pdf Button"))
+        self.assertTrue(file.startswith("File, "), file)
+        self.tab_to(lambda said: said == "Output format, PDF, choice, chosen")
+        self.tab_to(lambda said: said == "All Pages, choice, chosen")
+        self.tab_to(lambda said: said == "Cancel Button")
+        self.tab_to(lambda said: said == "Print Button")
+        self.tab_to(lambda said: said == "General tab")
+        self.corvane.press_and_hear("Right")
+        self.said("Page Setup tab")
+        self.corvane.keys("Escape")
+        wait_until(lambda: "Print" not in self.corvane.window_names(), "the end of the dialog")
+        self.assertEqual(list(folder.glob("*")), [])
+
+    def test_another_file_is_chosen_for_a_printed_page(self):
+        folder = pathlib.Path(self.home) / "Printed"
+        folder.mkdir()
+        self.print_page(folder)
+        self.tab_to(lambda said: said.endswith("A rhyme.pdf Button"))
+        self.corvane.keys("space")
+        self.said("Select a filename. Name, edit box, A rhyme.pdf")
+        self.corvane.keys("ctrl+a")
+        self.corvane.type("mine.pdf")
+        self.corvane.keys("Return")
+        self.heard_that(lambda said: said.endswith("mine.pdf Button"))
+        self.tab_to(lambda said: said == "Print Button")
+        self.corvane.keys("Return")
+        self.said(f"Printed into {folder}/mine.pdf")
+        self.assertEqual((folder / "mine.pdf").read_bytes()[:5], b"%PDF-")
+
+    def test_a_folder_that_vanishes_before_the_page_is_printed_is_told(self):
+        folder = pathlib.Path(self.home) / "Printed"
+        folder.mkdir()
+        self.print_page(folder)
+        folder.rmdir()
+        self.corvane.keys("Return")
+        self.heard_that(lambda said: said.startswith("The page could not be printed: "))
+        self.assertFalse(any(said.startswith("Printed") for said in self.corvane.transcript.spoken()))
+        self.assert_alive()
+
+    def test_a_full_disk_is_told(self):
+        folder = pathlib.Path(self.home) / "Printed"
+        folder.mkdir()
+        mount = ["mount", "-t", "tmpfs", "-o", "size=4k", "tmpfs", str(folder)]
+        if subprocess.run(mount, stderr=subprocess.DEVNULL).returncode:
+            raise unittest.SkipTest("no small disk can be mounted here")
+        self.addCleanup(subprocess.run, ["umount", "--lazy", str(folder)], check=True)
+        self.print_page(folder)
+        self.corvane.keys("Return")
+        self.heard_that(lambda said: said.startswith("The page could not be printed: "))
+        self.assertFalse(any(said.startswith("Printed") for said in self.corvane.transcript.spoken()))
+        self.assert_alive()
 
     def test_no_printer_is_told(self):
         self.backends("lpr-is-not-here")

@@ -1,5 +1,8 @@
 #include "platform/linux/gtk/chosen_files.h"
 
+#include <glib.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <filesystem>
 
@@ -13,7 +16,44 @@ void PutInto(std::string& buffer, std::string text, int capacity) {
   buffer = std::move(text);
 }
 
+std::string Shown(const std::filesystem::path& path) {
+  char* name = g_filename_display_basename(path.c_str());
+  std::string shown(name);
+  g_free(name);
+  return shown;
+}
+
+std::string RefusalToOpen(const std::string& path, bool there, bool must_exist) {
+  if (!there) return must_exist ? Shown(path) + " was not found" : "";
+  return access(path.c_str(), R_OK) == 0 ? "" : Shown(path) + " cannot be read";
+}
+
+std::string RefusalToSave(const std::string& path, bool there) {
+  std::error_code error;
+  const auto folder = std::filesystem::path(path).parent_path();
+  if (!std::filesystem::is_directory(folder, error)) {
+    return "The folder " + Shown(folder) + " was not found";
+  }
+  const bool may = access(there ? path.c_str() : folder.c_str(), W_OK) == 0;
+  return may ? "" : Shown(path) + " cannot be written there";
+}
+
 }  // namespace
+
+std::string Refusal(FileDialog::Kind kind, std::uint32_t flags,
+                    const std::vector<std::string>& paths) {
+  if (paths.empty()) return "No file is chosen";
+  for (const auto& path : paths) {
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error)) return Shown(path) + " is a folder";
+    const bool there = std::filesystem::exists(path, error);
+    const std::string refusal = kind == FileDialog::Kind::Open
+                                    ? RefusalToOpen(path, there, (flags & kFileMustExist) != 0)
+                                    : RefusalToSave(path, there);
+    if (!refusal.empty()) return refusal;
+  }
+  return "";
+}
 
 bool FillChosen(OpenFileName& record, const std::vector<std::string>& paths) {
   if (paths.empty()) return false;

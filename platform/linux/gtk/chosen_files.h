@@ -8,6 +8,11 @@
 
 namespace corvane::desktop {
 
+/// Why what was chosen cannot be opened, or saved to, in words for the user; empty
+/// when nothing is against it.
+std::string Refusal(FileDialog::Kind kind, std::uint32_t flags,
+                    const std::vector<std::string>& paths);
+
 /// Writes chosen paths into a file dialog's record the way such a dialog does: one
 /// path as it is; several, with the flag for them, as the folder and the names,
 /// divided by NUL in the Explorer style and by a blank in the old one. Paths of

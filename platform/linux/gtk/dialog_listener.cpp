@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "platform/linux/gtk/chooser_keys.h"
 #include "platform/linux/gtk/focus_words.h"
 #include "platform/linux/gtk/part_names.h"
 #include "platform/linux/gtk/post.h"
@@ -65,6 +66,7 @@ gboolean DialogListener::OnMap(GSignalInvocationHint*, guint, const GValue* valu
   MarkAsSpeaking(widget);
   g_signal_connect(widget, "set-focus", G_CALLBACK(&DialogListener::OnFocus), self);
   g_signal_connect(widget, "notify::is-active", G_CALLBACK(&DialogListener::OnActive), self);
+  g_signal_connect(widget, "key-press-event", G_CALLBACK(&DialogListener::OnKeyDown), self);
   g_signal_connect(widget, "key-release-event", G_CALLBACK(&DialogListener::OnKeyUp), self);
   return TRUE;  // keep listening
 }
@@ -80,6 +82,10 @@ void DialogListener::OnActive(GtkWindow* dialog, GParamSpec*, gpointer self) {
   const std::string words = WordsFor(dialog, nullptr);
   listener.Say(Introduction(dialog) + words, true);
   listener.last_ = words;
+}
+
+gboolean DialogListener::OnKeyDown(GtkWidget* dialog, GdkEventKey* event, gpointer /*self*/) {
+  return TabLeavesEntry(GTK_WINDOW(dialog), *event) ? TRUE : FALSE;
 }
 
 gboolean DialogListener::OnKeyUp(GtkWidget* dialog, GdkEventKey*, gpointer self) {

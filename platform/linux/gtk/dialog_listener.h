@@ -26,6 +26,7 @@ class DialogListener {
   static gboolean OnMap(GSignalInvocationHint*, guint count, const GValue* values, gpointer self);
   static void OnFocus(GtkWindow* dialog, GtkWidget* focus, gpointer self);
   static void OnActive(GtkWindow* dialog, GParamSpec*, gpointer self);
+  static gboolean OnKeyDown(GtkWidget* dialog, GdkEventKey* event, gpointer self);
   static gboolean OnKeyUp(GtkWidget* dialog, GdkEventKey*, gpointer self);
   void Say(const std::string& words, bool urgent);
 

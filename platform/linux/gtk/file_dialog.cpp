@@ -6,10 +6,10 @@
 #include <glibmm/miscutils.h>
 #include <gtkmm/button.h>
 #include <gtkmm/windowgroup.h>
-#include <unistd.h>
 
 #include <utility>
 
+#include "platform/linux/gtk/chooser_keys.h"
 #include "platform/linux/gtk/chosen_files.h"
 #include "platform/linux/gtk/dialog_listener.h"
 #include "platform/linux/gtk/focus_words.h"
@@ -179,32 +179,12 @@ void GtkFileDialog::Response(int response) {
   }
 }
 
-std::string GtkFileDialog::Refusal(const std::vector<std::string>& paths) const {
-  if (paths.empty()) return "No file is chosen";
-  for (const auto& path : paths) {
-    const std::string name = NameOf(path);
-    const bool there = Glib::file_test(path, Glib::FILE_TEST_EXISTS);
-    if (IsFolder(path)) return name + " is a folder";
-    if (kind_ == Kind::Open) {
-      if (!there && (record_.flags & kFileMustExist) != 0) return name + " was not found";
-      if (there && access(path.c_str(), R_OK) != 0) return name + " cannot be read";
-    } else {
-      const std::string folder = Glib::path_get_dirname(path);
-      if (!IsFolder(folder)) return "The folder " + NameOf(folder) + " was not found";
-      if (access(there ? path.c_str() : folder.c_str(), W_OK) != 0) {
-        return name + " cannot be written there";
-      }
-    }
-  }
-  return "";
-}
-
 void GtkFileDialog::Accept() {
   std::vector<std::string> paths;
   for (const auto& path : dialog_->get_filenames()) {
     paths.push_back(WithExtension(path, kind_ == Kind::Save ? record_.default_extension : ""));
   }
-  const std::string refusal = Refusal(paths);
+  const std::string refusal = Refusal(kind_, record_.flags, paths);
   if (!refusal.empty()) return Say(refusal, true);
   const std::string& path = paths.front();
   if (kind_ == Kind::Save && Glib::file_test(path, Glib::FILE_TEST_EXISTS) &&
@@ -307,7 +287,7 @@ bool GtkFileDialog::KeyDown(const GdkEventKey& event) {
     Say(Where(), true);
     return true;
   }
-  return false;
+  return TabLeavesEntry(GTK_WINDOW(dialog_->gobj()), event);
 }
 
 void GtkFileDialog::FocusMoved() {

@@ -49,7 +49,6 @@ class GtkFileDialog : public FileDialog {
   void Response(int response);
   void TellHook(int message, int control = 0, int code = 0);
   void Accept();
-  std::string Refusal(const std::vector<std::string>& paths) const;
   void AskToReplace(const std::string& path, const std::vector<std::string>& paths);
   void Finish(Result result);
   Gtk::Button* ButtonOf(int control) const;

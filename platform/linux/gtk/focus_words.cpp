@@ -7,6 +7,11 @@ namespace {
 
 std::string Text(const char* text) { return text ? text : ""; }
 
+std::string WithoutColon(std::string name) {
+  if (!name.empty() && name.back() == ':') name.pop_back();
+  return name;
+}
+
 // The text of the first label inside.
 std::string LabelInside(GtkWidget* widget) {
   if (GTK_IS_LABEL(widget)) return Text(gtk_label_get_text(GTK_LABEL(widget)));
@@ -20,15 +25,14 @@ std::string LabelInside(GtkWidget* widget) {
   return found;
 }
 
-// The label that stands beside the widget and leads to it; without its colon.
+// The label that stands beside the widget and leads to it.
 std::string LabelBeside(GtkWidget* widget) {
   std::string text;
   GList* labels = gtk_widget_list_mnemonic_labels(widget);
   if (labels && GTK_IS_LABEL(labels->data))
     text = Text(gtk_label_get_text(GTK_LABEL(labels->data)));
   g_list_free(labels);
-  if (!text.empty() && text.back() == ':') text.pop_back();
-  return text;
+  return WithoutColon(text);
 }
 
 std::string NameOf(GtkWidget* widget) {
@@ -37,7 +41,18 @@ std::string NameOf(GtkWidget* widget) {
   if (name.empty()) name = LabelBeside(widget);
   if (name.empty()) name = LabelInside(widget);
   if (name.empty()) name = Text(gtk_widget_get_tooltip_text(widget));
-  return name;
+  return WithoutColon(name);
+}
+
+// What the group is called that the widget belongs to: the label of the nearest
+// part around it that has one.
+std::string GroupOf(GtkWidget* widget, const std::string& name) {
+  GtkWidget* window = gtk_widget_get_toplevel(widget);
+  for (GtkWidget* part = widget; part && part != window; part = gtk_widget_get_parent(part)) {
+    const std::string label = LabelBeside(part);
+    if (!label.empty() && label != name) return label;
+  }
+  return "";
 }
 
 std::string FirstText(GtkTreeModel* model, GtkTreeIter* row) {
@@ -90,9 +105,9 @@ std::string FocusWords(Gtk::Widget& widget) {
     return Joined(name, "edit box, " + (typed.empty() ? "empty" : typed));
   }
   if (GTK_IS_RADIO_BUTTON(raw)) {
-    return Joined(name, gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(raw))
-                            ? "choice, chosen"
-                            : "choice, not chosen");
+    return Joined(Joined(GroupOf(raw, name), name),
+                  gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(raw)) ? "choice, chosen"
+                                                                       : "choice, not chosen");
   }
   if (GTK_IS_CHECK_BUTTON(raw)) {
     return Joined(name, gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(raw))
@@ -103,7 +118,8 @@ std::string FocusWords(Gtk::Widget& widget) {
     const std::string chosen = Chosen(GTK_COMBO_BOX(combo));
     return Joined(NameOf(combo), chosen.empty() ? "list" : "list, " + chosen);
   }
-  if (GTK_IS_BUTTON(raw)) return name.empty() ? "Button" : name + " Button";
+  if (GTK_IS_BUTTON(raw))
+    return Joined(GroupOf(raw, name), name.empty() ? "Button" : name + " Button");
   if (GTK_IS_NOTEBOOK(raw)) return CurrentTab(GTK_NOTEBOOK(raw)) + " tab";
   const bool of_chooser = gtk_widget_get_ancestor(raw, GTK_TYPE_FILE_CHOOSER_WIDGET) != nullptr;
   if (GTK_IS_LIST_BOX(raw) || (GTK_IS_TREE_VIEW(raw) && of_chooser)) {

@@ -1,7 +1,14 @@
 #include "platform/linux/gtk/chosen_files.h"
 
+#include <glib.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <functional>
 
 namespace corvane::desktop {
 namespace {
@@ -59,6 +66,85 @@ TEST(ChosenFiles, TheDefaultExtensionIsAddedWhenThereIsNone) {
   EXPECT_EQ(WithExtension("/a.b/c", "txt"), "/a.b/c.txt");
   EXPECT_EQ(WithExtension("/a/c.htm", "txt"), "/a/c.htm");
   EXPECT_EQ(WithExtension("/a/c", ""), "/a/c");
+}
+
+/// The words as a user without special rights would hear them.
+std::string HeardByAnybody(const std::function<std::string()>& words) {
+  int ends[2];
+  if (pipe(ends) != 0) return "no pipe";
+  const pid_t child = fork();
+  if (child == 0) {
+    constexpr uid_t kNobody = 65534;
+    const bool is_nobody = geteuid() != 0 || setuid(kNobody) == 0;
+    const std::string said = is_nobody ? words() : "still somebody";
+    _exit(write(ends[1], said.data(), said.size()) < 0 ? 1 : 0);
+  }
+  close(ends[1]);
+  std::string heard(1000, '\0');
+  const auto length = read(ends[0], heard.data(), heard.size());
+  close(ends[0]);
+  waitpid(child, nullptr, 0);
+  heard.resize(static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+  return heard;
+}
+
+class RefusalTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_ + "/inner");
+    std::filesystem::permissions(folder_, std::filesystem::perms::all);
+    std::ofstream(folder_ + "/page.html") << "text";
+  }
+  void TearDown() override { std::filesystem::remove_all(folder_); }
+  std::string Why(FileDialog::Kind kind, const std::string& name,
+                  std::uint32_t flags = kFileMustExist) {
+    return HeardByAnybody([&] { return Refusal(kind, flags, {folder_ + "/" + name}); });
+  }
+  std::string ToOpen(const std::string& name) { return Why(FileDialog::Kind::Open, name); }
+  std::string ToSave(const std::string& name) { return Why(FileDialog::Kind::Save, name); }
+  void Forbid(const std::string& name, std::filesystem::perms rights) {
+    std::filesystem::permissions(folder_ + "/" + name, rights);
+  }
+
+  const std::string folder_ = testing::TempDir() + "refusal";
+};
+
+TEST_F(RefusalTest, NothingIsAgainstAFileThatCanBeRead) {
+  EXPECT_EQ(ToOpen("page.html"), "");
+  EXPECT_EQ(ToSave("new.html"), "");
+  Forbid("page.html", std::filesystem::perms::all);
+  EXPECT_EQ(ToSave("page.html"), "");
+}
+
+TEST_F(RefusalTest, NoFileAndAFolderAreNoFiles) {
+  EXPECT_EQ(Refusal(FileDialog::Kind::Open, 0, {}), "No file is chosen");
+  EXPECT_EQ(ToOpen("inner"), "inner is a folder");
+  EXPECT_EQ(ToSave("inner"), "inner is a folder");
+}
+
+TEST_F(RefusalTest, AFileThatHasGone) {
+  EXPECT_EQ(ToOpen("gone.html"), "gone.html was not found");
+  EXPECT_EQ(Why(FileDialog::Kind::Open, "gone.html", 0), "") << "where it need not exist";
+}
+
+TEST_F(RefusalTest, AFileThatMayNotBeReadOrWritten) {
+  Forbid("page.html", std::filesystem::perms::none);
+  EXPECT_EQ(ToOpen("page.html"), "page.html cannot be read");
+  EXPECT_EQ(ToSave("page.html"), "page.html cannot be written there");
+}
+
+TEST_F(RefusalTest, AFolderThatHasGoneOrMayNotBeWritten) {
+  EXPECT_EQ(ToSave("gone/new.html"), "The folder gone was not found");
+  Forbid("inner", std::filesystem::perms::owner_read | std::filesystem::perms::others_read |
+                      std::filesystem::perms::others_exec);
+  EXPECT_EQ(ToSave("inner/new.html"), "new.html cannot be written there");
+}
+
+TEST_F(RefusalTest, NamesAreSaidAsTextWhateverTheyAreMadeOf) {
+  const std::string words = ToOpen("bad \xFF name");
+  EXPECT_TRUE(g_utf8_validate(words.c_str(), -1, nullptr)) << words;
+  EXPECT_THAT(words, testing::EndsWith(" was not found"));
 }
 
 }  // namespace

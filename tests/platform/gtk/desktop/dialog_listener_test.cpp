@@ -5,9 +5,11 @@
 #include <gtkmm/comboboxtext.h>
 #include <gtkmm/dialog.h>
 #include <gtkmm/entry.h>
+#include <gtkmm/filechooserdialog.h>
 #include <gtkmm/label.h>
 #include <gtkmm/messagedialog.h>
 #include <gtkmm/notebook.h>
+#include <gtkmm/radiobutton.h>
 #include <gtkmm/scrolledwindow.h>
 #include <gtkmm/treeview.h>
 
@@ -51,6 +53,38 @@ TEST_F(DialogListenerTest, SpeaksForADialogOfTheToolkit) {
   EXPECT_THAT(Press("Tab"), ElementsAre("Reverse, check box, not checked"));
   EXPECT_THAT(Press("space"), ElementsAre("Reverse, check box, checked"));
   EXPECT_THAT(Press("Tab"), ElementsAre("Cancel Button"));
+}
+
+TEST_F(DialogListenerTest, SaysTheGroupThatAChoiceOrAButtonBelongsTo) {
+  Gtk::Dialog dialog("Print");
+  Gtk::Label format("Output _format:", true);
+  Gtk::Box formats;
+  Gtk::RadioButton::Group group;
+  Gtk::RadioButton pdf(group, "PDF");
+  Gtk::RadioButton all(group, "Pages:");
+  formats.add(pdf);
+  formats.add(all);
+  format.set_mnemonic_widget(formats);
+  Gtk::Label file("_File:", true);
+  Gtk::Box holder;
+  Gtk::Button name("page.pdf");
+  holder.add(name);
+  file.set_mnemonic_widget(holder);
+  for (Gtk::Widget* part : {static_cast<Gtk::Widget*>(&format), static_cast<Gtk::Widget*>(&formats),
+                            static_cast<Gtk::Widget*>(&file), static_cast<Gtk::Widget*>(&holder)}) {
+    dialog.get_content_area()->add(*part);
+  }
+  Show(dialog);
+  EXPECT_THAT(spoken_, ElementsAre("Print. Output format, PDF, choice, chosen"));
+  EXPECT_THAT(Press("Tab"), ElementsAre("File, page.pdf Button"));
+}
+
+TEST_F(DialogListenerTest, TabLeavesAFileChoosersEntry) {
+  Gtk::FileChooserDialog dialog("Print into", Gtk::FILE_CHOOSER_ACTION_SAVE);
+  dialog.add_button("_Cancel", 0);
+  Show(dialog);
+  EXPECT_THAT(spoken_.back(), testing::HasSubstr("Name, edit box"));
+  EXPECT_THAT(Press("Tab").back(), testing::Not(testing::HasSubstr("edit box")));
 }
 
 TEST_F(DialogListenerTest, SpeaksTabsAsTheyAreWalked) {

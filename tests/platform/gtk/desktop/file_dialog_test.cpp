@@ -144,6 +144,17 @@ TEST_F(FileDialogTest, EveryControlThatTabReachesHasWords) {
   }
 }
 
+TEST_F(FileDialogTest, TabLeavesTheNameAndComesBackToIt) {
+  Show(FileDialog::Kind::Save);
+  EXPECT_THAT(spoken_.back(), HasSubstr("Name, edit box"));
+  for (int i = 0; i == 0 || spoken_.back().find("Name, edit box") == std::string::npos; ++i) {
+    ASSERT_LT(i, 20);
+    spoken_.clear();
+    Press({"Tab"});
+    WaitFor("words for the control " + std::to_string(i), [&] { return !spoken_.empty(); });
+  }
+}
+
 TEST_F(FileDialogTest, ATypedPathIsTaken) {
   Show();
   TypePath(folder_ + "/a.html");
