@@ -45,11 +45,11 @@ std::optional<bool> PermissionBook::Find(const std::string& site, const std::str
   return found->second;
 }
 
-void PermissionBook::Decide(const std::string& site, const std::string& kind, bool allowed) {
+bool PermissionBook::Decide(const std::string& site, const std::string& kind, bool allowed) {
   // A section's name is not quoted in the file.
-  if (site.empty() || site.find_first_of("[]\n\r") != std::string::npos) return;
+  if (site.empty() || site.find_first_of("[]\n\r") != std::string::npos) return false;
   decisions_[{site, kind}] = allowed;
-  Save();
+  return Save();
 }
 
 void PermissionBook::Clear() {
@@ -57,8 +57,8 @@ void PermissionBook::Clear() {
   Save();
 }
 
-void PermissionBook::Save() const {
-  if (path_.empty()) return;
+bool PermissionBook::Save() const {
+  if (path_.empty()) return true;
   const KeyFile file(g_key_file_new());
   for (const auto& [key, allowed] : decisions_) {
     g_key_file_set_value(file.get(), key.first.c_str(), key.second.c_str(),
@@ -67,10 +67,10 @@ void PermissionBook::Save() const {
   std::error_code error;
   std::filesystem::create_directories(std::filesystem::path(path_).parent_path(), error);
   GError* raw = nullptr;
-  if (!g_key_file_save_to_file(file.get(), path_.c_str(), &raw)) {
-    const ErrorPtr problem(raw);
-    g_message("Permissions are not stored: %s", problem->message);
-  }
+  if (g_key_file_save_to_file(file.get(), path_.c_str(), &raw)) return true;
+  const ErrorPtr problem(raw);
+  g_message("Permissions are not stored: %s", problem->message);
+  return false;
 }
 
 }  // namespace corvane::desktop

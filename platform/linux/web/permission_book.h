@@ -17,12 +17,13 @@ class PermissionBook {
   /// The decision for a kind of permission ("camera") of a site
   /// ("https://example.org"); none when there is none.
   std::optional<bool> Find(const std::string& site, const std::string& kind) const;
-  void Decide(const std::string& site, const std::string& kind, bool allowed);
+  /// False when the decision could not be written.
+  bool Decide(const std::string& site, const std::string& kind, bool allowed);
   /// Forgets all decisions.
   void Clear();
 
  private:
-  void Save() const;
+  bool Save() const;
 
   std::string path_;
   std::map<std::pair<std::string, std::string>, bool> decisions_;

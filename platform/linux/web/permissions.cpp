@@ -112,7 +112,10 @@ void Permissions::Answered(const Key& key, const std::optional<DialogAnswer>& re
   const int choice = reply ? reply->button : kRefuse;
   const bool allowed = choice == kAllowOnce || choice == kAllowSite;
   if (reply) decided_[key] = allowed;
-  if (choice == kAllowSite || choice == kRefuseSite) book_.Decide(key.first, key.second, allowed);
+  const bool for_good = choice == kAllowSite || choice == kRefuseSite;
+  if (for_good && !book_.Decide(key.first, key.second, allowed)) {
+    notices_.Tell("The decision could not be stored. It holds until Corvane is closed.");
+  }
   if (node.empty()) return;
   for (const auto& request : node.mapped()) {
     allowed ? webkit_permission_request_allow(request.get())

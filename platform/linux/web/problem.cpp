@@ -40,6 +40,12 @@ Problem MissingFile(const std::string& address) {
           "Check the spelling of the path.", address};
 }
 
+Problem ForbiddenFile(const std::string& address) {
+  return {"File cannot be read",
+          "You are not allowed to read the file at " + Shorten(address, kLongestShown) + ".",
+          "Ask its owner for the right to read it, or type another address.", address};
+}
+
 }  // namespace
 
 std::string SiteOf(const std::string& address) {
@@ -72,6 +78,9 @@ Problem LoadProblem(const std::string& address, const GError& error) {
   if (g_error_matches(&error, G_IO_ERROR, G_IO_ERROR_NOT_FOUND) ||
       g_error_matches(&error, WEBKIT_NETWORK_ERROR, WEBKIT_NETWORK_ERROR_FILE_DOES_NOT_EXIST)) {
     return MissingFile(address);
+  }
+  if (g_error_matches(&error, G_IO_ERROR, G_IO_ERROR_PERMISSION_DENIED)) {
+    return ForbiddenFile(address);
   }
   if (error.domain == G_TLS_ERROR) {
     return {"No secure connection: " + SiteOf(address),

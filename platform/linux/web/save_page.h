@@ -17,7 +17,8 @@ std::string FileNameOf(const std::string& title);
 FileRequest SaveRequest(const std::string& title);
 
 /// Saves the page with its pictures into one file (MHTML); `done` gets a text
-/// that tells how it went.
+/// that tells how it went. A file that was there before stays as it was when the
+/// page cannot be saved.
 void SavePage(WebKitWebView* view, const std::string& path,
               std::function<void(const std::string& outcome)> done);
 

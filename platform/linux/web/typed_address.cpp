@@ -126,10 +126,26 @@ TypedAddress ResolveWeb(const std::string& scheme, const std::string& typed) {
   return {scheme + "://" + EscapeBlanks(rest), "", std::nullopt};
 }
 
+bool IsFile(std::string_view path) {
+  if (!path.starts_with('/') || path.find('\0') != std::string_view::npos) return false;
+  return g_file_test(std::string(path).c_str(), G_FILE_TEST_EXISTS) != FALSE;
+}
+
 TypedAddress ResolvePath(const std::string& path, const std::string& typed) {
   const GText uri(g_filename_to_uri(path.c_str(), nullptr, nullptr));
   if (!uri) return Malformed(typed);
   return {Text(uri.get()), "", std::nullopt};
+}
+
+// The engine opens only files whose names are text.
+TypedAddress ResolveExisting(const std::string& path, const std::string& typed) {
+  if (g_utf8_validate(path.data(), static_cast<gssize>(path.size()), nullptr)) {
+    return ResolvePath(path, typed);
+  }
+  return Unusable(
+      "File cannot be opened",
+      "The file's name, or its folder's, holds bytes that are no text: " + Shorten(typed, 200),
+      "Give it another name and open it again.", typed);
 }
 
 TypedAddress ResolveFile(const std::string& typed) {
@@ -187,6 +203,8 @@ TypedAddress ResolveTyped(std::string_view text, const std::string& home) {
                     Shorten(Tidy(text.substr(0, 1000)), 200));
   }
   const std::string typed = Tidy(text);
+  // A file's name may hold anything, line ends and blanks at its end too.
+  if (IsFile(text)) return ResolveExisting(std::string(text), typed);
   if (typed.empty()) {
     return Unusable("No address", "Nothing was typed into the address box.", kHowTo, "");
   }

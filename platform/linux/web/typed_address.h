@@ -22,7 +22,9 @@ struct TypedAddress {
 /// and line breaks in it do not count.
 /// - With a scheme: http, https, file, about, data and corvane go as typed;
 ///   javascript is a problem, and so are all others, which are also `outside`.
-/// - A path ("/home/x.html", "~/x.html", `home` standing for "~") is a file.
+/// - The path of a file that is there is that file, whatever stands in its name;
+///   a name that is not UTF-8 is a problem.
+/// - Another path ("/home/x.html", "~/x.html", `home` standing for "~") is a file.
 /// - Otherwise a host with or without port and path. A plain name with a dot is
 ///   tried with https first and with http when there is no connection; a host
 ///   with a port, an IP address, a name without a dot and localhost go by http.

@@ -1,7 +1,11 @@
 // What a user does with the page shown: finding, zooming, saving.
 #include <gmock/gmock.h>
 
+#include <sys/mount.h>
+
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "tests/platform/web/asking.h"
 #include "tests/platform/web/page_harness.h"
@@ -35,7 +39,7 @@ class CommandTest : public testing::Test {
     return view_.Said().size() > heard_ ? view_.Said()[heard_++] : "";
   }
 
-  const std::string file_ = testing::TempDir() + "corvane_saved.mhtml";
+  std::string file_ = testing::TempDir() + "corvane_saved.mhtml";
   std::size_t heard_ = 0;
   std::vector<int> zooms_;
   std::shared_ptr<Asking> asking_ = std::make_shared<Asking>();
@@ -146,6 +150,60 @@ TEST_F(CommandTest, APageThatCannotBeSavedIsTold) {
   std::filesystem::create_directories(file_);
   view_->Save();
   EXPECT_THAT(Heard(), HasSubstr("The page could not be saved: "));
+}
+
+std::string ContentOf(const std::string& path) {
+  std::ostringstream content;
+  content << std::ifstream(path, std::ios::binary).rdbuf();
+  return content.str();
+}
+
+/// A disk of 64 kilobytes, where one may be had.
+class SmallDisk {
+ public:
+  explicit SmallDisk(std::string folder) : folder_(std::move(folder)) {
+    std::filesystem::create_directories(folder_);
+    mounted_ = mount("tmpfs", folder_.c_str(), "tmpfs", 0, "size=64k") == 0;
+  }
+  ~SmallDisk() {
+    if (mounted_) umount2(folder_.c_str(), MNT_DETACH);
+    std::filesystem::remove(folder_);
+  }
+  bool Mounted() const { return mounted_; }
+
+ private:
+  const std::string folder_;
+  bool mounted_ = false;
+};
+
+TEST_F(CommandTest, AFullDiskKeepsTheFileThatWasThereBefore) {
+  const std::string folder = testing::TempDir() + "corvane_small_disk";
+  const SmallDisk disk(folder);
+  if (!disk.Mounted()) GTEST_SKIP() << "no small disk can be mounted here";
+  file_ = folder + "/kept.mhtml";
+  std::ofstream(file_) << "from before";
+  server_.Page("/", "<title>A</title><p>" + std::string(200'000, 'x'));
+  view_.Go(server_.Url());
+  view_->Save();
+  EXPECT_THAT(Heard(), HasSubstr("The page could not be saved: "));
+  EXPECT_EQ(ContentOf(file_), "from before");
+  const std::filesystem::directory_iterator left(folder);
+  EXPECT_EQ(std::distance(begin(left), end(left)), 1) << "nothing half written is left";
+}
+
+TEST_F(CommandTest, AFileNameMayHoldAnyCharacter) {
+  for (const char* name :
+       {"a \"b\" 'c'.mhtml", "100%25 & #1?.mhtml", "two\nlines.mhtml", " blanks .mhtml "}) {
+    file_ = testing::TempDir() + name;
+    server_.Page("/", "<title>Kept</title><p>Every word");
+    view_.Go(server_.Url());
+    view_->Save();
+    EXPECT_THAT(Heard(), HasSubstr("Saved as ")) << name;
+    view_.Go(file_);
+    EXPECT_EQ(view_.Document()->Title, "Kept") << name;
+    EXPECT_THAT(view_.Body(), HasSubstr("Every word")) << name;
+    std::filesystem::remove(file_);
+  }
 }
 
 TEST_F(CommandTest, PlainTextIsReadAsItStands) {

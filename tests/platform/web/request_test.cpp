@@ -193,6 +193,22 @@ TEST_F(RequestTest, ADecisionForTheSiteIsNotAskedAgain) {
       false);
 }
 
+TEST_F(RequestTest, ADecisionThatCannotBeStoredHoldsAndIsTold) {
+  EngineOptions options = Options();
+  options.permissions_file = "/proc/nowhere/permissions.ini";
+  WebEngine engine(options);
+  TestView view(engine);
+  asking_->replies = {{3, {}}};
+  server_.Page("/", std::string("<script>") + kWhereAmI + "</script>");
+  view.Go(server_.Url());
+  ASSERT_TRUE(WaitUntil([&] { return !view.Said().empty(); }));
+  EXPECT_THAT(view.Said(),
+              ElementsAre("The decision could not be stored. It holds until Corvane is closed."));
+  EXPECT_EQ(
+      engine.Permissions().Find("http://127.0.0.1:" + std::to_string(server_.Port()), "location"),
+      false);
+}
+
 TEST_F(RequestTest, AThousandRequestsAreOneQuestionAndThenSilence) {
   webkit_settings_set_enable_mock_capture_devices(engine_.Settings(), TRUE);
   server_.Page("/",

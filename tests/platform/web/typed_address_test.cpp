@@ -1,7 +1,11 @@
 // What typed texts lead to.
 #include "platform/linux/web/typed_address.h"
 
+#include <gio/gio.h>
 #include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
 
 namespace corvane::desktop {
 namespace {
@@ -108,6 +112,29 @@ TEST(TypedAddress, OneMegabyteIsAProblemWithAShortText) {
 TEST(TypedAddress, BrokenUtf8IsMended) {
   const auto target = Resolve("/tmp/\xFF.html");
   EXPECT_EQ(target.uri, "file:///tmp/%EF%BF%BD.html");
+}
+
+TEST(TypedAddress, AFileThatIsThereIsTakenByItsName) {
+  const std::string folder = testing::TempDir() + "typed_address";
+  std::filesystem::create_directories(folder);
+  for (const auto& [name, escaped] :
+       {std::pair{"two\nlines ", "two%0Alines%20"}, {"100%25\"'", "100%2525%22'"}}) {
+    std::ofstream(folder + "/" + name) << "x";
+    EXPECT_EQ(Resolve(folder + "/" + name).uri, "file://" + folder + "/" + escaped);
+  }
+  std::ofstream(folder + "/no text \xFF") << "x";
+  const auto target = Resolve(folder + "/no text \xFF");
+  ASSERT_TRUE(target.problem);
+  EXPECT_EQ(target.problem->title, "File cannot be opened");
+  EXPECT_TRUE(g_utf8_validate(target.problem->sentence.c_str(), -1, nullptr));
+  std::filesystem::remove_all(folder);
+}
+
+TEST(LoadProblem, AFileThatMayNotBeReadIsNamed) {
+  const GError denied{G_IO_ERROR, G_IO_ERROR_PERMISSION_DENIED, nullptr};
+  const Problem problem = LoadProblem("file:///root/secret.html", denied);
+  EXPECT_EQ(problem.title, "File cannot be read");
+  EXPECT_EQ(problem.sentence, "You are not allowed to read the file at file:///root/secret.html.");
 }
 
 TEST(TypedAddress, ScriptsAreRefusedInSoManyWords) {
