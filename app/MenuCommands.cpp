@@ -85,16 +85,17 @@ void MenuCommands::mnuView_Click(int index) {
           host_.ShowStatusBar(show);
         }
       },
-      [&] { item.SetChecked(show); });
+      [&] { item.SetChecked(show); },
+      [&] {
+        if (index == kViewStatusbar) host_.Realign();
+      });
 }
 
 void MenuCommands::mnuHelp_Click(int index) {
   if (index == kHelpContents) {
     ErrorsIgnored([&] {
       const std::string file = host_.HelpFile();
-      if (file.empty()) return;
-      pane_.GetHelp(file);
-      pane_.cmdAction(ctlWebBrowser::kFocusTree);
+      if (!file.empty()) pane_.GetHelp(file);
     });
   } else if (index == kHelpAbout) {
     ErrorsIgnored([&] { host_.Dialogs().ShowAbout(host_.MainApp()); });

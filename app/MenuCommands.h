@@ -28,6 +28,8 @@ class MenuCommands {
     virtual void NewWindow() = 0;
     /// Shows the status bar and gives it to the pane, or the other way round.
     virtual void ShowStatusBar(bool show) = 0;
+    /// Lays the window out anew.
+    virtual void Realign() = 0;
     virtual WindowDialogs& Dialogs() = 0;
     /// The help text's path; empty when it is not there, which the user is then
     /// told.

@@ -160,9 +160,10 @@ void frmCorvane::ShowStatusBar(bool show) {
   Parts& parts = Required(parts_);
   ErrorsIgnored(
       [&] { parts.sbStatusBar->SetVisible(show); },
-      [&] { parts.ctlWebBrowser1.SetStatusBar(show ? parts.sbStatusBar.get() : nullptr); },
-      [&] { parts.ELAMain->Realign(); });
+      [&] { parts.ctlWebBrowser1.SetStatusBar(show ? parts.sbStatusBar.get() : nullptr); });
 }
+
+void frmCorvane::Realign() { Required(parts_).ELAMain->Realign(); }
 
 WindowDialogs& frmCorvane::Dialogs() { return Required(parts_).dialogs; }
 

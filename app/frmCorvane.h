@@ -68,6 +68,7 @@ class frmCorvane : public ISpeechNotify,
   void SaveSetting(const std::string& key, const std::string& value) override;
   void NewWindow() override;
   void ShowStatusBar(bool show) override;
+  void Realign() override;
   WindowDialogs& Dialogs() override;
   std::string HelpFile() override;
   void CloseByUser() override;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "base/error.h"
+
 namespace corvane {
 namespace {
 
@@ -26,6 +28,11 @@ void HelpOutline::GetHelp(const std::string& file) {
     const FileSystem& files = pane_.desktop.GetFileSystem();
     if (!files.Exists(file)) return;
     const auto lines = files.ReadLines(file);
+    // An empty tree would be silent.
+    if (std::all_of(lines.begin(), lines.end(),
+                    [](const auto& line) { return trimmed(line).empty(); })) {
+      throw RunTimeError(kErrFileNotFound, "", "There is nothing in the help text " + file);
+    }
     TreeView& tree = side_bar_.ClearForOutline();
     std::array<TreeNode*, kDepths> last{};
     for (const auto& line : lines) {

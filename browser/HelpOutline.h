@@ -14,7 +14,8 @@ class HelpOutline {
  public:
   HelpOutline(PaneContext& pane, SideBar& side_bar) : pane_(pane), side_bar_(side_bar) {}
 
-  /// Shows the outline and takes the focus to it. A missing file changes nothing.
+  /// Shows the outline and takes the focus to it. A missing file changes nothing;
+  /// one that cannot be read, or is empty, is told and changes nothing either.
   void GetHelp(const std::string& file);
 
  private:

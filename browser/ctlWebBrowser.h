@@ -49,7 +49,6 @@ class ctlWebBrowser {
     kSaveAs = 1,
     kPrintPage = 2,
     kEngineOptions = 3,
-    kFocusTree = 4,
     kFocusAddress = 6,
     kOpenWebSite = 8,
     kStatusFeedback = 9,

@@ -42,6 +42,32 @@ class BadSurroundings(EndToEndTest):
         harness.PROGRAM = folder / PROGRAM.name
         return folder
 
+    def open_help(self):
+        self.corvane.transcript.mark()
+        self.corvane.keys("alt+f", "Left", "Return")
+
+    def test_missing_help_file_is_told_and_the_focus_stays(self):
+        (self.copy_program() / "cvhelp.txt").unlink()
+        corvane = self.start(settings={"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "2", "Focus": "0"}})
+        corvane.focus("Address")
+        self.open_help()
+        words = "The help text cvhelp.txt was not found. Installing Corvane again brings it back."
+        self.said(words + " OK Button")
+        self.assertTrue(any(words in (node.get_name() or "") for node in corvane.accessibles()))
+        corvane.keys("Return")
+        wait_until(lambda: corvane.focused_name() == "Address", "the address box again")
+
+    def test_help_file_that_cannot_be_read_is_told(self):
+        help_file = self.copy_program() / "cvhelp.txt"
+        help_file.unlink()
+        help_file.mkdir()  # even the superuser cannot read a folder
+        corvane = self.start(settings={"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "2", "Focus": "0"}})
+        corvane.focus("Address")
+        self.open_help()
+        self.said(f"GetHelp Error: The file {help_file} cannot be read. OK Button")
+        corvane.keys("Return")
+        wait_until(lambda: corvane.focused_name() == "Address", "the address box again")
+
     def test_missing_character_file_is_told_and_the_browser_works(self):
         (self.copy_program() / "talker.acf").unlink()
         corvane = self.start(wait=False)

@@ -37,6 +37,26 @@ TEST_F(AboutBox, HasTheProgramsIconAndALineAboveTheButton) {
               ElementsAre(&top, &p.desktop.Get<FakeLine>("Line1"), &Ok()));
 }
 
+TEST_F(AboutBox, FieldsFollowEachOtherInTheOrderOfTheirNumbers) {
+  p.Start();
+  Open();
+  EXPECT_THAT(p.desktop.Get<FakeElasticFrame>("ELATexts").children,
+              ElementsAre(&Text(1), &Text(2), &Text(3), &Text(4), &Text(5)));
+}
+
+TEST_F(AboutBox, LetsGoOfTheServiceWhenItIsClosed) {
+  p.Start();
+  const auto service = p.Service();
+  const auto before = service.use_count();
+  Open();
+  EXPECT_EQ(service.use_count(), before + 1);
+  Ok().Click.Raise();
+  EXPECT_EQ(service.use_count(), before);
+  Open();
+  Box().Close(Form::UnloadMode::ControlMenu);
+  EXPECT_EQ(service.use_count(), before);
+}
+
 TEST_F(AboutBox, ThirdLineEndsInTheVersionWithoutASecondPoint) {
   p.Start();
   Open();
@@ -135,6 +155,19 @@ TEST(AboutBoxAlone, ReportsAFailureOfTheOkButtonOnly) {
   EXPECT_EQ(desktop.boxes.shown[0].icon, MessageBox::Icon::Critical);
   EXPECT_THROW(desktop.Get<FakeTextBox>("Text1").SetFocus(), RunTimeError);
   EXPECT_EQ(desktop.boxes.shown.size(), 1U);
+}
+
+TEST(AboutBoxAlone, AReadingThatFailedIsNotTriedAgain) {
+  Program p;
+  p.StartTalking();
+  frmAbout box(p.desktop);
+  auto& ok = p.desktop.Get<FakeCommandButton>("OK");
+  ok.SetFocus();  // without a service
+  ASSERT_EQ(p.desktop.boxes.shown.size(), 1U);
+  box.CallBackInit(p.Service());
+  p.Spoken();
+  ok.SetFocus();
+  EXPECT_THAT(p.Spoken(), ElementsAre("OK"));
 }
 
 }  // namespace

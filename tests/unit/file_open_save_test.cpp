@@ -95,6 +95,61 @@ TEST_F(FileOpenSave, MaxFileSizePadsTheBuffer) {
   EXPECT_EQ(shown.record.file, std::string(1000, '\0'));
 }
 
+TEST_F(FileOpenSave, MaxFileSizeKeepsTheNameThatIsThere) {
+  dialog.SetFilename("first.htm");
+  dialog.SetMaxFileSize(1000);
+  EXPECT_EQ(dialog.filename(), "first.htm");
+  dialog.ShowOpen();
+  EXPECT_EQ(shown.record.file, "first.htm" + std::string(991, '\0'));
+  EXPECT_EQ(shown.record.max_file, 1000);
+}
+
+TEST_F(FileOpenSave, FlagsForOneFileKeepTheNameThatIsThere) {
+  dialog.SetFilename("first.htm");
+  dialog.SetFlags(kExplorerStyle | kEnableHook);
+  EXPECT_EQ(dialog.filename(), "first.htm");
+  EXPECT_EQ(dialog.MaxFileSize(), 260);
+}
+
+TEST_F(FileOpenSave, WhatWasChosenStaysUntilMoreIsChosen) {
+  Open();
+  shown.Choose("/home/ann/page.htm", "page.htm", 10);
+  Open();
+  EXPECT_EQ(dialog.filename(), "/home/ann/page.htm");
+  shown.Cancel();
+  EXPECT_EQ(dialog.filename(), "/home/ann/page.htm");
+  EXPECT_EQ(dialog.FileTitle(), "page.htm");
+  Open();
+  shown.Fail(12290);
+  EXPECT_EQ(dialog.FilePath(), "/home/ann");
+}
+
+TEST_F(FileOpenSave, TheCountIsKeptUntilADialogIsOver) {
+  dialog.SetFlags(kExplorerMulti);
+  Open();
+  shown.Choose("/a\0b\0c\0\0"s, "\0"s, 3);
+  EXPECT_EQ(dialog.FileCount(), 2);
+  dialog.SetFlags(kExplorerStyle);
+  EXPECT_EQ(dialog.FileCount(), 2);
+  dialog.ShowSave();
+  shown.Cancel();
+  EXPECT_EQ(dialog.FileCount(), 1);
+}
+
+TEST_F(FileOpenSave, TheSwitchForTheOldStyleHoldsWhileADialogIsShown) {
+  dialog.SetFlags(kExplorerStyle | kEnableHook);
+  dialog.SetDialogPosition = true;
+  dialog.SetDialogRelativeToScreen = true;
+  dialog.HideCancel = true;
+  dialog.HelpFile = "h.txt";
+  Open();
+  dwFileOpenSave::intOldStyle = 35;
+  Send(kWmInitDialog);
+  Send(kWmNotify, 0, kNotifyHelp);
+  dwFileOpenSave::intOldStyle = 0;
+  EXPECT_THAT(shown.calls, ElementsAre("Move 901 to 0,0 300x200"));
+}
+
 TEST_F(FileOpenSave, WithoutTheHookFlagThereIsNoHook) {
   dialog.SetFlags(kExplorerStyle);
   Open();

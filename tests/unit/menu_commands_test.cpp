@@ -40,6 +40,88 @@ TEST(MainMenu, CaptionsStandAsTheyAre) {
   EXPECT_THAT(captions(m.mnuHelp), ElementsAre("&Contents", "&About"));
 }
 
+// Whether the array is what the item opens, in its order and no more.
+bool Opens(const MenuItem& opener, const MenuArray& array) {
+  const auto& items = dynamic_cast<const FakeMenuItem&>(opener).items;
+  if (static_cast<int>(items.size()) != array.Count()) return false;
+  for (int i = 0; i < array.Count(); ++i) {
+    if (items[static_cast<std::size_t>(i)].get() != &array(i)) return false;
+  }
+  return true;
+}
+
+TEST(MainMenu, EachMenuHangsOnItsTitle) {
+  Program p;
+  p.Start();
+  const MainMenu& m = p.Inside().menu;
+  const std::vector<const MenuArray*> menus = {
+      &m.mnuFileItem, &m.mnuEdit, &m.mnuGo, &m.mnuSettings, &m.mnuView, &m.mnuSpeech, &m.mnuHelp};
+  for (int i = 0; i < m.mnuFile.Count(); ++i) {
+    EXPECT_TRUE(Opens(m.mnuFile(i), *menus.at(static_cast<std::size_t>(i)))) << i;
+  }
+  EXPECT_TRUE(Opens(m.mnuSettings(2), m.mnuSideBarContent));
+  EXPECT_TRUE(Opens(m.mnuSettings(3), m.mnuTextHistory));
+  EXPECT_TRUE(Opens(m.mnuSettings(4), m.mnuHome));
+  EXPECT_TRUE(Opens(m.mnuSettings(5), m.mnuFocus));
+  EXPECT_TRUE(Opens(m.mnuSpeech(3), m.mnuRate));
+  EXPECT_TRUE(Opens(m.mnuSpeech(4), m.mnuPitch));
+}
+
+TEST(MenuCommands, PitchChosenWhileSpeechIsOffIsOnlyStored) {
+  Program p;
+  p.Start();
+  p.Inside().menu.mnuPitch(0).Click.Raise();
+  EXPECT_EQ(p.Inside().menu.mnuPitch.FirstChecked(), 0);
+  EXPECT_EQ(p.desktop.settings.Main("Pitch"), "0");
+  EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
+  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
+}
+
+TEST(MenuCommands, RateAndPitchChosenWhileSpeechIsOffHoldFromTheNextStart) {
+  Program p;
+  p.Start();
+  p.Inside().menu.mnuRate(4).Click.Raise();
+  p.Inside().menu.mnuPitch(0).Click.Raise();
+  p.Inside().menu.mnuSpeech(0).Click.Raise();
+  Program next;
+  next.desktop.settings.values = p.desktop.settings.values;
+  next.Start();
+  ASSERT_NE(next.Service()->gMSAgent(), nullptr);
+  EXPECT_EQ(next.Service()->gMSAgent()->Speed(), 250);
+  EXPECT_EQ(next.Service()->gMSAgent()->Pitch(), 50);
+}
+
+TEST(MenuCommands, ChoicesThatCannotBeStoredHoldAllTheSame) {
+  Program p;
+  p.StartTalking();
+  p.desktop.settings.refused = {"Rate", "Pitch", "StatusChange", "KeyEcho", "Speech"};
+  MainMenu& menu = p.Inside().menu;
+  menu.mnuRate(0).Click.Raise();
+  menu.mnuPitch(4).Click.Raise();
+  EXPECT_EQ(p.Service()->gMSAgent()->Speed(), 50);
+  EXPECT_EQ(p.Service()->gMSAgent()->Pitch(), 130);
+  menu.mnuSettings(7).Click.Raise();
+  EXPECT_TRUE(menu.mnuSettings(7).Checked());
+  EXPECT_TRUE(p.Inside().ctlWebBrowser1.Inside().state.blnStatusFeedback);
+  menu.mnuSpeech(1).Click.Raise();
+  EXPECT_TRUE(p.Service()->gMSAgent()->blnKeyboardEcho);
+  menu.mnuSpeech(0).Click.Raise();
+  EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
+  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
+}
+
+TEST(MenuCommands, SpeechThatComesOnTellsTheEchoStateEvenWhenItIsOff) {
+  Program p;
+  p.Start();
+  std::vector<bool> told;
+  const auto listening =
+      p.Service()->KeyboardEchoStatus.Connect([&](bool on) { told.push_back(on); });
+  p.Inside().menu.mnuSpeech(0).Click.Raise();
+  EXPECT_THAT(told, ElementsAre(false));
+  p.Inside().menu.mnuSpeech(0).Click.Raise();
+  EXPECT_THAT(told, ElementsAre(false)) << "and nothing when it goes";
+}
+
 TEST(MenuCommands, RateChosenWhileSpeechIsOffIsOnlyStored) {
   Program p;
   p.Start();
@@ -295,12 +377,17 @@ TEST(MenuCommands, StatusbarItemHidesAndDetachesTheBar) {
   p.Start();
   MenuItem& item = p.Inside().menu.mnuView(1);
   int realigned = 0;
-  const auto listening = p.Inside().ELAMain->RealignFrame.Connect([&] { ++realigned; });
+  bool marked = true;  // when the window was laid out last
+  const auto listening = p.Inside().ELAMain->RealignFrame.Connect([&] {
+    ++realigned;
+    marked = item.Checked();
+  });
   EXPECT_TRUE(item.Checked());
   item.Click.Raise();
   EXPECT_FALSE(item.Checked());
   EXPECT_FALSE(p.Status().Visible());
   EXPECT_EQ(realigned, 1);
+  EXPECT_FALSE(marked) << "the mark comes before the layout";
   p.Browser().StatusTextChange.Raise("unseen");
   EXPECT_NE(p.Status().PanelText(1), "unseen");
   item.Click.Raise();
@@ -330,6 +417,37 @@ TEST(MenuCommands, AMissingHelpTextIsTold) {
               ElementsAre("The help text cvhelp.txt was not found. Installing Corvane again brings "
                           "it back."));
   EXPECT_EQ(p.desktop.focus, "cboAddress");
+}
+
+struct HelpThatCannotBeShown : testing::Test {
+  Program p;
+  void Open() {
+    p.Start();
+    p.Tree().Add(nullptr, "kept");
+    p.Address().SetFocus();
+    p.Inside().menu.mnuHelp(0).Click.Raise();
+  }
+  void ExpectNothingChanged() {
+    EXPECT_EQ(p.Tree().nodes.back()->text, "kept");
+    EXPECT_EQ(p.desktop.focus, "cboAddress");
+  }
+};
+
+TEST_F(HelpThatCannotBeShown, AnUnreadableOneIsTold) {
+  p.desktop.files.files["/opt/corvane/cvhelp.txt"] = {"Keys"};
+  p.desktop.files.unreadable = true;
+  Open();
+  EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("GetHelp Error: Permission denied"));
+  ExpectNothingChanged();
+}
+
+TEST_F(HelpThatCannotBeShown, AnEmptyOneIsTold) {
+  p.desktop.files.files["/opt/corvane/cvhelp.txt"] = {"", " \t"};
+  Open();
+  EXPECT_THAT(
+      p.desktop.boxes.Texts(),
+      ElementsAre("GetHelp Error: There is nothing in the help text /opt/corvane/cvhelp.txt"));
+  ExpectNothingChanged();
 }
 
 TEST(MenuCommands, ChoosingAnItemThatIsCheckedKeepsExactlyOne) {
