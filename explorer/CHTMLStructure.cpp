@@ -39,7 +39,8 @@ void CHTMLStructure::setChild(PageObject object, Kind kind) {
           case kDocument:
           case kFrame:
             has_children_ = true;
-            text_ = FirstNotEmpty(Required(document).nameProp, document->Title);
+            Required(document);
+            text_ = FirstNotEmpty(document->nameProp, document->Title);
             break;
           case kLinks:
             SetCollection("Links ", Required(document).links.size());
@@ -54,10 +55,12 @@ void CHTMLStructure::setChild(PageObject object, Kind kind) {
             SetCollection("Forms ", Required(document).forms.size());
             break;
           case kLink:
-            text_ = FirstNotEmpty(Required(element).innerText, element->href);
+            Required(element);
+            text_ = FirstNotEmpty(element->innerText, element->href);
             break;
           case kAnchor:
-            text_ = FirstNotEmpty(Required(element).innerText, element->href, element->name);
+            Required(element);
+            text_ = FirstNotEmpty(element->innerText, element->href, element->name);
             break;
           case kForm:
             text_ = "Contents";

@@ -45,17 +45,18 @@ class FakeControl : public Port {
   void SetAccessibleName(const std::string& value) override { accessible_name = value; }
 
   /// A key pressed and released by the user; true when the control was allowed
-  /// to act on it.
+  /// to act on it. A control that goes because of it hears no more.
   bool Press(int code, int shift = 0, int character = 0) {
+    const std::weak_ptr<int> alive = life_;
     KeyEvent down{code, shift};
     this->KeyDown.Raise(down);
     bool acts = down.KeyCode != 0;
-    if (acts && character != 0) {
+    if (acts && character != 0 && !alive.expired()) {
       this->KeyPress.Raise(character);
       acts = character != 0;
     }
     KeyEvent up{code, shift};
-    this->KeyUp.Raise(up);
+    if (!alive.expired()) this->KeyUp.Raise(up);
     return acts;
   }
 
@@ -71,6 +72,9 @@ class FakeControl : public Port {
   void Work() const;
   FakeDesktop& desktop_;
   WindowHandle handle_;
+
+ private:
+  const std::shared_ptr<int> life_ = std::make_shared<int>();
 };
 
 class FakeElasticFrame : public FakeControl<ElasticFrame> {

@@ -26,6 +26,11 @@ struct Program {
   FakeDesktop desktop;
   Multithread process{desktop};
 
+  /// Windows that are open keep themselves and what they use alive.
+  ~Program() {
+    for (const auto& window : std::vector(process.Forms())) window->Unload();
+  }
+
   /// Starts stand-alone; the first window is then `Window(0)`.
   void Start() { process.Main(); }
   /// Starts with speech on and the character ready to speak.

@@ -203,8 +203,8 @@ TEST_F(BusAutomationTest, AProcessThatAPersonStartedTakesTheNameFromARefusedOne)
 TEST_F(BusAutomationTest, SecondProcessTakesOverWhenTheFirstEnds) {
   Publish();
   const auto second = Connect(bus.Address());
-  BusAutomation later(second.get());
   RecordingServer later_server;
+  BusAutomation later(second.get());
   later.Publish(later_server);
   client.Create();
   EXPECT_EQ(server.objects, 1);
