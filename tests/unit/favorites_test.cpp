@@ -107,6 +107,19 @@ TEST_F(FavoritesTest, FailureIsSaid) {
   EXPECT_THAT(p.Spoken(), ElementsAre("Permission denied"));
 }
 
+TEST_F(FavoritesTest, OneThatHasVanishedIsToldAndTheOthersStay) {
+  shell.File("/data/Favorites/a.url");
+  shell.File("/data/Favorites/b.url");
+  StartWith(kSideBarFavorites);
+  Choose(0);
+  shell.entries.erase("/data/Favorites/a.url");
+  p.Tree().Press(kKeyDelete, kCtrlMask);
+  p.Spoken();
+  p.Tree().Press(kKeyDelete, kCtrlMask);
+  EXPECT_THAT(p.Spoken(), ElementsAre("No such file"));
+  EXPECT_EQ(shell.entries.count("/data/Favorites/b.url"), 1U);
+}
+
 TEST_F(FavoritesTest, RemovingAsksForTheKeyTwice) {
   shell.File("/data/Favorites/a.url");
   shell.File("/data/Favorites/b.url");
@@ -283,6 +296,30 @@ TEST_F(FavoritesTest, BookmarksOfAnotherBrowserAreTakenOver) {
   EXPECT_EQ(files.files.count("/data/Favorites/bookmarks/Top & first.url"), 1U);
   EXPECT_EQ(files.files.count("/data/Favorites/bookmarks/News/Deep/Deep.url"), 1U);
   EXPECT_THAT(Root().Labels(), ElementsAre("bookmarks", "bookmarks.html"));
+}
+
+TEST_F(FavoritesTest, BookmarksThatAFullDiskHasNoRoomForAreCounted) {
+  shell.File("/data/Favorites/bookmarks.html");
+  files.files["/data/Favorites/bookmarks.html"] = kExported;
+  StartWith(kSideBarFavorites);
+  Choose(0);
+  int written = 0;
+  files.on_write = [&](const std::string&, const std::string&) {
+    if (++written > 2) throw RunTimeError(kErrDeviceIo, "", "No space left on device");
+  };
+  p.Tree().Press(kKeyI, kCtrlMask);
+  EXPECT_THAT(p.Spoken(), ElementsAre("2 bookmarks taken over into bookmarks, 3 left out"));
+  EXPECT_EQ(files.files["/data/Favorites/bookmarks.html"], kExported) << "and can be tried again";
+}
+
+TEST_F(FavoritesTest, FileOfBookmarksThatCannotBeReadIsRefusedAloud) {
+  shell.File("/data/Favorites/bookmarks.html");
+  files.files["/data/Favorites/bookmarks.html"] = kExported;
+  StartWith(kSideBarFavorites);
+  Choose(0);
+  files.unreadable = true;
+  p.Tree().Press(kKeyI, kCtrlMask);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Permission denied"));
 }
 
 TEST_F(FavoritesTest, FileThatHoldsNoBookmarksIsRefusedAloud) {

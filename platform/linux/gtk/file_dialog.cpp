@@ -284,7 +284,11 @@ bool GtkFileDialog::KeyDown(const GdkEventKey& event) {
     return true;
   }
   if (event.keyval == GDK_KEY_F1) {
-    Say(Where(), true);
+    if ((record_.flags & kShowHelp) != 0) {
+      Response(kHelpResponse);
+    } else {
+      Say(Where(), true);
+    }
     return true;
   }
   return TabLeavesEntry(GTK_WINDOW(dialog_->gobj()), event);

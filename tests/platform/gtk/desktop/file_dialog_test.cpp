@@ -122,6 +122,70 @@ TEST_F(FileDialogTest, AFilterMayNameTypesOfContent) {
   EXPECT_FALSE(takes("application/pdf"));
 }
 
+TEST_F(FileDialogTest, TheFilterThatIsAskedForIsChosenAndTold) {
+  record_.filter = "Pages (*.htm)|*.htm*|Texts (*.txt)|*.txt";
+  record_.filter_index = 2;
+  Show();
+  EXPECT_EQ(dialog_->Chooser()->get_filter()->get_name(), "Texts (*.txt)");
+  WaitForSpeech("inner, folder");
+  Press({"Down"});
+  WaitForSpeech("notes.txt");
+  Press({"Return"});
+  WaitForResult();
+  EXPECT_EQ(UpToNul(result_->record.file), folder_ + "/notes.txt");
+  EXPECT_EQ(result_->record.filter_index, 2);
+}
+
+TEST_F(FileDialogTest, APathThatIsTooLongForItsBufferIsAFailure) {
+  record_.max_file = 10;
+  Show();
+  WaitForSpeech("a.html");
+  Press({"Return"});
+  WaitForResult();
+  EXPECT_FALSE(result_->chosen);
+  EXPECT_EQ(result_->extended_error, 12291);
+}
+
+TEST_F(FileDialogTest, TheHelpButtonAndF1AskTheHookForHelp) {
+  record_.flags |= kShowHelp;
+  Show();
+  for (const char* key : {"alt+h", "F1"}) {
+    messages_.clear();
+    Press({key});
+    WaitFor("the question for help", [&] { return !messages_.empty(); });
+    EXPECT_EQ(messages_.back().message, kWmNotify) << key;
+    EXPECT_EQ(messages_.back().code, kNotifyHelp) << key;
+  }
+  EXPECT_FALSE(result_.has_value());
+}
+
+TEST_F(FileDialogTest, TheOldStyleAsksForHelpWithACommand) {
+  record_.flags = kShowHelp | kEnableHook;
+  Show();
+  EXPECT_EQ(messages_.front().message, kWmInitDialog);
+  EXPECT_EQ(dialog_->Parent(messages_.front().window), 0U) << "the hook's window is the dialog";
+  Press({"F1"});
+  WaitFor("the question for help", [&] { return messages_.size() > 1; });
+  EXPECT_EQ(messages_.back().message, kWmCommand);
+  EXPECT_EQ(messages_.back().control, kDialogHelp);
+}
+
+TEST_F(FileDialogTest, F1SaysWhereTheUserIsWhereThereIsNoHelp) {
+  Show();
+  spoken_.clear();
+  messages_.clear();
+  Press({"F1"});
+  WaitForSpeech("Open. Folder my pages. ");
+  EXPECT_TRUE(messages_.empty());
+}
+
+TEST_F(FileDialogTest, AHelpFileThatCannotBeShownIsTold) {
+  Show();
+  spoken_.clear();
+  dialog_->OpenHelp("/nowhere/help.txt", 3, "0");
+  WaitForSpeech("The help file /nowhere/help.txt cannot be shown");
+}
+
 TEST_F(FileDialogTest, AFolderIsOpenedAndSaid) {
   Show();
   WaitForSpeech("a.html");

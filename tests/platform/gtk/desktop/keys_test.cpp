@@ -55,6 +55,19 @@ TEST_F(KeysTest, AKeyIsHeardThreeTimesAndThenTyped) {
   EXPECT_EQ(combo_->Text(), "a");
 }
 
+TEST_F(KeysTest, AReadOnlyFieldTellsOfItsKeysAndKeepsItsText) {
+  TextBoxControl field("Text3", windows_);
+  window_.frame.Add(field);
+  field.SetText("as it was");
+  field.SetFocus();
+  Settle();
+  listening_ += field.KeyPress.Connect([this](int& code) { log_.push_back(std::to_string(code)); });
+  Key(Top(), 'a');
+  Key(Top(), GDK_KEY_BackSpace);
+  EXPECT_EQ(log_.front(), "97");
+  EXPECT_EQ(field.Text(), "as it was");
+}
+
 TEST_F(KeysTest, ShiftedKeysKeepTheirCode) {
   Key(Top(), 'A', GDK_SHIFT_MASK);
   Key(Top(), GDK_KEY_Return);
