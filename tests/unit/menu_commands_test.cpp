@@ -428,6 +428,7 @@ struct HelpThatCannotBeShown : testing::Test {
     p.Inside().menu.mnuHelp(0).Click.Raise();
   }
   void ExpectNothingChanged() {
+    ASSERT_FALSE(p.Tree().nodes.empty());
     EXPECT_EQ(p.Tree().nodes.back()->text, "kept");
     EXPECT_EQ(p.desktop.focus, "cboAddress");
   }
