@@ -34,7 +34,9 @@ void AutoFocus::AfterReading() {
     if (chosen(kFocusLinks)) {
       c.cmbListLinks->SetFocus();
     } else if (chosen(kFocusSideBar)) {
-      c.TreeView1->SetFocus();
+      side_bar_.SetQuiet(true);
+      ErrorsIgnored([&] { c.TreeView1->SetFocus(); });
+      side_bar_.SetQuiet(false);
     } else if (chosen(kFocusWebBrowser)) {
       c.brwWebBrowser->SetFocus();
     } else if (chosen(kFocusTextBox)) {

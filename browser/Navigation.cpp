@@ -60,8 +60,10 @@ Navigation::Navigation(PaneContext& pane, PaneSettings& settings)
     });
     connections_ += button.KeyDown.Connect([this](KeyEvent& key) { cmdToolbar_KeyDown(key); });
   }
-  connections_ += c.cboAddress->GotFocus.Connect(
-      [this, &c] { pane_.announcer.Say(c.cboAddress->Text() + " Address Box"); });
+  connections_ += c.cboAddress->GotFocus.Connect([this] { SayAddressBox(); });
+  // Up and Down put another address into the box, which must be heard.
+  connections_ +=
+      c.cboAddress->Click.Connect([this, &c] { pane_.announcer.Say(c.cboAddress->Text()); });
   connections_ +=
       c.cboAddress->KeyPress.Connect([this](int& KeyAscii) { cboAddress_KeyPress(KeyAscii); });
   connections_ += c.cboAddress->DblClick.Connect([this] { cboAddress_DblClick(); });
@@ -106,6 +108,19 @@ void Navigation::StartPage() {
   ErrorsIgnored([&] { pane_.StartReading(); });
 }
 
+void Navigation::SayAddressBox() {
+  pane_.announcer.Say(pane_.controls.cboAddress->Text() + " Address Box");
+}
+
+// Who is there already hears it again: silence would tell nothing.
+void Navigation::FocusAddress() {
+  bool told = false;
+  const Connection following =
+      pane_.controls.cboAddress->GotFocus.Connect([&told] { told = true; });
+  pane_.controls.cboAddress->SetFocus();
+  if (!told) SayAddressBox();
+}
+
 void Navigation::cboAddress_DblClick() {
   pane_.state.typing = false;
   std::string typed;
@@ -148,14 +163,14 @@ void Navigation::cmdAction(int action) {
         c.ctlText1.SetFocus();
         break;
       case kActionFocusAddress:
-        c.cboAddress->SetFocus();
+        FocusAddress();
         break;
       case kActionFocusToolbar:
         c.Toolbar(kBack).SetFocus();
         break;
       case kActionOpenWebSite:
         c.cboAddress->SetText("");
-        c.cboAddress->SetFocus();
+        FocusAddress();
         break;
       case kActionStatusFeedback:
         mnuOptions_Click(kOptionStatusFeedback);
@@ -215,7 +230,7 @@ void Navigation::cmdToolbar_Click(int index) {
       break;
     case kSearch: {
       const std::string word = std::string(kSearchWord) + " ";
-      ErrorsIgnored([&] { c.cboAddress->SetText(word); }, [&] { c.cboAddress->SetFocus(); },
+      ErrorsIgnored([&] { c.cboAddress->SetText(word); }, [&] { FocusAddress(); },
                     [&] { c.cboAddress->SetSelStart(static_cast<int>(text::length(word))); });
       break;
     }

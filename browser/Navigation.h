@@ -31,6 +31,8 @@ class Navigation {
   void GoSearch(const std::string& words);
   void cmdToolbar_KeyDown(KeyEvent& key);
   void cboAddress_KeyPress(int& KeyAscii);
+  void SayAddressBox();
+  void FocusAddress();
   void brwWebBrowser_DownloadBegin();
   void brwWebBrowser_DownloadComplete();
   void brwWebBrowser_StatusTextChange(const std::string& text);

@@ -40,7 +40,9 @@ SideBar::SideBar(PaneContext& pane, PaneSettings& settings, PaneLayout& layout)
   TreeView& tree = *pane_.controls.TreeView1;
   for (const StockImage image : kPageImages) page_images_->Add("", image);
   explorer_.Init(tree, nullptr, 0, 0, 0);
-  connections_ += tree.GotFocus.Connect([this] { TreeView1_GotFocus(); });
+  connections_ += tree.GotFocus.Connect([this] {
+    if (!quiet_ || !ShowsPage()) TreeView1_GotFocus();
+  });
   connections_ += tree.NodeClick.Connect([this](TreeNode& node) { TreeView1_NodeClick(node); });
   connections_ += tree.Toggled.Connect([this](TreeNode& node) { TreeView1_NodeClick(node); });
   connections_ += tree.DblClick.Connect([this] { TreeView1_DblClick(); });
@@ -153,6 +155,12 @@ TreeView& SideBar::ClearForOutline() {
   outline_ = true;
   explorer_.ClearNodes();
   return *pane_.controls.TreeView1;
+}
+
+// Whether the tree is made anew with each page.
+bool SideBar::ShowsPage() const {
+  const int content = pane_.menu.mnuSideBarContent.FirstChecked();
+  return content == kSideBarPageStructure || content == kSideBarAccessibility;
 }
 
 bool SideBar::SelectFirst() {

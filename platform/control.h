@@ -68,6 +68,7 @@ class Control {
 
   Event<> GotFocus;
   Event<KeyEvent&> KeyDown;
+  /// A key is released that was pressed in this control and is no modifier.
   Event<KeyEvent&> KeyUp;
   /// A typed character's code (Enter is 13, Tab 9); setting it to 0 swallows it.
   Event<int&> KeyPress;

@@ -135,6 +135,12 @@ TEST_F(NavigationTest, ButtonsAndAddressBoxAreAnnounced) {
   EXPECT_THAT(p.Spoken(), ElementsAre("Forward Button", "http://a/ Address Box"));
 }
 
+TEST_F(NavigationTest, EarlierAddressesAreSpokenAsTheyAreChosen) {
+  Start();
+  p.Address().SetListIndex(1);
+  EXPECT_THAT(p.Spoken(), ElementsAre("https://www.microsoft.com/"));
+}
+
 TEST_F(NavigationTest, TabLeavesTheToolbarForAddressBoxOrTextPane) {
   Start();
   EXPECT_FALSE(Button(3).Press(kKeyTab));

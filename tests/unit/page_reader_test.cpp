@@ -157,6 +157,21 @@ TEST_F(PageReaderTest, AutoFocusFollowsTheChoice) {
   }
 }
 
+TEST_F(PageReaderTest, TreeOfThePageDoesNotCutOffItsTitle) {
+  Program program;
+  program.desktop.settings.Pane("Focus") = "3";
+  program.desktop.settings.Pane("SideBar") = "4";
+  program.StartTalking();
+  // The tree has been made when the links are listed, and the focus follows them.
+  const auto listed = program.Links().Click.Connect(
+      [&] { program.Tree().SetSelectedItem(program.Tree().Nodes().front()); });
+  program.Read(MakePage("http://a/", "Title", "text"));
+  EXPECT_EQ(program.desktop.focus, "TreeView1");
+  EXPECT_EQ(program.Spoken().back(), "Title");
+  program.Tree().SetFocus();  // the user comes to it
+  EXPECT_THAT(program.Spoken(), ElementsAre(::testing::EndsWith(" Sidebar Item")));
+}
+
 TEST_F(PageReaderTest, PanesOwnFocusMenuHasNoSixthItem) {
   FakeDesktop desktop;
   ctlWebBrowser pane(desktop);

@@ -241,7 +241,8 @@ int CharacterCode(const GdkEventKey& event) {
   switch (code) {
     case kKeyReturn:
       return control ? 10 : 13;
-    case kKeyTab:
+    case kKeyTab:  // with Shift it types nothing, so that it goes back everywhere
+      return (event.state & GDK_SHIFT_MASK) != 0 ? 0 : code;
     case kKeyEscape:
       return code;
     case 8:

@@ -5,6 +5,7 @@
 #include <gtkmm/window.h>
 
 #include <cmath>
+#include <set>
 #include <utility>
 
 #include "base/error.h"
@@ -28,6 +29,11 @@ void BecomeKey(GdkEventKey& event, guint keyval) {
     event.group = static_cast<guint8>(keys[0].group);
   }
   g_free(keys);
+}
+
+bool IsModifier(int code) {
+  constexpr int kKeyAlt = 18;
+  return code == kKeyShift || code == kKeyControl || code == kKeyAlt;
 }
 
 }  // namespace
@@ -55,6 +61,7 @@ struct WidgetBinding::State {
   std::optional<Point> place;
   bool had_focus = false;
   bool menu_took_focus = false;
+  std::set<guint16> down;  // keys that were pressed here, by their hardware code
   std::vector<sigc::connection> signals;
 
   State(Control& owner, Gtk::Widget& outside, Gtk::Widget& inside, WindowTable& table)
@@ -81,6 +88,7 @@ struct WidgetBinding::State {
 void WidgetBinding::State::FocusChanged() {
   if (std::exchange(had_focus, focus.has_focus()) == focus.has_focus()) return;
   if (!focus.has_focus()) {
+    down.clear();
     auto* top = gtk_widget_get_toplevel(focus.gobj());
     auto* grab = GTK_IS_WINDOW(top)
                      ? gtk_window_group_get_current_grab(gtk_window_get_group(GTK_WINDOW(top)))
@@ -96,6 +104,7 @@ void WidgetBinding::State::FocusChanged() {
 
 bool WidgetBinding::State::KeyDown(GdkEventKey* event) {
   const auto* before = Focused();
+  down.insert(event->hardware_keycode);
   KeyEvent key{VirtualKey(*event), ShiftState(event->state)};
   const int code = key.KeyCode;
   control->KeyDown.Raise(key);
@@ -114,9 +123,15 @@ bool WidgetBinding::State::KeyDown(GdkEventKey* event) {
   return false;
 }
 
+// The release of a key that was pressed elsewhere is not told, nor that of a
+// modifier: the Tab that leads here would have the field read its line over the
+// field's own name, the Escape that closes a menu would be taken for the field's, and
+// the Control that silences would speak again.
 bool WidgetBinding::State::KeyUp(GdkEventKey* event) {
   KeyEvent key{VirtualKey(*event), ShiftState(event->state)};
   const int code = key.KeyCode;
+  const bool pressed_here = down.erase(event->hardware_keycode) > 0;
+  if (!pressed_here || IsModifier(code)) return false;
   control->KeyUp.Raise(key);
   return !control || (code != 0 && key.KeyCode == 0);
 }

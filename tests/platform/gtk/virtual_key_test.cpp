@@ -132,7 +132,7 @@ TEST(VirtualKeyTest, CharactersOfKeys) {
   EXPECT_EQ(typed(GDK_KEY_Return), 13);
   EXPECT_EQ(typed(GDK_KEY_KP_Enter), 13);
   EXPECT_EQ(typed(GDK_KEY_Tab), 9);
-  EXPECT_EQ(typed(GDK_KEY_ISO_Left_Tab, GDK_SHIFT_MASK), 9);
+  EXPECT_EQ(typed(GDK_KEY_ISO_Left_Tab, GDK_SHIFT_MASK), 0);
   EXPECT_EQ(typed(GDK_KEY_Escape), 27);
   EXPECT_EQ(typed(GDK_KEY_BackSpace), 8);
   EXPECT_EQ(typed('a'), 'a');

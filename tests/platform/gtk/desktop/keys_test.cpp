@@ -114,6 +114,37 @@ TEST_F(KeysTest, TabMovesOnByItself) {
   EXPECT_THAT(log_, ElementsAre("down 9/0", "press 9"));
 }
 
+TEST_F(KeysTest, ShiftAndTabGoBackPastAHandlerOfTab) {
+  on_press_ = [](int& code) {
+    if (code == kKeyTab) code = 0;
+  };
+  Key(Top(), GDK_KEY_ISO_Left_Tab, GDK_SHIFT_MASK);
+  EXPECT_TRUE(button_->widget().has_focus());
+}
+
+TEST_F(KeysTest, AKeyThatWasPressedElsewhereIsNotReleasedHere) {
+  button_->SetFocus();
+  KeyDown(Top(), GDK_KEY_Tab);
+  ASSERT_FALSE(button_->widget().has_focus());
+  KeyUp(Top(), GDK_KEY_Tab);
+  EXPECT_THAT(log_, ElementsAre());
+}
+
+TEST_F(KeysTest, AKeyThatIsReleasedElsewhereIsForgotten) {
+  KeyDown(Top(), 'a');
+  button_->SetFocus();
+  KeyUp(Top(), 'a');
+  KeyDown(Top(), 'a');
+  combo_->SetFocus();
+  KeyUp(Top(), 'a');
+  EXPECT_THAT(log_, ElementsAre("down 65/0", "press 97"));
+}
+
+TEST_F(KeysTest, ModifiersAreNotReleased) {
+  for (const guint key : {GDK_KEY_Control_L, GDK_KEY_Shift_R, GDK_KEY_Alt_L}) Key(Top(), key);
+  EXPECT_THAT(log_, ElementsAre("down 17/0", "down 16/0", "down 18/0"));
+}
+
 TEST_F(KeysTest, AControlMayBeDestroyedByItsOwnKey) {
   on_down_ = [this](KeyEvent&) { combo_.reset(); };
   Key(Top(), 'a');
