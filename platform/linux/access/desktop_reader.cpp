@@ -6,6 +6,7 @@
 #include <memory>
 #include <utility>
 
+#include "platform/linux/access/bus_answer.h"
 #include "platform/linux/access/element_facts.h"
 #include "platform/linux/access/element_reader.h"
 #include "platform/linux/access/together.h"
@@ -21,18 +22,6 @@ constexpr int kMostPrograms = 500;
 
 const ElementRef kRegistry{"org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root"};
 const ElementRef kBusItself{"org.freedesktop.DBus", "/org/freedesktop/DBus"};
-
-bool Is(const VariantPtr& reply, const char* type) {
-  return reply && g_variant_is_of_type(reply.get(), G_VARIANT_TYPE(type));
-}
-
-ScreenRect RectOf(const VariantPtr& reply) {
-  ScreenRect rect;
-  if (Is(reply, "((iiii))")) {
-    g_variant_get(reply.get(), "((iiii))", &rect.left, &rect.top, &rect.width, &rect.height);
-  }
-  return rect;
-}
 
 struct Desktop {
   std::vector<OtherWindow> windows;
@@ -50,7 +39,7 @@ void ReadWindow(AccessBus& bus, const Element& element, const OtherWindow& of_pr
            [window, whole](const VariantPtr& reply) { window->place = RectOf(reply); });
   bus.Call(element.ref, kAccessibleInterface, "GetState", nullptr,
            [window, whole](const VariantPtr& reply) {
-             if (!Is(reply, "(au)")) return;
+             if (!IsOfType(reply, "(au)")) return;
              const VariantPtr words(g_variant_get_child_value(reply.get(), 0));
              window->active = ((StatesOf(words.get()) >> ATSPI_STATE_ACTIVE) & 1U) != 0;
            });
@@ -61,7 +50,7 @@ void ReadProgram(AccessBus& bus, const ElementRef& program, const std::shared_pt
   bus.Call(kBusItself, "org.freedesktop.DBus", "GetConnectionUnixProcessID",
            g_variant_new("(s)", program.bus.c_str()), [=, &bus](const VariantPtr& reply) {
              OtherWindow window;
-             if (Is(reply, "(u)")) g_variant_get(reply.get(), "(u)", &window.process);
+             if (IsOfType(reply, "(u)")) g_variant_get(reply.get(), "(u)", &window.process);
              if (window.process == static_cast<std::uint32_t>(getpid())) return;
              ReadElement(bus, program, [=, &bus](const Element& element) {
                if (element.role == kRoleVanished) return;
@@ -107,7 +96,7 @@ void Descend(AccessBus& bus, const ElementRef& ref, ScreenPoint point, Coordinat
            [=, &bus](const VariantPtr& reply) {
              const char* name = "";
              const char* path = "";
-             if (Is(reply, "((so))")) g_variant_get(reply.get(), "((&s&o))", &name, &path);
+             if (IsOfType(reply, "((so))")) g_variant_get(reply.get(), "((&s&o))", &name, &path);
              const ElementRef inner{name, path};
              const bool none = inner.bus.empty() || inner.path.ends_with("/null") || inner == ref;
              if (none) return here();
@@ -130,14 +119,7 @@ void ReadCharacter(AccessBus& bus, const ElementRef& ref, int offset,
                    std::function<void(ScreenRect)> done) {
   bus.Call(ref, kText, "GetCharacterExtents",
            g_variant_new("(iu)", offset, static_cast<guint32>(Coordinates::Window)),
-           [done = std::move(done)](const VariantPtr& reply) {
-             ScreenRect rect;
-             if (Is(reply, "(iiii)")) {
-               g_variant_get(reply.get(), "(iiii)", &rect.left, &rect.top, &rect.width,
-                             &rect.height);
-             }
-             done(rect);
-           });
+           [done = std::move(done)](const VariantPtr& reply) { done(RectOf(reply)); });
 }
 
 // The caret is at the left edge of the character that it stands before; at the end
@@ -183,7 +165,7 @@ GVariant* FocusedOnly() {
 void ReadCaret(AccessBus& bus, const ElementRef& document, CaretDone done) {
   bus.Call(document, "org.a11y.atspi.Collection", "GetMatches", FocusedOnly(),
            [&bus, done = std::move(done)](const VariantPtr& reply) {
-             if (!Is(reply, "(a(so))")) return done({});
+             if (!IsOfType(reply, "(a(so))")) return done({});
              const VariantPtr list(g_variant_get_child_value(reply.get(), 0));
              if (g_variant_n_children(list.get()) == 0) return done({});
              const char* name = nullptr;
@@ -192,7 +174,7 @@ void ReadCaret(AccessBus& bus, const ElementRef& document, CaretDone done) {
              const ElementRef focused{name, path};
              bus.Call(focused, kProperties, "Get", g_variant_new("(ss)", kText, "CaretOffset"),
                       [&bus, focused, done](const VariantPtr& offset) {
-                        if (!Is(offset, "(v)")) return done({});
+                        if (!IsOfType(offset, "(v)")) return done({});
                         GVariant* inner = nullptr;
                         g_variant_get(offset.get(), "(v)", &inner);
                         const VariantPtr owned(inner);

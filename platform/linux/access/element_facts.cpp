@@ -12,6 +12,7 @@ namespace corvane::desktop {
 namespace {
 
 constexpr int kLongestText = 12700;  // characters; no more of a label is ever shown
+constexpr std::size_t kMostBytes = 4 * kLongestText;
 constexpr const char* kEmbedded = "\xEF\xBF\xBC";
 
 enum class Lacks { Nothing, Address, Contents, Number, Words };
@@ -53,11 +54,16 @@ Lacks LackOf(const BusFacts& facts) {
   }
 }
 
+// A text without what nobody would ever hear of it.
+std::string Shown(const std::string& text) {
+  return text::left(text::valid(text.substr(0, kMostBytes)), kLongestText);
+}
+
 std::string TextOf(const VariantPtr& reply) {
   if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(s)"))) return "";
   const char* text = "";
   g_variant_get(reply.get(), "(&s)", &text);
-  return text::valid(text);
+  return Shown(text);
 }
 
 std::string NumberOf(const VariantPtr& reply) {
@@ -98,9 +104,9 @@ std::string PlainText(const std::string& text) {
 void Complete(AccessBus& bus, const ElementRef& ref, const BusFacts& facts,
               std::function<void(Element)> done) {
   Element element{ref,
-                  text::valid(facts.name),
+                  Shown(facts.name),
                   "",
-                  text::valid(facts.description),
+                  Shown(facts.description),
                   RoleOfBus(facts.role),
                   StateOfBus(facts.states, facts.role == ATSPI_ROLE_PASSWORD_TEXT),
                   facts.child_count};

@@ -2,6 +2,7 @@
 
 #include <atspi/atspi-constants.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/accessible.h"
@@ -11,6 +12,9 @@ namespace corvane::desktop::reader {
 namespace {
 
 constexpr int kDocumentDepth = 5;  // of wrappers around a page
+// A program may tell of more children than anybody has.
+constexpr std::size_t kMostRefs = 100'000;
+constexpr std::size_t kMostAtOnce = 10'000;
 
 // The facts of one element, collected from three answers.
 struct Collecting {
@@ -26,7 +30,7 @@ void TakeProperties(const VariantPtr& reply, BusFacts& facts) {
   if (g_variant_lookup(all.get(), "Name", "&s", &text)) facts.name = text;
   if (g_variant_lookup(all.get(), "Description", "&s", &text)) facts.description = text;
   gint32 count = 0;
-  if (g_variant_lookup(all.get(), "ChildCount", "i", &count)) facts.child_count = count;
+  if (g_variant_lookup(all.get(), "ChildCount", "i", &count)) facts.child_count = std::max(0, count);
 }
 
 }  // namespace
@@ -81,22 +85,23 @@ void ReadParent(AccessBus& bus, const ElementRef& ref,
 
 void ReadChildRefs(AccessBus& bus, const ElementRef& ref,
                    std::function<void(std::optional<std::vector<ElementRef>>)> done) {
-  bus.Call(ref, kAccessibleInterface, "GetChildren", nullptr,
-           [done = std::move(done)](VariantPtr reply) {
-             if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(a(so))"))) {
-               return done(std::nullopt);
-             }
-             const VariantPtr list(g_variant_get_child_value(reply.get(), 0));
-             std::vector<ElementRef> children;
-             GVariantIter each;
-             g_variant_iter_init(&each, list.get());
-             const char* name = nullptr;
-             const char* path = nullptr;
-             while (g_variant_iter_loop(&each, "(&s&o)", &name, &path)) {
-               if (*name != '\0') children.push_back({name, path});
-             }
-             done(std::move(children));
-           });
+  bus.Call(
+      ref, kAccessibleInterface, "GetChildren", nullptr,
+      [done = std::move(done)](VariantPtr reply) {
+        if (!reply || !g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("(a(so))"))) {
+          return done(std::nullopt);
+        }
+        const VariantPtr list(g_variant_get_child_value(reply.get(), 0));
+        std::vector<ElementRef> children;
+        GVariantIter each;
+        g_variant_iter_init(&each, list.get());
+        const char* name = nullptr;
+        const char* path = nullptr;
+        while (children.size() < kMostRefs && g_variant_iter_loop(&each, "(&s&o)", &name, &path)) {
+          if (*name != '\0') children.push_back({name, path});
+        }
+        done(std::move(children));
+      });
 }
 
 void ReadChildren(AccessBus& bus, const ElementRef& ref,
@@ -104,6 +109,7 @@ void ReadChildren(AccessBus& bus, const ElementRef& ref,
   ReadChildRefs(bus, ref, [&bus, done = std::move(done)](auto refs) {
     if (!refs) return done(std::nullopt);
     if (refs->empty()) return done(std::vector<Element>());
+    if (refs->size() > kMostAtOnce) refs->resize(kMostAtOnce);
     struct Filling {
       std::vector<Element> elements;
       std::size_t missing;

@@ -16,7 +16,8 @@ namespace corvane::desktop::reader {
 /// All that is known of one element; its role tells when it is gone.
 void ReadElement(AccessBus& bus, const ElementRef& ref, std::function<void(Element)> done);
 
-/// The elements below one, as they are now; nothing when it does not answer.
+/// The elements below one, as they are now, the first 10,000 of them; nothing when it
+/// does not answer.
 void ReadChildren(AccessBus& bus, const ElementRef& ref,
                   std::function<void(std::optional<std::vector<Element>>)> done);
 
@@ -24,7 +25,8 @@ void ReadChildren(AccessBus& bus, const ElementRef& ref,
 void ReadParent(AccessBus& bus, const ElementRef& ref,
                 std::function<void(std::optional<ElementRef>)> done);
 
-/// The places of the elements below one; nothing when it does not answer.
+/// The places of the elements below one, the first 100,000 of them; nothing when it
+/// does not answer.
 void ReadChildRefs(AccessBus& bus, const ElementRef& ref,
                    std::function<void(std::optional<std::vector<ElementRef>>)> done);
 

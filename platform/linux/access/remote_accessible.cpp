@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "platform/linux/access/bus_answer.h"
 #include "platform/linux/access/element_facts.h"
 #include "platform/linux/access/element_reader.h"
 #include "platform/linux/access/remote_selection.h"
@@ -98,19 +99,13 @@ std::string RemoteAccessible::OwnText(AccessibleText which) const {
 }
 
 ScreenRect RemoteAccessible::OwnLocation() const {
-  const auto place = tree_->bus->Ask<ScreenRect>([bus = tree_->bus.get(), ref = element_.ref,
-                                                  coordinates = tree_->coordinates](
-                                                     std::function<void(ScreenRect)> done) {
-    bus->Call(ref, kComponent, "GetExtents",
-              g_variant_new("(u)", static_cast<guint32>(coordinates)), [done](VariantPtr reply) {
-                ScreenRect rect;
-                if (reply && g_variant_is_of_type(reply.get(), G_VARIANT_TYPE("((iiii))"))) {
-                  g_variant_get(reply.get(), "((iiii))", &rect.left, &rect.top, &rect.width,
-                                &rect.height);
-                }
-                done(rect);
-              });
-  });
+  const auto place = tree_->bus->Ask<ScreenRect>(
+      [bus = tree_->bus.get(), ref = element_.ref,
+       coordinates = tree_->coordinates](std::function<void(ScreenRect)> done) {
+        bus->Call(ref, kComponent, "GetExtents",
+                  g_variant_new("(u)", static_cast<guint32>(coordinates)),
+                  [done](const VariantPtr& reply) { done(RectOf(reply)); });
+      });
   if (!place || (place->width == 0 && place->height == 0)) return {};
   const ScreenPoint origin = tree_->origin();
   return {place->left + origin.x, place->top + origin.y, place->width, place->height};

@@ -199,7 +199,8 @@ std::uint32_t Opened(bool expandable, bool expanded) {
 }  // namespace
 
 int RoleOfBus(std::uint32_t role) {
-  return NumberOf([role](const RoleRow& row) { return row.bus == static_cast<AtspiRole>(role); });
+  return NumberOf(
+      [role](const RoleRow& row) { return static_cast<std::uint32_t>(row.bus) == role; });
 }
 
 int RoleOfToolkit(AtkRole role) {

@@ -1,6 +1,7 @@
 #include "platform/linux/access/selection_steps.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "platform/accessible.h"
 
@@ -19,8 +20,10 @@ bool ChangesSelection(int flags) {
 SelectionSteps StepsFor(int flags, int child, const std::vector<int>& selected) {
   const bool extends = (flags & kSelectExtendSelection) != 0 && !selected.empty();
   const int anchor = extends ? selected.front() : child;
-  const int from = std::max(std::min(anchor, child), child - kMost);
-  const int to = std::min(std::max(anchor, child), child + kMost);
+  // Wider than an index, which may be the largest that there is.
+  const std::int64_t at = child;
+  const std::int64_t from = std::max<std::int64_t>(std::min(anchor, child), at - kMost);
+  const std::int64_t to = std::min<std::int64_t>(std::max(anchor, child), at + kMost);
   SelectionSteps steps;
   if ((flags & kSelectRemoveSelection) != 0) {
     std::copy_if(selected.begin(), selected.end(), std::back_inserter(steps.select),
@@ -30,9 +33,9 @@ SelectionSteps StepsFor(int flags, int child, const std::vector<int>& selected) 
     return steps;
   }
   steps.clear = (flags & kSelectTakeSelection) != 0;
-  for (int each = from; each <= to; ++each) {
+  for (std::int64_t each = from; each <= to; ++each) {
     const bool already = std::binary_search(selected.begin(), selected.end(), each);
-    if (steps.clear || !already) steps.select.push_back(each);
+    if (steps.clear || !already) steps.select.push_back(static_cast<int>(each));
   }
   return steps;
 }

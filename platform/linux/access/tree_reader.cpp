@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <set>
@@ -68,11 +69,18 @@ class TreeReading : public std::enable_shared_from_this<TreeReading> {
     walk_->Add([self = shared_from_this(), ref](const std::function<void()>& answered) {
       if (*self->cancelled_) return answered();
       ReadChildRefs(self->bus_, ref, [self, ref, answered](auto children) {
-        for (const auto& child : children.value_or(std::vector<ElementRef>())) self->Visit(child);
-        if (children) self->children_[{ref.bus, ref.path}] = std::move(*children);
+        if (children) self->Keep(ref, std::move(*children));
         answered();
       });
     });
+  }
+
+  // Elements may tell of one another without end, so the lists are counted as well.
+  void Keep(const ElementRef& ref, std::vector<ElementRef> children) {
+    children.resize(std::min(children.size(), kMostElements - listed_));
+    listed_ += children.size();
+    for (const auto& child : children) Visit(child);
+    children_[{ref.bus, ref.path}] = std::move(children);
   }
 
   void AskForFacts() {
@@ -153,6 +161,7 @@ class TreeReading : public std::enable_shared_from_this<TreeReading> {
   std::vector<ElementRef> order_;
   std::set<Place> seen_;
   std::map<Place, std::vector<ElementRef>> children_;
+  std::size_t listed_ = 0;  // in all of them
   std::map<Place, BusFacts> facts_;
   std::shared_ptr<Snapshot> snapshot_ = std::make_shared<Snapshot>();
 };

@@ -2,6 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "platform/linux/access/selection_steps.h"
 #include "tests/platform/access/access_fixture.h"
 
@@ -31,6 +33,9 @@ TEST(SelectionSteps, FollowTheFlags) {
             steps(true, {1, 2, 3}));
   EXPECT_EQ(StepsFor(kSelectExtendSelection | kSelectRemoveSelection, 2, {1, 2, 5}),
             steps(true, {5}));
+  // A program may tell of any index.
+  const int last = std::numeric_limits<int>::max();
+  EXPECT_EQ(StepsFor(kSelectAddSelection, last, {}), steps(false, {last}));
 }
 
 /// A list in one of the program's own windows.
