@@ -116,6 +116,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
           !problem_ && address_ == "about:blank" && asked.starts_with("http")) {
         ShowRefusedPort(asked);
       }
+      ProblemIsThere();
       break;
     case WEBKIT_LOAD_FINISHED:
       // Where more is loading, this was a load that has been overtaken.
@@ -167,6 +168,7 @@ void EngineView::OnIdle() {
   // takes the place of another is idle for a moment between the two.
   idle_.Start(0, [this] {
     if (webkit_web_view_is_loading(view_.get())) return;
+    if (ProblemIsThere()) return;
     if (Text(webkit_web_view_get_uri(view_.get())) != address_ && navigation_.MovedInPlace()) {
       // The page's scripts have only just been told; what they show comes a moment later.
       return idle_.Start(kMomentInPlace, [this] {

@@ -196,6 +196,10 @@ void EngineView::Load(const std::string& address) {
 // The page on the screen has to let the user go. One that does not answer is ended
 // after a moment, and what the user wanted is done then.
 void EngineView::Leave(std::function<void()> go) {
+  if (problem_loads_) {
+    after_problem_ = std::move(go);
+    return;
+  }
   go_ = std::move(go);
   if (watchdog_.Warned()) return EndHungPage();
   if (input_.Running()) {
@@ -204,6 +208,15 @@ void EngineView::Leave(std::function<void()> go) {
   }
   go_();
   watchdog_.Hurry();
+}
+
+// A page of a problem that is on its way takes the place of whatever is loaded
+// meanwhile; so that waits for it.
+bool EngineView::ProblemIsThere() {
+  if (!std::exchange(problem_loads_, false) || !after_problem_) return false;
+  navigation_.Requested();
+  Leave(std::exchange(after_problem_, nullptr));
+  return true;
 }
 
 void EngineView::GoBack() {
@@ -251,14 +264,16 @@ void EngineView::ShowProblem(const Problem& problem) {
   stopping_ = false;
   fallback_.clear();
   reader_->Cancel();
-  coming_problem_ = problem;
   navigation_.Replaced();
   // What is not an address stands under one that no list of addresses takes.
   const bool is_address =
       g_uri_is_valid(problem.address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
   const std::string address = is_address ? problem.address : "about:problem";
-  Leave([this, page = RenderProblem(problem), address] {
-    webkit_web_view_load_alternate_html(view_.get(), page.c_str(), address.c_str(), nullptr);
+  Leave([this, problem, address] {
+    problem_loads_ = true;
+    coming_problem_ = problem;
+    webkit_web_view_load_alternate_html(view_.get(), RenderProblem(problem).c_str(),
+                                        address.c_str(), nullptr);
   });
 }
 
@@ -271,6 +286,9 @@ void EngineView::OnProcessGone(WebKitWebProcessTerminationReason reason) {
   watchdog_.Reset();
   requests_->PageChanged();
   const bool hung = std::exchange(hung_, false);
+  if (std::exchange(problem_loads_, false) && after_problem_) {
+    return Leave(std::exchange(after_problem_, nullptr));
+  }
   if (const auto go = std::exchange(go_, nullptr); hung && go && navigation_.Waiting()) return go();
   const std::string address = navigation_.Waiting() || address_.empty() ? requested_ : address_;
   const Problem problem =

@@ -92,6 +92,7 @@ class EngineView {
 
   void Load(const std::string& address);
   void Leave(std::function<void()> go);
+  bool ProblemIsThere();
   void LoadSearch(const std::string& search);
   void ShowProblem(const Problem& problem);
   void ReadAgain();
@@ -131,6 +132,8 @@ class EngineView {
   bool stopping_ = false;
   bool stays_ = false;  // the user has just refused to leave the page
   bool hung_ = false;
+  bool problem_loads_ = false;
+  std::function<void()> after_problem_;
   std::function<void()> go_;  // done again when the page that was to be left hangs
   int crashes_ = 0;           // since a page was last read
   std::string base_status_;

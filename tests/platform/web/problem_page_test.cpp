@@ -233,6 +233,17 @@ TEST_F(HangTest, AScriptThatNeverEndsOnAKey) {
   EXPECT_EQ(view_.Document()->Title, "The page does not answer: 127.0.0.1");
 }
 
+TEST_F(HangTest, AnotherPageWhileTheFirstIsBeingEnded) {
+  server_.Page("/", "<title>Loop</title><script>onkeydown = () => { for (;;); }</script>");
+  server_.Page("/b", "<title>B</title>");
+  view_.Go(server_.Url());
+  view_.Focus();
+  view_.Key(GDK_KEY_a);
+  ASSERT_TRUE(WaitUntil([&] { return view_->Busy(); }));
+  view_->Navigate(server_.Url("/b"));
+  EXPECT_TRUE(WaitUntil([&] { return view_->LocationName() == "B"; }));
+}
+
 TEST_F(HangTest, AStalledConnectionIsNoHang) {
   server_.StallAfter("/", "<title>Half</title>" + std::string(4000, '.'));
   view_->Navigate(server_.Url());
