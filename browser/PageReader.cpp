@@ -71,7 +71,9 @@ void PageReader::ReadPage() {
                 [&] { pane_.status.Show(pane_.state.strAddress); },
                 [&] { c.ctlText1.AddText(kLineBreak, true); }, [&] { announcer.AddAndSay(kDone); },
                 [&] { pane_.status.Show(browser.LocationName()); });
-  if (!current()) return;
+  // What the user is being asked about a download must not be cut off by a page that
+  // has been read before.
+  if (!current() || browser.StayedOnPage()) return;
   const HTMLDocumentPtr document = browser.Document();
 
   if (menu.mnuSideBarContent(kSideBarPageStructure).Checked()) {

@@ -46,6 +46,9 @@ class WebBrowser : public Control {
   /// True from a navigation's start until its page record has arrived: whoever
   /// sees false has a complete Document.
   virtual bool Busy() const = 0;
+  /// Whether the last navigation has led to no other page, but to a download, another
+  /// program or nowhere: Document is as it was.
+  virtual bool StayedOnPage() const = 0;
   /// The present page's document; empty before the first page.
   virtual HTMLDocumentPtr Document() const = 0;
   /// Has the page described anew, as it is now, without keeping the caller

@@ -51,6 +51,20 @@ class Downloads(PageTest):
         self.said("Download begins: data 2.zip", "Download finished: data 2.zip is in Downloads")
         self.assertEqual(self.files(), {"data.zip": b"mine", "data 2.zip": b"/file/dat"})
 
+    def test_the_question_is_heard_to_its_end(self):
+        self.start(settings=QUIET)
+        self.corvane.open(self.base + "/weather.html")
+        self.said("The weather")
+        self.corvane.transcript.mark()
+        self.corvane.open(self.base + "/file/data.zip")
+        self.heard("Download. Save a file")
+        events = self.corvane.transcript.events
+        question = next(e["id"] for e in events() if e.get("text", "").startswith("Download. Save"))
+        over = wait_until(lambda: next((e["event"] for e in events() if e["id"] == question
+                                        and e["event"] in ("end", "cut")), None), "its end")
+        self.assertEqual(over, "end")
+        self.assertNotIn("Extracting Links ...", self.corvane.transcript.spoken())
+
     def test_refused_with_escape(self):
         self.start(settings=QUIET)
         self.corvane.transcript.mark()

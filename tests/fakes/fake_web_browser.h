@@ -29,6 +29,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   std::string LocationURL() const override { return location_url; }
   std::string LocationName() const override { return location_name; }
   bool Busy() const override { return busy; }
+  bool StayedOnPage() const override { return stayed; }
   HTMLDocumentPtr Document() const override { return document; }
   Connection Describe(std::function<void(const HTMLDocumentPtr&)> done) override {
     if (!describes_later) {
@@ -68,6 +69,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   std::string location_url;
   std::string location_name;
   bool busy = false;
+  bool stayed = false;
   bool opened_by_page = false;
   bool may_close = true;
   HTMLDocumentPtr document;

@@ -192,6 +192,18 @@ TEST_F(PageReaderTest, PanesOwnFocusMenuHasNoSixthItem) {
   EXPECT_THAT(desktop.boxes.Texts(), IsEmpty());
 }
 
+TEST_F(PageReaderTest, PageOnWhichTheUserStaysIsNotReadAgain) {
+  Start();
+  p.Read(MakePage("http://a/", "Title", "body"));
+  p.Spoken();
+  p.desktop.focus = "before";
+  p.Browser().stayed = true;
+  p.Read(p.Browser().document);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Working...", "Done"));
+  EXPECT_EQ(p.desktop.focus, "before");
+  EXPECT_FALSE(p.Reading().enabled);
+}
+
 TEST_F(PageReaderTest, PageWithoutDocumentStillSaysItsWords) {
   p.desktop.settings.Pane("Focus") = "0";
   p.desktop.settings.Pane("SideBar") = "2";

@@ -175,7 +175,7 @@ void EngineView::OnIdle() {
         if (navigation_.Idle()) StartReading();
       });
     }
-    if (navigation_.Idle()) return StartReading();
+    if (navigation_.Idle()) return Settle();
     OnAddressChanged();
   });
 }

@@ -141,7 +141,7 @@ void EngineView::StayOnPage() {
   asked_for_.clear();
   fallback_.clear();
   stays_ = true;
-  if (navigation_.Idle()) StartReading();
+  if (navigation_.Idle()) Settle();
 }
 
 void EngineView::ApplyPreferences() {
@@ -330,6 +330,15 @@ void EngineView::StartReading() {
   });
 }
 
+// Nothing loads any more. Where no other page has come, the one that is there has
+// been read.
+void EngineView::Settle() {
+  if (!document_is_present_ || !document_) return StartReading();
+  stayed_ = true;
+  ShowSettled();
+  navigation_.Read();
+}
+
 Connection EngineView::Describe(std::function<void(const HTMLDocumentPtr&)> described) {
   if (Busy() || !document_) {
     described(document_);
@@ -345,12 +354,22 @@ Connection EngineView::Describe(std::function<void(const HTMLDocumentPtr&)> desc
 void EngineView::FinishReading(HTMLDocumentPtr document) {
   document_ = std::move(document);
   document_is_present_ = true;
+  stayed_ = false;
+  ShowSettled();
+  const bool is_page = !problem_ && !address_.empty() && !address_.starts_with("about:") &&
+                       !address_.starts_with("corvane:");
+  if (is_page && engine_.Options().page_visited) {
+    engine_.Options().page_visited(address_, LocationName());
+  }
+  navigation_.Read();
+}
+
+void EngineView::ShowSettled() {
   stopping_ = false;
   // Back within the page, or stopped before the next one. Where the user has
   // stayed, the engine still names the page that was refused.
   if (!std::exchange(stays_, false)) OnAddressChanged();
   if (!problem_) crashes_ = 0;
-
   if (!problem_ && address_.starts_with("https:")) {
     ShowStatus("Secure connection");
   } else if (!problem_ && address_.starts_with("http:")) {
@@ -358,12 +377,6 @@ void EngineView::FinishReading(HTMLDocumentPtr document) {
   }
   base_status_ = "Done";
   ShowStatus(base_status_);
-  const bool is_page = !problem_ && !address_.empty() && !address_.starts_with("about:") &&
-                       !address_.starts_with("corvane:");
-  if (is_page && engine_.Options().page_visited) {
-    engine_.Options().page_visited(address_, LocationName());
-  }
-  navigation_.Read();
 }
 
 std::string EngineView::LocationName() const {

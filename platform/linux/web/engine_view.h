@@ -71,6 +71,7 @@ class EngineView {
   std::string LocationURL() const { return address_; }
   std::string LocationName() const;
   bool Busy() const { return navigation_.Busy(); }
+  bool StayedOnPage() const { return stayed_; }
   HTMLDocumentPtr Document() const { return document_; }
   Connection Describe(std::function<void(const HTMLDocumentPtr&)> described);
 
@@ -97,6 +98,8 @@ class EngineView {
   void ShowProblem(const Problem& problem);
   void ReadAgain();
   void StartReading();
+  void Settle();
+  void ShowSettled();
   void FinishReading(HTMLDocumentPtr document);
   void EndHungPage();
   void ShowStatus(const std::string& text);
@@ -125,6 +128,7 @@ class EngineView {
   std::string fallback_;   // tried when there is no connection to it
   HTMLDocumentPtr document_;
   bool document_is_present_ = false;  // it is of the page shown
+  bool stayed_ = false;               // since before the last navigation
   std::optional<Problem> problem_;    // the page shown is this problem's
   std::optional<Problem> coming_problem_;
   const bool opened_by_page_;

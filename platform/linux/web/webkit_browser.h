@@ -29,6 +29,7 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
   std::string LocationURL() const override { return view_->LocationURL(); }
   std::string LocationName() const override { return view_->LocationName(); }
   bool Busy() const override { return view_->Busy(); }
+  bool StayedOnPage() const override { return view_->StayedOnPage(); }
   HTMLDocumentPtr Document() const override { return view_->Document(); }
   Connection Describe(std::function<void(const HTMLDocumentPtr&)> described) override {
     return view_->Describe(std::move(described));

@@ -55,6 +55,23 @@ class DownloadTest : public testing::Test {
   TestView view_{engine_};
 };
 
+TEST_F(DownloadTest, ThePageThatIsShownNeedNotBeReadAgain) {
+  server_.Page("/", "<title>A</title>");
+  server_.Page("/b", "<title>B</title>");
+  server_.Page("/data.zip", "PK and more", "application/zip");
+  view_.Go(server_.Url());
+  EXPECT_FALSE(view_->StayedOnPage());
+  const auto document = view_.Document();
+  view_.Go(server_.Url("/data.zip"));
+  EXPECT_TRUE(view_->StayedOnPage());
+  EXPECT_EQ(view_.Document(), document);
+  EXPECT_EQ(view_->LocationURL(), server_.Url());
+  ASSERT_TRUE(WaitForEnd());
+  view_.Go(server_.Url("/b"));
+  EXPECT_FALSE(view_->StayedOnPage());
+  EXPECT_EQ(view_.Document()->Title, "B");
+}
+
 TEST_F(DownloadTest, AFileIsAskedSavedAndTold) {
   server_.Page("/data.zip", "PK and more", "application/zip");
   view_.Go(server_.Url("/data.zip"));
