@@ -60,7 +60,7 @@ class Downloads(PageTest):
         self.heard("Download. Save a file")
         events = self.corvane.transcript.events
         question = next(e["id"] for e in events() if e.get("text", "").startswith("Download. Save"))
-        over = wait_until(lambda: next((e["event"] for e in events() if e["id"] == question
+        over = wait_until(lambda: next((e["event"] for e in events() if e.get("id") == question
                                         and e["event"] in ("end", "cut")), None), "its end")
         self.assertEqual(over, "end")
         self.assertNotIn("Extracting Links ...", self.corvane.transcript.spoken())

@@ -104,11 +104,7 @@ std::unique_ptr<WebBrowser> FakeDesktop::CreateWebBrowser(const std::string& nam
   return made<FakeWebBrowser>(*this, name);
 }
 
-std::unique_ptr<Timer> FakeDesktop::CreateTimer() {
-  auto timer = std::make_unique<FakeTimer>();
-  timers.push_back(timer.get());
-  return timer;
-}
+std::unique_ptr<Timer> FakeDesktop::CreateTimer() { return std::make_unique<FakeTimer>(timers); }
 
 std::unique_ptr<RebarWindow> FakeDesktop::CreateRebarWindow(ElasticFrame& parent,
                                                             std::uint32_t style, int, int) {

@@ -51,9 +51,12 @@ class FakeMenu : public Menu {
   std::vector<std::unique_ptr<FakeMenuItem>> items;
 };
 
-/// A timer that ticks when the test says so.
+/// A timer that ticks when the test says so; one of `all` while it lives.
 class FakeTimer : public Timer {
  public:
+  explicit FakeTimer(std::vector<FakeTimer*>& all) : all_(all) { all_.push_back(this); }
+  ~FakeTimer() override { all_.erase(std::remove(all_.begin(), all_.end(), this), all_.end()); }
+
   int Interval() const override { return interval; }
   void SetInterval(int milliseconds) override { interval = milliseconds; }
   bool Enabled() const override { return enabled; }
@@ -69,6 +72,9 @@ class FakeTimer : public Timer {
   int interval = 0;
   bool enabled = false;
   bool refuses = false;
+
+ private:
+  std::vector<FakeTimer*>& all_;
 };
 
 class FakeForm : public Form {

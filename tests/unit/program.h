@@ -41,7 +41,7 @@ struct Program {
   }
   /// Carries out the character's loading, showing and welcome.
   void MakeReady() {
-    for (FakeTimer* timer : desktop.timers) {
+    for (FakeTimer* timer : std::vector(desktop.timers)) {
       if (timer->interval == 1 && timer->enabled) timer->Fire();
     }
     desktop.speech.agent->BecomeReady();

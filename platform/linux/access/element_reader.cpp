@@ -30,7 +30,8 @@ void TakeProperties(const VariantPtr& reply, BusFacts& facts) {
   if (g_variant_lookup(all.get(), "Name", "&s", &text)) facts.name = text;
   if (g_variant_lookup(all.get(), "Description", "&s", &text)) facts.description = text;
   gint32 count = 0;
-  if (g_variant_lookup(all.get(), "ChildCount", "i", &count)) facts.child_count = std::max(0, count);
+  if (g_variant_lookup(all.get(), "ChildCount", "i", &count))
+    facts.child_count = std::max(0, count);
 }
 
 }  // namespace
