@@ -54,6 +54,7 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
       speech_(MakeSpeechOutput()),
       dialogs_(windows_, [this](const std::string& text, bool /*urgent*/) { Speak(text); }),
       dialog_listener_([this](const std::string& text, bool /*urgent*/) { Speak(text); }) {
+  connections_ += hooks_.KeyPressed.Connect([this](const GdkEventKey&) { speech_->Release(); });
   WindowTable::Entry root;
   root.class_name = "Root";
   root.text = [] { return std::string(kApplication); };

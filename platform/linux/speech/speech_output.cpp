@@ -56,6 +56,7 @@ SpeechOutput::SpeechOutput(SynthesizerMaker make_synthesizer, const AudioMaker& 
 }
 
 SpeechOutput::~SpeechOutput() {
+  Release();
   Stop();
   {
     const std::lock_guard lock(mutex_);
@@ -88,22 +89,26 @@ int SpeechOutput::Speak(Utterance utterance, Begun begun, Ended ended) {
 }
 
 int SpeechOutput::SpeakNow(const std::string& text, Utterance first) {
+  Release();
   Stop();
   Utterance utterance = last_style_.value_or(std::move(first));
   utterance.text = text;
   utterance.urgent = true;
-  return Speak(std::move(utterance));
+  return held_ = Speak(std::move(utterance));
 }
 
 void SpeechOutput::Stop() {
   const std::lock_guard lock(mutex_);
-  if (current_ && !current_->cut) {
+  if (current_ && !current_->cut && current_->id != held_) {
     current_->cut = true;
     audio_->Stop();
     FinishLocked(*current_, SpeechEnd::kCut);
   }
-  for (const auto& request : waiting_) FinishLocked(*request, SpeechEnd::kCut);
-  waiting_.clear();
+  std::erase_if(waiting_, [this](const auto& request) {
+    if (request->id == held_) return false;
+    FinishLocked(*request, SpeechEnd::kCut);
+    return true;
+  });
 }
 
 void SpeechOutput::FinishLocked(Request& request, SpeechEnd end) {

@@ -59,8 +59,11 @@ class SpeechOutput {
 
   /// Silences everything and speaks `text` with the voice, pitch and speed last
   /// used: for dialogs, which speak without any character. `first`: how to sound
-  /// when nothing has been spoken yet.
+  /// when nothing has been spoken yet. Stop leaves it alone until Release: what a
+  /// dialog asks is not to be cut off by what goes on behind it.
   int SpeakNow(const std::string& text, Utterance first = {});
+  /// The user goes on: from now on Stop ends what SpeakNow says, too.
+  void Release() { held_ = 0; }
 
   /// Silence at once: empties the queue and what the device holds.
   void Stop();
@@ -84,6 +87,7 @@ class SpeechOutput {
   std::shared_ptr<Request> current_;
 
   int last_request_ = 0;
+  int held_ = 0;  // the request that Stop leaves alone
   std::optional<Utterance> last_style_;
   SynthesizerMaker make_synthesizer_;
   LoopQueue loop_;

@@ -121,7 +121,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
     case WEBKIT_LOAD_FINISHED:
       // Where more is loading, this was a load that has been overtaken.
       if (webkit_web_view_is_loading(view_.get())) break;
-      if (navigation_.Finished()) StartReading();
+      if (navigation_.Finished()) Settle();
       break;
   }
 }

@@ -192,6 +192,26 @@ TEST_F(SpeechOutputTest, SpeakNowSilencesTheRestAndKeepsTheVoiceInUse) {
   EXPECT_EQ(entries[1].style.voice, "en-gb");
 }
 
+TEST_F(SpeechOutputTest, WhatADialogSaysIsCutOffOnlyWhenTheUserGoesOn) {
+  audio_->SetRoom(10);
+  speech_->SpeakNow("Save this file?");
+  speech_->Stop();
+  Speak("page text");
+  speech_->Stop();
+  Speak("title");
+  audio_->SetRoom(static_cast<std::size_t>(-1));
+  ASSERT_TRUE(RunLoopUntil([&] { return !events_.empty() && events_.back() == "title spoken"; }));
+  EXPECT_EQ(spoken_->Entries().at(0).text, "Save this file?");
+  EXPECT_EQ(events_.front(), "page text cut");
+  audio_->SetRoom(10);
+  speech_->SpeakNow("Are you sure?");
+  speech_->Release();
+  speech_->Stop();
+  audio_->SetRoom(static_cast<std::size_t>(-1));
+  Speak("last");
+  ASSERT_TRUE(RunLoopUntil([&] { return events_.back() == "last spoken"; }));
+}
+
 TEST_F(SpeechOutputTest, TranscriptHasEveryRequestInItsOrder) {
   const std::string file = folder_.File("spoken.jsonl");
   Make(file);
