@@ -26,8 +26,12 @@ void Run(JSCContext* context, const char* script, gssize size) {
 }
 
 // Documents that run no scripts were not given the page script either; all others
-// have it, and it sees to it that it is not there twice.
+// have it. A question follows every key in a page: nothing is read for it twice.
 void EnsureRecordScript(JSCContext* context) {
+  JSCValue* present = jsc_context_get_value(context, "corvane");
+  const bool is_there = !jsc_value_is_undefined(present);
+  g_object_unref(present);
+  if (is_there) return;
   GBytes* script = g_resource_lookup_data(corvane_page_get_resource(), "/org/corvane/web/record.js",
                                           G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr);
   if (script == nullptr) return;
