@@ -2,9 +2,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <filesystem>
-
 #include "tests/platform/access/access_fixture.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -19,8 +18,6 @@ constexpr const char* kNone = "Accessibility is not available: its service canno
 class OwnBus {
  public:
   OwnBus() {
-    folder_ = g_dir_make_tmp("corvane-bus-XXXXXX", nullptr);
-    address_ = "unix:path=" + folder_ + "/bus";
     const std::string listen = "--address=" + address_;
     const char* command[] = {"dbus-daemon", "--session", "--nofork", listen.c_str(), nullptr};
     EXPECT_TRUE(
@@ -35,10 +32,7 @@ class OwnBus {
       return stream != nullptr;
     }));
   }
-  ~OwnBus() {
-    End();
-    std::filesystem::remove_all(folder_);
-  }
+  ~OwnBus() { End(); }
   /// Ends the bus as a crash would: its socket stays behind.
   void End() {
     if (pid_ == 0) return;
@@ -49,8 +43,8 @@ class OwnBus {
   const std::string& Address() const { return address_; }
 
  private:
-  std::string folder_;
-  std::string address_;
+  const test::TemporaryFolder folder_;
+  const std::string address_ = "unix:path=" + folder_ / "bus";
   GPid pid_ = 0;
 };
 

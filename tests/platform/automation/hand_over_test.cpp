@@ -3,23 +3,21 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "tests/platform/automation/private_bus.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop::tests {
 namespace {
 
 TEST(GivenAddress, OfAnExistingFileBecomesAbsolute) {
-  const auto folder = std::filesystem::temp_directory_path() / "corvane-given-address";
-  std::filesystem::create_directories(folder);
-  std::ofstream(folder / "page.html") << "x";
+  const test::TemporaryFolder folder;
+  const std::string page = folder.Write("page.html", "x");
   const auto before = std::filesystem::current_path();
-  std::filesystem::current_path(folder);
-  EXPECT_EQ(GivenAddress("page.html"), (folder / "page.html").string());
-  EXPECT_EQ(GivenAddress("./page.html"), (folder / "page.html").string());
+  std::filesystem::current_path(folder.Path());
+  EXPECT_EQ(GivenAddress("page.html"), page);
+  EXPECT_EQ(GivenAddress("./page.html"), page);
   std::filesystem::current_path(before);
-  std::filesystem::remove_all(folder);
 }
 
 TEST(GivenAddress, OfAnythingElseStaysAsItIs) {

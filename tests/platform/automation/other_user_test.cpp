@@ -10,6 +10,7 @@
 #include "platform/linux/automation/bus_names.h"
 #include "tests/platform/automation/private_bus.h"
 #include "tests/platform/automation/recording_server.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop::tests {
 namespace {
@@ -20,12 +21,10 @@ constexpr const char* kNobody = "65534";
 class OpenBus {
  public:
   OpenBus() {
-    gchar pattern[] = "/tmp/corvane-open-bus.XXXXXX";
-    folder_ = g_mkdtemp(pattern);
-    std::filesystem::permissions(folder_, std::filesystem::perms(0755));
-    const std::string config = folder_ + "/bus.conf";
-    std::ofstream(config) << "<busconfig><type>custom</type><listen>unix:path=" << folder_
-                          << "/socket</listen><policy context=\"default\"><allow user=\"*\"/>"
+    std::filesystem::permissions(folder_.Path(), std::filesystem::perms(0755));
+    const std::string config = folder_ / "bus.conf";
+    std::ofstream(config) << "<busconfig><type>custom</type><listen>unix:path=" << Socket()
+                          << "</listen><policy context=\"default\"><allow user=\"*\"/>"
                              "<allow own=\"*\"/><allow send_destination=\"*\" eavesdrop=\"true\"/>"
                              "<allow eavesdrop=\"true\"/></policy></busconfig>";
     const std::string file = "--config-file=" + config;
@@ -34,17 +33,18 @@ class OpenBus {
     EXPECT_TRUE(process_);
     gchar first = 0;  // something is printed as soon as the bus listens
     g_input_stream_read(g_subprocess_get_stdout_pipe(process_.get()), &first, 1, nullptr, nullptr);
-    std::filesystem::permissions(folder_ + "/socket", std::filesystem::perms(0777));
+    std::filesystem::permissions(Socket(), std::filesystem::perms(0777));
   }
   ~OpenBus() {
     g_subprocess_force_exit(process_.get());
     g_subprocess_wait(process_.get(), nullptr, nullptr);
-    std::filesystem::remove_all(folder_);
   }
-  std::string Address() const { return "unix:path=" + folder_ + "/socket"; }
+  std::string Address() const { return "unix:path=" + Socket(); }
 
  private:
-  std::string folder_;
+  std::string Socket() const { return folder_ / "socket"; }
+
+  const test::TemporaryFolder folder_;
   GlibPtr<GSubprocess> process_;
 };
 

@@ -10,6 +10,8 @@
 #include <fstream>
 #include <functional>
 
+#include "tests/temporary_folder.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -91,12 +93,10 @@ std::string HeardByAnybody(const std::function<std::string()>& words) {
 class RefusalTest : public testing::Test {
  protected:
   void SetUp() override {
-    std::filesystem::remove_all(folder_);
     std::filesystem::create_directories(folder_ + "/inner");
     std::filesystem::permissions(folder_, std::filesystem::perms::all);
     std::ofstream(folder_ + "/page.html") << "text";
   }
-  void TearDown() override { std::filesystem::remove_all(folder_); }
   std::string Why(FileDialog::Kind kind, const std::string& name,
                   std::uint32_t flags = kFileMustExist) {
     return HeardByAnybody([&] { return Refusal(kind, flags, {folder_ + "/" + name}); });
@@ -107,7 +107,8 @@ class RefusalTest : public testing::Test {
     std::filesystem::permissions(folder_ + "/" + name, rights);
   }
 
-  const std::string folder_ = testing::TempDir() + "refusal";
+  const test::TemporaryFolder root_;
+  const std::string folder_ = root_ / "refusal";
 };
 
 TEST_F(RefusalTest, NothingIsAgainstAFileThatCanBeRead) {

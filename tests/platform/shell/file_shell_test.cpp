@@ -5,7 +5,7 @@
 #include <unistd.h>
 
 #include "base/error.h"
-#include "tests/platform/store/temporary_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {

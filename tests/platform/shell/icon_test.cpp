@@ -3,7 +3,7 @@
 
 #include "platform/linux/gtk/image_list.h"
 #include "platform/linux/shell/file_shell.h"
-#include "tests/platform/store/temporary_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {

@@ -10,7 +10,7 @@
 #include "platform/linux/speech/recording_synthesizer.h"
 #include "tests/platform/speech/loop_wait.h"
 #include "tests/platform/speech/recording_audio.h"
-#include "tests/platform/speech/scratch_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 
@@ -37,9 +37,9 @@ class AgentFixture : public testing::Test {
     return agent_->Character("Genie");
   }
 
-  ScratchFolder folder_;
+  test::TemporaryFolder folder_;
   std::string file_ = std::string(CORVANE_DATA) + "/talker.acf";
-  std::string transcript_ = folder_.File("spoken.jsonl");
+  std::string transcript_ = folder_ / "spoken.jsonl";
   std::shared_ptr<SynthesisRecord> spoken_ = std::make_shared<SynthesisRecord>();
   std::shared_ptr<AudioRecord> audio_ = std::make_shared<AudioRecord>();
   std::vector<int> completed_;

@@ -25,7 +25,7 @@ TEST_F(AgentTest, LoadCompletesFromTheLoop) {
 
 TEST_F(AgentTest, AMissingFileIsAnErrorForTheUser) {
   try {
-    agent_->Load("Genie", folder_.File("talker.acf"));
+    agent_->Load("Genie", folder_ / "talker.acf");
     FAIL();
   } catch (const RunTimeError& error) {
     EXPECT_THAT(error.Description(), HasSubstr("not found"));
@@ -88,7 +88,7 @@ TEST_F(AgentTest, TranscriptHasTheRequestsNumberAndWhatWasAsked) {
   const AgentRequest second = genie->Speak("\\Pit=\\\\Spd=\\Two");
   ASSERT_TRUE(WaitFor(second));
   std::vector<nlohmann::json> speak;
-  std::istringstream lines(ScratchFolder::Read(transcript_));
+  std::istringstream lines(test::ContentOf(transcript_));
   for (std::string line; std::getline(lines, line);) {
     auto json = nlohmann::json::parse(line);
     if (json["event"] == "speak") speak.push_back(std::move(json));

@@ -5,7 +5,7 @@
 #include <unistd.h>
 
 #include "base/error.h"
-#include "tests/platform/speech/scratch_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -38,7 +38,7 @@ class CharacterFileTest : public testing::Test {
     return {0, "", ""};
   }
 
-  ScratchFolder folder_;
+  test::TemporaryFolder folder_;
 };
 
 TEST_F(CharacterFileTest, HoldsNameVoiceAdjustmentsAndPictures) {
@@ -47,8 +47,8 @@ TEST_F(CharacterFileTest, HoldsNameVoiceAdjustmentsAndPictures) {
   EXPECT_EQ(character.voice, "en-gb");
   EXPECT_EQ(character.pitch_shift, -10);
   EXPECT_EQ(character.speed_shift, 20);
-  EXPECT_EQ(character.idle, folder_.File("idle.svg"));
-  EXPECT_EQ(character.speaking, folder_.File("speaking.svg"));
+  EXPECT_EQ(character.idle, folder_ / "idle.svg");
+  EXPECT_EQ(character.speaking, folder_ / "speaking.svg");
 }
 
 TEST_F(CharacterFileTest, PicturesAndAdjustmentsMayBeLeftOut) {
@@ -64,7 +64,7 @@ TEST_F(CharacterFileTest, UnknownSectionsAndKeysAreForLaterVersions) {
 }
 
 TEST_F(CharacterFileTest, AMissingFileIsSaidSo) {
-  const RunTimeError error = FailureOf(folder_.File("nowhere.acf"));
+  const RunTimeError error = FailureOf(folder_ / "nowhere.acf");
   EXPECT_EQ(error.Number(), kErrFileNotFound);
   EXPECT_THAT(error.Description(), HasSubstr("not found"));
 }
@@ -77,13 +77,11 @@ TEST_F(CharacterFileTest, OtherFilesAreNoCharacterFiles) {
   std::string rubbish;
   for (int i = 0; i < 4096; ++i) rubbish += static_cast<char>(i * 131);
   EXPECT_THAT(Failure(rubbish).Description(), HasSubstr("is not a character file"));
-  EXPECT_THAT(
-      FailureOf(std::filesystem::path(folder_.File("x")).parent_path().string()).Description(),
-      HasSubstr("is not a character file"));
+  EXPECT_THAT(FailureOf(folder_.Path()).Description(), HasSubstr("is not a character file"));
 }
 
 TEST_F(CharacterFileTest, APipeDoesNotKeepTheProgramWaiting) {
-  const std::string pipe = folder_.File("pipe.acf");
+  const std::string pipe = folder_ / "pipe.acf";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   EXPECT_THAT(FailureOf(pipe).Description(), HasSubstr("is not a character file"));
 }

@@ -26,7 +26,7 @@ bool PrivateSoundServer::Start() {
   log_.clear();
   std::array<int, 2> log_pipe{};
   if (pipe2(log_pipe.data(), O_CLOEXEC) != 0) return false;
-  const std::string folder = std::filesystem::path(folder_.File("x")).parent_path().string();
+  const std::string folder = folder_.Path();
   // Whatever becomes of this program, the daemon ends with it.
   std::vector<std::string> words{
       "setpriv",
@@ -42,7 +42,7 @@ bool PrivateSoundServer::Start() {
       "-L",
       "module-null-sink sink_name=test",
       "-L",
-      "module-native-protocol-unix auth-anonymous=1 socket=" + folder_.File("native")};
+      "module-native-protocol-unix auth-anonymous=1 socket=" + folder_ / "native"};
   std::vector<std::string> settings{"PATH=/usr/bin:/bin",
                                     "LC_ALL=C",
                                     "HOME=" + folder,

@@ -11,7 +11,7 @@
 #include <thread>
 #include <vector>
 
-#include "tests/platform/speech/scratch_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 
@@ -29,13 +29,13 @@ class PrivateSoundServer {
   /// The daemon dies at once.
   void Kill();
   /// How libpulse names the server.
-  std::string Address() const { return "unix:" + folder_.File("native"); }
+  std::string Address() const { return "unix:" + folder_ / "native"; }
   std::string Log();
 
  private:
   void ReadLog(int descriptor);
 
-  ScratchFolder folder_;
+  test::TemporaryFolder folder_;
   pid_t process_ = 0;
   std::thread reader_;
   std::mutex mutex_;

@@ -9,6 +9,7 @@
 #include "platform/linux/speech/speech_output.h"
 #include "tests/platform/speech/loop_wait.h"
 #include "tests/platform/speech/private_sound_server.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -232,10 +233,9 @@ TEST_F(PulseTest, SpeechThroughTheServerIsHeard) {
 }
 
 TEST(PulseWithoutServer, RunsOnTheClockAndIsToldOnce) {
-  ScratchFolder folder;
+  test::TemporaryFolder folder;
   Notices notices;
-  PulseOutput output("unix:" + folder.File("nowhere"), notices.Hook(),
-                     std::chrono::milliseconds(0));
+  PulseOutput output("unix:" + folder / "nowhere", notices.Hook(), std::chrono::milliseconds(0));
   EXPECT_FALSE(output.WaitConnected());
   for (int i = 0; i < 3; ++i) {
     output.Begin();
@@ -246,10 +246,10 @@ TEST(PulseWithoutServer, RunsOnTheClockAndIsToldOnce) {
 }
 
 TEST(PulseWithoutServer, SpeechTellsItFromTheLoop) {
-  ScratchFolder folder;
+  test::TemporaryFolder folder;
   SpeechOutput speech([] { return std::make_unique<EspeakSynthesizer>(); },
                       [&](Notice notice) {
-                        return std::make_unique<PulseOutput>("unix:" + folder.File("nowhere"),
+                        return std::make_unique<PulseOutput>("unix:" + folder / "nowhere",
                                                              std::move(notice));
                       });
   std::vector<std::string> notices;

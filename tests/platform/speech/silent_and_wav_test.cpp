@@ -11,7 +11,7 @@
 #include "platform/linux/speech/speech_output.h"
 #include "platform/linux/speech/wav_output.h"
 #include "tests/platform/speech/loop_wait.h"
-#include "tests/platform/speech/scratch_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -124,7 +124,7 @@ struct Wav {
 };
 
 Wav ReadWav(const std::string& file) {
-  const std::string bytes = ScratchFolder::Read(file);
+  const std::string bytes = test::ContentOf(file);
   Wav wav{bytes.substr(0, 44), {}};
   for (std::size_t at = 44; at + 1 < bytes.size(); at += 2) {
     wav.sound.push_back(static_cast<std::int16_t>(static_cast<unsigned char>(bytes[at]) |
@@ -150,8 +150,8 @@ class WavOutputTest : public testing::Test {
   }
 
   std::atomic<double> now_ = 0;
-  ScratchFolder folder_;
-  std::string file_ = folder_.File("speech.wav");
+  test::TemporaryFolder folder_;
+  std::string file_ = folder_ / "speech.wav";
 };
 
 TEST_F(WavOutputTest, TheFileIsWholeAfterEveryWrite) {
@@ -187,7 +187,7 @@ TEST_F(WavOutputTest, WhatIsStoppedIsMissing) {
 }
 
 TEST_F(WavOutputTest, AFileThatCannotBeWrittenIsAnError) {
-  EXPECT_THROW(WavOutput(folder_.File("missing/speech.wav"), nullptr), RunTimeError);
+  EXPECT_THROW(WavOutput(folder_ / "missing/speech.wav", nullptr), RunTimeError);
 }
 
 TEST_F(WavOutputTest, AFullDiskIsToldOnceAndSpeechGoesOn) {

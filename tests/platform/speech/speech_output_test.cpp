@@ -11,7 +11,7 @@
 #include "platform/linux/speech/silent_output.h"
 #include "tests/platform/speech/loop_wait.h"
 #include "tests/platform/speech/recording_audio.h"
-#include "tests/platform/speech/scratch_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -61,7 +61,7 @@ class SpeechOutputTest : public testing::Test {
   /// The transcript as "event id", in order.
   static std::vector<std::string> Recorded(const std::string& file) {
     std::vector<std::string> events;
-    std::istringstream stream(ScratchFolder::Read(file));
+    std::istringstream stream(test::ContentOf(file));
     for (std::string line; std::getline(stream, line);) {
       const auto json = nlohmann::json::parse(line);
       events.push_back(json["event"].get<std::string>() + " " + json["id"].dump());
@@ -69,7 +69,7 @@ class SpeechOutputTest : public testing::Test {
     return events;
   }
 
-  ScratchFolder folder_;
+  test::TemporaryFolder folder_;
   std::shared_ptr<SynthesisRecord> spoken_ = std::make_shared<SynthesisRecord>();
   std::shared_ptr<AudioRecord> audio_ = std::make_shared<AudioRecord>();
   std::vector<std::string> events_;
@@ -213,7 +213,7 @@ TEST_F(SpeechOutputTest, WhatADialogSaysIsCutOffOnlyWhenTheUserGoesOn) {
 }
 
 TEST_F(SpeechOutputTest, TranscriptHasEveryRequestInItsOrder) {
-  const std::string file = folder_.File("spoken.jsonl");
+  const std::string file = folder_ / "spoken.jsonl";
   Make(file);
   const int first = Speak("one");
   const int second = Speak("two");
@@ -242,7 +242,7 @@ TEST_F(SpeechOutputTest, TranscriptHasEveryRequestInItsOrder) {
 
 TEST_F(SpeechOutputTest, ATranscriptThatCannotBeOpenedIsANotice) {
   std::vector<std::string> notices;
-  Make(folder_.File("missing/spoken.jsonl"));
+  Make(folder_ / "missing/spoken.jsonl");
   const auto connection =
       speech_->Notified.Connect([&](const std::string& text) { notices.push_back(text); });
   Speak("x");
@@ -303,7 +303,7 @@ TEST_F(SpeechOutputTest, AnEmptyTextIsSpokenAtOnceWithoutSound) {
 }
 
 TEST_F(SpeechOutputTest, GoingWhileSpeakingReportsNothingAndWritesTheCut) {
-  const std::string file = folder_.File("spoken.jsonl");
+  const std::string file = folder_ / "spoken.jsonl";
   Make(file);
   audio_->SetRoom(10);
   const int id = Speak("long text");

@@ -8,7 +8,7 @@
 #include <sstream>
 
 #include "base/error.h"
-#include "tests/platform/speech/scratch_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -22,14 +22,14 @@ std::vector<std::string> Lines(const std::string& text) {
 
 class TranscriptTest : public testing::Test {
  protected:
-  ScratchFolder folder_;
-  std::string file_ = folder_.File("spoken.jsonl");
+  test::TemporaryFolder folder_;
+  std::string file_ = folder_ / "spoken.jsonl";
 };
 
 TEST_F(TranscriptTest, WritesEachLineAtOnceInItsFixedForm) {
   Transcript transcript(file_);
   transcript.Speak(3, "Hello", 90, 150, false);
-  const std::string first = ScratchFolder::Read(file_);
+  const std::string first = test::ContentOf(file_);
   EXPECT_TRUE(std::regex_match(
       first, std::regex(R"(\{"t": \d+\.\d{6}, "event": "speak", "id": 3, "text": "Hello", )"
                         R"("pitch": 90, "speed": 150, "urgent": false\}\n)")))
@@ -37,7 +37,7 @@ TEST_F(TranscriptTest, WritesEachLineAtOnceInItsFixedForm) {
   transcript.Begin(3);
   transcript.End(3);
   transcript.Cut(4);
-  const auto lines = Lines(ScratchFolder::Read(file_));
+  const auto lines = Lines(test::ContentOf(file_));
   ASSERT_EQ(lines.size(), 4U);
   EXPECT_TRUE(
       std::regex_match(lines[1], std::regex(R"(\{"t": \d+\.\d{6}, "event": "begin", "id": 3\})")));
@@ -50,7 +50,7 @@ TEST_F(TranscriptTest, AnyTextComesBackAsItWas) {
   const std::string text = "\"quoted\" \\ back\nline\ttab \x01 \xC3\xA4 \xF0\x9F\x98\x80 </script>";
   Transcript transcript(file_);
   transcript.Speak(1, text, 50, 250, true);
-  const auto lines = Lines(ScratchFolder::Read(file_));
+  const auto lines = Lines(test::ContentOf(file_));
   ASSERT_EQ(lines.size(), 1U);
   const auto json = nlohmann::json::parse(lines[0]);
   EXPECT_EQ(json["text"], text);
@@ -65,7 +65,7 @@ TEST_F(TranscriptTest, InvalidTextStillMakesAValidLine) {
                    "a\xFF"
                    "b",
                    90, 150, false);
-  EXPECT_EQ(nlohmann::json::parse(ScratchFolder::Read(file_))["text"],
+  EXPECT_EQ(nlohmann::json::parse(test::ContentOf(file_))["text"],
             "a\xEF\xBF\xBD"
             "b");
 }
@@ -74,7 +74,7 @@ TEST_F(TranscriptTest, TimesNeverRunBackward) {
   Transcript transcript(file_);
   for (int i = 0; i < 100; ++i) transcript.Begin(i);
   double last = 0;
-  for (const std::string& line : Lines(ScratchFolder::Read(file_))) {
+  for (const std::string& line : Lines(test::ContentOf(file_))) {
     const double now = nlohmann::json::parse(line)["t"];
     EXPECT_GE(now, last);
     last = now;
@@ -85,7 +85,7 @@ TEST_F(TranscriptTest, TimesNeverRunBackward) {
 TEST_F(TranscriptTest, GoesOnWhereAnEarlierOneEnded) {
   Transcript(file_).Begin(1);
   Transcript(file_).Begin(2);
-  EXPECT_EQ(Lines(ScratchFolder::Read(file_)).size(), 2U);
+  EXPECT_EQ(Lines(test::ContentOf(file_)).size(), 2U);
 }
 
 TEST_F(TranscriptTest, ADashIsStandardOutput) {
@@ -103,7 +103,7 @@ TEST_F(TranscriptTest, IsOffWithoutAName) {
 }
 
 TEST_F(TranscriptTest, AFileThatCannotBeOpenedIsAnError) {
-  EXPECT_THROW(Transcript(folder_.File("missing/spoken.jsonl")), RunTimeError);
+  EXPECT_THROW(Transcript(folder_ / "missing/spoken.jsonl"), RunTimeError);
 }
 
 }  // namespace

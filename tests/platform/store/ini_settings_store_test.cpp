@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/platform/store/temporary_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {

@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "base/error.h"
-#include "tests/platform/store/temporary_folder.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {

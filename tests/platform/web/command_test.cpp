@@ -5,10 +5,10 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "tests/platform/web/asking.h"
 #include "tests/platform/web/page_harness.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -28,7 +28,6 @@ class CommandTest : public testing::Test {
   CommandTest() {
     view_.files = [this](const FileRequest& request) { request.chosen({file_}); };
   }
-  ~CommandTest() override { std::filesystem::remove(file_); }
   void Find(const std::string& words) {
     asking_->replies = {{0, {words}}};
     view_->Do(Command::Find);
@@ -39,7 +38,8 @@ class CommandTest : public testing::Test {
     return view_.Said().size() > heard_ ? view_.Said()[heard_++] : "";
   }
 
-  std::string file_ = testing::TempDir() + "corvane_saved.mhtml";
+  const test::TemporaryFolder folder_;
+  std::string file_ = folder_ / "saved.mhtml";
   std::size_t heard_ = 0;
   std::vector<int> zooms_;
   std::shared_ptr<Asking> asking_ = std::make_shared<Asking>();
@@ -152,12 +152,6 @@ TEST_F(CommandTest, APageThatCannotBeSavedIsTold) {
   EXPECT_THAT(Heard(), HasSubstr("The page could not be saved: "));
 }
 
-std::string ContentOf(const std::string& path) {
-  std::ostringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
-}
-
 /// A disk of 64 kilobytes, where one may be had.
 class SmallDisk {
  public:
@@ -177,7 +171,7 @@ class SmallDisk {
 };
 
 TEST_F(CommandTest, AFullDiskKeepsTheFileThatWasThereBefore) {
-  const std::string folder = testing::TempDir() + "corvane_small_disk";
+  const std::string folder = folder_ / "small disk";
   const SmallDisk disk(folder);
   if (!disk.Mounted()) GTEST_SKIP() << "no small disk can be mounted here";
   file_ = folder + "/kept.mhtml";
@@ -186,7 +180,7 @@ TEST_F(CommandTest, AFullDiskKeepsTheFileThatWasThereBefore) {
   view_.Go(server_.Url());
   view_->Save();
   EXPECT_THAT(Heard(), HasSubstr("The page could not be saved: "));
-  EXPECT_EQ(ContentOf(file_), "from before");
+  EXPECT_EQ(test::ContentOf(file_), "from before");
   const std::filesystem::directory_iterator left(folder);
   EXPECT_EQ(std::distance(begin(left), end(left)), 1) << "nothing half written is left";
 }
@@ -194,7 +188,7 @@ TEST_F(CommandTest, AFullDiskKeepsTheFileThatWasThereBefore) {
 TEST_F(CommandTest, AFileNameMayHoldAnyCharacter) {
   for (const char* name :
        {"a \"b\" 'c'.mhtml", "100%25 & #1?.mhtml", "two\nlines.mhtml", " blanks .mhtml "}) {
-    file_ = testing::TempDir() + name;
+    file_ = folder_ / name;
     server_.Page("/", "<title>Kept</title><p>Every word");
     view_.Go(server_.Url());
     view_->Save();
@@ -202,7 +196,6 @@ TEST_F(CommandTest, AFileNameMayHoldAnyCharacter) {
     view_.Go(file_);
     EXPECT_EQ(view_.Document()->Title, "Kept") << name;
     EXPECT_THAT(view_.Body(), HasSubstr("Every word")) << name;
-    std::filesystem::remove(file_);
   }
 }
 

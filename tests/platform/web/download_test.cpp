@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "tests/platform/web/asking.h"
 #include "tests/platform/web/page_harness.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -22,14 +22,12 @@ using testing::IsEmpty;
 class DownloadTest : public testing::Test {
  protected:
   EngineOptions Options() {
-    fs::remove_all(folder_);
     EngineOptions options = TestOptions();
     options.questions = asking_;
     options.download_folder = folder_;
     return options;
   }
   DownloadTest() { asking_->replies = {{0, {"data.zip"}}}; }
-  ~DownloadTest() override { fs::remove_all(folder_); }
 
   bool WaitForEnd() {
     return WaitUntil([&] { return !engine_.GetDownloads().Any(); });
@@ -44,11 +42,11 @@ class DownloadTest : public testing::Test {
     return names;
   }
   std::string Content(const std::string& name) const {
-    std::ifstream file(folder_ + "/" + name);
-    return {std::istreambuf_iterator<char>(file), {}};
+    return test::ContentOf(folder_ + "/" + name);
   }
 
-  const std::string folder_ = testing::TempDir() + "corvane download test";
+  const test::TemporaryFolder root_;
+  const std::string folder_ = root_ / "corvane download test";
   std::shared_ptr<Asking> asking_ = std::make_shared<Asking>();
   WebEngine engine_{Options()};
   TestServer server_;
@@ -186,7 +184,6 @@ TEST_F(DownloadTest, ADownloadThatStopsHalfwayKeepsWhatHasCome) {
 }
 
 TEST_F(DownloadTest, AFolderThatCannotBeWrittenIsTold) {
-  fs::create_directories(fs::path(folder_).parent_path());
   std::ofstream(folder_) << "a file where the folder should be";
   server_.Page("/data.zip", "PK", "application/zip");
   view_.Go(server_.Url("/data.zip"));

@@ -4,9 +4,10 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
+
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -19,12 +20,6 @@ using testing::UnorderedElementsAre;
 
 class HistoryFolderTest : public testing::Test {
  protected:
-  HistoryFolderTest() {
-    std::string pattern = (fs::temp_directory_path() / "corvane-history.XXXXXX").string();
-    root_ = mkdtemp(pattern.data());
-  }
-  ~HistoryFolderTest() override { fs::remove_all(root_); }
-
   std::vector<std::string> Files(const std::string& day) {
     std::vector<std::string> names;
     if (!fs::exists(root_ / day)) return names;
@@ -38,7 +33,8 @@ class HistoryFolderTest : public testing::Test {
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
-  fs::path root_;
+  const test::TemporaryFolder folder_;
+  const fs::path root_{folder_.Path()};
   std::string day_ = "2001-12-31";
   HistoryFolder MakeHistory(int days = 30) {
     return HistoryFolder(root_.string(), days, [this] { return day_; });

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/platform/web/page_harness.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -283,12 +284,10 @@ TEST_F(NavigationTest, TypedAddressWithoutSchemeAndWithPort) {
 }
 
 TEST_F(NavigationTest, TypedPathOfAFile) {
-  const std::string path = std::string(g_get_tmp_dir()) + "/corvane test page.html";
-  ASSERT_TRUE(g_file_set_contents(path.c_str(), "<title>From disk</title>", -1, nullptr));
-  view_.Go(path);
+  const test::TemporaryFolder folder;
+  view_.Go(folder.Write("corvane test page.html", "<title>From disk</title>"));
   EXPECT_EQ(view_.Document()->Title, "From disk");
   EXPECT_THAT(view_->LocationURL(), HasSubstr("corvane%20test%20page.html"));
-  g_remove(path.c_str());
 }
 
 TEST_F(NavigationTest, AboutBlank) {

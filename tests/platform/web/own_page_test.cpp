@@ -3,9 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <cstdlib>
-#include <filesystem>
 
 #include "tests/platform/web/page_harness.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -150,9 +150,8 @@ TEST_F(OwnPageTest, ARedirectCannotLeadToOwnPages) {
 }
 
 TEST_F(OwnPageTest, PagesOfTheNetworkCannotReachFiles) {
-  const std::string path = std::string(g_get_tmp_dir()) + "/corvane-secret.html";
-  ASSERT_TRUE(g_file_set_contents(path.c_str(), "<title>Secret</title>secret", -1, nullptr));
-  const std::string uri = "file://" + path;
+  const test::TemporaryFolder folder;
+  const std::string uri = "file://" + folder.Write("secret.html", "<title>Secret</title>secret");
   server_.Page("/", "<title>A</title><iframe src='" + uri + "'></iframe><script>fetch('" + uri +
                         "').then(() => document.title = 'read', () => { document.title = 'refused';"
                         " location = '" +
@@ -162,7 +161,6 @@ TEST_F(OwnPageTest, PagesOfTheNetworkCannotReachFiles) {
   EXPECT_EQ(view_.EvaluateInPage("document.title"), "refused");
   EXPECT_EQ(view_->LocationURL(), server_.Url());
   for (const auto& frame : view_.Document()->frames) EXPECT_NE(frame->Title, "Secret");
-  g_remove(path.c_str());
 }
 
 TEST_F(OwnPageTest, OnlyRealPagesEnterTheHistory) {
@@ -175,12 +173,11 @@ TEST_F(OwnPageTest, OnlyRealPagesEnterTheHistory) {
 }
 
 TEST_F(OwnPageTest, CookiesOutliveTheEngine) {
-  std::string pattern = std::string(g_get_tmp_dir()) + "/corvane-data.XXXXXX";
-  const std::string folder = mkdtemp(pattern.data());
+  const test::TemporaryFolder folder;
   EngineOptions options = Options();
   options.ephemeral = false;
-  options.data_directory = folder + "/data";
-  options.cache_directory = folder + "/cache";
+  options.data_directory = folder / "data";
+  options.cache_directory = folder / "cache";
   server_.Page("/set", "<title>Set</title>", "text/html",
                {{"Set-Cookie", "kept=yes; Max-Age=9999"}});
   server_.Page("/get", "<script>document.title = document.cookie</script>");
@@ -198,12 +195,11 @@ TEST_F(OwnPageTest, CookiesOutliveTheEngine) {
     engine.ClearSiteData();
     EXPECT_TRUE(WaitUntil([&] { return view.EvaluateInPage("document.cookie").empty(); }));
   }
-  std::filesystem::remove_all(folder);
 }
 
 TEST_F(OwnPageTest, SavingWritesTheWholePage) {
-  const std::string path = std::string(g_get_tmp_dir()) + "/corvane-saved.mhtml";
-  g_remove(path.c_str());
+  const test::TemporaryFolder folder;
+  const std::string path = folder / "saved.mhtml";
   std::string proposed;
   WebEngine engine(Options());
   TestView view(engine);
@@ -217,11 +213,7 @@ TEST_F(OwnPageTest, SavingWritesTheWholePage) {
   view->Save();
   ASSERT_TRUE(WaitUntil([&] { return view.HasStatus("Saved as " + path); }));
   EXPECT_THAT(proposed, HasSubstr("/My page.mhtml"));
-  char* content = nullptr;
-  ASSERT_TRUE(g_file_get_contents(path.c_str(), &content, nullptr, nullptr));
-  EXPECT_THAT(std::string(content), HasSubstr("kept"));
-  g_free(content);
-  g_remove(path.c_str());
+  EXPECT_THAT(test::ContentOf(path), HasSubstr("kept"));
 }
 
 TEST_F(OwnPageTest, ASaveThatFailsIsSaid) {

@@ -11,6 +11,7 @@
 #include "platform/linux/web/page_notices.h"
 #include "platform/linux/web/permission_book.h"
 #include "tests/platform/web/asking.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -99,9 +100,8 @@ TEST(PageNotices, FloodsBecomeAFewWords) {
 
 class PermissionBookTest : public testing::Test {
  protected:
-  PermissionBookTest() { std::filesystem::remove_all(folder_); }
-  ~PermissionBookTest() override { std::filesystem::remove_all(folder_); }
-  const std::string folder_ = testing::TempDir() + "/permission_book";
+  const test::TemporaryFolder root_;
+  const std::string folder_ = root_ / "permission_book";
   const std::string file_ = folder_ + "/permissions.ini";
 };
 

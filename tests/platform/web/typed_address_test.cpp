@@ -4,8 +4,9 @@
 #include <gio/gio.h>
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
+
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -115,8 +116,8 @@ TEST(TypedAddress, BrokenUtf8IsMended) {
 }
 
 TEST(TypedAddress, AFileThatIsThereIsTakenByItsName) {
-  const std::string folder = testing::TempDir() + "typed_address";
-  std::filesystem::create_directories(folder);
+  const test::TemporaryFolder temporary;
+  const std::string& folder = temporary.Path();
   for (const auto& [name, escaped] :
        {std::pair{"two\nlines ", "two%0Alines%20"}, {"100%25\"'", "100%2525%22'"}}) {
     std::ofstream(folder + "/" + name) << "x";
@@ -127,7 +128,6 @@ TEST(TypedAddress, AFileThatIsThereIsTakenByItsName) {
   ASSERT_TRUE(target.problem);
   EXPECT_EQ(target.problem->title, "File cannot be opened");
   EXPECT_TRUE(g_utf8_validate(target.problem->sentence.c_str(), -1, nullptr));
-  std::filesystem::remove_all(folder);
 }
 
 TEST(LoadProblem, AFileThatMayNotBeReadIsNamed) {

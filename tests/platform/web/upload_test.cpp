@@ -1,10 +1,10 @@
 // Fields of pages for files, against the real engine.
 #include <gmock/gmock.h>
 
-#include <fstream>
 #include <optional>
 
 #include "tests/platform/web/page_harness.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -23,15 +23,13 @@ class UploadTest : public PageTest {
     EXPECT_TRUE(WaitUntil([&] { return wanted.has_value(); }));
     return wanted.value_or(FileRequest());
   }
-  std::string Make(const std::string& name) {
-    const std::string path = testing::TempDir() + name;
-    std::ofstream(path) << "content of " << name;
-    return path;
-  }
+  std::string Make(const std::string& name) { return folder_.Write(name, "content of " + name); }
   std::string Names() {
     return view_.EvaluateInPage(
         "[...document.querySelector('input').files].map(file => file.name).join(' ')");
   }
+
+  const test::TemporaryFolder folder_;
 };
 
 TEST_F(UploadTest, OneFileIsAskedForAndGivenToThePage) {

@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "tests/platform/gtk/desktop/desktop_test.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
@@ -22,9 +23,6 @@ class FileDialogTest : public test::DesktopTest {
  protected:
   void SetUp() override {
     DesktopTest::SetUp();
-    std::string pattern = std::filesystem::temp_directory_path().string() + "/chooserXXXXXX";
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    folder_ = pattern + "/my pages";
     std::filesystem::create_directories(folder_ + "/inner");
     for (const char* name : {"a.html", "b & c.html", "notes.txt"}) {
       Glib::file_set_contents(folder_ + "/" + name, "text");
@@ -39,7 +37,6 @@ class FileDialogTest : public test::DesktopTest {
     }
     dialog_.reset();
     DesktopTest::TearDown();
-    std::filesystem::remove_all(std::filesystem::path(folder_).parent_path());
   }
   void Show(FileDialog::Kind kind = FileDialog::Kind::Open) {
     dialog_ = std::make_unique<GtkFileDialog>(
@@ -70,7 +67,8 @@ class FileDialogTest : public test::DesktopTest {
   }
   static std::string UpToNul(const std::string& text) { return text.substr(0, text.find('\0')); }
 
-  std::string folder_;
+  const test::TemporaryFolder root_;
+  const std::string folder_ = root_ / "my pages";
   OpenFileName record_;
   std::vector<std::string> spoken_;
   std::vector<DialogMessage> messages_;

@@ -1,21 +1,13 @@
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "base/error.h"
 #include "platform/linux/gtk/text_printer.h"
 #include "tests/platform/gtk/desktop/rich_text_box_fixture.h"
+#include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
 
 using Format = RichTextBox::Format;
-
-std::string ReadFile(const std::string& path) {
-  std::ostringstream content;
-  content << std::ifstream(path, std::ios::binary).rdbuf();
-  return content.str();
-}
 
 TEST_F(RichTextBoxTest, FormatsAreThoseOfTheFirstCharacter) {
   box_.SetText("one two three");
@@ -131,19 +123,16 @@ TEST_F(RichTextBoxTest, FontAndBackgroundAreTheControls) {
 }
 
 TEST_F(RichTextBoxTest, FilesHoldTextOrRtf) {
-  std::string pattern = std::filesystem::temp_directory_path() / "corvane-test.XXXXXX";
-  const std::string folder = mkdtemp(pattern.data());
+  const test::TemporaryFolder folder;
   box_.SetText("caf\xC3\xA9\n");
-  box_.SaveFile(folder + "/a.txt", RichTextBox::FileFormat::Text);
-  box_.SaveFile(folder + "/a.rtf", RichTextBox::FileFormat::Rtf);
-  EXPECT_EQ(ReadFile(folder + "/a.txt"), "caf\xC3\xA9\n");
-  EXPECT_EQ(ReadFile(folder + "/a.rtf"), box_.TextRTF());
-  EXPECT_THROW(box_.SaveFile(folder + "/no/such/folder", RichTextBox::FileFormat::Text),
+  box_.SaveFile(folder / "a.txt", RichTextBox::FileFormat::Text);
+  box_.SaveFile(folder / "a.rtf", RichTextBox::FileFormat::Rtf);
+  EXPECT_EQ(folder.Read("a.txt"), "caf\xC3\xA9\n");
+  EXPECT_EQ(folder.Read("a.rtf"), box_.TextRTF());
+  EXPECT_THROW(box_.SaveFile(folder / "no/such/folder", RichTextBox::FileFormat::Text),
                RunTimeError);
-  PrintText("one\ntwo " + std::string(20000, 'x'), folder + "/a.pdf");
-  WaitFor("the pages",
-          [&] { return ReadFile(folder + "/a.pdf").find("%%EOF") != std::string::npos; });
-  std::filesystem::remove_all(folder);
+  PrintText("one\ntwo " + std::string(20000, 'x'), folder / "a.pdf");
+  WaitFor("the pages", [&] { return folder.Read("a.pdf").find("%%EOF") != std::string::npos; });
 }
 
 }  // namespace

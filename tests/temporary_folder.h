@@ -8,7 +8,15 @@
 
 namespace corvane::test {
 
-/// A folder of a test's own that goes with it.
+/// All bytes of a file; none if there is no such file.
+inline std::string ContentOf(const std::string& file) {
+  std::ostringstream content;
+  content << std::ifstream(file, std::ios::binary).rdbuf();
+  return content.str();
+}
+
+/// A folder of a test's own that goes with it, even while another process still
+/// writes into it.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
@@ -25,16 +33,14 @@ class TemporaryFolder {
   std::string operator/(const std::string& name) const { return path_ + "/" + name; }
   const std::string& Path() const { return path_; }
 
-  void Write(const std::string& name, const std::string& content) const {
+  /// Returns the path of the file written.
+  std::string Write(const std::string& name, const std::string& content) const {
     const std::filesystem::path file(*this / name);
     std::filesystem::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << content;
+    return file.string();
   }
-  std::string Read(const std::string& name) const {
-    std::ostringstream content;
-    content << std::ifstream(*this / name, std::ios::binary).rdbuf();
-    return content.str();
-  }
+  std::string Read(const std::string& name) const { return ContentOf(*this / name); }
   bool Has(const std::string& name) const { return std::filesystem::exists(*this / name); }
 
  private:
