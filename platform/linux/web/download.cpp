@@ -154,10 +154,11 @@ void Download::Failed(const GError& error) {
       g_error_matches(&error, WEBKIT_DOWNLOAD_ERROR, WEBKIT_DOWNLOAD_ERROR_CANCELLED_BY_USER);
   phase_ = cancelled ? Phase::Stopped : Phase::Failed;
   if (path_.empty()) return;  // the user did not want it
-  const guint64 came = webkit_download_get_received_data_length(download_.get());
   std::string sentence = cancelled ? "Download stopped: " + name_ + "."
                                    : "Download failed: " + name_ + ". " + Text(error.message) + ".";
-  if (!kept_.empty() && came > 0) {
+  std::error_code unknown;  // what the engine has told may lag behind the file
+  const guint64 came = kept_.empty() ? 0 : fs::file_size(kept_, unknown);
+  if (!unknown && came > 0) {
     const guint64 size = Expected();
     sentence += " " + SizeOf(came) + (size > 0 ? " of " + SizeOf(size) : "") +
                 " came and are kept as " + fs::path(kept_).filename().string() + ".";
