@@ -33,9 +33,10 @@
   const channel = globalThis.webkit?.messageHandlers?.corvane;
   const post = (kind, text) => channel?.postMessage(`${kind}\n${text}`);
 
-  // This document's name among all documents of all frames.
-  const documentId = Array.from(crypto.getRandomValues(new Uint32Array(3)),
-    (part) => part.toString(36)).join('-');
+  // This document's name among all documents of all frames. Not from `crypto`, which
+  // starts a thread in each document that asks it for anything.
+  const documentId = Array.from({length: 3},
+    () => Math.floor(Math.random() * 2 ** 32).toString(36)).join('-');
 
   // --- texts -----------------------------------------------------------------
 
