@@ -78,10 +78,7 @@ void EngineView::OnKey(const GdkEventKey& event) {
 void EngineView::OnInput() {
   requests_->UserActed();
   closing_.Touched();
-  // The watchdog asks after the page has been given the event, not before.
-  input_.Start(0, [this] {
-    if (!dialog_open_) watchdog_.Watch();
-  });
+  if (!dialog_open_) watchdog_.WatchSoon();
 }
 
 void EngineView::OnLoadChanged(WebKitLoadEvent event) {
@@ -99,7 +96,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
     case WEBKIT_LOAD_REDIRECTED:
       break;
     case WEBKIT_LOAD_COMMITTED:
-      go_ = nullptr;
+      leaving_.Arrived();
       navigation_.Committed();
       // Another page, often in another process: what was asked of the old one
       // may never be answered.

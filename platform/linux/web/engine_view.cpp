@@ -74,10 +74,11 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
           },
           [this] { return Busy() && !dialog_open_; },
           [this] {
-            if (stopping_) return EndHungPage();
+            if (stopping_) return leaving_.EndPage();
             ShowStatus("The page does not answer. Press Stop to close it.");
           },
-          [this] { EndHungPage(); }),
+          [this] { leaving_.EndPage(); }),
+      leaving_(view_.get(), watchdog_),
       self_(std::make_shared<EngineView*>(this)),
       opened_by_page_(opener != nullptr) {
   ConnectView();
@@ -190,32 +191,15 @@ void EngineView::Load(const std::string& address) {
   coming_problem_.reset();
   requested_ = asked_for_ = address;
   reader_->Cancel();
-  Leave([this, address] { webkit_web_view_load_uri(view_.get(), address.c_str()); });
+  leaving_.Leave([this, address] { webkit_web_view_load_uri(view_.get(), address.c_str()); });
 }
 
-// The page on the screen has to let the user go. One that does not answer is ended
-// after a moment, and what the user wanted is done then.
-void EngineView::Leave(std::function<void()> go) {
-  if (problem_loads_) {
-    after_problem_ = std::move(go);
-    return;
-  }
-  go_ = std::move(go);
-  if (watchdog_.Warned()) return EndHungPage();
-  if (input_.Running()) {
-    input_.Cancel();
-    watchdog_.Watch();
-  }
-  go_();
-  watchdog_.Hurry();
-}
-
-// A page of a problem that is on its way takes the place of whatever is loaded
-// meanwhile; so that waits for it.
+// True when the user wanted something else meanwhile and goes there now.
 bool EngineView::ProblemIsThere() {
-  if (!std::exchange(problem_loads_, false) || !after_problem_) return false;
+  const auto next = leaving_.ProblemIsThere();
+  if (!next) return false;
   navigation_.Requested();
-  Leave(std::exchange(after_problem_, nullptr));
+  leaving_.Leave(next);
   return true;
 }
 
@@ -223,14 +207,14 @@ void EngineView::GoBack() {
   if (!webkit_web_view_can_go_back(view_.get())) return;
   navigation_.Requested();
   coming_problem_.reset();
-  Leave([this] { webkit_web_view_go_back(view_.get()); });
+  leaving_.Leave([this] { webkit_web_view_go_back(view_.get()); });
 }
 
 void EngineView::GoForward() {
   if (!webkit_web_view_can_go_forward(view_.get())) return;
   navigation_.Requested();
   coming_problem_.reset();
-  Leave([this] { webkit_web_view_go_forward(view_.get()); });
+  leaving_.Leave([this] { webkit_web_view_go_forward(view_.get()); });
 }
 
 void EngineView::GoHome() { Navigate(engine_.Options().start_page()); }
@@ -246,12 +230,12 @@ void EngineView::Refresh() {
   }
   stopping_ = false;
   coming_problem_.reset();
-  Leave([this] { webkit_web_view_reload(view_.get()); });
+  leaving_.Leave([this] { webkit_web_view_reload(view_.get()); });
 }
 
 void EngineView::Stop() {
   webkit_web_view_stop_loading(view_.get());
-  if (watchdog_.Warned()) return EndHungPage();
+  if (watchdog_.Warned()) return leaving_.EndPage();
   if (!Busy()) return;
   stopping_ = true;
   coming_problem_.reset();
@@ -269,27 +253,19 @@ void EngineView::ShowProblem(const Problem& problem) {
   const bool is_address =
       g_uri_is_valid(problem.address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
   const std::string address = is_address ? problem.address : "about:problem";
-  Leave([this, problem, address] {
-    problem_loads_ = true;
+  leaving_.Leave([this, problem, address] {
+    leaving_.ProblemLoads();
     coming_problem_ = problem;
     webkit_web_view_load_alternate_html(view_.get(), RenderProblem(problem).c_str(),
                                         address.c_str(), nullptr);
   });
 }
 
-void EngineView::EndHungPage() {
-  hung_ = true;
-  webkit_web_view_terminate_web_process(view_.get());
-}
-
 void EngineView::OnProcessGone(WebKitWebProcessTerminationReason reason) {
   watchdog_.Reset();
   requests_->PageChanged();
-  const bool hung = std::exchange(hung_, false);
-  if (std::exchange(problem_loads_, false) && after_problem_) {
-    return Leave(std::exchange(after_problem_, nullptr));
-  }
-  if (const auto go = std::exchange(go_, nullptr); hung && go && navigation_.Waiting()) return go();
+  const auto [hung, next] = leaving_.ProcessGone(navigation_.Waiting());
+  if (next) return next();
   const std::string address = navigation_.Waiting() || address_.empty() ? requested_ : address_;
   const Problem problem =
       hung ? HangProblem(address)
@@ -323,7 +299,7 @@ void EngineView::ReadAgain() {
 }
 
 void EngineView::StartReading() {
-  go_ = nullptr;
+  leaving_.Arrived();
   watchdog_.Watch();
   reader_->Read([this](HTMLDocumentPtr document) {
     if (navigation_.Reading()) FinishReading(std::move(document));

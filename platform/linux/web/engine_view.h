@@ -15,6 +15,7 @@
 #include "platform/linux/web/page_changes.h"
 #include "platform/linux/web/page_closing.h"
 #include "platform/linux/web/page_keys.h"
+#include "platform/linux/web/page_leaving.h"
 #include "platform/linux/web/page_policy.h"
 #include "platform/linux/web/page_reader.h"
 #include "platform/linux/web/page_requests.h"
@@ -92,7 +93,6 @@ class EngineView {
   PageKeys::Host KeysHost();
 
   void Load(const std::string& address);
-  void Leave(std::function<void()> go);
   bool ProblemIsThere();
   void LoadSearch(const std::string& search);
   void ShowProblem(const Problem& problem);
@@ -101,7 +101,6 @@ class EngineView {
   void Settle();
   void ShowSettled();
   void FinishReading(HTMLDocumentPtr document);
-  void EndHungPage();
   void ShowStatus(const std::string& text);
   void ApplyPreferences();
   void StayOnPage();
@@ -119,6 +118,7 @@ class EngineView {
   std::unique_ptr<PageKeys> keys_;
   PageClosing closing_;
   Watchdog watchdog_;
+  PageLeaving leaving_;
   Connections connections_;
   std::shared_ptr<EngineView*> self_;  // answers that come after the view find it gone
 
@@ -135,14 +135,9 @@ class EngineView {
   bool dialog_open_ = false;
   bool stopping_ = false;
   bool stays_ = false;  // the user has just refused to leave the page
-  bool hung_ = false;
-  bool problem_loads_ = false;
-  std::function<void()> after_problem_;
-  std::function<void()> go_;  // done again when the page that was to be left hangs
-  int crashes_ = 0;           // since a page was last read
+  int crashes_ = 0;     // since a page was last read
   std::string base_status_;
   Delay idle_;     // a look at whether anything still loads
-  Delay input_;    // the watchdog's look after a key or a click
   Delay opening_;  // of a window that the page wants
 };
 

@@ -24,6 +24,7 @@ Watchdog::Watchdog(Limits limits, std::function<void(Answer)> ping,
 void Watchdog::Watch() {
   if (current_) return;
   pause_.Cancel();
+  soon_.Cancel();
   current_ = std::make_shared<int>();
   warn_delay_.Start(limits_.warn, [this] {
     warned_ = true;
@@ -42,7 +43,12 @@ void Watchdog::EndIn(double seconds) {
   });
 }
 
+void Watchdog::WatchSoon() {
+  soon_.Start(0, [this] { Watch(); });
+}
+
 void Watchdog::Hurry() {
+  if (soon_.Running()) Watch();
   if (!current_) return;
   warn_delay_.Cancel();
   EndIn(limits_.warn);
@@ -54,6 +60,7 @@ void Watchdog::Reset() {
   warn_delay_.Cancel();
   end_delay_.Cancel();
   pause_.Cancel();
+  soon_.Cancel();
 }
 
 void Watchdog::Answered() {

@@ -26,8 +26,10 @@ class Watchdog {
 
   /// Makes sure that a ping is under way.
   void Watch();
-  /// The user goes elsewhere: a ping that is under way may take no longer than it
-  /// takes until the user would be told.
+  /// The same once the page has been given the event that is being handled.
+  void WatchSoon();
+  /// The user goes elsewhere: a ping that is under way or due may take no longer than
+  /// it takes until the user would be told.
   void Hurry();
   /// Forgets the ping under way: the page is another one, or its process is gone.
   void Reset();
@@ -48,6 +50,7 @@ class Watchdog {
   Delay warn_delay_;
   Delay end_delay_;
   Delay pause_;
+  Delay soon_;
 };
 
 }  // namespace corvane::desktop
