@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -33,6 +34,26 @@ class Announcer {
     });
   }
 
+  /// Speaks a page's title.
+  void SayTitle(const std::string& title) {
+    after_title_.clear();
+    title_ = std::make_shared<int>();
+    SayThrough(title, [this, mine = std::weak_ptr(title_)](bool to_its_end) {
+      if (mine.expired()) return;
+      title_.reset();
+      const std::string words = std::exchange(after_title_, "");
+      if (to_its_end && !words.empty()) Say(words);
+    });
+  }
+
+  /// Adds the text as a line to the text pane and speaks it as soon as the title has
+  /// been spoken to its end; not at all when that is cut off.
+  void AddAndSayAfterTitle(const std::string& text) {
+    if (!title_) return AddAndSay(text);
+    ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true); });
+    after_title_ = text;
+  }
+
   /// Adds the text as a line to the text pane and speaks it.
   void AddAndSay(const std::string& text, bool urgent = false) {
     ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true); }, [&] { Say(text, urgent); });
@@ -42,6 +63,8 @@ class Announcer {
   MessageBox& box_;
   ctlText& pane_;
   ISpeechNotify* sink_ = nullptr;
+  std::shared_ptr<int> title_;  // while it is being spoken
+  std::string after_title_;
 };
 
 }  // namespace corvane

@@ -10,13 +10,13 @@ AutoFocus::AutoFocus(PaneContext& pane, SideBar& side_bar) : pane_(pane), side_b
   // where it begins; when the focus was moved for the user, the page's title is
   // not cut off.
   connections_ += c.TreeView1->GotFocus.Connect([this, &c] {
-    if (quiet_ || c.TreeView1->SelectedItem() != nullptr) return;
+    if (pane_.state.quiet || c.TreeView1->SelectedItem() != nullptr) return;
     if (!side_bar_.SelectFirst()) Name("SideBar");
   });
 }
 
 void AutoFocus::Name(const char* area) {
-  if (!quiet_) pane_.announcer.Say(area);
+  if (!pane_.state.quiet) pane_.announcer.Say(area);
 }
 
 // Each item is tested by itself: one that the menu does not have fails and sets
@@ -29,21 +29,19 @@ void AutoFocus::AfterReading() {
     return checked;
   };
   PaneControls& c = pane_.controls;
-  quiet_ = true;
+  pane_.state.quiet = true;
   ErrorsIgnored([&] {
     if (chosen(kFocusLinks)) {
       c.cmbListLinks->SetFocus();
     } else if (chosen(kFocusSideBar)) {
-      side_bar_.SetQuiet(true);
-      ErrorsIgnored([&] { c.TreeView1->SetFocus(); });
-      side_bar_.SetQuiet(false);
+      c.TreeView1->SetFocus();
     } else if (chosen(kFocusWebBrowser)) {
       c.brwWebBrowser->SetFocus();
     } else if (chosen(kFocusTextBox)) {
       c.ctlText1.SetFocus();
     }
   });
-  quiet_ = false;
+  pane_.state.quiet = false;
 }
 
 }  // namespace corvane

@@ -20,7 +20,6 @@ class AutoFocus {
 
   PaneContext& pane_;
   SideBar& side_bar_;
-  bool quiet_ = false;
   Connections connections_;
 };
 

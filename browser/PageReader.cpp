@@ -116,7 +116,7 @@ void PageReader::Stop() {
 }
 
 void PageReader::SayTitle() {
-  if (!title_.empty()) pane_.announcer.Say(title_);
+  if (!title_.empty()) pane_.announcer.SayTitle(title_);
 }
 
 }  // namespace corvane

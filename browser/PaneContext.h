@@ -31,6 +31,7 @@ struct PaneState {
   /// An address is being typed: a page that is there at last must not take it, or the
   /// focus, from under the user's fingers.
   bool typing = false;
+  bool quiet = false;  ///< the focus is moved for the user: the page's title is not cut off
 
   /// The user comes to an area; what was typed and left is given up.
   void Enter(int entered) {

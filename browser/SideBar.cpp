@@ -41,7 +41,7 @@ SideBar::SideBar(PaneContext& pane, PaneSettings& settings, PaneLayout& layout)
   for (const StockImage image : kPageImages) page_images_->Add("", image);
   explorer_.Init(tree, nullptr, 0, 0, 0);
   connections_ += tree.GotFocus.Connect([this] {
-    if (!quiet_ || !ShowsPage()) TreeView1_GotFocus();
+    if (!pane_.state.quiet || !ShowsPage()) TreeView1_GotFocus();
   });
   connections_ += tree.NodeClick.Connect([this](TreeNode& node) { TreeView1_NodeClick(node); });
   connections_ += tree.Toggled.Connect([this](TreeNode& node) { TreeView1_NodeClick(node); });
@@ -248,7 +248,12 @@ void SideBar::OpenOrClose(TreeNode& node) {
 void SideBar::TreeView1_GotFocus() {
   ErrorsIgnored([&] {
     const TreeNode* selected = pane_.controls.TreeView1->SelectedItem();
-    pane_.announcer.AddAndSay(Required(selected).Text() + " Sidebar Item");
+    const std::string words = Required(selected).Text() + " Sidebar Item";
+    if (pane_.state.quiet) {
+      pane_.announcer.AddAndSayAfterTitle(words);
+    } else {
+      pane_.announcer.AddAndSay(words);
+    }
   });
 }
 

@@ -32,9 +32,6 @@ class SideBar {
   /// Selects the first node and says it, for a user who is in the tree; false
   /// when the tree is empty.
   bool SelectFirst();
-  /// While it is quiet the tree of a page that has just been read does not say
-  /// itself when it gets the focus: the page's title must be heard.
-  void SetQuiet(bool quiet) { quiet_ = quiet; }
 
   /// The window closes: what is still being made is given up.
   void Close();
@@ -75,7 +72,6 @@ class SideBar {
   std::shared_ptr<ImageList> icons_large_;
   std::shared_ptr<ImageList> icons_small_;
   std::unique_ptr<ImageList> page_images_;
-  bool quiet_ = false;
   bool outline_ = false;    // the tree shows a text outline
   unsigned shown_ = 0;      // counts what was shown: a newer content makes an older one stop
   bool say_first_ = false;  // when the content has been made: the user waits for it in the tree

@@ -174,7 +174,8 @@ void MSAgent::SayThrough(const std::string& Text, ISpeechNotify::Spoken spoken) 
   const AgentRequest request = Speak(Text, false);
   if (request.id == 0) return spoken(false);
   through_ = request;
-  spoken_ = std::move(spoken);
+  // Behind a protected message several may wait; only the last one is followed.
+  if (const auto earlier = std::exchange(spoken_, std::move(spoken))) earlier(false);
 }
 
 AgentRequest MSAgent::Speak(const std::string& Text, bool urgent) {

@@ -172,6 +172,34 @@ TEST_F(PageReaderTest, TreeOfThePageDoesNotCutOffItsTitle) {
   EXPECT_THAT(program.Spoken(), ElementsAre(::testing::EndsWith(" Sidebar Item")));
 }
 
+class FavoritesWithFocus : public PageReaderTest {
+ protected:
+  FavoritesWithFocus() {
+    program.desktop.settings.Pane("Focus") = "3";
+    program.desktop.settings.Pane("SideBar") = "2";
+    program.StartTalking();
+    program.Tree().SetSelectedItem(Root());
+    program.Read(MakePage("http://a/", "Title", "text"));
+    EXPECT_EQ(program.desktop.focus, "TreeView1");
+    EXPECT_EQ(program.Spoken().back(), "Title");
+  }
+  TreeNode* Root() { return program.Tree().Nodes().front(); }
+  Program program;
+};
+
+TEST_F(FavoritesWithFocus, SayWhereTheUserIsOnceTheTitleHasBeenSpoken) {
+  program.desktop.speech.agent->CompleteLast();
+  EXPECT_THAT(program.Spoken(), ElementsAre(Root()->Text() + " Sidebar Item"));
+  program.desktop.speech.agent->CompleteLast();
+  EXPECT_THAT(program.Spoken(), IsEmpty());
+}
+
+TEST_F(FavoritesWithFocus, SayNothingMoreWhenTheTitleIsCutOff) {
+  program.Window(0)->Say("Something else", false);
+  program.desktop.speech.agent->CompleteLast();
+  EXPECT_THAT(program.Spoken(), ElementsAre("Something else"));
+}
+
 TEST_F(PageReaderTest, PanesOwnFocusMenuHasNoSixthItem) {
   FakeDesktop desktop;
   ctlWebBrowser pane(desktop);
