@@ -67,116 +67,6 @@ TEST(MainMenu, EachMenuHangsOnItsTitle) {
   EXPECT_TRUE(Opens(m.mnuSpeech(4), m.mnuPitch));
 }
 
-TEST(MenuCommands, PitchChosenWhileSpeechIsOffIsOnlyStored) {
-  Program p;
-  p.Start();
-  p.Inside().menu.mnuPitch(0).Click.Raise();
-  EXPECT_EQ(p.Inside().menu.mnuPitch.FirstChecked(), 0);
-  EXPECT_EQ(p.desktop.settings.Main("Pitch"), "0");
-  EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
-  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
-}
-
-TEST(MenuCommands, RateAndPitchChosenWhileSpeechIsOffHoldFromTheNextStart) {
-  Program p;
-  p.Start();
-  p.Inside().menu.mnuRate(4).Click.Raise();
-  p.Inside().menu.mnuPitch(0).Click.Raise();
-  p.Inside().menu.mnuSpeech(0).Click.Raise();
-  Program next;
-  next.desktop.settings.values = p.desktop.settings.values;
-  next.Start();
-  ASSERT_NE(next.Service()->gMSAgent(), nullptr);
-  EXPECT_EQ(next.Service()->gMSAgent()->Speed(), 250);
-  EXPECT_EQ(next.Service()->gMSAgent()->Pitch(), 50);
-}
-
-TEST(MenuCommands, ChoicesThatCannotBeStoredHoldAllTheSame) {
-  Program p;
-  p.StartTalking();
-  p.desktop.settings.refused = {"Rate", "Pitch", "StatusChange", "KeyEcho", "Speech"};
-  MainMenu& menu = p.Inside().menu;
-  menu.mnuRate(0).Click.Raise();
-  menu.mnuPitch(4).Click.Raise();
-  EXPECT_EQ(p.Service()->gMSAgent()->Speed(), 50);
-  EXPECT_EQ(p.Service()->gMSAgent()->Pitch(), 130);
-  menu.mnuSettings(7).Click.Raise();
-  EXPECT_TRUE(menu.mnuSettings(7).Checked());
-  EXPECT_TRUE(p.Inside().ctlWebBrowser1.Inside().state.blnStatusFeedback);
-  menu.mnuSpeech(1).Click.Raise();
-  EXPECT_TRUE(p.Service()->gMSAgent()->blnKeyboardEcho);
-  menu.mnuSpeech(0).Click.Raise();
-  EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
-  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
-}
-
-TEST(MenuCommands, SpeechThatComesOnTellsTheEchoStateEvenWhenItIsOff) {
-  Program p;
-  p.Start();
-  std::vector<bool> told;
-  const auto listening =
-      p.Service()->KeyboardEchoStatus.Connect([&](bool on) { told.push_back(on); });
-  p.Inside().menu.mnuSpeech(0).Click.Raise();
-  EXPECT_THAT(told, ElementsAre(false));
-  p.Inside().menu.mnuSpeech(0).Click.Raise();
-  EXPECT_THAT(told, ElementsAre(false)) << "and nothing when it goes";
-}
-
-TEST(MenuCommands, RateChosenWhileSpeechIsOffIsOnlyStored) {
-  Program p;
-  p.Start();
-  p.Inside().menu.mnuRate(3).Click.Raise();
-  EXPECT_EQ(p.Inside().menu.mnuRate.FirstChecked(), 3);
-  EXPECT_EQ(p.desktop.settings.Main("Rate"), "3");
-  EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
-  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
-}
-
-TEST(MenuCommands, RateAndPitchReachTheCharacter) {
-  Program p;
-  p.StartTalking();
-  p.Inside().menu.mnuRate(0).Click.Raise();
-  p.Inside().menu.mnuPitch(4).Click.Raise();
-  EXPECT_EQ(p.Service()->gMSAgent()->Speed(), 50);
-  EXPECT_EQ(p.Service()->gMSAgent()->Pitch(), 130);
-  EXPECT_EQ(p.desktop.settings.Main("Pitch"), "4");
-}
-
-TEST(MenuCommands, SpeechItemTogglesStoresAndClaims) {
-  Program p;
-  p.Start();
-  MenuItem& speech = p.Inside().menu.mnuSpeech(0);
-  speech.Click.Raise();
-  EXPECT_TRUE(speech.Checked());
-  EXPECT_EQ(p.desktop.settings.Main("Speech"), "True");
-  EXPECT_NE(p.Service()->gMSAgent(), nullptr);
-  EXPECT_FALSE(speech.Enabled());  // until the character is ready
-  p.MakeReady();
-  EXPECT_TRUE(speech.Enabled());
-  speech.Click.Raise();
-  EXPECT_EQ(p.desktop.settings.Main("Speech"), "False");
-  EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
-}
-
-TEST(MenuCommands, SpeechSwitchedOnInOneWindowIsNotCheckedInTheOther) {
-  Program p;
-  p.Start();
-  Application other(p.process);
-  other.StartBrowser(p.Service());
-  p.Inside(0).menu.mnuSpeech(0).Click.Raise();
-  EXPECT_TRUE(p.Inside(0).menu.mnuSpeech(0).Checked());
-  EXPECT_FALSE(p.Inside(1).menu.mnuSpeech(0).Checked());
-}
-
-TEST(MenuCommands, EchoStateIsHandedOverWhenSpeechComesOn) {
-  Program p;
-  p.desktop.settings.Main("KeyEcho") = "True";
-  p.Start();
-  EXPECT_TRUE(p.Inside().menu.mnuSpeech(1).Checked());
-  p.Inside().menu.mnuSpeech(0).Click.Raise();
-  EXPECT_TRUE(p.Service()->gMSAgent()->blnKeyboardEcho);
-}
-
 TEST(MenuCommands, StatusFeedbackTogglesItsMarkButThePanesFlagStaysSet) {
   Program p;
   p.Start();
@@ -233,32 +123,6 @@ TEST(MenuCommands, NewWindowSharesTheServiceAndOutlivesTheFirst) {
   ASSERT_EQ(p.process.Forms().size(), 1U);
   EXPECT_EQ(p.Window(0)->MainApp(), service);
   EXPECT_EQ(p.desktop.Living("frmProcess"), 1U);
-}
-
-TEST(MenuCommands, EachWindowHasItsOwnEnableSpeech) {
-  Program p;
-  p.StartTalking();
-  p.Inside().menu.mnuFileItem(0).Click.Raise();
-  ASSERT_TRUE(p.Inside(1).menu.mnuSpeech(0).Checked());  // the stored choice
-  p.Inside(1).menu.mnuSpeech(0).Click.Raise();
-  EXPECT_FALSE(p.Inside(1).menu.mnuSpeech(0).Checked());
-  EXPECT_TRUE(p.Inside(0).menu.mnuSpeech(0).Checked());
-  ASSERT_NE(p.Service()->gMSAgent(), nullptr);
-  p.Spoken();
-  static_cast<ISpeechNotify&>(*p.Window(1)).Say("silent", false);
-  static_cast<ISpeechNotify&>(*p.Window(0)).Say("heard", false);
-  EXPECT_THAT(p.Spoken(), ElementsAre("heard"));
-}
-
-TEST(MenuCommands, TheCharacterLivesWhileAnyWindowHasSpeechOn) {
-  Program p;
-  p.StartTalking();
-  p.Inside().menu.mnuFileItem(0).Click.Raise();
-  const auto service = p.Service();
-  p.Window(1)->Unload();
-  EXPECT_NE(service->gMSAgent(), nullptr);
-  p.Inside(0).menu.mnuSpeech(0).Click.Raise();
-  EXPECT_EQ(service->gMSAgent(), nullptr);
 }
 
 TEST(MenuCommands, OpenWebSiteEmptiesTheAddressBoxAndGoesThere) {
@@ -398,59 +262,6 @@ TEST(MenuCommands, StatusbarItemHidesAndDetachesTheBar) {
   EXPECT_EQ(p.Status().PanelText(1), "seen");
 }
 
-TEST(MenuCommands, HelpContentsOpensTheHelpTextInTheSideBar) {
-  Program p;
-  p.desktop.files.files["/opt/corvane/cvhelp.txt"] = {"Keys: All of them.", "\tF5: Loads again."};
-  p.Start();
-  p.Inside().menu.mnuHelp(0).Click.Raise();
-  ASSERT_EQ(p.Tree().nodes.size(), 1U);
-  EXPECT_EQ(p.Tree().nodes[0]->text, "Keys");
-  EXPECT_EQ(p.desktop.focus, "TreeView1");
-}
-
-TEST(MenuCommands, AMissingHelpTextIsTold) {
-  Program p;
-  p.Start();
-  p.Address().SetFocus();
-  p.Inside().menu.mnuHelp(0).Click.Raise();
-  EXPECT_THAT(p.desktop.boxes.Texts(),
-              ElementsAre("The help text cvhelp.txt was not found. Installing Corvane again brings "
-                          "it back."));
-  EXPECT_EQ(p.desktop.focus, "cboAddress");
-}
-
-struct HelpThatCannotBeShown : testing::Test {
-  Program p;
-  void Open() {
-    p.Start();
-    p.Tree().Add(nullptr, "kept");
-    p.Address().SetFocus();
-    p.Inside().menu.mnuHelp(0).Click.Raise();
-  }
-  void ExpectNothingChanged() {
-    ASSERT_FALSE(p.Tree().nodes.empty());
-    EXPECT_EQ(p.Tree().nodes.back()->text, "kept");
-    EXPECT_EQ(p.desktop.focus, "cboAddress");
-  }
-};
-
-TEST_F(HelpThatCannotBeShown, AnUnreadableOneIsTold) {
-  p.desktop.files.files["/opt/corvane/cvhelp.txt"] = {"Keys"};
-  p.desktop.files.unreadable = true;
-  Open();
-  EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("GetHelp Error: Permission denied"));
-  ExpectNothingChanged();
-}
-
-TEST_F(HelpThatCannotBeShown, AnEmptyOneIsTold) {
-  p.desktop.files.files["/opt/corvane/cvhelp.txt"] = {"", " \t"};
-  Open();
-  EXPECT_THAT(
-      p.desktop.boxes.Texts(),
-      ElementsAre("GetHelp Error: There is nothing in the help text /opt/corvane/cvhelp.txt"));
-  ExpectNothingChanged();
-}
-
 TEST(MenuCommands, ChoosingAnItemThatIsCheckedKeepsExactlyOne) {
   Program p;
   p.Start();
@@ -467,22 +278,6 @@ TEST(MenuCommands, ChoosingAnItemThatIsCheckedKeepsExactlyOne) {
       EXPECT_TRUE((*array)(i).Checked());
     }
   }
-}
-
-TEST(MenuCommands, KeyboardEchoIsEnabledOnlyWhileSpeechIsOn) {
-  Program p;
-  p.Start();
-  MenuItem& echo = p.Inside().menu.mnuSpeech(1);
-  EXPECT_FALSE(echo.Enabled());
-  p.Inside().menu.mnuSpeech(0).Click.Raise();
-  EXPECT_TRUE(echo.Enabled());
-  echo.Click.Raise();
-  EXPECT_TRUE(echo.Checked());
-  EXPECT_EQ(p.desktop.settings.Main("KeyEcho"), "True");
-  EXPECT_TRUE(p.Service()->gMSAgent()->blnKeyboardEcho);
-  echo.Click.Raise();
-  EXPECT_FALSE(p.Service()->gMSAgent()->blnKeyboardEcho);
-  EXPECT_EQ(p.desktop.settings.Main("KeyEcho"), "False");
 }
 
 }  // namespace
