@@ -66,7 +66,7 @@ class Control {
   /// The name by which assistive technologies announce the control.
   virtual void SetAccessibleName(const std::string& name) = 0;
 
-  Event<> GotFocus;
+  Event<> GotFocus;  ///< also after a menu that was left with nothing chosen
   Event<KeyEvent&> KeyDown;
   /// A key is released that was pressed in this control and is no modifier.
   Event<KeyEvent&> KeyUp;

@@ -174,6 +174,30 @@ class Menus(EndToEndTest):
         corvane.keys("Escape")
         wait_until(lambda: not set(corvane.window_names()) - before, "its end")
 
+    # Leaving a menu -----------------------------------------------------------
+    def test_escape_from_a_menu_tells_where_it_leads(self):
+        corvane = self.start()
+        self.page()
+        for place, keys in (
+            ("Text Box", ["ctrl+l", "shift+F6"]),
+            ("WebBrowser", ["ctrl+l", "shift+F6", "shift+F6"]),
+            (f"{self.base}/start.html Address Box", ["ctrl+l"]),
+        ):
+            corvane.transcript.mark()
+            corvane.keys(*keys)
+            self.said(place)
+            corvane.transcript.mark()
+            corvane.keys("alt+f", "Down", "Escape")
+            self.said("File", "New Window", "Open Web Site", place)
+
+    def test_what_was_chosen_in_a_menu_is_not_followed_by_the_place_behind_it(self):
+        corvane = self.start()
+        self.page()
+        corvane.transcript.mark()
+        corvane.keys("alt+v", "Down", "Return", "alt+e")
+        self.said("View", "Toolbar checked", "Statusbar checked", "Edit")
+        self.assertNotIn("Text Box", corvane.transcript.spoken())
+
     # Edit ---------------------------------------------------------------------
     def test_edit_works_on_the_text_pane_and_the_clipboard(self):
         corvane = self.start()

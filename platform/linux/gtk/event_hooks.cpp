@@ -8,6 +8,7 @@
 #include "platform/linux/gtk/menu_entry.h"
 #include "platform/linux/gtk/post.h"
 #include "platform/linux/gtk/virtual_key.h"
+#include "platform/linux/gtk/widget_control.h"
 
 namespace corvane::desktop {
 namespace {
@@ -71,16 +72,20 @@ EventHooks::EventHooks() : self_(std::make_shared<EventHooks*>(this)) {
       nullptr);
   // The class must exist before its signals can be named.
   g_type_class_unref(g_type_class_ref(GTK_TYPE_MENU_ITEM));
+  g_type_class_unref(g_type_class_ref(GTK_TYPE_MENU_SHELL));
   select_signal_ = g_signal_lookup("select", GTK_TYPE_MENU_ITEM);
   deselect_signal_ = g_signal_lookup("deselect", GTK_TYPE_MENU_ITEM);
+  cancel_signal_ = g_signal_lookup("cancel", GTK_TYPE_MENU_SHELL);
   select_hook_ = g_signal_add_emission_hook(select_signal_, 0, &OnSelect, this, nullptr);
   deselect_hook_ = g_signal_add_emission_hook(deselect_signal_, 0, &OnDeselect, this, nullptr);
+  cancel_hook_ = g_signal_add_emission_hook(cancel_signal_, 0, &OnCancel, this, nullptr);
 }
 
 EventHooks::~EventHooks() {
   *self_ = nullptr;
   g_signal_remove_emission_hook(select_signal_, select_hook_);
   g_signal_remove_emission_hook(deselect_signal_, deselect_hook_);
+  g_signal_remove_emission_hook(cancel_signal_, cancel_hook_);
   gdk_event_handler_set([](GdkEvent* event, gpointer) { gtk_main_do_event(event); }, nullptr,
                         nullptr);
 }
@@ -126,6 +131,18 @@ void EventHooks::TellWhereASubmenuWasLeft(GtkWidget* submenu) {
   if (gtk_menu_shell_get_selected_item(GTK_MENU_SHELL(outer)) != opener) return;
   if (gtk_menu_shell_get_selected_item(GTK_MENU_SHELL(submenu)) != nullptr) return;
   Tell(GTK_MENU_ITEM(opener));
+}
+
+// Escape leaves a menu with nothing chosen, so nothing else would be said: the control
+// behind it tells that the user is there again.
+gboolean EventHooks::OnCancel(GSignalInvocationHint*, guint, const GValue*, gpointer) {
+  PostToLoop([] {
+    if (GTK_IS_MENU_SHELL(gtk_grab_get_current())) return;  // an outer menu is still open
+    if (WidgetBinding* binding = WidgetBinding::Focused()) {
+      Guarded([&] { binding->FocusIsBack(); });
+    }
+  });
+  return TRUE;
 }
 
 Connection LinuxKeyboardHook::Listen() {

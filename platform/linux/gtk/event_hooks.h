@@ -35,13 +35,17 @@ class EventHooks {
 
   static gboolean OnDeselect(GSignalInvocationHint*, guint count, const GValue* values,
                              gpointer self);
+  static gboolean OnCancel(GSignalInvocationHint*, guint count, const GValue* values,
+                           gpointer self);
   void Tell(GtkMenuItem* item);
   void TellWhereASubmenuWasLeft(GtkWidget* submenu);
 
   guint select_signal_ = 0;
   guint deselect_signal_ = 0;
+  guint cancel_signal_ = 0;
   gulong select_hook_ = 0;
   gulong deselect_hook_ = 0;
+  gulong cancel_hook_ = 0;
   unsigned selections_ = 0;  // counts what was highlighted
   std::shared_ptr<EventHooks*> self_;
 };

@@ -83,8 +83,8 @@ struct WidgetBinding::State {
   bool KeyUp(GdkEventKey* event);
 };
 
-// The toolkit tells of one change twice. A menu takes the focus for as long as it
-// is open; its return is no news.
+// The toolkit tells of one change twice. On some desktops a menu takes the focus for
+// as long as it is open; its return is no news.
 void WidgetBinding::State::FocusChanged() {
   if (std::exchange(had_focus, focus.has_focus()) == focus.has_focus()) return;
   if (!focus.has_focus()) {
@@ -193,6 +193,24 @@ WidgetBinding* WidgetBinding::Of(Gtk::Widget& outer) {
 Control& WidgetBinding::control() const { return *state_->control; }
 
 WindowHandle WidgetBinding::hwnd() const { return state_->handle; }
+
+WidgetBinding* WidgetBinding::Focused() {
+  for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
+    if (!window->is_active()) continue;
+    for (Gtk::Widget* widget = window->get_focus(); widget; widget = widget->get_parent()) {
+      if (WidgetBinding* binding = Of(*widget)) return binding;
+    }
+  }
+  return nullptr;
+}
+
+void WidgetBinding::FocusIsBack() {
+  if (state_->focus.has_focus()) {
+    control().GotFocus.Raise();
+  } else {
+    state_->menu_took_focus = false;  // told when it comes
+  }
+}
 
 void WidgetBinding::SetFocus() { state_->focus.grab_focus(); }
 

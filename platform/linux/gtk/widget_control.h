@@ -58,10 +58,15 @@ class WidgetBinding {
 
   /// The binding of a control's outer widget; null for any other widget.
   static WidgetBinding* Of(Gtk::Widget& outer);
+  /// The binding of the control that has the focus in the active window; null when
+  /// that is another widget or no window of the program is active.
+  static WidgetBinding* Focused();
   Control& control() const;
 
   WindowHandle hwnd() const;
   void SetFocus();
+  /// A menu over the control was left with nothing chosen: it tells its focus again.
+  void FocusIsBack();
   bool Visible() const;
   void SetVisible(bool visible);
   bool Enabled() const;
