@@ -22,6 +22,7 @@ PAGES = [
     ("/page/long-{}", "Page long-{}", "The local news"),
     ("/broken-text", "Broken \ufffd\ufffd text", None),
 ]
+KEPT = 8  # pages; more than the engine keeps for the way back
 SETTLED = 16  # seconds: what a page leaves behind is freed a little later, idle threads end
 
 State = collections.namedtuple("State", "pages memory own parts processes descriptors threads files")
@@ -81,8 +82,11 @@ class LongUse:
             self._user.leave(list(DIALOGS)[self._round // 5 % len(DIALOGS)])
 
     def rest(self):
-        """The same quiet place each time, so that states can be compared."""
+        """The same quiet place each time, so that states can be compared. The engine
+        keeps the last few pages for the way back: small ones take their places."""
         self._user.side_bar("none")
+        for number in range(KEPT):
+            self._user.open(f"/page/{number}", f"Page {number}")
         self._user.open("/weather.html", "The weather")
         time.sleep(SETTLED)
         return state(self._corvane, self.read)

@@ -19,6 +19,7 @@ import web_server  # noqa: E402
 
 FIRST = 100  # pages until the program is warm: later states are compared with this one
 MOST_GROWTH = 1.10
+END = 3  # seconds until the helpers have gone, too, when both cores are busy
 A_FEW = 5  # threads and descriptors come and go with them
 QUIET = {"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "0", "Focus": "0"}}
 
@@ -64,6 +65,7 @@ def use(corvane, user, pages):
         print_state(states[-1])
     family = processes.family(corvane.process.pid)
     corvane.close()
+    time.sleep(END)
     left = [processes.name(pid) for pid in family if processes.is_alive(pid)]
     return growth(states[0], states[-1]) + ([f"left behind: {left}"] if left else [])
 

@@ -90,7 +90,15 @@ class Browser:
                 raise RuntimeError("no window")
         return time.monotonic() - self.started
 
+    def forget_stalls(self):
+        """What comes from now on is measured; twice, because the program may be
+        about to write down what was before."""
+        self.stalls.unlink(missing_ok=True)
+        time.sleep(0.1)
+        self.stalls.unlink(missing_ok=True)
+
     def longest_stall(self):
+        """Milliseconds since forget_stalls, or since the start."""
         try:
             return float(self.stalls.read_text().split()[-1])
         except (FileNotFoundError, IndexError):
@@ -145,9 +153,7 @@ def reading(build, base, links, runs):
         try:
             browser.wait_spoken("Page 1")
             time.sleep(0.5)
-            browser.stalls.unlink(missing_ok=True)
-            time.sleep(0.1)
-            browser.stalls.unlink(missing_ok=True)
+            browser.forget_stalls()
             focus_address()
             subprocess.run(["xdotool", "type", "--delay", "5", f"{base}/links/{links}"], check=True)
             before = time.monotonic()
@@ -159,22 +165,6 @@ def reading(build, base, links, runs):
         finally:
             browser.end()
     return times, stalls
-
-
-def accessibility(build, base, elements, runs):
-    """The longest time the window took no events while the elements of a page,
-    half of them links, were fetched for the side bar."""
-    stalls = []
-    for _ in range(runs):
-        browser = Browser(build, base + f"/links/{elements // 2}", pane={"SideBar": 5})
-        try:
-            browser.wait_spoken(f"{elements // 2} links")  # fetching has begun
-            browser.stalls.unlink(missing_ok=True)
-            time.sleep(20)
-            stalls.append(browser.longest_stall())
-        finally:
-            browser.end()
-    return stalls
 
 
 def focus_address():
@@ -322,8 +312,6 @@ def main():
             f"{median(stalls):.0f} ms", "50 ms" if links == 10_000 else "")
     for tree_row in trees.rows(lambda address, **options: Browser(build, address, **options), base, median):
         row(*tree_row)
-    row("longest stall of the window while 10,000 accessible elements are fetched, median",
-        f"{median(accessibility(build, base, 10_000, 3)):.0f} ms", "50 ms")
     engine_rows(json_lines(build / "bin/web_bench"))
     speech = json_lines(build / "bin/speech_bench")
     speech_rows(speech)

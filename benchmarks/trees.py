@@ -33,9 +33,7 @@ def opening(browser, words):
     """Milliseconds from the key that opens the selected node to the words that
     tell so, and the longest stall of the window meanwhile."""
     time.sleep(1)
-    browser.stalls.unlink(missing_ok=True)
-    time.sleep(0.1)
-    browser.stalls.unlink(missing_ok=True)
+    browser.forget_stalls()
     before = time.monotonic()
     press("Right")
     opened = browser.wait_spoken(words)
@@ -82,8 +80,10 @@ def elements(make, base, count):
         browser.wait_spoken(f"{count} links")
         time.sleep(1)
         press("Tab", "shift+Tab")
+        browser.forget_stalls()
         press("Escape")  # the elements are fetched anew
         browser.wait_spoken(f"{root} Sidebar Item")
+        time.sleep(15)  # no word tells that the last of them has come
         fetching = browser.longest_stall()
         return *opening(browser, f"{root} Opened"), fetching
     finally:
