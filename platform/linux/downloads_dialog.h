@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/gtk/spoken_dialogs.h"
-#include "platform/linux/web/download.h"
+#include "platform/linux/gtk/dialogs/spoken_dialogs.h"
+#include "platform/linux/web/files/download.h"
 
 namespace corvane::desktop {
 

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/linux/gtk/spoken_dialogs.h"
+#include "platform/linux/gtk/dialogs/spoken_dialogs.h"
 #include "platform/linux/web/engine_settings.h"
 
 namespace corvane::desktop {

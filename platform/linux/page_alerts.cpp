@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/linux/gtk/alert_window.h"
+#include "platform/linux/gtk/dialogs/alert_window.h"
 
 namespace corvane::desktop {
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/linux/gtk/window_table.h"
-#include "platform/linux/web/script_dialogs.h"
+#include "platform/linux/web/requests/script_dialogs.h"
 
 namespace corvane::desktop {
 

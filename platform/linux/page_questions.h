@@ -3,8 +3,8 @@
 #include <functional>
 #include <memory>
 
-#include "platform/linux/gtk/spoken_dialogs.h"
-#include "platform/linux/web/questions.h"
+#include "platform/linux/gtk/dialogs/spoken_dialogs.h"
+#include "platform/linux/web/requests/questions.h"
 
 namespace corvane::desktop {
 

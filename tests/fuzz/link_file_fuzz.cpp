@@ -2,7 +2,7 @@
 
 #include "base/text.h"
 #include "platform/linux/store/profile_text.h"
-#include "platform/linux/web/file_names.h"
+#include "platform/linux/web/files/file_names.h"
 #include "platform/linux/web/typed_address.h"
 #include "tests/fuzz/fuzz.h"
 

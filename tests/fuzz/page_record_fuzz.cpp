@@ -1,4 +1,4 @@
-#include "platform/linux/web/page_record.h"
+#include "platform/linux/web/page/page_record.h"
 
 #include "tests/fuzz/fuzz.h"
 

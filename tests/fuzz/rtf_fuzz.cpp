@@ -1,5 +1,5 @@
 #include "base/text.h"
-#include "platform/linux/gtk/rtf_reader.h"
+#include "platform/linux/gtk/text_pane/rtf_reader.h"
 #include "tests/fuzz/fuzz.h"
 
 using namespace corvane;

@@ -13,7 +13,7 @@
 #include <utility>
 
 #include "base/error.h"
-#include "platform/linux/gtk/image_list.h"
+#include "platform/linux/gtk/controls/image_list.h"
 #include "platform/linux/shell/file_folder.h"
 
 namespace corvane::desktop {

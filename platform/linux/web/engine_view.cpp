@@ -6,8 +6,8 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "platform/linux/web/print_page.h"
-#include "platform/linux/web/save_page.h"
+#include "platform/linux/web/files/print_page.h"
+#include "platform/linux/web/files/save_page.h"
 #include "platform/linux/web/typed_address.h"
 #include "platform/linux/web/web_text.h"
 

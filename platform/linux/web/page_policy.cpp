@@ -3,7 +3,7 @@
 #include <libsoup/soup.h>
 
 #include "platform/linux/web/gobject.h"
-#include "platform/linux/web/outside_links.h"
+#include "platform/linux/web/requests/outside_links.h"
 
 namespace corvane::desktop {
 namespace {

@@ -6,7 +6,7 @@
 #include <cctype>
 
 #include "platform/linux/web/gobject.h"
-#include "platform/linux/web/outside_links.h"
+#include "platform/linux/web/requests/outside_links.h"
 #include "platform/linux/web/web_text.h"
 
 namespace corvane::desktop {

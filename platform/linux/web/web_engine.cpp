@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <utility>
 
-#include "platform/linux/web/downloads.h"
 #include "platform/linux/web/engine_view.h"
+#include "platform/linux/web/files/downloads.h"
 
 namespace corvane::desktop {
 namespace {

@@ -10,10 +10,10 @@
 #include "base/event.h"
 #include "platform/linux/web/corvane_pages.h"
 #include "platform/linux/web/gobject.h"
-#include "platform/linux/web/outside_links.h"
-#include "platform/linux/web/permission_book.h"
-#include "platform/linux/web/questions.h"
-#include "platform/linux/web/script_dialogs.h"
+#include "platform/linux/web/requests/outside_links.h"
+#include "platform/linux/web/requests/permission_book.h"
+#include "platform/linux/web/requests/questions.h"
+#include "platform/linux/web/requests/script_dialogs.h"
 #include "platform/linux/web/watchdog.h"
 
 namespace corvane::desktop {

@@ -1,4 +1,4 @@
-#include "platform/linux/gtk/band_rows.h"
+#include "platform/linux/gtk/layout/band_rows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "platform/linux/gtk/chosen_files.h"
+#include "platform/linux/gtk/dialogs/chosen_files.h"
 
 #include <glib.h>
 #include <gmock/gmock.h>

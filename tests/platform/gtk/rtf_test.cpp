@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/linux/gtk/rtf_reader.h"
-#include "platform/linux/gtk/rtf_writer.h"
+#include "platform/linux/gtk/text_pane/rtf_reader.h"
+#include "platform/linux/gtk/text_pane/rtf_writer.h"
 
 namespace corvane::desktop {
 namespace {

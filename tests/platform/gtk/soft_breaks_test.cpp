@@ -1,4 +1,4 @@
-#include "platform/linux/gtk/soft_breaks.h"
+#include "platform/linux/gtk/text_pane/soft_breaks.h"
 
 #include <gtest/gtest.h>
 

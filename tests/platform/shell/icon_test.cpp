@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <gtkmm/main.h>
 
-#include "platform/linux/gtk/image_list.h"
+#include "platform/linux/gtk/controls/image_list.h"
 #include "platform/linux/shell/file_shell.h"
 #include "tests/temporary_folder.h"
 

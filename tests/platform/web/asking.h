@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/linux/web/questions.h"
+#include "platform/linux/web/requests/questions.h"
 
 namespace corvane::desktop {
 

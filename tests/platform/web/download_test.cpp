@@ -1,5 +1,5 @@
 // Files that come from the network, against the real engine.
-#include "platform/linux/web/downloads.h"
+#include "platform/linux/web/files/downloads.h"
 
 #include <gmock/gmock.h>
 

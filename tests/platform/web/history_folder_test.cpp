@@ -1,5 +1,5 @@
 // The history as files, and finding shortcuts in it.
-#include "platform/linux/web/history_folder.h"
+#include "platform/linux/web/files/history_folder.h"
 
 #include <gmock/gmock.h>
 

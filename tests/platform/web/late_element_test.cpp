@@ -1,7 +1,7 @@
 // Elements that the page record does not hold, against the real engine.
 #include <gmock/gmock.h>
 
-#include "platform/linux/web/page_record.h"
+#include "platform/linux/web/page/page_record.h"
 #include "tests/platform/web/page_harness.h"
 
 namespace corvane::desktop {

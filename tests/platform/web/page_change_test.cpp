@@ -1,7 +1,7 @@
 // Pages whose scripts change them in place, against the real engine.
 #include <gmock/gmock.h>
 
-#include "platform/linux/web/page_changes.h"
+#include "platform/linux/web/page/page_changes.h"
 #include "tests/platform/web/page_harness.h"
 
 namespace corvane::desktop {

@@ -1,5 +1,5 @@
 // Reading records and events, also those that nobody in his right mind sends.
-#include "platform/linux/web/page_record.h"
+#include "platform/linux/web/page/page_record.h"
 
 #include <gtest/gtest.h>
 

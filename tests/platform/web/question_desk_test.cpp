@@ -1,5 +1,5 @@
 // Who may ask the user, and how often; what is kept of the answers.
-#include "platform/linux/web/question_desk.h"
+#include "platform/linux/web/requests/question_desk.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,9 +7,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "platform/linux/web/outside_links.h"
-#include "platform/linux/web/page_notices.h"
-#include "platform/linux/web/permission_book.h"
+#include "platform/linux/web/requests/outside_links.h"
+#include "platform/linux/web/requests/page_notices.h"
+#include "platform/linux/web/requests/permission_book.h"
 #include "tests/platform/web/asking.h"
 #include "tests/temporary_folder.h"
 

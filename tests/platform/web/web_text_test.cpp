@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include "platform/linux/web/corvane_pages.h"
-#include "platform/linux/web/file_names.h"
+#include "platform/linux/web/files/file_names.h"
+#include "platform/linux/web/files/save_page.h"
 #include "platform/linux/web/problem.h"
-#include "platform/linux/web/save_page.h"
 
 namespace corvane::desktop {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/linux/gtk/combo_box.h"
+#include "platform/linux/gtk/controls/combo_box.h"
 
 #include <gdk/gdkkeysyms.h>
 #include <gtkmm/combobox.h>

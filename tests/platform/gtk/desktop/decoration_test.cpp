@@ -1,9 +1,9 @@
 // What only decorates: pictures and lines.
 #include <gtkmm/image.h>
 
-#include "platform/linux/gtk/command_button.h"
-#include "platform/linux/gtk/image.h"
-#include "platform/linux/gtk/line.h"
+#include "platform/linux/gtk/controls/command_button.h"
+#include "platform/linux/gtk/controls/image.h"
+#include "platform/linux/gtk/controls/line.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 namespace corvane::desktop {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/gtk/elastic_frame.h"
-#include "platform/linux/gtk/form.h"
+#include "platform/linux/gtk/layout/elastic_frame.h"
+#include "platform/linux/gtk/layout/form.h"
 #include "platform/linux/gtk/window_table.h"
 
 namespace corvane::test {

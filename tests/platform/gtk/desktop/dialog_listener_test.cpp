@@ -1,4 +1,4 @@
-#include "platform/linux/gtk/dialog_listener.h"
+#include "platform/linux/gtk/dialogs/dialog_listener.h"
 
 #include <atkmm/object.h>
 #include <gtkmm/checkbutton.h>

@@ -1,10 +1,10 @@
-#include "platform/linux/gtk/elastic_frame.h"
+#include "platform/linux/gtk/layout/elastic_frame.h"
 
 #include <gdk/gdkkeysyms.h>
 
-#include "platform/linux/gtk/list_box.h"
-#include "platform/linux/gtk/rich_text_box.h"
-#include "platform/linux/gtk/text_box.h"
+#include "platform/linux/gtk/controls/list_box.h"
+#include "platform/linux/gtk/controls/text_box.h"
+#include "platform/linux/gtk/text_pane/rich_text_box.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 namespace corvane::desktop {

@@ -1,9 +1,9 @@
-#include "platform/linux/gtk/event_hooks.h"
+#include "platform/linux/gtk/hooks/event_hooks.h"
 
 #include <gdk/gdkkeysyms.h>
 
-#include "platform/linux/gtk/combo_box.h"
-#include "platform/linux/gtk/menu.h"
+#include "platform/linux/gtk/controls/combo_box.h"
+#include "platform/linux/gtk/menu/menu.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 // Last: it defines words that others use as names.

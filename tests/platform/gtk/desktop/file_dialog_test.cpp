@@ -1,4 +1,4 @@
-#include "platform/linux/gtk/file_dialog.h"
+#include "platform/linux/gtk/dialogs/file_dialog.h"
 
 #include <gdk/gdkkeysyms.h>
 #include <glibmm/fileutils.h>

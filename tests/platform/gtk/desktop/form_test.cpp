@@ -1,10 +1,10 @@
-#include "platform/linux/gtk/form.h"
+#include "platform/linux/gtk/layout/form.h"
 
 #include <gdk/gdkkeysyms.h>
 
-#include "platform/linux/gtk/activation_hook.h"
-#include "platform/linux/gtk/status_bar.h"
-#include "platform/linux/gtk/text_box.h"
+#include "platform/linux/gtk/controls/status_bar.h"
+#include "platform/linux/gtk/controls/text_box.h"
+#include "platform/linux/gtk/hooks/activation_hook.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 namespace corvane::desktop {

@@ -1,10 +1,10 @@
 #include <gdk/gdkkeysyms.h>
 #include <gtkmm/entry.h>
 
-#include "platform/linux/gtk/combo_box.h"
-#include "platform/linux/gtk/command_button.h"
-#include "platform/linux/gtk/rich_text_box.h"
-#include "platform/linux/gtk/text_box.h"
+#include "platform/linux/gtk/controls/combo_box.h"
+#include "platform/linux/gtk/controls/command_button.h"
+#include "platform/linux/gtk/controls/text_box.h"
+#include "platform/linux/gtk/text_pane/rich_text_box.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 namespace corvane::desktop {

@@ -1,7 +1,7 @@
 // A tree whose nodes have very many children.
 #include <gdk/gdkkeysyms.h>
 
-#include "platform/linux/gtk/tree_view.h"
+#include "platform/linux/gtk/controls/tree_view.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 namespace corvane::desktop {

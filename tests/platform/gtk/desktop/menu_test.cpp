@@ -1,13 +1,13 @@
-#include "platform/linux/gtk/menu.h"
+#include "platform/linux/gtk/menu/menu.h"
 
 #include <gdk/gdkkeysyms.h>
 #include <gtkmm/checkmenuitem.h>
 #include <gtkmm/separatormenuitem.h>
 
 #include "platform/button_image.h"
-#include "platform/linux/gtk/command_button.h"
-#include "platform/linux/gtk/menu_entry.h"
-#include "platform/linux/gtk/text_box.h"
+#include "platform/linux/gtk/controls/command_button.h"
+#include "platform/linux/gtk/controls/text_box.h"
+#include "platform/linux/gtk/menu/menu_entry.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 namespace corvane::desktop {

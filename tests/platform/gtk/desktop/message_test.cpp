@@ -1,8 +1,8 @@
 #include <gdk/gdkkeysyms.h>
 
-#include "platform/linux/gtk/activation_hook.h"
-#include "platform/linux/gtk/alert_window.h"
-#include "platform/linux/gtk/message_box.h"
+#include "platform/linux/gtk/dialogs/alert_window.h"
+#include "platform/linux/gtk/dialogs/message_box.h"
+#include "platform/linux/gtk/hooks/activation_hook.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 namespace corvane::desktop {

@@ -1,9 +1,9 @@
-#include "platform/linux/gtk/rebar_window.h"
+#include "platform/linux/gtk/layout/rebar_window.h"
 
 #include <gdk/gdkkeysyms.h>
 
-#include "platform/linux/gtk/combo_box.h"
-#include "platform/linux/gtk/command_button.h"
+#include "platform/linux/gtk/controls/combo_box.h"
+#include "platform/linux/gtk/controls/command_button.h"
 #include "platform/linux/gtk/system_color.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/gtk/rich_text_box.h"
+#include "platform/linux/gtk/text_pane/rich_text_box.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 namespace corvane::desktop {

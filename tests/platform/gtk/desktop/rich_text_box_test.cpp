@@ -1,7 +1,7 @@
 #include <gdk/gdkkeysyms.h>
 #include <gtkmm/clipboard.h>
 
-#include "platform/linux/gtk/text_box.h"
+#include "platform/linux/gtk/controls/text_box.h"
 #include "tests/platform/gtk/desktop/rich_text_box_fixture.h"
 
 namespace corvane::desktop {

@@ -1,6 +1,6 @@
 
 #include "base/error.h"
-#include "platform/linux/gtk/text_printer.h"
+#include "platform/linux/gtk/text_pane/text_printer.h"
 #include "tests/platform/gtk/desktop/rich_text_box_fixture.h"
 #include "tests/temporary_folder.h"
 

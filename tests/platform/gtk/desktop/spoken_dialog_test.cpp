@@ -1,10 +1,10 @@
-#include "platform/linux/gtk/spoken_dialog.h"
+#include "platform/linux/gtk/dialogs/spoken_dialog.h"
 
 #include <gdk/gdkkeysyms.h>
 
 #include <optional>
 
-#include "platform/linux/gtk/spoken_dialogs.h"
+#include "platform/linux/gtk/dialogs/spoken_dialogs.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 namespace corvane::desktop {

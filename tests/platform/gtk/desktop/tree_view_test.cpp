@@ -1,9 +1,9 @@
-#include "platform/linux/gtk/tree_view.h"
+#include "platform/linux/gtk/controls/tree_view.h"
 
 #include <gdk/gdkkeysyms.h>
 
 #include "base/error.h"
-#include "platform/linux/gtk/image_list.h"
+#include "platform/linux/gtk/controls/image_list.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
 namespace corvane::desktop {

@@ -1,0 +1,55 @@
+#include "platform/linux/gtk/controls/line_list.h"
+
+#include <gtkmm/cellrenderertext.h>
+
+#include "base/error.h"
+#include "platform/linux/gtk/text.h"
+
+namespace corvane::desktop {
+namespace {
+
+const Gtk::TreeModelColumnRecord& Columns() {
+  static const struct Record : Gtk::TreeModelColumnRecord {
+    Gtk::TreeModelColumn<Glib::ustring> text;
+    Record() { add(text); }
+  } record;
+  return record;
+}
+
+}  // namespace
+
+LineList::LineList() : model_(Gtk::ListStore::create(Columns())) {}
+
+const std::string& LineList::At(int index) const {
+  if (!Has(index)) throw RunTimeError(kErrSubscriptOutOfRange, "", "Subscript out of range");
+  return texts_[static_cast<std::size_t>(index)];
+}
+
+void LineList::Append(const std::string& text) {
+  texts_.push_back(text);
+  const auto shown = Valid(OnOneLine(text));
+  // One signal instead of the two that appending and then setting would send.
+  gtk_list_store_insert_with_values(model_->gobj(), nullptr, -1, 0, shown.c_str(), -1);
+}
+
+void LineList::Clear() {
+  texts_.clear();
+  model_ = Gtk::ListStore::create(Columns());
+}
+
+void ShowLines(Gtk::TreeView& view, const LineList& lines) {
+  auto* cell = Gtk::make_managed<Gtk::CellRendererText>();
+  cell->property_ellipsize() = Pango::ELLIPSIZE_END;
+  auto* column = Gtk::make_managed<Gtk::TreeViewColumn>();
+  column->pack_start(*cell, true);
+  column->add_attribute(*cell, "text", 0);
+  column->set_sizing(Gtk::TREE_VIEW_COLUMN_FIXED);
+  column->set_expand(true);
+  view.append_column(*column);
+  view.set_headers_visible(false);
+  view.set_enable_search(false);
+  view.set_fixed_height_mode(true);
+  view.set_model(lines.Model());
+}
+
+}  // namespace corvane::desktop

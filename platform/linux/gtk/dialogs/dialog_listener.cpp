@@ -1,0 +1,107 @@
+#include "platform/linux/gtk/dialogs/dialog_listener.h"
+
+#include <gtkmm/widget.h>
+
+#include <utility>
+
+#include "platform/linux/gtk/dialogs/chooser_keys.h"
+#include "platform/linux/gtk/dialogs/focus_words.h"
+#include "platform/linux/gtk/dialogs/part_names.h"
+#include "platform/linux/gtk/post.h"
+
+namespace corvane::desktop {
+namespace {
+
+constexpr const char* kSpeaks = "corvane-speaks";
+
+guint MapSignal() { return g_signal_lookup("map", GTK_TYPE_WIDGET); }
+
+std::string WordsFor(GtkWindow* dialog, GtkWidget* focus) {
+  if (!focus) focus = gtk_window_get_focus(dialog);
+  return focus ? FocusWords(*Glib::wrap(focus)) : std::string();
+}
+
+// The title, and what a message says.
+std::string Introduction(GtkWindow* dialog) {
+  const char* title = gtk_window_get_title(dialog);
+  std::string words = title && *title ? std::string(title) + ". " : "";
+  if (!GTK_IS_MESSAGE_DIALOG(dialog)) return words;
+  for (const char* property : {"text", "secondary-text"}) {
+    char* text = nullptr;
+    g_object_get(dialog, property, &text, nullptr);
+    if (text && *text) words += std::string(text) + ". ";
+    g_free(text);
+  }
+  return words;
+}
+
+}  // namespace
+
+void MarkAsSpeaking(GtkWidget* dialog) {
+  g_object_set_data(G_OBJECT(dialog), kSpeaks, GINT_TO_POINTER(1));
+}
+
+DialogListener::DialogListener(Speaker speak)
+    : speak_(std::move(speak)), self_(std::make_shared<DialogListener*>(this)) {
+  g_type_ensure(GTK_TYPE_WIDGET);
+  g_type_class_unref(g_type_class_ref(GTK_TYPE_WIDGET));
+  hook_ = g_signal_add_emission_hook(MapSignal(), 0, &DialogListener::OnMap, this, nullptr);
+}
+
+DialogListener::~DialogListener() {
+  *self_ = nullptr;
+  g_signal_remove_emission_hook(MapSignal(), hook_);
+  GList* windows = gtk_window_list_toplevels();
+  for (GList* link = windows; link; link = link->next) {
+    g_signal_handlers_disconnect_by_data(link->data, this);
+  }
+  g_list_free(windows);
+}
+
+gboolean DialogListener::OnMap(GSignalInvocationHint*, guint, const GValue* values, gpointer self) {
+  auto* widget = GTK_WIDGET(g_value_get_object(&values[0]));
+  if (!GTK_IS_DIALOG(widget)) return TRUE;
+  NameParts(widget);
+  if (g_object_get_data(G_OBJECT(widget), kSpeaks)) return TRUE;
+  MarkAsSpeaking(widget);
+  g_signal_connect(widget, "set-focus", G_CALLBACK(&DialogListener::OnFocus), self);
+  g_signal_connect(widget, "notify::is-active", G_CALLBACK(&DialogListener::OnActive), self);
+  g_signal_connect(widget, "key-press-event", G_CALLBACK(&DialogListener::OnKeyDown), self);
+  g_signal_connect(widget, "key-release-event", G_CALLBACK(&DialogListener::OnKeyUp), self);
+  return TRUE;  // keep listening
+}
+
+void DialogListener::OnFocus(GtkWindow* dialog, GtkWidget* focus, gpointer self) {
+  if (!focus || !gtk_window_is_active(dialog)) return;
+  static_cast<DialogListener*>(self)->Say(WordsFor(dialog, focus), false);
+}
+
+void DialogListener::OnActive(GtkWindow* dialog, GParamSpec*, gpointer self) {
+  if (!gtk_window_is_active(dialog)) return;
+  auto& listener = *static_cast<DialogListener*>(self);
+  const std::string words = WordsFor(dialog, nullptr);
+  listener.Say(Introduction(dialog) + words, true);
+  listener.last_ = words;
+}
+
+gboolean DialogListener::OnKeyDown(GtkWidget* dialog, GdkEventKey* event, gpointer /*self*/) {
+  return TabLeavesEntry(GTK_WINDOW(dialog), *event) ? TRUE : FALSE;
+}
+
+gboolean DialogListener::OnKeyUp(GtkWidget* dialog, GdkEventKey*, gpointer self) {
+  // The control has the key only after this.
+  const std::shared_ptr<GtkWidget> held(GTK_WIDGET(g_object_ref(dialog)), g_object_unref);
+  PostToLoop([held, alive = static_cast<DialogListener*>(self)->self_] {
+    if (!*alive || !gtk_window_is_active(GTK_WINDOW(held.get()))) return;
+    const std::string words = WordsFor(GTK_WINDOW(held.get()), nullptr);
+    if (words != (*alive)->last_) (*alive)->Say(words, false);
+  });
+  return FALSE;
+}
+
+void DialogListener::Say(const std::string& words, bool urgent) {
+  last_ = words;
+  if (speak_ && !words.empty()) speak_(words, urgent);
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <gtk/gtk.h>
+
+#include <memory>
+#include <string>
+
+#include "platform/linux/gtk/dialogs/dialog_question.h"
+
+namespace corvane::desktop {
+
+/// Says of a dialog that it speaks by itself; before it is shown.
+void MarkAsSpeaking(GtkWidget* dialog);
+
+/// Speaks for the toolkit's own dialogs, such as the one for printing: the title
+/// when one appears, each control that gets the focus, and what a key changes in
+/// it. One a process.
+class DialogListener {
+ public:
+  explicit DialogListener(Speaker speak);
+  ~DialogListener();
+  DialogListener(const DialogListener&) = delete;
+  DialogListener& operator=(const DialogListener&) = delete;
+
+ private:
+  static gboolean OnMap(GSignalInvocationHint*, guint count, const GValue* values, gpointer self);
+  static void OnFocus(GtkWindow* dialog, GtkWidget* focus, gpointer self);
+  static void OnActive(GtkWindow* dialog, GParamSpec*, gpointer self);
+  static gboolean OnKeyDown(GtkWidget* dialog, GdkEventKey* event, gpointer self);
+  static gboolean OnKeyUp(GtkWidget* dialog, GdkEventKey*, gpointer self);
+  void Say(const std::string& words, bool urgent);
+
+  const Speaker speak_;
+  gulong hook_ = 0;
+  std::string last_;  // words of the control that has the focus
+  std::shared_ptr<DialogListener*> self_;
+};
+
+}  // namespace corvane::desktop

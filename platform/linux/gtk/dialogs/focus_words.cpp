@@ -1,0 +1,135 @@
+#include "platform/linux/gtk/dialogs/focus_words.h"
+
+#include <gtk/gtk.h>
+
+namespace corvane::desktop {
+namespace {
+
+std::string Text(const char* text) { return text ? text : ""; }
+
+std::string WithoutColon(std::string name) {
+  if (!name.empty() && name.back() == ':') name.pop_back();
+  return name;
+}
+
+// The text of the first label inside.
+std::string LabelInside(GtkWidget* widget) {
+  if (GTK_IS_LABEL(widget)) return Text(gtk_label_get_text(GTK_LABEL(widget)));
+  if (!GTK_IS_CONTAINER(widget)) return "";
+  std::string found;
+  GList* children = gtk_container_get_children(GTK_CONTAINER(widget));
+  for (GList* link = children; link && found.empty(); link = link->next) {
+    if (gtk_widget_get_visible(GTK_WIDGET(link->data))) found = LabelInside(GTK_WIDGET(link->data));
+  }
+  g_list_free(children);
+  return found;
+}
+
+// The label that stands beside the widget and leads to it.
+std::string LabelBeside(GtkWidget* widget) {
+  std::string text;
+  GList* labels = gtk_widget_list_mnemonic_labels(widget);
+  if (labels && GTK_IS_LABEL(labels->data))
+    text = Text(gtk_label_get_text(GTK_LABEL(labels->data)));
+  g_list_free(labels);
+  return WithoutColon(text);
+}
+
+std::string NameOf(GtkWidget* widget) {
+  AtkObject* accessible = gtk_widget_get_accessible(widget);
+  std::string name = Text(atk_object_get_name(accessible));
+  if (name.empty()) name = LabelBeside(widget);
+  if (name.empty()) name = LabelInside(widget);
+  if (name.empty()) name = Text(gtk_widget_get_tooltip_text(widget));
+  return WithoutColon(name);
+}
+
+// What the group is called that the widget belongs to: the label of the nearest
+// part around it that has one.
+std::string GroupOf(GtkWidget* widget, const std::string& name) {
+  GtkWidget* window = gtk_widget_get_toplevel(widget);
+  for (GtkWidget* part = widget; part && part != window; part = gtk_widget_get_parent(part)) {
+    const std::string label = LabelBeside(part);
+    if (!label.empty() && label != name) return label;
+  }
+  return "";
+}
+
+std::string FirstText(GtkTreeModel* model, GtkTreeIter* row) {
+  for (int column = 0; column < gtk_tree_model_get_n_columns(model); ++column) {
+    if (gtk_tree_model_get_column_type(model, column) != G_TYPE_STRING) continue;
+    char* value = nullptr;
+    gtk_tree_model_get(model, row, column, &value, -1);
+    const std::string text = Text(value);
+    g_free(value);
+    if (!text.empty()) return text;
+  }
+  return "";
+}
+
+// The first text of the row that the cursor is on.
+std::string CursorRow(GtkTreeView* tree) {
+  GtkTreePath* path = nullptr;
+  gtk_tree_view_get_cursor(tree, &path, nullptr);
+  GtkTreeModel* model = gtk_tree_view_get_model(tree);
+  std::string text;
+  GtkTreeIter row;
+  if (path && model && gtk_tree_model_get_iter(model, &row, path)) text = FirstText(model, &row);
+  gtk_tree_path_free(path);
+  return text;
+}
+
+// What a list that drops down shows.
+std::string Chosen(GtkComboBox* combo) {
+  GtkTreeIter row;
+  if (!gtk_combo_box_get_active_iter(combo, &row)) return "";
+  return FirstText(gtk_combo_box_get_model(combo), &row);
+}
+
+std::string CurrentTab(GtkNotebook* notebook) {
+  GtkWidget* page = gtk_notebook_get_nth_page(notebook, gtk_notebook_get_current_page(notebook));
+  return page ? Text(gtk_notebook_get_tab_label_text(notebook, page)) : "";
+}
+
+std::string Joined(const std::string& name, const std::string& rest) {
+  return name.empty() ? rest : name + ", " + rest;
+}
+
+}  // namespace
+
+std::string FocusWords(Gtk::Widget& widget) {
+  GtkWidget* raw = widget.gobj();
+  const std::string name = NameOf(raw);
+  if (GTK_IS_ENTRY(raw)) {
+    const std::string typed = Text(gtk_entry_get_text(GTK_ENTRY(raw)));
+    return Joined(name, "edit box, " + (typed.empty() ? "empty" : typed));
+  }
+  if (GTK_IS_RADIO_BUTTON(raw)) {
+    return Joined(Joined(GroupOf(raw, name), name),
+                  gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(raw)) ? "choice, chosen"
+                                                                       : "choice, not chosen");
+  }
+  if (GTK_IS_CHECK_BUTTON(raw)) {
+    return Joined(name, gtk_toggle_button_get_active(GTK_TOGGLE_BUTTON(raw))
+                            ? "check box, checked"
+                            : "check box, not checked");
+  }
+  if (GtkWidget* combo = gtk_widget_get_ancestor(raw, GTK_TYPE_COMBO_BOX)) {
+    const std::string chosen = Chosen(GTK_COMBO_BOX(combo));
+    return Joined(NameOf(combo), chosen.empty() ? "list" : "list, " + chosen);
+  }
+  if (GTK_IS_BUTTON(raw))
+    return Joined(GroupOf(raw, name), name.empty() ? "Button" : name + " Button");
+  if (GTK_IS_NOTEBOOK(raw)) return CurrentTab(GTK_NOTEBOOK(raw)) + " tab";
+  const bool of_chooser = gtk_widget_get_ancestor(raw, GTK_TYPE_FILE_CHOOSER_WIDGET) != nullptr;
+  if (GTK_IS_LIST_BOX(raw) || (GTK_IS_TREE_VIEW(raw) && of_chooser)) {
+    return Joined(name, "list");  // the chooser tells what is chosen
+  }
+  if (GTK_IS_TREE_VIEW(raw)) {
+    const std::string row = CursorRow(GTK_TREE_VIEW(raw));
+    return Joined(name, row.empty() ? "list" : "list, " + row);
+  }
+  return name;
+}
+
+}  // namespace corvane::desktop

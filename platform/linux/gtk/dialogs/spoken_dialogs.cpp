@@ -1,0 +1,52 @@
+#include "platform/linux/gtk/dialogs/spoken_dialogs.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/linux/gtk/post.h"
+
+namespace corvane::desktop {
+
+SpokenDialogs::SpokenDialogs(WindowTable& windows, Speaker speak)
+    : windows_(windows), speak_(std::move(speak)), self_(std::make_shared<SpokenDialogs*>(this)) {}
+
+SpokenDialogs::~SpokenDialogs() { *self_ = nullptr; }
+
+int SpokenDialogs::Ask(DialogQuestion question, Done done, Gtk::Window* owner) {
+  waiting_.push_back({++last_, std::move(question), std::move(done), owner});
+  const int number = last_;
+  if (open_number_ == 0) Next();
+  return number;
+}
+
+void SpokenDialogs::Next() {
+  if (open_number_ != 0 || waiting_.empty()) return;
+  auto next = std::move(waiting_.front());
+  waiting_.pop_front();
+  open_number_ = next.number;
+  open_ = std::make_unique<SpokenDialog>(
+      windows_, speak_, std::move(next.question),
+      [this, self = self_, done = std::move(next.done)](const DialogAnswer& answer) {
+        const auto call = done;  // the answered dialog may go while this is called
+        if (call) call(answer);
+        if (*self) Over();
+      });
+  open_->Show(next.owner);
+}
+
+// The dialog is still at work: let it finish before it goes.
+void SpokenDialogs::Over() {
+  PostToLoop([self = self_, gone = std::shared_ptr<SpokenDialog>(std::move(open_))]() mutable {
+    gone.reset();
+    if (!*self) return;
+    (*self)->open_number_ = 0;
+    (*self)->Next();
+  });
+}
+
+void SpokenDialogs::Withdraw(int number) {
+  std::erase_if(waiting_, [&](const Waiting& each) { return each.number == number; });
+  if (open_number_ == number && open_) Over();
+}
+
+}  // namespace corvane::desktop

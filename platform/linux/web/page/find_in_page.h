@@ -1,0 +1,45 @@
+#pragma once
+
+#include <webkit2/webkit2.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/linux/web/requests/question_desk.h"
+
+namespace corvane::desktop {
+
+/// Finds words in the page that a view shows, tells which of how many places it
+/// is at and what stands there, and selects it, so that Tab goes on from there.
+class FindInPage {
+ public:
+  FindInPage(WebKitWebView* view, QuestionDesk& desk, std::function<void(const std::string&)> say);
+  ~FindInPage();
+  FindInPage(const FindInPage&) = delete;
+  FindInPage& operator=(const FindInPage&) = delete;
+
+  /// Asks for the words and goes to the first place.
+  void Ask();
+  /// Goes to the next place, or the one before; asks when nothing was looked for.
+  void Step(bool forward);
+  /// Another page is shown: the same words are looked for from its beginning.
+  void PageChanged() { place_ = 0; }
+
+ private:
+  void Start();
+  void Found(unsigned counted);
+  void Tell(const std::string& where);
+
+  WebKitWebView* view_;
+  WebKitFindController* finder_;
+  QuestionDesk& desk_;
+  std::function<void(const std::string&)> say_;
+  std::shared_ptr<FindInPage*> self_;  // answers that come later find it gone
+  std::string words_;
+  unsigned place_ = 0;  // 0: not looked for in this page
+  unsigned count_ = 0;  // places in this page
+  enum class Going { Nowhere, Start, Forward, Back } going_ = Going::Nowhere;
+};
+
+}  // namespace corvane::desktop

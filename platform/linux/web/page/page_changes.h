@@ -1,0 +1,42 @@
+#pragma once
+
+#include <webkit2/webkit2.h>
+
+#include <functional>
+#include <string>
+
+#include "platform/linux/web/page/page_script.h"
+#include "platform/linux/web/requests/allowance.h"
+#include "platform/linux/web/requests/page_notices.h"
+
+namespace corvane::desktop {
+
+/// What a page's scripts make of the page without loading anything, as far as it
+/// follows something that the user did in the page: another page under another
+/// address, another place in it, new text, a part that opens. Without this the user
+/// would press Enter and hear nothing.
+class PageChanges {
+ public:
+  struct Host {
+    /// The view shows what is another page to its user: it is to be read.
+    std::function<void()> read;
+    /// Speaks a text.
+    std::function<void(const std::string&)> say;
+  };
+  /// `notices`: of the view; for what any page could bring about at any time.
+  PageChanges(WebKitWebView* view, PageNotices& notices, Host host);
+
+ private:
+  void Receive(const std::string& kind, const std::string& text);
+
+  // A person does not do more than this; a page process gone bad might say so.
+  static constexpr int kMost = 40;
+  static constexpr int kSeconds = 60;
+
+  PageNotices& notices_;
+  Host host_;
+  Allowance allowance_{kMost, kSeconds};
+  PageScript script_;
+};
+
+}  // namespace corvane::desktop

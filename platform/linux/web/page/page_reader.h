@@ -1,0 +1,94 @@
+#pragma once
+
+#include <webkit2/webkit2.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/html_document.h"
+#include "platform/linux/web/gobject.h"
+#include "platform/linux/web/page/page_record.h"
+#include "platform/linux/web/page/page_script.h"
+
+namespace corvane::desktop {
+
+/// Makes an HTMLDocument of the page that a view shows, its frames' documents in
+/// their places, and raises the events of its elements. Long records are read on
+/// a worker thread.
+class PageReader {
+ public:
+  using Done = std::function<void(HTMLDocumentPtr)>;
+
+  /// `link_focused` is told the address of each link that gets the focus.
+  PageReader(WebKitWebView* view, std::function<void(const std::string&)> link_focused);
+  ~PageReader();
+  PageReader(const PageReader&) = delete;
+  PageReader& operator=(const PageReader&) = delete;
+
+  /// The view shows another page now: what is known of frames is out of date.
+  void Forget();
+  /// Reads the page; an earlier call that has not called back yet never will.
+  /// Always calls back unless the page's process hangs: a page that will not be
+  /// read has a document of its title and address.
+  void Read(Done done);
+  /// Describes the page that has been read as it is now, in a document of its own;
+  /// null when there is no such page. Never calls back when the page is left
+  /// meanwhile.
+  void Describe(Done done);
+  /// Gives up a reading that is under way.
+  void Cancel();
+  /// While true, what happens to the page's elements is not told: the page tells of
+  /// it so late that the user has gone elsewhere.
+  void IgnoreEvents(bool ignore) { ignores_events_ = ignore; }
+
+ private:
+  void Collect();
+  void Receive(const std::string& kind, const std::string& text);
+  void ReceiveEvent(const std::string& text);
+  HTMLElementPtr ElementOf(const ElementEvent& event);
+  bool Introduce(const ElementEvent& event, const HTMLElementPtr& element);
+  void ReceiveRecord(PageRecord record);
+  void ReceiveCollected(std::string text);
+  /// Hands an answer on only while the reading that asked for it is under way.
+  std::function<void(std::optional<std::string>)> WhileReading(
+      std::function<void(std::optional<std::string>)> handle);
+  HTMLDocumentPtr Described(std::vector<PageRecord> records) const;
+  void Parse(std::string text, std::function<void(std::vector<PageRecord>)> parsed);
+  void FinishIfComplete();
+  void Finish();
+  bool IsMissingFrames() const;
+  HTMLDocumentPtr Join(const FramePlace& place);
+  HTMLDocumentPtr MinimalDocument() const;
+  void Attach(PageRecord record);
+
+  WebKitWebView* view_;
+  std::function<void(const std::string&)> link_focused_;
+  std::unique_ptr<PageScript> script_;
+  std::shared_ptr<PageReader*> self_;  // answers that come after the reader find it gone
+
+  ObjectPtr<GCancellable> cancel_;  // while a record is asked for
+  bool ignores_events_ = false;
+  int reading_ = 0;  // counts readings, so that answers to an older one are known
+  Done done_;
+  bool collected_ = false;  // the page's own record is among `records_`
+  bool waited_ = false;     // for the first content of an empty page
+  int parsing_ = 0;         // frames' records that are being read
+  int page_ = 0;            // counts pages, so that answers for an older one are known
+  std::map<FramePlace, PageRecord> records_;
+  Delay frame_delay_;
+
+  HTMLDocumentPtr document_;
+  std::string origin_;
+  std::map<FramePlace, std::string> documents_;  // identities of the documents in place
+  std::unordered_map<std::string, std::unordered_map<int, HTMLElementPtr>> elements_;
+  std::unordered_set<HTMLElementPtr> introduced_;  // told of as added
+  std::size_t late_elements_ = 0;                  // that no record holds
+};
+
+}  // namespace corvane::desktop

@@ -1,0 +1,81 @@
+#include "platform/linux/web/requests/outside_links.h"
+
+#include <gio/gio.h>
+
+#include <array>
+#include <memory>
+#include <utility>
+
+#include "platform/linux/web/gobject.h"
+#include "platform/linux/web/web_text.h"
+
+namespace corvane::desktop {
+namespace {
+
+constexpr std::size_t kLongestShown = 200;
+
+// Addresses of pages, and those that never leave them.
+constexpr std::array kInside = {"http",       "https",    "file", "about",  "data",
+                                "blob",       "corvane",  "ws",   "wss",    "javascript",
+                                "vbscript",   "resource", "cid",  "webkit", "view-source",
+                                "filesystem", "jar"};
+
+}  // namespace
+
+std::string SchemeOf(const std::string& address) {
+  const GText scheme(g_uri_parse_scheme(address.c_str()));
+  const GText lower(scheme ? g_ascii_strdown(scheme.get(), -1) : nullptr);
+  return Text(lower.get());
+}
+
+bool IsOutside(const std::string& address) {
+  const std::string scheme = SchemeOf(address);
+  if (scheme.empty() || scheme.starts_with("webkit")) return false;
+  for (const char* inside : kInside) {
+    if (scheme == inside) return false;
+  }
+  return true;
+}
+
+bool OtherPrograms::CanOpen(const std::string& scheme) const {
+  const ObjectPtr<GAppInfo> program(g_app_info_get_default_for_uri_scheme(scheme.c_str()));
+  return program != nullptr;
+}
+
+void OtherPrograms::Open(const std::string& address, std::function<void(const std::string&)> done) {
+  using Done = std::function<void(const std::string&)>;
+  g_app_info_launch_default_for_uri_async(
+      address.c_str(), nullptr, nullptr,
+      +[](GObject*, GAsyncResult* result, gpointer data) {
+        const std::unique_ptr<Done> call(static_cast<Done*>(data));
+        GError* raw = nullptr;
+        g_app_info_launch_default_for_uri_finish(result, &raw);
+        const ErrorPtr error(raw);
+        (*call)(error ? Text(error->message) : std::string());
+      },
+      new Done(std::move(done)));
+}
+
+OutsideLinks::OutsideLinks(QuestionDesk& desk, std::shared_ptr<OtherPrograms> programs,
+                           std::function<void(const std::string&)> say)
+    : desk_(desk), programs_(std::move(programs)), say_(std::move(say)) {}
+
+void OutsideLinks::Offer(const std::string& address) {
+  const std::string scheme = SchemeOf(address);
+  if (!programs_->CanOpen(scheme)) {
+    return say_("There is no program for addresses that begin with " + scheme + ":");
+  }
+  desk_.Ask(QuestionDesk::Asker::Page,
+            {"Open with another program?",
+             "This address belongs to another program: " + Shorten(address, kLongestShown),
+             {},
+             {"&Open", "&Cancel"}},
+            [address, scheme, programs = programs_, say = say_](const auto& reply) {
+              if (!reply || reply->button != 0) return;
+              programs->Open(address, [scheme, say](const std::string& error) {
+                if (!error.empty()) say("No program could open the " + scheme + " address.");
+              });
+            });
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,48 @@
+#include "platform/linux/web/requests/question_desk.h"
+
+#include <utility>
+
+namespace corvane::desktop {
+
+QuestionDesk::QuestionDesk(std::shared_ptr<Questions> questions, std::function<void()> too_many,
+                           Allowance::Clock now)
+    : questions_(std::move(questions)),
+      too_many_(std::move(too_many)),
+      allowance_(kMost, kSeconds, std::move(now)),
+      self_(std::make_shared<QuestionDesk*>(this)) {}
+
+QuestionDesk::~QuestionDesk() {
+  *self_ = nullptr;
+  Reset();
+}
+
+void QuestionDesk::Ask(Asker asker, DialogQuestion question, Answer answer) {
+  if (!questions_) return answer(std::nullopt);
+  const bool room = waiting_.size() < kLongestQueue;
+  if (!room || (asker == Asker::Page && !allowance_.Take())) {
+    too_many_();
+    return answer(std::nullopt);
+  }
+  waiting_.push_back({std::move(question), std::move(answer)});
+  if (!open_) Next();
+}
+
+void QuestionDesk::Next() {
+  if (waiting_.empty()) return;
+  open_ = questions_->Ask(waiting_.front().question, [self = self_](const DialogAnswer& reply) {
+    if (*self == nullptr) return;
+    QuestionDesk& desk = **self;
+    const Answer answer = std::move(desk.waiting_.front().answer);
+    desk.waiting_.pop_front();
+    desk.open_.reset();
+    answer(reply);  // may ask again, or be the end of the desk
+    if (*self != nullptr && !desk.open_) desk.Next();
+  });
+}
+
+void QuestionDesk::Reset() {
+  open_.reset();
+  for (const auto& waiting : std::exchange(waiting_, {})) waiting.answer(std::nullopt);
+}
+
+}  // namespace corvane::desktop
