@@ -93,6 +93,7 @@ std::string HeardByAnybody(const std::function<std::string()>& words) {
 class RefusalTest : public testing::Test {
  protected:
   void SetUp() override {
+    std::filesystem::permissions(root_.Path(), std::filesystem::perms(0755));
     std::filesystem::create_directories(folder_ + "/inner");
     std::filesystem::permissions(folder_, std::filesystem::perms::all);
     std::ofstream(folder_ + "/page.html") << "text";
