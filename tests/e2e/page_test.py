@@ -1,4 +1,6 @@
 """What the tests of ugly pages share."""
+import pathlib
+
 from harness import EndToEndTest, wait_until
 
 QUIET = {"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "2", "Focus": "0"}}
@@ -26,3 +28,22 @@ class PageTest(EndToEndTest):
     def assert_alive(self):
         self.assertIsNone(self.corvane.process.poll())
         self.assertEqual(self.opened(self.base + "/weather.html"), "The weather")
+
+
+class FilesTest(PageTest):
+    """Pages whose files come to a folder of the user's that the test looks into."""
+
+    def setUp(self):
+        super().setUp()
+        self.folder = pathlib.Path(self.home) / "Downloads"
+        config = pathlib.Path(self.home) / "config"
+        config.mkdir()
+        (config / "user-dirs.dirs").write_text(f'XDG_DOWNLOAD_DIR="{self.folder}"\n')
+
+    def heard_that(self, fits, what="a sentence"):
+        spoken = self.corvane.transcript.spoken
+        return wait_until(lambda: next((said for said in spoken() if fits(said)), None), what)
+
+    def heard(self, beginning):
+        """Waits for a sentence of which only the beginning is known."""
+        return self.heard_that(lambda said: said.startswith(beginning), beginning)

@@ -4,16 +4,12 @@ import pathlib
 import subprocess
 import unittest
 
-from page_test import QUIET, PageTest, wait_until
+from page_test import QUIET, FilesTest, wait_until
 
 
-class Downloads(PageTest):
+class Downloads(FilesTest):
     def setUp(self):
         super().setUp()
-        self.folder = pathlib.Path(self.home) / "Downloads"
-        config = pathlib.Path(self.home) / "config"
-        config.mkdir()
-        (config / "user-dirs.dirs").write_text(f'XDG_DOWNLOAD_DIR="{self.folder}"\n')
         self.server.gate.clear()
         self.addCleanup(self.server.gate.set)
 
@@ -33,14 +29,6 @@ class Downloads(PageTest):
 
     def files(self):
         return {file.name: file.read_bytes() for file in self.folder.glob("*")}
-
-    def heard_that(self, fits):
-        spoken = self.corvane.transcript.spoken
-        return wait_until(lambda: next((said for said in spoken() if fits(said)), None), "a sentence")
-
-    def heard(self, beginning):
-        """Waits for a sentence of which only the beginning is known."""
-        return self.heard_that(lambda said: said.startswith(beginning))
 
     def test_asked_told_and_never_overwritten(self):
         self.download("/file/data.zip", "9 bytes")

@@ -4,22 +4,10 @@ import pathlib
 import threading
 
 import web_server
-from page_test import QUIET, PageTest, wait_until
+from page_test import QUIET, FilesTest, wait_until
 
 
-class Files(PageTest):
-    def setUp(self):
-        super().setUp()
-        self.folder = pathlib.Path(self.home) / "Downloads"
-        config = pathlib.Path(self.home) / "config"
-        config.mkdir()
-        (config / "user-dirs.dirs").write_text(f'XDG_DOWNLOAD_DIR="{self.folder}"\n')
-
-    def heard(self, beginning):
-        """Waits for a sentence of which only the beginning is known."""
-        spoken = self.corvane.transcript.spoken
-        return wait_until(lambda: next((said for said in spoken() if said.startswith(beginning)), None), beginning)
-
+class Files(FilesTest):
     def save_as(self):
         self.corvane.transcript.mark()
         self.corvane.keys("alt+f", "s")
