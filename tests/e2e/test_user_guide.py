@@ -90,7 +90,6 @@ class UserGuide(EndToEndTest):
         self.go("/start.html", "The local news")
         self.hears("ctrl+l", self.base + "/start.html Address Box")
         self.hears("ctrl+l", self.base + "/start.html Address Box")
-        self.hears("Up", self.base + "/start.html")
         self.hears("Up", "https://www.microsoft.com/")
         self.hears("Down", self.base + "/start.html")
 

@@ -41,6 +41,14 @@ DropDownCombo::DropDownCombo(const std::string& name, WindowTable& windows) : co
   field.signal_key_press_event().connect([this](GdkEventKey* event) { return Key(*event); }, false);
 }
 
+void DropDownCombo::SetText(const std::string& text) {
+  ComboBoxControl::SetText(text);
+  if (showing_) return;
+  showing_ = true;
+  combo_.set_active(lines_.Find(text));  // the keys go on from there, nothing is chosen
+  showing_ = false;
+}
+
 void DropDownCombo::ShowModel() { combo_.set_model(lines_.Model()); }
 
 bool DropDownCombo::Key(const GdkEventKey& event) {

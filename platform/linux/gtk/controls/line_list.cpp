@@ -2,6 +2,8 @@
 
 #include <gtkmm/cellrenderertext.h>
 
+#include <algorithm>
+
 #include "base/error.h"
 #include "platform/linux/gtk/text.h"
 
@@ -23,6 +25,11 @@ LineList::LineList() : model_(Gtk::ListStore::create(Columns())) {}
 const std::string& LineList::At(int index) const {
   if (!Has(index)) throw RunTimeError(kErrSubscriptOutOfRange, "", "Subscript out of range");
   return texts_[static_cast<std::size_t>(index)];
+}
+
+int LineList::Find(const std::string& text) const {
+  const auto at = std::find(texts_.begin(), texts_.end(), text);
+  return at == texts_.end() ? -1 : static_cast<int>(at - texts_.begin());
 }
 
 void LineList::Append(const std::string& text) {

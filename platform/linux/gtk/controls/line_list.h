@@ -18,6 +18,8 @@ class LineList {
   int Count() const { return static_cast<int>(texts_.size()); }
   /// The line at `index`; RunTimeError when there is none.
   const std::string& At(int index) const;
+  /// Where that line stands first; -1 when it is not there.
+  int Find(const std::string& text) const;
   bool Has(int index) const { return index >= 0 && index < Count(); }
   void Append(const std::string& text);
   /// Empties the list. The model is a new one: show it again.

@@ -233,6 +233,20 @@ class DropDownComboTest : public ComboBoxTest {
   }
 };
 
+TEST_F(DropDownComboTest, UpAndDownGoOnFromTheEntryWhoseTextIsShown) {
+  Make(ComboBox::Style::DropDown);
+  Fill(3);
+  combo_->SetText("item 1");
+  Settle();
+  EXPECT_TRUE(clicks_.empty());
+  EXPECT_EQ(combo_->ListIndex(), -1);
+  Press(GDK_KEY_Down);
+  EXPECT_THAT(clicks_, ElementsAre("item 2"));
+  combo_->SetText("item 1");
+  Press(GDK_KEY_Up);
+  EXPECT_THAT(clicks_, ElementsAre("item 2", "item 0"));
+}
+
 TEST_F(DropDownComboTest, AltDownAndF4OpenTheListAndEscapeClosesIt) {
   Make(ComboBox::Style::DropDown);
   Fill(5);
