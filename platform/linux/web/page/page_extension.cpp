@@ -4,6 +4,8 @@
 // (what the engine runs for the program from outside ends that at once).
 #include <webkit2/webkit-web-extension.h>
 
+#include "platform/linux/web/free_memory.h"
+
 extern "C" {
 GResource* corvane_page_get_resource(void);
 G_MODULE_EXPORT void webkit_web_extension_initialize(WebKitWebExtension* extension);
@@ -74,6 +76,10 @@ gboolean OnMessage(WebKitWebPage* page, WebKitUserMessage* message, gpointer) {
 
 void OnPageCreated(WebKitWebExtension*, WebKitWebPage* page, gpointer) {
   g_signal_connect(page, "user-message-received", G_CALLBACK(OnMessage), nullptr);
+  g_signal_connect(page, "document-loaded", G_CALLBACK(+[](WebKitWebPage*, gpointer) {
+                     corvane::desktop::ReturnFreeMemorySoon();
+                   }),
+                   nullptr);
 }
 
 }  // namespace
