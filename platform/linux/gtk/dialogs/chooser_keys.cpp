@@ -3,15 +3,34 @@
 #include <gdk/gdkkeysyms.h>
 
 namespace corvane::desktop {
+namespace {
 
-bool TabLeavesEntry(GtkWindow* dialog, const GdkEventKey& event) {
-  const guint pressed = event.state & gtk_accelerator_get_default_mod_mask();
-  if (event.keyval != GDK_KEY_Tab || pressed != 0) return false;
+bool LeaveEntry(GtkWindow* dialog) {
   GtkWidget* focus = gtk_window_get_focus(dialog);
   if (!GTK_IS_ENTRY(focus)) return false;
   if (gtk_widget_get_ancestor(focus, GTK_TYPE_FILE_CHOOSER_WIDGET) == nullptr) return false;
   gtk_widget_child_focus(GTK_WIDGET(dialog), GTK_DIR_TAB_FORWARD);
   return true;
+}
+
+// Selecting the folder shows it among those beside it.
+bool GoUp(GtkWindow* dialog) {
+  if (!GTK_IS_FILE_CHOOSER(dialog)) return false;
+  GFile* folder = gtk_file_chooser_get_current_folder_file(GTK_FILE_CHOOSER(dialog));
+  if (folder == nullptr) return false;
+  const bool gone =
+      gtk_file_chooser_select_file(GTK_FILE_CHOOSER(dialog), folder, nullptr) != FALSE;
+  g_object_unref(folder);
+  return gone;
+}
+
+}  // namespace
+
+bool ChooserTakesKey(GtkWindow* dialog, const GdkEventKey& event) {
+  const guint pressed = event.state & gtk_accelerator_get_default_mod_mask();
+  if (event.keyval == GDK_KEY_Tab && pressed == 0) return LeaveEntry(dialog);
+  if (event.keyval == GDK_KEY_Up && pressed == GDK_MOD1_MASK) return GoUp(dialog);
+  return false;
 }
 
 }  // namespace corvane::desktop

@@ -4,9 +4,11 @@
 
 namespace corvane::desktop {
 
-/// Lets Tab leave the entry for a file's name. The toolkit's own entry keeps the
-/// key to complete what was typed, in silence, and so holds whoever cannot see
-/// it. To be asked for every key of a dialog first; true when the key was used.
-bool TabLeavesEntry(GtkWindow* dialog, const GdkEventKey& event);
+/// The keys of file dialogs that the toolkit would use otherwise. Tab leaves the entry
+/// for a file's name: the toolkit's own entry keeps the key to complete what was typed,
+/// in silence, and so holds whoever cannot see it. Alt+Up leads to the folder above the
+/// one that has been said, also while the toolkit's row of folders lags behind. To be
+/// asked for every key of a dialog first; true when the key was used.
+bool ChooserTakesKey(GtkWindow* dialog, const GdkEventKey& event);
 
 }  // namespace corvane::desktop

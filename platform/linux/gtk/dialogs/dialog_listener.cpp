@@ -85,7 +85,7 @@ void DialogListener::OnActive(GtkWindow* dialog, GParamSpec*, gpointer self) {
 }
 
 gboolean DialogListener::OnKeyDown(GtkWidget* dialog, GdkEventKey* event, gpointer /*self*/) {
-  return TabLeavesEntry(GTK_WINDOW(dialog), *event) ? TRUE : FALSE;
+  return ChooserTakesKey(GTK_WINDOW(dialog), *event) ? TRUE : FALSE;
 }
 
 gboolean DialogListener::OnKeyUp(GtkWidget* dialog, GdkEventKey*, gpointer self) {

@@ -291,7 +291,7 @@ bool GtkFileDialog::KeyDown(const GdkEventKey& event) {
     }
     return true;
   }
-  return TabLeavesEntry(GTK_WINDOW(dialog_->gobj()), event);
+  return ChooserTakesKey(GTK_WINDOW(dialog_->gobj()), event);
 }
 
 void GtkFileDialog::FocusMoved() {
