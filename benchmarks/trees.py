@@ -12,6 +12,7 @@ import time
 SOURCE = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(SOURCE / "tests/e2e"))
 import web_server  # noqa: E402  (lies beside the end-to-end tests)
+from measured import Browser, median, row  # noqa: E402  (beside this file)
 
 FAVORITES, PAGE_STRUCTURE, ACCESSIBILITY = 2, 4, 5
 FOCUS_SIDE_BAR = 3
@@ -41,8 +42,8 @@ def opening(browser, words):
     return (opened - before) * 1000, browser.longest_stall()
 
 
-def folder(make, base, count):
-    browser = make(f"{base}/page/1", prepare=lambda b: keep(b, count),
+def folder(build, base, count):
+    browser = Browser(build, f"{base}/page/1", prepare=lambda b: keep(b, count),
                    pane={"SideBar": FAVORITES, "Focus": FOCUS_SIDE_BAR})
     try:
         browser.wait_spoken("Page 1")
@@ -54,9 +55,9 @@ def folder(make, base, count):
         browser.end()
 
 
-def links(make, base, count):
+def links(build, base, count):
     title = f"{count} links"
-    browser = make(f"{base}/links/{count}", pane={"SideBar": PAGE_STRUCTURE, "Focus": FOCUS_SIDE_BAR})
+    browser = Browser(build, f"{base}/links/{count}", pane={"SideBar": PAGE_STRUCTURE, "Focus": FOCUS_SIDE_BAR})
     try:
         browser.wait_spoken(title)
         time.sleep(1)
@@ -71,10 +72,10 @@ def links(make, base, count):
         browser.end()
 
 
-def elements(make, base, count):
+def elements(build, base, count):
     """The accessible elements of a page with so many links, each in a paragraph:
     twice as many nodes."""
-    browser = make(f"{base}/links/{count}", pane={"SideBar": ACCESSIBILITY, "Focus": FOCUS_SIDE_BAR})
+    browser = Browser(build, f"{base}/links/{count}", pane={"SideBar": ACCESSIBILITY, "Focus": FOCUS_SIDE_BAR})
     root = "HTML_Internet Explorer document"
     try:
         browser.wait_spoken(f"{count} links")
@@ -90,20 +91,20 @@ def elements(make, base, count):
         browser.end()
 
 
-def rows(make, base, median, runs=2):
+def rows(build, base, runs=2):
     """The rows of the table: what, figure, budget."""
-    files = [folder(make, base, 10_000) for _ in range(runs)]
+    files = [folder(build, base, 10_000) for _ in range(runs)]
     yield ("tree: open a folder of 10,000 favorites, median (longest stall)",
            f"{median([f[0] for f in files]):.0f} ms ({median([f[1] or 0 for f in files]):.0f} ms)", "300 ms")
-    time_of, stall = folder(make, base, 100_000)
+    time_of, stall = folder(build, base, 100_000)
     yield ("tree: open a folder of 100,000 favorites (longest stall)", f"{time_of:.0f} ms ({stall or 0:.0f} ms)",
            "stall 50 ms")
-    opened, stall, fetching = elements(make, base, 10_000)
+    opened, stall, fetching = elements(build, base, 10_000)
     yield ("tree: accessible elements of a page with 10,000 links: longest stall while 20,000 nodes are fetched",
            f"{fetching or 0:.0f} ms", "50 ms")
     yield ("tree: open its 10,000 first nodes (longest stall)", f"{opened:.0f} ms ({stall or 0:.0f} ms)", "300 ms")
     for count in (10_000, 50_000):
-        pages = [links(make, base, count) for _ in range(runs)]
+        pages = [links(build, base, count) for _ in range(runs)]
         yield (f"tree: first level of the structure of a page with {count} links, median",
                f"{median([p[0] for p in pages]):.0f} ms", "")
         yield (f"tree: open its {count} links, median (longest stall)",
@@ -112,14 +113,12 @@ def rows(make, base, median, runs=2):
 
 
 def main():
-    import report
-
     server = web_server.start()
     threading.Thread(target=server.serve_forever, daemon=True).start()
     build = pathlib.Path(sys.argv[1])
     base = f"http://127.0.0.1:{server.server_address[1]}"
-    for row in rows(lambda address, **options: report.Browser(build, address, **options), base, report.median):
-        report.row(*row)
+    for figures in rows(build, base):
+        row(*figures)
     server.shutdown()
 
 
