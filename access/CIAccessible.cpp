@@ -56,7 +56,8 @@ AccessiblePtr CIAccessible::IAccessibleObjectFromCaretPos(AccessibleKid& vKid) c
 WindowHandle CIAccessible::hWndFromCaretPos() const {
   AccessibleKid kid;
   const AccessiblePtr object = IAccessibleObjectFromCaretPos(kid);
-  return hWndFromAccessibleObject(ObjectOf(object, kid));
+  const WindowHandle own = hWndFromAccessibleObject(ObjectOf(object, kid));
+  return own != 0 ? own : hWndFromAccessibleObject(object);
 }
 
 AccessiblePtr CIAccessible::accParent(const AccessiblePtr& pIAccessible) const {
@@ -174,17 +175,20 @@ void CIAccessible::GetBottomChildrenInfo(const AccessiblePtr& pIAccessible, Acce
                                          bool bSayRole, int rLevel, std::string& sText) const {
   // A simple element has no children; those of the object that it is asked
   // through are its siblings.
-  const int count = vKid ? 0 : accChildCount(pIAccessible);
+  const int count = vKid.value_or(0) != 0 ? 0 : accChildCount(pIAccessible);
   if (count <= 0 || rLevel >= kDeepest) {
-    sText += LeafLine(pIAccessible, vKid, bSayRole);
+    sText = LeafLine(pIAccessible, vKid, bSayRole);
     return;
   }
+  sText.clear();
   std::vector<AccessiblePtr> objects;
   std::vector<AccessibleKid> kids;
   IAccessibleChildren(objects, kids, pIAccessible, true);
   for (std::size_t i = 0; i < objects.size(); ++i) {
     if ((accState(objects[i], kids[i]) & kStateInvisible) != 0) continue;
-    GetBottomChildrenInfo(objects[i], kids[i], bSayRole, rLevel + 1, sText);
+    std::string below;
+    GetBottomChildrenInfo(objects[i], kids[i], bSayRole, rLevel + 1, below);
+    sText += below;
   }
 }
 
@@ -206,10 +210,12 @@ bool CIAccessible::IsDesktop(const AccessiblePtr& object) const {
 
 void CIAccessible::FindTopParent(const AccessiblePtr& pIAccessible, int rLevel,
                                  AccessiblePtr& pResult) const {
-  const AccessiblePtr parent = accParent(pIAccessible);
+  const AccessiblePtr object = pIAccessible;  // which may be the result's own variable
+  const AccessiblePtr parent = accParent(object);
+  pResult.reset();
   if (rLevel >= kDeepest || !parent) return;
   if (IsDesktop(parent)) {
-    pResult = pIAccessible;
+    pResult = object;
   } else {
     FindTopParent(parent, rLevel + 1, pResult);
   }
@@ -218,6 +224,7 @@ void CIAccessible::FindTopParent(const AccessiblePtr& pIAccessible, int rLevel,
 void CIAccessible::FindParentDialog(const AccessiblePtr& pIAccessible, int rLevel,
                                     AccessiblePtr& pResult) const {
   const AccessiblePtr parent = accParent(pIAccessible);
+  pResult.reset();
   if (rLevel >= kDeepest || !parent || IsDesktop(parent)) return;
   if (accRole(parent, {}) == kRoleDialog) {
     pResult = parent;

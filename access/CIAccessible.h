@@ -51,7 +51,7 @@ class CIAccessible {
   int IAccessibleChildren(std::vector<AccessiblePtr>& objIAChild, std::vector<AccessibleKid>& vKids,
                           const AccessiblePtr& pIAccessible, bool blnAllChildren,
                           int intChildMax = 0) const;
-  /// Adds the visible leaves below an element to `sText`, one a line, each with
+  /// Sets `sText` to the visible leaves below an element, one a line, each with
   /// a full stop, with its role in front if asked for. `rLevel` is the depth.
   void GetBottomChildrenInfo(const AccessiblePtr& pIAccessible, AccessibleKid vKid, bool bSayRole,
                              int rLevel, std::string& sText) const;

@@ -49,9 +49,15 @@ void frmCorvane::ISpeechWindow_SetMainApp(std::shared_ptr<corvane::MainApp> serv
 }
 
 void frmCorvane::ISpeechWindow_Show() {
-  if (!parts_) Load();
-  parts_->form->Show();
-  parts_->ctlWebBrowser1.Show();
+  try {
+    if (!parts_) Load();
+    parts_->form->Show();
+    parts_->ctlWebBrowser1.Show();
+  } catch (...) {
+    // A window that nobody can see or hear must not keep the process alive.
+    if (parts_) Form_Unload();
+    throw;
+  }
 }
 
 MenuItem& frmCorvane::ISpeechWindow_EnableSpeechItem() {

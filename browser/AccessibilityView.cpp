@@ -36,8 +36,10 @@ AccessibilityView::AccessibilityView(PaneContext& pane, CExplorer& explorer)
 }
 
 void AccessibilityView::Timer1_Timer() {
-  pane_.controls.Timer1->SetEnabled(false);
-  Fetch();
+  Reported([&] {
+    pane_.controls.Timer1->SetEnabled(false);
+    Fetch();
+  });
 }
 
 void AccessibilityView::RefreshAABrowser() {
@@ -56,7 +58,8 @@ void AccessibilityView::Fetch() {
   explorer_.ClearNodes();
   CWin32API search(pane_.desktop.GetWindows());
   search.FindWindow(pane_.controls.ELAMain->hwnd(), "", kRenderingClass, windows_, false);
-  fetching_ = pane_.desktop.GetAccessibility().Fetch(windows_, [this] { Build(); });
+  fetching_ =
+      pane_.desktop.GetAccessibility().Fetch(windows_, [this] { Reported([&] { Build(); }); });
 }
 
 // A page that has just come may not have told its elements yet: then a root is

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "access/CIAccessible.h"
+#include "base/handling.h"
 #include "browser/PaneContext.h"
 #include "explorer/CExplorer.h"
 
@@ -20,6 +21,12 @@ class AccessibilityView {
   void GiveUp();
   /// Moves the focus to a node's element and does what the element is for.
   void Follow(const TreeNode& node);
+
+  /// Does something for the view and reports its error as the view's.
+  template <class Body>
+  void Reported(Body&& body) {
+    ErrorsShown(pane_.desktop.GetMessageBox(), "RefreshAABrowser Error: ", body);
+  }
 
   /// The elements are shown.
   Event<> Made;

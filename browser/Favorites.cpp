@@ -5,12 +5,12 @@
 #include "base/text.h"
 #include "browser/BookmarkFile.h"
 #include "browser/LinkFile.h"
+#include "browser/ProfileValue.h"
 #include "platform/shell_folder.h"
 
 namespace corvane {
 namespace {
 
-constexpr std::size_t kShortcutBuffer = 127;  // what a shortcut's reader takes, its end included
 constexpr std::size_t kLinkBuffer = 100'000;
 constexpr int kMostNamesakes = 1000;
 constexpr const char* kShortcut = ".url";
@@ -57,7 +57,7 @@ std::string Favorites::AddressIn(const std::string& path) const {
   if (EndsWith(path, kDesktopLink)) {
     return files.GetPrivateProfileString("Desktop Entry", "URL", kLinkBuffer, path);
   }
-  return files.GetPrivateProfileString("InternetShortcut", "URL", kShortcutBuffer, path);
+  return ProfileValue(files, "InternetShortcut", "URL", path);
 }
 
 // The reader of shortcuts cuts what is too long for it: a longer address goes
@@ -65,7 +65,7 @@ std::string Favorites::AddressIn(const std::string& path) const {
 Favorites::Kept Favorites::Add(const std::string& folder, const std::string& title,
                                const std::string& address) {
   FileSystem& files = desktop_.GetFileSystem();
-  const bool is_short = text::length(address) <= kShortcutBuffer - 1;
+  const bool is_short = text::length(address) <= kLongestProfileValue;
   const std::string name = SafeFileName(title.empty() ? address : title);
   for (int i = 1; i <= kMostNamesakes; ++i) {
     std::string numbered = NumberedName(name, i);

@@ -145,9 +145,11 @@ void SideBar::Made() {
 }
 
 void SideBar::RefreshAABrowser() {
-  Begin();
-  pane_.controls.TreeView1->SetImageList(page_images_.get());
-  accessibility_.RefreshAABrowser();
+  accessibility_.Reported([&] {
+    Begin();
+    pane_.controls.TreeView1->SetImageList(page_images_.get());
+    accessibility_.RefreshAABrowser();
+  });
 }
 
 TreeView& SideBar::ClearForOutline() {
@@ -196,7 +198,7 @@ void SideBar::TreeView1_DblClick() {
       Explain(node);
     } else if (content == kSideBarAccessibility) {
       accessibility_.Follow(node);
-    } else if (content != kSideBarNone) {
+    } else if (content >= kSideBarFavorites) {
       Follow(node, content);
     }
   });

@@ -3,6 +3,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "browser/EngineVersion.h"
+#include "browser/ProfileValue.h"
 
 namespace corvane {
 namespace {
@@ -10,7 +11,6 @@ namespace {
 constexpr double kLeastEngineVersion = 4.0;
 constexpr const char* kEngineMissing =
     "Internet Explorer 4.01 or greater was not found on this machine";
-constexpr std::size_t kProfileBuffer = 128;
 
 }  // namespace
 
@@ -61,13 +61,10 @@ ctlWebBrowser::~ctlWebBrowser() {
                 [&] { pane_.status.Release(); });
 }
 
-// The buffer's size minus one goes to the system call, which keeps one more for
-// its own terminator.
 std::string ctlWebBrowser::VBGetPrivateProfileString(const std::string& section,
                                                      const std::string& key,
                                                      const std::string& file) const {
-  return pane_.desktop.GetFileSystem().GetPrivateProfileString(section, key, kProfileBuffer - 1,
-                                                               file);
+  return ProfileValue(pane_.desktop.GetFileSystem(), section, key, file);
 }
 
 }  // namespace corvane

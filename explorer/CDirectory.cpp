@@ -2,12 +2,14 @@
 
 #include "base/error.h"
 #include "base/handling.h"
+#include "base/text.h"
 #include "explorer/mIShellFolder.h"
 
 namespace corvane {
 namespace {
 
 constexpr std::uint32_t kRootAttributes = kAttributeHasSubFolder;
+constexpr std::size_t kTypeNameField = 80;  // characters, its end included
 constexpr int kAllContents = kContentsFolders | kContentsNonFolders | kContentsHidden;
 
 }  // namespace
@@ -105,7 +107,7 @@ std::shared_ptr<Picture> CDirectory::GetIcon(const std::string& sFile, EIconType
 }
 
 std::string CDirectory::GetFileTypeName(const std::string& sFile) const {
-  return desktop_.GetShell().TypeName(sFile);
+  return text::left(desktop_.GetShell().TypeName(sFile), kTypeNameField - 1);
 }
 
 int CDirectory::ComputeIconIndex() const {
@@ -131,7 +133,7 @@ ExplorerItems CDirectory::IExplorerItem_GetChildren(CExplorer&, TreeNode&) {
 }
 
 void CDirectory::IExplorerItem_SetText(const std::string&) {
-  throw RunTimeError(kErrRefused, "CDirectory", "Unable to rename this object");
+  throw RunTimeError(kErrRefused, "CDirectory", "Unable to delete this object");
 }
 
 void CDirectory::IExplorerItem_Delete() {

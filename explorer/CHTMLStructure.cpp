@@ -132,7 +132,7 @@ ExplorerItems CHTMLStructure::IExplorerItem_GetChildren(CExplorer&, TreeNode&) {
 }
 
 void CHTMLStructure::IExplorerItem_SetText(const std::string&) {
-  throw RunTimeError(kErrRefused, "IExplorerItem", "Unable to rename this object");
+  throw RunTimeError(kErrRefused, "IExplorerItem", "Unable to delete this object");
 }
 
 void CHTMLStructure::IExplorerItem_Delete() {

@@ -52,7 +52,7 @@ ExplorerItems CIAccessibleBrowser::IExplorerItem_GetChildren(CExplorer& /*Explor
 }
 
 void CIAccessibleBrowser::IExplorerItem_SetText(const std::string& /*Value*/) {
-  throw RunTimeError(kErrRefused, kSource, "Unable to rename this object");
+  throw RunTimeError(kErrRefused, kSource, "Unable to delete this object");
 }
 
 void CIAccessibleBrowser::IExplorerItem_Delete() {

@@ -1,5 +1,7 @@
 #include "speech/MainApp.h"
 
+#include <utility>
+
 #include "base/handling.h"
 #include "base/number.h"
 #include "speech/MSAgent.h"
@@ -21,7 +23,13 @@ MainApp::~MainApp() { terminated_(); }
 void MainApp::Class_Initialize(const WindowMaker& make_window) {
   own_window_ = make_window();
   own_window_->SetMainApp(shared_from_this());
-  own_window_->Show();
+  try {
+    own_window_->Show();
+  } catch (...) {
+    // Without a window the service, which the window holds, must not live on.
+    if (const auto window = std::exchange(own_window_, nullptr)) window->SetMainApp(nullptr);
+    throw;
+  }
 }
 
 void MainApp::ReleaseForm(const ISpeechWindow& window) {

@@ -137,7 +137,7 @@ class Hearing(EndToEndTest):
         events = [e for e in corvane.transcript.events() if e["event"] == "speak"]
         self.assertEqual(events[-1]["speed"], 200)
         corvane.keys("Left")
-        self.said("Rate popup")
+        wait_until(lambda: corvane.transcript.spoken()[-1] == "Rate popup", "the item that opened the submenu")
         events = [e for e in corvane.transcript.events() if e["event"] == "speak"]
         self.assertEqual(events[-1]["speed"], 150)
         corvane.keys("Escape", "Escape")
@@ -182,7 +182,7 @@ class Hearing(EndToEndTest):
             self.walks(items)
             if isinstance(items[-1], tuple):
                 self.hears("Down", first)  # round the end: Right would open the submenu
-        self.hears("Escape")
+        self.hears("Escape", "Back Button")
 
     def test_alert_of_a_page_is_shown_again_and_spoken(self):
         corvane = self.start(settings=SPOKEN)

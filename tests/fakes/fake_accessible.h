@@ -112,6 +112,7 @@ class FakeAccessible : public Accessible, public std::enable_shared_from_this<Fa
 class FakeAccessibility : public Accessibility {
  public:
   Connection Fetch(const std::vector<WindowHandle>& windows, std::function<void()> done) override {
+    Refuse();
     fetched.push_back(windows);
     pending = std::make_shared<std::function<void()>>(std::move(done));
     return Connection([mine = pending] { *mine = nullptr; });

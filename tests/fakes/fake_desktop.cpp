@@ -27,6 +27,11 @@ void FakeForm::SetCaption(const std::string& caption) {
   desktop_.windows.windows[handle_].text = caption;
 }
 
+void FakeForm::Show() {
+  if (desktop_.failing == name) throw RunTimeError(kErrDeviceIo, name, "Device I/O error");
+  visible = true;
+}
+
 FakeRebarWindow::FakeRebarWindow(FakeDesktop& desktop, WindowHandle parent)
     : desktop_(desktop), handle_(desktop.windows.Add("", "ReBarWindow32", parent)) {
   desktop.rebar = this;

@@ -98,7 +98,7 @@ class FakeForm : public Form {
   void SetContent(ElasticFrame&) override {}
   void SetStatusBar(StatusBar&) override {}
   bool Visible() const override { return visible; }
-  void Show() override { visible = true; }
+  void Show() override;
   void ShowModal(Form* form) override {
     visible = true;
     modal = true;

@@ -40,7 +40,7 @@ class FakeShell : public Shell {
   std::optional<ItemIdList> SpecialFolderLocation(int number) override {
     if (number == kFolderDesktop) return ItemIdList();
     if (number == kFolderFavorites) return ParseDisplayName("/data/Favorites");
-    if (number == kFolderHistory) return ParseDisplayName("/data/History");
+    if (number == kFolderHistory) return ParseDisplayName(history);
     return std::nullopt;
   }
   std::optional<ItemIdList> ParseDisplayName(const std::string& path) override {
@@ -93,6 +93,7 @@ class FakeShell : public Shell {
   }
 
   std::map<std::string, Entry> entries;
+  std::string history = "/data/History";  ///< the special folder
   std::vector<std::pair<std::string, EIconType>> icons_fetched;
 
  private:

@@ -57,6 +57,15 @@ TEST_F(AccessibilityViewTest, TreeIsBuiltWhenTheElementsHaveArrived) {
   EXPECT_FALSE(timer.enabled);
 }
 
+TEST_F(AccessibilityViewTest, AViewThatCannotBeMadeIsReported) {
+  Render(page);
+  desktop.accessibility.refuses = true;
+  timer.enabled = true;
+  timer.Fire();
+  EXPECT_THAT(desktop.boxes.Texts(), ElementsAre("RefreshAABrowser Error: No accessibility"));
+  EXPECT_FALSE(timer.enabled);
+}
+
 TEST_F(AccessibilityViewTest, EveryRenderingWindowIsARootAndNoOther) {
   Render(page);
   Render(page);

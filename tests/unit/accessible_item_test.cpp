@@ -81,6 +81,7 @@ TEST_F(AccessibleItemTest, RenamingAndDeletingAreRefused) {
     ADD_FAILURE() << "renamed";
   } catch (const RunTimeError& error) {
     EXPECT_EQ(error.Number(), 999);
+    EXPECT_EQ(error.Description(), "Unable to delete this object") << "for all that is refused";
   }
   try {
     item->Delete();

@@ -26,6 +26,11 @@ struct AccessibleTest : ::testing::Test {
     access.GetBottomChildrenInfo(object, {}, say_role, 0, text);
     return text;
   }
+  std::string LeavesOfItself(const Ptr& object) const {
+    std::string text = "what was there before";
+    access.GetBottomChildrenInfo(object, 0, false, 0, text);
+    return text;
+  }
   /// A chain of objects, one the child of the other, the uppermost first.
   static std::vector<Ptr> Chain(int count) {
     std::vector<Ptr> chain = {Make("level 0", 10)};
@@ -151,6 +156,8 @@ TEST_F(AccessibleTest, WindowAtTheCaretIsThatOfTheElementOrOfItsParent) {
   list->own_objects[1] = item;
   accessibility.points[{0, 0}] = {list, 1};
   EXPECT_EQ(access.hWndFromCaretPos(), 22U);
+  item->window = 0;
+  EXPECT_EQ(access.hWndFromCaretPos(), 11U) << "an element without a window";
   accessibility.points[{0, 0}] = {list, 2};  // a simple element
   EXPECT_EQ(access.hWndFromCaretPos(), 11U);
 }
@@ -293,6 +300,13 @@ TEST_F(AccessibleTest, SearchesUpwardsStopAtDepth101) {
   EXPECT_EQ(dialog, nullptr);
 }
 
+TEST_F(AccessibleTest, KidZeroIsTheObjectItself) {
+  const Ptr list = Make("list", 33);
+  list->Add(Make("apple", 34));
+  list->Add(Make("pear", 34));
+  EXPECT_EQ(LeavesOfItself(list), "apple.\r\npear.\r\n");
+}
+
 TEST_F(AccessibleTest, NearestDialogIsFound) {
   const Ptr desktop = Make("Desktop", 18);  // even if it were one
   const Ptr outer = desktop->Add(Make("outer", 18));
@@ -311,9 +325,28 @@ TEST_F(AccessibleTest, NoDialogAboveYieldsNothing) {
   const Ptr desktop = Make("Desktop", 9);
   const Ptr window = desktop->Add(Make("window", 9));
   const Ptr button = window->Add(Make("button", 43));
-  AccessiblePtr found;
+  AccessiblePtr found = button;
   access.FindParentDialog(button, 0, found);
   EXPECT_EQ(found, nullptr);
+  found = desktop;
+  access.FindTopParent(desktop, 0, found);
+  EXPECT_EQ(found, nullptr) << "nothing is above the desktop";
+}
+
+TEST_F(AccessibleTest, TheDesktopIsNoDialogEvenIfItSaysSo) {
+  const Ptr desktop = Make("DESKtop", 18);
+  const Ptr window = desktop->Add(Make("window", 9));
+  AccessiblePtr found = window;
+  access.FindParentDialog(window, 0, found);
+  EXPECT_EQ(found, nullptr);
+}
+
+TEST_F(AccessibleTest, TopParentMayBeAskedForInItsOwnVariable) {
+  const Ptr desktop = Make("Desktop", 9);
+  const Ptr window = desktop->Add(Make("window", 9));
+  AccessiblePtr object = window->Add(Make("button", 43));
+  access.FindTopParent(object, 0, object);
+  EXPECT_EQ(object, window);
 }
 
 }  // namespace

@@ -167,7 +167,13 @@ TEST_F(Directory, NothingCanBeRenamedOrDeleted) {
     EXPECT_EQ(error.Source(), "CDirectory");
     EXPECT_EQ(error.Description(), "Unable to delete this object");
   }
-  EXPECT_THROW(root->SetText("new"), RunTimeError);
+  try {
+    root->SetText("new");
+    FAIL();
+  } catch (const RunTimeError& error) {
+    EXPECT_EQ(error.Number(), 999);
+    EXPECT_EQ(error.Description(), "Unable to delete this object") << "for all that is refused";
+  }
   EXPECT_EQ(root->Text(), std::string("Favorites\0", 10));
 }
 
@@ -241,6 +247,9 @@ TEST_F(Directory, FilesOfOneExtensionShareAnImageButProgramsHaveTheirOwn) {
   const int two = cache.IndexOfFile("/a/two.exe", false);
   EXPECT_NE(one, two);
   EXPECT_EQ(large->Key(one), "/A/ONE.EXEk");
+  EXPECT_EQ(large->Key(cache.IndexOfFile("/a/one.dll", false)), "/A/ONE.DLLk");
+  EXPECT_EQ(large->Key(cache.IndexOfFile("/a/one.ico", false)), "/A/ONE.ICOk");
+  EXPECT_EQ(large->Key(cache.IndexOfFile("/a/one.ocx", false)), "/A/ONE.OCXk");
   EXPECT_EQ(large->Key(cache.IndexOfFile("/a/folder.txt", true)), "DIRk");
   EXPECT_EQ(large->Key(cache.IndexOfFile("/a.b/none", false)), "k");
 }

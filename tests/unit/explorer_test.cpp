@@ -70,8 +70,11 @@ TEST_F(Explorer, TreeIsLockedWhileChildrenAreAdded) {
   int locks = -1;
   auto root = Branch("root", {Leaf("a")});
   root->while_building = [&] { locks = tree.locks; };
+  int while_adding = -1;
+  desktop.on_yield = [&] { while_adding = tree.locks; };
   Open(root);
   EXPECT_EQ(locks, 1);
+  EXPECT_EQ(while_adding, 1);
   EXPECT_EQ(tree.locks, 0);
 }
 

@@ -164,6 +164,7 @@ TEST_F(PageStructure, NamesCannotBeChangedAndNothingCanBeDeleted) {
     FAIL();
   } catch (const RunTimeError& error) {
     EXPECT_EQ(error.Number(), 999);
+    EXPECT_EQ(error.Description(), "Unable to delete this object") << "for all that is refused";
   }
   EXPECT_EQ(item->Text(), "name");
   item->SetIconIndex(9);

@@ -124,5 +124,11 @@ TEST(PaneErrorsAtStart, FramesAndButtons) {
               ElementsAre("PopulateButtons Error: Device I/O error"));
 }
 
+TEST_F(PaneErrors, AccessibilityViewThatCannotBeMade) {
+  p.desktop.accessibility.refuses = true;
+  p.Inside().ctlWebBrowser1.mnuSideBarContent_Click(kSideBarAccessibility);
+  ExpectReported("RefreshAABrowser Error: No accessibility");
+}
+
 }  // namespace
 }  // namespace corvane::tests

@@ -45,6 +45,9 @@ TEST_F(SideBarTest, FavoritesShowTheirFolder) {
 }
 
 TEST_F(SideBarTest, HistoryIsTheFolderBesideTheShellsOwn) {
+  shell.history = "/data/Other";
+  shell.Folder("/data/Other");
+  shell.Folder("/data/Other/no day");
   shell.Folder("/data/History/2001-12-31");
   StartWith(kSideBarHistory);
   p.Tree().Toggle(Root());
@@ -207,6 +210,14 @@ TEST_F(SideBarTest, FavoriteIsFollowedToTheAddressInItsFile) {
   EXPECT_TRUE(p.Reading().enabled);
 }
 
+TEST_F(SideBarTest, LongAddressInAShortcutIsCutTo126Characters) {
+  const std::string address = "http://a/" + std::string(191, 'x');
+  Shortcut("/data/Favorites/Long.url", address);
+  StartWith(kSideBarFavorites);
+  p.Tree().DoubleClick(Choose(0));
+  EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 " + address.substr(0, 126)));
+}
+
 TEST_F(SideBarTest, FavoriteThatIsAPageIsFollowedItself) {
   shell.File("/data/Favorites/saved.HTM");
   StartWith(kSideBarFavorites);
@@ -241,6 +252,7 @@ TEST_F(SideBarTest, EnterOnAFolderOpensAndClosesIt) {
   p.Tree().Press(kKeyReturn);
   EXPECT_FALSE(folder.expanded);
   EXPECT_THAT(p.Spoken(), ElementsAre("News Opened", "News Closed"));
+  EXPECT_THAT(p.TextPane().text, ::testing::EndsWith("News Opened\nNews Closed\n"));
 }
 
 TEST_F(SideBarTest, HistoryAndPageStructureAreFollowedToTheirTags) {

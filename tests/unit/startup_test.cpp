@@ -59,6 +59,15 @@ TEST(Startup, ByAutomationWithoutARunningInstanceIsRefused) {
   EXPECT_EQ(p.desktop.Living("frmProcess"), 0U);
 }
 
+TEST(Startup, AWindowThatCannotBeMadeLeavesNothingThatRunsOn) {
+  Program p;
+  p.desktop.failing = "frmCorvane";
+  p.Start();
+  EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("Main Error: Device I/O error"));
+  EXPECT_THAT(p.process.Forms(), IsEmpty());
+  EXPECT_EQ(p.desktop.Living("frmProcess"), 0U);
+}
+
 TEST(Startup, ByAutomationIntoARunningProcessIsAllowed) {
   Program p;
   p.Start();

@@ -80,6 +80,12 @@ TEST_F(WindowSearchTest, ClassIsAPatternOfTheWholeName) {
   EXPECT_THAT(found, ElementsAre(button));
 }
 
+TEST_F(WindowSearchTest, LongClassNamesAreCompared254Characters) {
+  windows.windows[button].class_name = std::string(254, 'x') + "end";
+  EXPECT_EQ(search.FindWindow(start, "", std::string(254, 'x'), found, false), 1);
+  EXPECT_EQ(search.FindWindow(start, "", std::string(254, 'x') + "e", found, false), 0);
+}
+
 TEST_F(WindowSearchTest, LongTitlesAreCompared254Characters) {
   windows.windows[button].text = std::string(254, 'x') + "end";
   EXPECT_EQ(search.FindWindow(start, std::string(254, 'x'), "Button", found, false), 1);
