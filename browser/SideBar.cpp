@@ -40,10 +40,13 @@ SideBar::SideBar(PaneContext& pane, PaneSettings& settings, PaneLayout& layout)
   TreeView& tree = *pane_.controls.TreeView1;
   for (const StockImage image : kPageImages) page_images_->Add("", image);
   explorer_.Init(tree, nullptr, 0, 0, 0);
+  // A tree that is made anew with each page says itself when the user comes to it,
+  // not when the page has just been read.
   connections_ += tree.GotFocus.Connect([this] {
     if (!pane_.state.quiet || !ShowsPage()) TreeView1_GotFocus();
   });
   connections_ += tree.NodeClick.Connect([this](TreeNode& node) { TreeView1_NodeClick(node); });
+  // Opening a node by key is heard like choosing it.
   connections_ += tree.Toggled.Connect([this](TreeNode& node) { TreeView1_NodeClick(node); });
   connections_ += tree.DblClick.Connect([this] { TreeView1_DblClick(); });
   connections_ += tree.KeyDown.Connect([this](KeyEvent& key) { TreeView1_KeyDown(key); });
@@ -217,7 +220,7 @@ void SideBar::Explain(TreeNode& node) {
   }
 }
 
-// What leads nowhere can still be opened.
+// What leads nowhere can still be opened; a leaf that leads nowhere says so.
 void SideBar::Follow(TreeNode& node, int content) {
   const std::string address = AddressOf(node, content);
   if (address.empty()) {
@@ -247,6 +250,7 @@ void SideBar::OpenOrClose(TreeNode& node) {
   if (const TreeNode* still = pane_.controls.TreeView1->Find(id)) TreeView1_NodeClick(*still);
 }
 
+// Each of the tree's words is a line of its own in the text pane.
 void SideBar::TreeView1_GotFocus() {
   ErrorsIgnored([&] {
     const TreeNode* selected = pane_.controls.TreeView1->SelectedItem();
@@ -271,6 +275,7 @@ void SideBar::TreeView1_KeyDown(const KeyEvent& key) {
   if (key.KeyCode == kKeyReturn && key.Shift == 0) TreeView1_DblClick();
 }
 
+// Whoever has the tree made anew hears where it begins.
 void SideBar::TreeView1_KeyUp(const KeyEvent& key) {
   ErrorsIgnored([&] {
     if (key.KeyCode == kKeyEscape) {
