@@ -8,7 +8,6 @@
 
 #include "platform/linux/web/files/print_page.h"
 #include "platform/linux/web/files/save_page.h"
-#include "platform/linux/web/free_memory.h"
 #include "platform/linux/web/typed_address.h"
 #include "platform/linux/web/web_text.h"
 
@@ -338,7 +337,6 @@ void EngineView::FinishReading(HTMLDocumentPtr document) {
   if (is_page && engine_.Options().page_visited) {
     engine_.Options().page_visited(address_, LocationName());
   }
-  ReturnFreeMemorySoon();
   navigation_.Read();
 }
 

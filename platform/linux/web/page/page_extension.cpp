@@ -2,9 +2,8 @@
 // questions in the page scripts' world: also in documents that run no scripts, and
 // without touching what the page may do because the user has just pressed a key
 // (what the engine runs for the program from outside ends that at once).
+#include <malloc.h>
 #include <webkit2/webkit-web-extension.h>
-
-#include "platform/linux/web/free_memory.h"
 
 extern "C" {
 GResource* corvane_page_get_resource(void);
@@ -74,12 +73,27 @@ gboolean OnMessage(WebKitWebPage* page, WebKitUserMessage* message, gpointer) {
   return TRUE;
 }
 
+// A large page's elements on their way to the accessibility bus leave a heap full of
+// holes, which the allocator would keep: tens of megabytes after some hundred pages.
+// Not in the program itself, where the keys would have to wait for it.
+void ReturnFreeMemorySoon() {
+  constexpr guint kQuietSeconds = 10;
+  static guint waiting = 0;
+  if (waiting != 0) g_source_remove(waiting);
+  waiting = g_timeout_add_seconds_full(
+      G_PRIORITY_LOW, kQuietSeconds,
+      [](gpointer) -> gboolean {
+        waiting = 0;
+        malloc_trim(0);
+        return G_SOURCE_REMOVE;
+      },
+      nullptr, nullptr);
+}
+
 void OnPageCreated(WebKitWebExtension*, WebKitWebPage* page, gpointer) {
   g_signal_connect(page, "user-message-received", G_CALLBACK(OnMessage), nullptr);
-  g_signal_connect(page, "document-loaded", G_CALLBACK(+[](WebKitWebPage*, gpointer) {
-                     corvane::desktop::ReturnFreeMemorySoon();
-                   }),
-                   nullptr);
+  g_signal_connect(page, "document-loaded",
+                   G_CALLBACK(+[](WebKitWebPage*, gpointer) { ReturnFreeMemorySoon(); }), nullptr);
 }
 
 }  // namespace
