@@ -221,8 +221,8 @@ TEST_F(NavigationTest, TheAddressIsThatOfThePageShownWhilePartsStillLoad) {
   server_.Page("/a", "<title>A</title><img src=/picture>");
   server_.Stall("/slow");
   view_->Navigate(server_.Url("/a"));
+  ASSERT_TRUE(WaitUntil([&] { return view_->LocationURL() == server_.Url("/a"); }));
   ASSERT_TRUE(WaitUntil([&] { return server_.Requests("/picture") == 1; }));
-  EXPECT_EQ(view_->LocationURL(), server_.Url("/a"));
   view_.RunInPage("location = '/slow'");
   ASSERT_TRUE(WaitUntil([&] { return server_.Requests("/slow") == 1; }));
   EXPECT_TRUE(view_->Busy());
