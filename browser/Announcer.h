@@ -50,13 +50,14 @@ class Announcer {
   /// been spoken to its end; not at all when that is cut off.
   void AddAndSayAfterTitle(const std::string& text) {
     if (!title_) return AddAndSay(text);
-    ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true); });
     after_title_ = text;
+    ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true); });
   }
 
-  /// Adds the text as a line to the text pane and speaks it.
+  /// Adds the text as a line to the text pane and speaks it, before the pane lets
+  /// waiting keys have their say.
   void AddAndSay(const std::string& text, bool urgent = false) {
-    ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true); }, [&] { Say(text, urgent); });
+    ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true, [&] { Say(text, urgent); }); });
   }
 
  private:

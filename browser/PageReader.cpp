@@ -103,11 +103,10 @@ void PageReader::ReadPage() {
 void PageReader::ReadTitleAndText(const HTMLDocument& document) {
   ctlText& text = pane_.controls.ctlText1;
   if (pane_.menu.mnuTextHistory(kClearWithNewPage).Checked()) text.ClearText();
-  const unsigned mine = reading_;
-  text.AddText(document.Title + kLineBreak + document.body_innerText, false);
-  if (reading_ != mine) return;
-  title_ = document.Title;
-  SayTitle();
+  text.AddText(document.Title + kLineBreak + document.body_innerText, false, [&] {
+    title_ = document.Title;
+    SayTitle();
+  });
 }
 
 void PageReader::Stop() {

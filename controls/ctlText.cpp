@@ -31,8 +31,9 @@ ctlText::ctlText(Desktop& desktop, const std::string& name)
   UserControl_Resize();
 }
 
-void ctlText::AddText(const std::string& strText, const bool& blnMoveCur) {
-  if (strText.empty()) return;
+void ctlText::AddText(const std::string& strText, const bool& blnMoveCur,
+                      const std::function<void()>& appended) {
+  if (strText.empty()) return appended();
   int end = 0;
   ErrorsIgnored([&] { end = Text1_->TextLength(); }, [&] { Text1_->SetSelStart(end); },
                 [&] { Text1_->SetSelText(strText); });
@@ -41,6 +42,7 @@ void ctlText::AddText(const std::string& strText, const bool& blnMoveCur) {
   } else {
     ErrorsIgnored([&] { Text1_->SetSelStart(end); }, [&] { Text1_->SetSelText(""); });
   }
+  ErrorsIgnored(appended);
   Mirror(strText);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,8 +22,12 @@ class ctlText {
   ElasticFrame& Frame() { return *frame_; }
 
   /// Appends `strText` at the end. With `blnMoveCur` the caret goes behind it,
-  /// otherwise to its first character. Lets waiting events run between pieces.
-  void AddText(const std::string& strText, const bool& blnMoveCur);
+  /// otherwise to its first character. Then it is mirrored, and waiting events run
+  /// between the pieces: what must come before their work is for `appended`, which
+  /// is called as soon as the text stands in the box, even an empty one.
+  void AddText(
+      const std::string& strText, const bool& blnMoveCur,
+      const std::function<void()>& appended = [] {});
   /// Empties the visible text; the mirror keeps its entries.
   void ClearText();
   /// Saves into the program's folder, as rich text unless `vFlags` says plain.

@@ -305,6 +305,32 @@ TEST_F(PageReaderTest, FocusedTreeSaysItsSelectedNode) {
   EXPECT_THAT(p.Spoken(), ElementsAre("Frames 2 Closed", "Frames 2 Opened"));
 }
 
+TEST_F(PageReaderTest, WordsOfAKeyThatWaitedFollowTheWordsBeforeIt) {
+  Start();
+  TreeNode& node = p.Tree().Add(nullptr, "First");
+  TreeNode& next = p.Tree().Add(nullptr, "Second");
+  p.desktop.on_yield = [&] {
+    p.desktop.on_yield = nullptr;
+    p.Tree().NodeClick.Raise(next);
+  };
+  p.Tree().NodeClick.Raise(node);
+  EXPECT_THAT(p.Spoken(), ElementsAre("First ", "Second "));
+}
+
+TEST_F(PageReaderTest, AKeyPressedWhileALongPageIsTakenInIsHeardBehindTheTitle) {
+  Start();
+  p.desktop.on_yield = [&] {
+    if (p.TextPane().text.find("xxx") == std::string::npos) return;
+    p.desktop.on_yield = nullptr;
+    p.desktop.Get<FakeCommandButton>("cmdToolbar0").GotFocus.Raise();
+  };
+  p.Read(MakePage("http://a/", "Title", std::string(3000, 'x')));
+  const auto spoken = p.Spoken();
+  ASSERT_GE(spoken.size(), 2U);
+  EXPECT_EQ(spoken[spoken.size() - 2], "Title");
+  EXPECT_EQ(spoken.back(), "Back Button");
+}
+
 TEST_F(PageReaderTest, F1InTheTreeSaysTheTag) {
   Start();
   TreeNode& node = p.Tree().Add(nullptr, "A link");

@@ -31,6 +31,17 @@ TEST_F(TextPane, AppendingNothingChangesNothing) {
   EXPECT_EQ(desktop.yields, 0);
 }
 
+TEST_F(TextPane, WhatBelongsToATextIsDoneBeforeEventsRun) {
+  std::vector<std::string> log;
+  desktop.on_yield = [&] { log.emplace_back("events"); };
+  pane.AddText("one", true, [&] { log.push_back(pane.Text() + " appended"); });
+  EXPECT_THAT(log, ElementsAre("one appended", "events"));
+  log.clear();
+  desktop.failing = "Text1";
+  pane.AddText("lost", true, [&] { log.emplace_back("not even written"); });
+  EXPECT_THAT(log, ElementsAre("not even written", "events"));
+}
+
 TEST_F(TextPane, ThreeHundredCharactersMakeThreeEntriesAndSelectTheLast) {
   pane.AddText(std::string(300, 'x'), true);
   EXPECT_THAT(PieceLengths(), ElementsAre(127U, 127U, 46U));

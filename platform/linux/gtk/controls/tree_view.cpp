@@ -75,8 +75,8 @@ TreeViewControl::~TreeViewControl() {
 
 void TreeViewControl::ListenToView() {
   view_.get_selection()->signal_changed().connect([this] {
-    if (showing_) return;
-    if (auto* node = SelectedItem()) NodeClick.Raise(*node);
+    const auto* node = showing_ ? nullptr : SelectedItem();
+    if (node) Clicked(node->Id());
   });
   view_.signal_key_press_event().connect([this](GdkEventKey* event) { return Key(*event); }, false);
   view_.signal_button_press_event().connect(
@@ -102,6 +102,15 @@ void TreeViewControl::ListenToView() {
         return true;
       },
       false);
+}
+
+// What hears of a click may let another key in. The view, which tells of its new
+// selection halfway through a move, would take the cursor back over that key's move.
+void TreeViewControl::Clicked(TreeNodeId id) {
+  PostToLoop([this, alive = alive_, id] {
+    auto* node = *alive ? SelectedItem() : nullptr;
+    if (node && node->Id() == id) NodeClick.Raise(*node);
+  });
 }
 
 void TreeViewControl::ToggledOutside(const Gtk::TreeIter& at, bool open) {

@@ -59,6 +59,7 @@ class TreeViewControl : public WidgetControl<TreeView> {
   void Draw(Gtk::CellRendererPixbuf& cell, const Gtk::TreeIter& at) const;
   void ListenToView();
   void ToggleByUser(TreeRow& row);
+  void Clicked(TreeNodeId id);
   void ToggledOutside(const Gtk::TreeIter& at, bool open);
   void Edited(const std::string& text);
   void Release(TreeNodeId id);

@@ -29,7 +29,10 @@ class TreeViewTest : public test::DesktopTest {
     Settle();
     log_.clear();
   }
-  void Press(guint keyval) { Key(window_.form.window(), keyval); }
+  void Press(guint keyval) {
+    Key(window_.form.window(), keyval);
+    Settle();
+  }
 
   test::TestWindow window_{windows_};
   std::string asked_;  // the label that the user was asked to change last
@@ -84,6 +87,32 @@ TEST_F(TreeViewTest, ArrowsWalkOpenAndClose) {
   Press(GDK_KEY_Left);
   EXPECT_EQ(tree_.SelectedItem(), first_);
   EXPECT_THAT(log_, ElementsAre("beta", "alpha", "inner", "alpha"));
+}
+
+TEST_F(TreeViewTest, AKeyThatComesWhileANodeIsToldGoesOnFromThere) {
+  Fill();
+  tree_.Add(nullptr, "gamma");
+  bool let_in = true;
+  listening_ += tree_.NodeClick.Connect([&](TreeNode&) {
+    if (std::exchange(let_in, false)) Key(window_.form.window(), GDK_KEY_Down);
+  });
+  Press(GDK_KEY_Down);
+  Settle();
+  EXPECT_EQ(tree_.SelectedItem()->Text(), "gamma");
+  EXPECT_THAT(log_, ElementsAre("beta", "gamma"));
+  Press(GDK_KEY_Up);
+  Settle();
+  EXPECT_EQ(log_.back(), "beta") << "the cursor is where the selection is";
+}
+
+TEST_F(TreeViewTest, ANodeThatGoesBeforeItsClickIsToldIsNotToldOf) {
+  Fill();
+  auto* view = dynamic_cast<Gtk::TreeView*>(window_.form.window().get_focus());
+  ASSERT_NE(view, nullptr);
+  view->set_cursor(Gtk::TreePath("1"));
+  tree_.Remove(*second_);
+  Settle();
+  EXPECT_TRUE(log_.empty());
 }
 
 TEST_F(TreeViewTest, ALetterGoesToTheNextNodeThatBeginsWithIt) {
