@@ -24,7 +24,6 @@ Watchdog::Watchdog(Limits limits, std::function<void(Answer)> ping,
 void Watchdog::Watch() {
   if (current_) return;
   pause_.Cancel();
-  soon_.Cancel();
   current_ = std::make_shared<int>();
   warn_delay_.Start(limits_.warn, [this] {
     warned_ = true;
@@ -44,18 +43,30 @@ void Watchdog::EndIn(double seconds) {
 }
 
 void Watchdog::WatchSoon() {
-  soon_.Start(0, [this] { Watch(); });
+  soon_.Start(0, [this] { Given(); });
+}
+
+void Watchdog::Given() {
+  soon_.Cancel();
+  if (current_) {
+    again_ = true;
+  } else {
+    Watch();
+  }
 }
 
 void Watchdog::Hurry() {
-  if (soon_.Running()) Watch();
+  if (soon_.Running()) Given();
   if (!current_) return;
+  hurried_ = true;
   warn_delay_.Cancel();
   EndIn(limits_.warn);
 }
 
 void Watchdog::Reset() {
   current_.reset();
+  again_ = false;
+  hurried_ = false;
   warned_ = false;
   warn_delay_.Cancel();
   end_delay_.Cancel();
@@ -64,8 +75,15 @@ void Watchdog::Reset() {
 }
 
 void Watchdog::Answered() {
+  const bool again = again_ || soon_.Running();
+  const bool hurried = hurried_;
   Reset();
-  if (keep_watching_()) pause_.Start(limits_.pause, [this] { Watch(); });
+  if (again) {
+    Watch();
+    if (hurried) Hurry();
+  } else if (keep_watching_()) {
+    pause_.Start(limits_.pause, [this] { Watch(); });
+  }
 }
 
 }  // namespace corvane::desktop

@@ -26,7 +26,8 @@ class Watchdog {
 
   /// Makes sure that a ping is under way.
   void Watch();
-  /// The same once the page has been given the event that is being handled.
+  /// A ping once the page has been given the event that is being handled: the answer
+  /// to an earlier one says nothing about what the page does with the event.
   void WatchSoon();
   /// The user goes elsewhere: a ping that is under way or due may take no longer than
   /// it takes until the user would be told.
@@ -37,6 +38,7 @@ class Watchdog {
   bool Warned() const { return warned_; }
 
  private:
+  void Given();
   void Answered();
   void EndIn(double seconds);
 
@@ -46,6 +48,8 @@ class Watchdog {
   std::function<void()> warn_;
   std::function<void()> end_;
   std::shared_ptr<int> current_;  // the ping under way; answers to older ones find it gone
+  bool again_ = false;            // the page was given an event after it
+  bool hurried_ = false;
   bool warned_ = false;
   Delay warn_delay_;
   Delay end_delay_;
