@@ -86,15 +86,14 @@ AtkObject* FocusedElement() {
 
 ScreenPoint CaretInControl() {
   AtkObject* object = FocusedElement();
-  if (object == nullptr || !ATK_IS_TEXT(object) || !ATK_IS_COMPONENT(object)) return {};
+  GtkWidget* control = FocusedWidget();
+  if (object == nullptr || !ATK_IS_TEXT(object) || !gtk_widget_is_drawable(control)) return {};
   ScreenRect caret;
-  ScreenRect control;
   atk_text_get_character_extents(ATK_TEXT(object), atk_text_get_caret_offset(ATK_TEXT(object)),
                                  &caret.left, &caret.top, &caret.width, &caret.height,
                                  ATK_XY_SCREEN);
-  atk_component_get_extents(ATK_COMPONENT(object), &control.left, &control.top, &control.width,
-                            &control.height, ATK_XY_SCREEN);
-  return {caret.left - control.left, caret.top - control.top};
+  const ScreenPoint origin = OriginOf(control);
+  return {caret.left - origin.x, caret.top - origin.y};
 }
 
 }  // namespace corvane::desktop

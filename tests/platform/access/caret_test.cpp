@@ -1,4 +1,4 @@
-// The caret in a page, which only the page knows.
+// The caret: in a page, which only the page knows, and in the window's own controls.
 #include "tests/platform/access/access_fixture.h"
 
 namespace corvane::desktop {
@@ -70,6 +70,50 @@ TEST_F(PageCaret, LeadsToTheElementAtItsPlaceInTheViewTakenAsAPlaceOnTheScreen) 
 
 TEST_F(PageCaret, PageWithoutOneHasNone) {
   Show("<p>Only words");
+  const ScreenPoint caret = accessibility_->CaretPos();
+  EXPECT_EQ(caret.x, 0);
+  EXPECT_EQ(caret.y, 0);
+}
+
+class ControlCaret : public AccessTest {
+ protected:
+  ControlCaret() {
+    gtk_container_remove(GTK_CONTAINER(window_), browser_->widget().gobj());
+    gtk_container_add(GTK_CONTAINER(window_), field_);
+    gtk_entry_set_text(GTK_ENTRY(field_), "abcdef");
+    gtk_widget_set_margin_start(field_, 200);
+    gtk_widget_show(field_);
+    gtk_window_present(GTK_WINDOW(window_));
+  }
+  ScreenPoint At(int position) {
+    gtk_editable_set_position(GTK_EDITABLE(field_), position);
+    return accessibility_->CaretPos();
+  }
+
+  GtkWidget* field_ = gtk_entry_new();
+};
+
+TEST_F(ControlCaret, IsCountedFromTheCornerOfTheControlThatHasTheFocus) {
+  gtk_widget_grab_focus(field_);
+  ASSERT_TRUE(WaitUntil([&] { return gtk_widget_has_focus(field_); }));
+  ASSERT_TRUE(WaitUntil([&] { return gtk_widget_get_allocated_width(field_) > 100; }));
+  const ScreenPoint begin = At(0);
+  EXPECT_GE(begin.x, 0);
+  EXPECT_LT(begin.x, 30) << "the field itself stands 200 pixels from the window's edge";
+  EXPECT_GE(begin.y, 0);
+  const ScreenPoint third = At(3);
+  EXPECT_GT(third.x, begin.x + 10);
+  EXPECT_EQ(third.y, begin.y);
+  EXPECT_GT(At(5).x, third.x);
+}
+
+TEST_F(ControlCaret, ControlWithoutTextHasNone) {
+  GtkWidget* button = gtk_button_new_with_label("Go");
+  gtk_container_remove(GTK_CONTAINER(window_), field_);
+  gtk_container_add(GTK_CONTAINER(window_), button);
+  gtk_widget_show(button);
+  gtk_widget_grab_focus(button);
+  ASSERT_TRUE(WaitUntil([&] { return gtk_widget_has_focus(button); }));
   const ScreenPoint caret = accessibility_->CaretPos();
   EXPECT_EQ(caret.x, 0);
   EXPECT_EQ(caret.y, 0);
