@@ -141,7 +141,7 @@ class Printing(Hearing):
         file = self.tab_to(lambda said: said.endswith("A rhyme.pdf Button"))
         self.assertTrue(file.startswith("File, "), file)
         self.tab_to(lambda said: said == "Output format, PDF, choice, chosen")
-        self.tab_to(lambda said: said == "All Pages, choice, chosen")
+        self.tab_to(lambda said: said == "Range, All Pages, choice, chosen")
         self.tab_to(lambda said: said == "Cancel Button")
         self.tab_to(lambda said: said == "Print Button")
         self.tab_to(lambda said: said == "General tab")

@@ -44,13 +44,41 @@ std::string NameOf(GtkWidget* widget) {
   return WithoutColon(name);
 }
 
+bool IsHeading(GtkWidget* widget) {
+  if (!GTK_IS_LABEL(widget) || gtk_label_get_mnemonic_widget(GTK_LABEL(widget))) return false;
+  PangoAttrList* attributes = gtk_label_get_attributes(GTK_LABEL(widget));
+  if (!attributes) return false;
+  PangoAttrIterator* at = pango_attr_list_get_iterator(attributes);
+  const PangoAttribute* weight = pango_attr_iterator_get(at, PANGO_ATTR_WEIGHT);
+  const bool bold =
+      weight && reinterpret_cast<const PangoAttrInt*>(weight)->value >= PANGO_WEIGHT_BOLD;
+  pango_attr_iterator_destroy(at);
+  return bold;
+}
+
+// The bold line that the toolkit's own dialogs write over a group, tied to it by
+// nothing but its place.
+std::string HeadingOver(GtkWidget* part) {
+  GtkWidget* parent = gtk_widget_get_parent(part);
+  if (!GTK_IS_BOX(parent)) return "";
+  std::string heading;
+  GList* children = gtk_container_get_children(GTK_CONTAINER(parent));
+  const GList* at = g_list_find(children, part);
+  if (at && at->prev && IsHeading(GTK_WIDGET(at->prev->data))) {
+    heading = Text(gtk_label_get_text(GTK_LABEL(at->prev->data)));
+  }
+  g_list_free(children);
+  return WithoutColon(heading);
+}
+
 // What the group is called that the widget belongs to: the label of the nearest
 // part around it that has one.
 std::string GroupOf(GtkWidget* widget, const std::string& name) {
   GtkWidget* window = gtk_widget_get_toplevel(widget);
   for (GtkWidget* part = widget; part && part != window; part = gtk_widget_get_parent(part)) {
-    const std::string label = LabelBeside(part);
-    if (!label.empty() && label != name) return label;
+    for (const std::string& label : {LabelBeside(part), HeadingOver(part)}) {
+      if (!label.empty() && label != name) return label;
+    }
   }
   return "";
 }

@@ -6,6 +6,7 @@
 #include <gtkmm/dialog.h>
 #include <gtkmm/entry.h>
 #include <gtkmm/filechooserdialog.h>
+#include <gtkmm/grid.h>
 #include <gtkmm/label.h>
 #include <gtkmm/messagedialog.h>
 #include <gtkmm/notebook.h>
@@ -77,6 +78,32 @@ TEST_F(DialogListenerTest, SaysTheGroupThatAChoiceOrAButtonBelongsTo) {
   Show(dialog);
   EXPECT_THAT(spoken_, ElementsAre("Print. Output format, PDF, choice, chosen"));
   EXPECT_THAT(Press("Tab"), ElementsAre("File, page.pdf Button"));
+}
+
+TEST_F(DialogListenerTest, SaysTheHeadingOverAGroupOfChoices) {
+  Gtk::Dialog dialog("Print");
+  Gtk::Label heading("Range");
+  Pango::AttrList bold;
+  auto weight = Pango::Attribute::create_attr_weight(Pango::WEIGHT_BOLD);
+  bold.insert(weight);
+  heading.set_attributes(bold);
+  Gtk::Grid choices;
+  Gtk::RadioButton::Group group;
+  Gtk::RadioButton all(group, "_All Pages", true);
+  Gtk::RadioButton some(group, "Pa_ges:", true);
+  choices.attach(all, 0, 0, 1, 1);
+  choices.attach(some, 0, 1, 1, 1);
+  Gtk::Label usual("Only words");
+  Gtk::Button last("Last");
+  for (Gtk::Widget* part :
+       {static_cast<Gtk::Widget*>(&heading), static_cast<Gtk::Widget*>(&choices),
+        static_cast<Gtk::Widget*>(&usual), static_cast<Gtk::Widget*>(&last)}) {
+    dialog.get_content_area()->add(*part);
+  }
+  Show(dialog);
+  EXPECT_THAT(spoken_, ElementsAre("Print. Range, All Pages, choice, chosen"));
+  EXPECT_EQ(Press("Down").back(), "Range, Pages, choice, chosen");
+  EXPECT_THAT(Press("Tab"), ElementsAre("Last Button"));
 }
 
 TEST_F(DialogListenerTest, TabLeavesAFileChoosersEntry) {
