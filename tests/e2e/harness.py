@@ -22,6 +22,8 @@ import web_server  # noqa: E402
 
 PATIENCE = float(os.environ.get("CORVANE_PATIENCE", 120))  # seconds until something that must happen is given up
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
+# A program on a busy machine answers late.
+Atspi.set_timeout(3000, 15000)  # milliseconds: of a call, and of one to a program that starts
 PROGRAM = pathlib.Path(os.environ.get("CORVANE_PROGRAM", SOURCE / "build/bin/corvane"))
 
 
@@ -150,18 +152,12 @@ class Corvane:
         """Presses a key that moves the focus and waits until it has moved. A key that
         moved nothing is given up soon."""
 
-        def control():
-            focused = self.focused()
-            in_page = focused is None or focused.get_role() == Atspi.Role.DOCUMENT_WEB
-            return None if in_page else focused.get_name()
-
-        # Inside a page, what is said tells of the move. A focus that moves while it
-        # is looked for is found nowhere, which tells nothing.
+        # Inside a page, what is said tells of the move.
         def moved():
-            now = control()
+            now = self.focused_name()
             return len(self.transcript.events()) > said if now is None else now != before
 
-        before, said = control(), len(self.transcript.events())
+        before, said = self.focused_name(), len(self.transcript.events())
         self.keys(key)
         try:
             wait_until(moved, "another focus", patience=5)
@@ -225,15 +221,14 @@ class Corvane:
         if node is None or depth > 30:
             return
         try:
-            # Asking a page for its children makes it build its whole tree.
-            page = node.get_role() == Atspi.Role.DOCUMENT_WEB
-            count = 0 if page else min(node.get_child_count(), 300)
-            children = [node.get_child_at_index(i) for i in range(count)]
+            children = [node.get_child_at_index(i) for i in range(min(node.get_child_count(), 300))]
         except GLib.GError:
-            return  # the page's process is gone or does not answer
+            return  # it is gone
         yield node
         for child in children:
-            if child is not None:
+            # A page is another program on the bus: asked for anything it builds its whole
+            # tree, or never answers because it hangs.
+            if child is not None and child.app.bus_name == node.app.bus_name:
                 yield from self.accessibles(child, depth + 1)
 
     def find(self, name):
@@ -242,6 +237,10 @@ class Corvane:
         return next((n for n in named if n.get_role() != Atspi.Role.LABEL), None)
 
     def focused(self):
+        # One that moves while it is looked for is found nowhere.
+        return self.focused_now() or self.focused_now()
+
+    def focused_now(self):
         return next(
             (n for n in self.accessibles() if n.get_state_set().contains(Atspi.StateType.FOCUSED)), None
         )
