@@ -16,8 +16,8 @@ constexpr const char* kSpeaks = "corvane-speaks";
 
 guint MapSignal() { return g_signal_lookup("map", GTK_TYPE_WIDGET); }
 
-std::string WordsFor(GtkWindow* dialog, GtkWidget* focus) {
-  if (!focus) focus = gtk_window_get_focus(dialog);
+std::string WordsFor(GtkWindow* dialog) {
+  GtkWidget* focus = gtk_window_get_focus(dialog);
   return focus ? FocusWords(*Glib::wrap(focus)) : std::string();
 }
 
@@ -71,15 +71,18 @@ gboolean DialogListener::OnMap(GSignalInvocationHint*, guint, const GValue* valu
   return TRUE;  // keep listening
 }
 
+// A choice that an arrow leads to is chosen right after it has got the focus.
 void DialogListener::OnFocus(GtkWindow* dialog, GtkWidget* focus, gpointer self) {
   if (!focus || !gtk_window_is_active(dialog)) return;
-  static_cast<DialogListener*>(self)->Say(WordsFor(dialog, focus), false);
+  static_cast<DialogListener*>(self)->Afterwards(
+      dialog,
+      [](DialogListener& listener, const std::string& words) { listener.Say(words, false); });
 }
 
 void DialogListener::OnActive(GtkWindow* dialog, GParamSpec*, gpointer self) {
   if (!gtk_window_is_active(dialog)) return;
   auto& listener = *static_cast<DialogListener*>(self);
-  const std::string words = WordsFor(dialog, nullptr);
+  const std::string words = WordsFor(dialog);
   listener.Say(Introduction(dialog) + words, true);
   listener.last_ = words;
 }
@@ -88,15 +91,22 @@ gboolean DialogListener::OnKeyDown(GtkWidget* dialog, GdkEventKey* event, gpoint
   return ChooserTakesKey(GTK_WINDOW(dialog), *event) ? TRUE : FALSE;
 }
 
+// The control has the key only after this.
 gboolean DialogListener::OnKeyUp(GtkWidget* dialog, GdkEventKey*, gpointer self) {
-  // The control has the key only after this.
-  const std::shared_ptr<GtkWidget> held(GTK_WIDGET(g_object_ref(dialog)), g_object_unref);
-  PostToLoop([held, alive = static_cast<DialogListener*>(self)->self_] {
-    if (!*alive || !gtk_window_is_active(GTK_WINDOW(held.get()))) return;
-    const std::string words = WordsFor(GTK_WINDOW(held.get()), nullptr);
-    if (words != (*alive)->last_) (*alive)->Say(words, false);
-  });
+  static_cast<DialogListener*>(self)->Afterwards(
+      GTK_WINDOW(dialog), [](DialogListener& listener, const std::string& words) {
+        if (words != listener.last_) listener.Say(words, false);
+      });
   return FALSE;
+}
+
+void DialogListener::Afterwards(GtkWindow* dialog,
+                                std::function<void(DialogListener&, const std::string&)> tell) {
+  const std::shared_ptr<GtkWindow> held(GTK_WINDOW(g_object_ref(dialog)), g_object_unref);
+  PostToLoop([held, alive = self_, tell = std::move(tell)] {
+    if (!*alive || !gtk_window_is_active(held.get())) return;
+    tell(**alive, WordsFor(held.get()));
+  });
 }
 
 void DialogListener::Say(const std::string& words, bool urgent) {

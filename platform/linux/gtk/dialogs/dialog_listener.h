@@ -2,6 +2,7 @@
 
 #include <gtk/gtk.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -28,6 +29,9 @@ class DialogListener {
   static void OnActive(GtkWindow* dialog, GParamSpec*, gpointer self);
   static gboolean OnKeyDown(GtkWidget* dialog, GdkEventKey* event, gpointer self);
   static gboolean OnKeyUp(GtkWidget* dialog, GdkEventKey*, gpointer self);
+  /// Tells what there is to say of the focus when the event at hand has been handled.
+  void Afterwards(GtkWindow* dialog,
+                  std::function<void(DialogListener&, const std::string& words)> tell);
   void Say(const std::string& words, bool urgent);
 
   const Speaker speak_;
