@@ -18,12 +18,14 @@ using testing::ElementsAre;
 class MenuTest : public test::DesktopTest {
  protected:
   static MenuEntry& Entry(MenuItem& item) { return dynamic_cast<MenuEntry&>(item); }
-  static bool HasState(MenuItem& item, AtkStateType state) {
-    auto* set = atk_object_ref_state_set(
-        gtk_widget_get_accessible(GTK_WIDGET(Entry(item).Widget()->gobj())));
+  static bool HasState(GtkWidget* widget, AtkStateType state) {
+    auto* set = atk_object_ref_state_set(gtk_widget_get_accessible(widget));
     const bool has = atk_state_set_contains_state(set, state) != FALSE;
     g_object_unref(set);
     return has;
+  }
+  static bool HasState(MenuItem& item, AtkStateType state) {
+    return HasState(GTK_WIDGET(Entry(item).Widget()->gobj()), state);
   }
   void Listen(MenuItem& item) {
     listening_ += item.Click.Connect([this, &item] { clicks_.push_back(item.Caption()); });
@@ -129,6 +131,25 @@ TEST_F(ShownMenuTest, ADisabledCheckEntryReportsItToo) {
   EXPECT_FALSE(HasState(links_, ATK_STATE_ENABLED));
   EXPECT_TRUE(HasState(links_, ATK_STATE_CHECKED));
   EXPECT_TRUE(HasState(exit_, ATK_STATE_ENABLED));
+}
+
+TEST_F(ShownMenuTest, OtherReadersLearnWhereAChosenEntryLedThoughTheyAreToldOfMenusLate) {
+  TextBoxControl other{"Text2", windows_};
+  window_.frame.Add(other);
+  other.widget().show();
+  listening_ += exit_.Click.Connect([&] {
+    // As when the toolkit has not yet told of the last entries that were walked over.
+    gtk_menu_item_select(Entry(help_).Widget()->gobj());
+    other.SetFocus();
+  });
+  Settle();
+  Outside({"xdotool", "key", "alt+f", "Down", "Return"});
+  WaitFor("the command", [&] { return !clicks_.empty(); });
+  Settle();
+  EXPECT_THAT(clicks_, ElementsAre("E&xit"));
+  auto* focused = window_.form.window().get_focus();
+  ASSERT_TRUE(focused && focused->is_ancestor(other.widget()));
+  EXPECT_TRUE(HasState(focused->gobj(), ATK_STATE_FOCUSED));
 }
 
 TEST_F(ShownMenuTest, F10AndAccessKeysOpenTheBarAndArrowsReachDisabledEntries) {
