@@ -33,7 +33,7 @@ ctlText::ctlText(Desktop& desktop, const std::string& name)
 
 void ctlText::AddText(const std::string& strText, const bool& blnMoveCur,
                       const std::function<void()>& appended) {
-  if (strText.empty()) return appended();
+  if (strText.empty()) return;
   int end = 0;
   ErrorsIgnored([&] { end = Text1_->TextLength(); }, [&] { Text1_->SetSelStart(end); },
                 [&] { Text1_->SetSelText(strText); });
@@ -42,7 +42,7 @@ void ctlText::AddText(const std::string& strText, const bool& blnMoveCur,
   } else {
     ErrorsIgnored([&] { Text1_->SetSelStart(end); }, [&] { Text1_->SetSelText(""); });
   }
-  ErrorsIgnored(appended);
+  if (appended) ErrorsIgnored(appended);
   Mirror(strText);
 }
 

@@ -24,10 +24,9 @@ class ctlText {
   /// Appends `strText` at the end. With `blnMoveCur` the caret goes behind it,
   /// otherwise to its first character. Then it is mirrored, and waiting events run
   /// between the pieces: what must come before their work is for `appended`, which
-  /// is called as soon as the text stands in the box, even an empty one.
-  void AddText(
-      const std::string& strText, const bool& blnMoveCur,
-      const std::function<void()>& appended = [] {});
+  /// is called as soon as the text stands in the box. An empty text is left out.
+  void AddText(const std::string& strText, const bool& blnMoveCur,
+               const std::function<void()>& appended = nullptr);
   /// Empties the visible text; the mirror keeps its entries.
   void ClearText();
   /// Saves into the program's folder, as rich text unless `vFlags` says plain.

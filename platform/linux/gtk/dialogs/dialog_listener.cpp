@@ -74,9 +74,11 @@ gboolean DialogListener::OnMap(GSignalInvocationHint*, guint, const GValue* valu
 // A choice that an arrow leads to is chosen right after it has got the focus.
 void DialogListener::OnFocus(GtkWindow* dialog, GtkWidget* focus, gpointer self) {
   if (!focus || !gtk_window_is_active(dialog)) return;
-  static_cast<DialogListener*>(self)->Afterwards(
-      dialog,
-      [](DialogListener& listener, const std::string& words) { listener.Say(words, false); });
+  auto& listener = *static_cast<DialogListener*>(self);
+  listener.moved_ = true;
+  listener.Afterwards(dialog, [](DialogListener& now, const std::string& words) {
+    if (std::exchange(now.moved_, false)) now.Say(words, false);
+  });
 }
 
 void DialogListener::OnActive(GtkWindow* dialog, GParamSpec*, gpointer self) {
@@ -85,6 +87,7 @@ void DialogListener::OnActive(GtkWindow* dialog, GParamSpec*, gpointer self) {
   const std::string words = WordsFor(dialog);
   listener.Say(Introduction(dialog) + words, true);
   listener.last_ = words;
+  listener.moved_ = false;
 }
 
 gboolean DialogListener::OnKeyDown(GtkWidget* dialog, GdkEventKey* event, gpointer /*self*/) {

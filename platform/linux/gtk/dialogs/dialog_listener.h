@@ -36,7 +36,8 @@ class DialogListener {
 
   const Speaker speak_;
   gulong hook_ = 0;
-  std::string last_;  // words of the control that has the focus
+  bool moved_ = false;  // the focus, and nothing has been said of it yet
+  std::string last_;    // words of the control that has the focus
   std::shared_ptr<DialogListener*> self_;
 };
 

@@ -8,7 +8,9 @@ namespace {
 gboolean TellFocus(gpointer bar) {
   GtkWidget* top = gtk_widget_get_toplevel(GTK_WIDGET(bar));
   GtkWidget* focused = GTK_IS_WINDOW(top) ? gtk_window_get_focus(GTK_WINDOW(top)) : nullptr;
-  if (focused == nullptr || !gtk_widget_has_focus(focused)) return G_SOURCE_REMOVE;
+  if (focused == nullptr || !gtk_widget_has_focus(focused) || !gtk_widget_get_realized(focused)) {
+    return G_SOURCE_REMOVE;
+  }
   if (gtk_menu_shell_get_selected_item(GTK_MENU_SHELL(bar)) != nullptr) return G_SOURCE_REMOVE;
   GdkEvent* event = gdk_event_new(GDK_FOCUS_CHANGE);
   event->focus_change.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(focused)));
