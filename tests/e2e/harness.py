@@ -241,9 +241,13 @@ class Corvane:
         return self.focused_now() or self.focused_now()
 
     def focused_now(self):
-        return next(
+        node = next(
             (n for n in self.accessibles() if n.get_state_set().contains(Atspi.StateType.FOCUSED)), None
         )
+        # A tree says it of itself or of the cell that its cursor is on.
+        while node is not None and node.get_role() == Atspi.Role.TABLE_CELL:
+            node = node.get_parent()
+        return node
 
     def focused_name(self):
         focused = self.focused()
