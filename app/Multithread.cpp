@@ -18,7 +18,7 @@ constexpr int kErrStartedByAutomation = kObjectError + 1537;
 
 }  // namespace
 
-Multithread::Multithread(Desktop& desktop) : desktop_(desktop) {}
+Multithread::Multithread(Desktop& desktop) : desktop_(desktop), manner_(desktop.GetSettings()) {}
 
 Multithread::~Multithread() {
   if (automation_) desktop_.GetAutomation().Withdraw();
@@ -44,9 +44,12 @@ void Multithread::StartApartment() {
   }
   process_window_ = std::make_unique<frmProcess>(desktop_);
   process_window_->SetCaption(marker);
+  manner_.Read();
+  desktop_.OfferOptions(manner_.Options());
   // The service and its window hold each other; nobody else needs to.
   const auto service = MainApp::Create(
-      desktop_, [this] { return CreateFirstWindow(); }, [this] { UnloadProcessWindow(); });
+      desktop_, Manner(), [this] { return CreateFirstWindow(); },
+      [this] { UnloadProcessWindow(); });
   automation_ = std::make_unique<AutomationEntry>(*this, service, desktop_.GetAutomation());
   desktop_.GetAutomation().Publish(*automation_);
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/MannerSettings.h"
 #include "app/frmProcess.h"
 #include "platform/desktop.h"
 
@@ -38,6 +39,9 @@ class Multithread {
   /// one means the start page.
   void OpenWindow(const std::shared_ptr<MainApp>& service, const std::string& address);
 
+  /// How the program behaves; the same object while the process lives.
+  const corvane::Manner& Manner() const { return manner_.Current(); }
+
   /// Keeps a loaded window alive until it is unloaded.
   void Loaded(std::shared_ptr<frmCorvane> window);
   void Unloaded(const frmCorvane& window);
@@ -48,6 +52,7 @@ class Multithread {
   std::shared_ptr<frmCorvane> CreateFirstWindow();
 
   Desktop& desktop_;
+  MannerSettings manner_;
   WindowHandle hThreadWindow_ = 0;
   std::uint32_t lngProcessId_ = 0;
   std::unique_ptr<frmProcess> process_window_;

@@ -18,12 +18,12 @@ constexpr int kNoticePanel = 2;  // the first belongs to the pane
 
 }  // namespace
 
-frmCorvane::Parts::Parts(Desktop& desktop, MenuCommands::Host& host)
+frmCorvane::Parts::Parts(Desktop& desktop, const Manner& manner, MenuCommands::Host& host)
     : form(desktop.CreateForm("frmCorvane")),
       ELAMain(desktop.CreateElasticFrame("ELAMain")),
       sbStatusBar(desktop.CreateStatusBar("sbStatusBar")),
       menu(desktop),
-      ctlWebBrowser1(desktop),
+      ctlWebBrowser1(desktop, manner),
       commands(menu, ctlWebBrowser1, host),
       dialogs(desktop, *form),
       keys(*form, commands, ctlWebBrowser1) {
@@ -71,7 +71,7 @@ void frmCorvane::ISpeechWindow_SpeechReady() {
 }
 
 void frmCorvane::Load() {
-  parts_ = std::make_unique<Parts>(desktop_, *this);
+  parts_ = std::make_unique<Parts>(desktop_, process_.Manner(), *this);
   parts_->connections += parts_->form->QueryUnload.Connect(
       [this](bool& Cancel, corvane::Form::UnloadMode mode) { Form_QueryUnload(Cancel, mode); });
   parts_->connections += parts_->form->Unload.Connect([this] { Form_Unload(); });

@@ -44,7 +44,7 @@ class frmCorvane : public ISpeechNotify,
 
   /// The window's inside, for tests. Null while it is not loaded.
   struct Parts {
-    Parts(Desktop& desktop, MenuCommands::Host& host);
+    Parts(Desktop& desktop, const Manner& manner, MenuCommands::Host& host);
     std::unique_ptr<corvane::Form> form;
     std::unique_ptr<ElasticFrame> ELAMain;
     std::unique_ptr<StatusBar> sbStatusBar;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "base/manner.h"
 #include "browser/Announcer.h"
 #include "browser/PaneControls.h"
 #include "browser/PaneMenu.h"
@@ -42,8 +43,9 @@ struct PaneState {
 
 /// What the pane's collaborators share.
 struct PaneContext {
-  explicit PaneContext(Desktop& platform)
+  explicit PaneContext(Desktop& platform, const Manner& how = kEstablishedManner)
       : desktop(platform),
+        manner(how),
         controls(platform),
         menu(platform),
         announcer(platform.GetMessageBox(), controls.ctlText1) {}
@@ -51,6 +53,7 @@ struct PaneContext {
   PaneContext& operator=(const PaneContext&) = delete;
 
   Desktop& desktop;
+  const Manner& manner;
   PaneControls controls;
   PaneMenu menu;
   PaneState state;

@@ -14,8 +14,8 @@ constexpr const char* kEngineMissing =
 
 }  // namespace
 
-ctlWebBrowser::ctlWebBrowser(Desktop& desktop)
-    : pane_(desktop),
+ctlWebBrowser::ctlWebBrowser(Desktop& desktop, const Manner& manner)
+    : pane_(desktop, manner),
       settings_(pane_),
       layout_(pane_, settings_),
       navigation_(pane_, settings_),

@@ -22,7 +22,8 @@ namespace corvane {
 /// through these operations; the work is done by its collaborators.
 class ctlWebBrowser {
  public:
-  explicit ctlWebBrowser(Desktop& desktop);
+  /// `manner` must outlive the pane.
+  explicit ctlWebBrowser(Desktop& desktop, const Manner& manner = kEstablishedManner);
   /// Saves the start address.
   ~ctlWebBrowser();
   ctlWebBrowser(const ctlWebBrowser&) = delete;

@@ -16,6 +16,7 @@
 #include "platform/list_box.h"
 #include "platform/menu.h"
 #include "platform/message_box.h"
+#include "platform/own_options.h"
 #include "platform/rebar_window.h"
 #include "platform/registry.h"
 #include "platform/rich_text_box.h"
@@ -81,7 +82,10 @@ class Desktop {
   virtual Automation& GetAutomation() = 0;
   virtual Accessibility& GetAccessibility() = 0;
 
-  /// Shows the rendering engine's own options; the focus lands inside the dialog.
+  /// The program's own choices, for the dialog of options. Before it is shown.
+  virtual void OfferOptions(OwnOptions options) = 0;
+  /// Shows the options of the program and of its rendering engine; the focus lands
+  /// inside the dialog.
   /// What is changed there holds for all pages at once. Returns at once.
   virtual void ShowEngineOptions() = 0;
   /// Shows the files that are coming and have come from the network, and lets the

@@ -27,8 +27,9 @@ constexpr float kBoxHeight = 3000;
 
 }  // namespace
 
-MSAgent::MSAgent(Desktop& desktop)
+MSAgent::MSAgent(Desktop& desktop, const Manner& manner)
     : desktop_(desktop),
+      manner_(manner),
       ELAMain_(desktop.CreateElasticFrame("ELAMain")),
       ELAMessage_(desktop.CreateElasticFrame("ELAMessage")),
       Image1_(desktop.CreateImage("Image1")),

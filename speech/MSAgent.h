@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "base/manner.h"
 #include "platform/desktop.h"
 #include "speech/ISpeechNotify.h"
 #include "speech/ISpeechWindow.h"
@@ -17,7 +18,8 @@ namespace corvane {
 /// unloads it: silence, hooks off.
 class MSAgent {
  public:
-  explicit MSAgent(Desktop& desktop);
+  /// `manner` must outlive the form.
+  explicit MSAgent(Desktop& desktop, const Manner& manner = kEstablishedManner);
   ~MSAgent();
   MSAgent(const MSAgent&) = delete;
   MSAgent& operator=(const MSAgent&) = delete;
@@ -63,6 +65,7 @@ class MSAgent {
   void StopSpeak();
 
   Desktop& desktop_;
+  const Manner& manner_;
   std::unique_ptr<ElasticFrame> ELAMain_;
   std::unique_ptr<ElasticFrame> ELAMessage_;  // icon and text
   std::unique_ptr<Image> Image1_;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "base/manner.h"
 #include "platform/desktop.h"
 #include "speech/ISpeechWindow.h"
 
@@ -25,9 +26,10 @@ class MainApp : public std::enable_shared_from_this<MainApp> {
 
   /// Makes the service, which opens its own window at once. `terminated` is
   /// called when the last reference to the service goes.
-  static std::shared_ptr<MainApp> Create(Desktop& desktop, const WindowMaker& make_window,
+  static std::shared_ptr<MainApp> Create(Desktop& desktop, const Manner& manner,
+                                         const WindowMaker& make_window,
                                          std::function<void()> terminated);
-  MainApp(Private, Desktop& desktop, std::function<void()> terminated);
+  MainApp(Private, Desktop& desktop, const Manner& manner, std::function<void()> terminated);
   ~MainApp();
   MainApp(const MainApp&) = delete;
   MainApp& operator=(const MainApp&) = delete;
@@ -56,6 +58,7 @@ class MainApp : public std::enable_shared_from_this<MainApp> {
   std::unique_ptr<MSAgent> agent_form_;
   std::shared_ptr<ISpeechWindow> own_window_;
   Desktop& desktop_;
+  const Manner& manner_;
   std::function<void()> terminated_;
 };
 

@@ -12,7 +12,15 @@ namespace {
 
 using Kind = DialogField::Kind;
 
-enum Field : std::size_t { kStartPage, kSearchService, kZoom, kFontSize, kImages, kScripts };
+enum Field : std::size_t {
+  kStartPage,
+  kSearchService,
+  kZoom,
+  kFontSize,
+  kImages,
+  kScripts,
+  kFirstOwnOption
+};
 enum Button : int { kOk, kClearHistory, kClearCookies, kClearCache, kCancel };
 
 constexpr const char* kNoLeastSize = "as the page says";
@@ -55,17 +63,32 @@ DialogQuestion EngineOptionsDialog::Question(const EngineChoices& choices) {
   const EnginePreferences& present = choices.preferences;
   const int zoom = WholePercent(present.zoom);
   const int size = present.minimum_font_size;
-  return {.title = "Web options",
-          .fields = {{Kind::kText, "Start &page", choices.start_page},
-                     {Kind::kText, "&Search service, %s for the words", choices.search_service},
-                     {Kind::kChoice, "Page &zoom", Percent(zoom),
-                      With({50, 75, 90, 100, 110, 125, 150, 175, 200, 250, 300}, zoom, Percent)},
-                     {Kind::kChoice, "Least &font size", Pixels(size),
-                      With({0, 10, 12, 14, 16, 18, 20, 24, 28, 32, 40, 48}, size, Pixels)},
-                     {Kind::kCheckBox, "Show &images", Flag(present.images)},
-                     {Kind::kCheckBox, "Run sc&ripts of pages", Flag(present.scripts)}},
-          .buttons = {"OK", "Clear &history", "Clear &cookies", "Clear c&ache", "Cancel"},
-          .check = [this](const DialogAnswer& answer) { return Check(answer); }};
+  DialogQuestion question = {
+      .title = "Web options",
+      .fields = {{Kind::kText, "Start &page", choices.start_page},
+                 {Kind::kText, "&Search service, %s for the words", choices.search_service},
+                 {Kind::kChoice, "Page &zoom", Percent(zoom),
+                  With({50, 75, 90, 100, 110, 125, 150, 175, 200, 250, 300}, zoom, Percent)},
+                 {Kind::kChoice, "Least &font size", Pixels(size),
+                  With({0, 10, 12, 14, 16, 18, 20, 24, 28, 32, 40, 48}, size, Pixels)},
+                 {Kind::kCheckBox, "Show &images", Flag(present.images)},
+                 {Kind::kCheckBox, "Run sc&ripts of pages", Flag(present.scripts)}},
+      .buttons = {"OK", "Clear &history", "Clear &cookies", "Clear c&ache", "Cancel"},
+      .check = [this](const DialogAnswer& answer) { return Check(answer); }};
+  AddOwnOptions(question);
+  return question;
+}
+
+void EngineOptionsDialog::AddOwnOptions(DialogQuestion& question) const {
+  if (!own_.list) return;
+  for (const OwnOption& option : own_.list()) {
+    const Kind kind = option.choices.empty() ? Kind::kCheckBox : Kind::kChoice;
+    question.fields.push_back({kind, option.label, option.value, option.choices});
+  }
+}
+
+void EngineOptionsDialog::ApplyOwnOptions(const DialogAnswer& answer) const {
+  if (own_.apply) own_.apply({answer.values.begin() + kFirstOwnOption, answer.values.end()});
 }
 
 std::string EngineOptionsDialog::Check(const DialogAnswer& answer) const {
@@ -98,6 +121,7 @@ void EngineOptionsDialog::Answered(const DialogAnswer& answer) {
   choices.preferences.images = answer.Checked(kImages);
   choices.preferences.scripts = answer.Checked(kScripts);
   engine_.apply(choices);
+  ApplyOwnOptions(answer);
 }
 
 }  // namespace corvane::desktop

@@ -2,15 +2,18 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "platform/linux/gtk/dialogs/spoken_dialogs.h"
 #include "platform/linux/web/engine_settings.h"
+#include "platform/own_options.h"
 
 namespace corvane::desktop {
 
 /// The rendering engine's options as one spoken dialog: start page, search
 /// service, zoom, least font size, pictures, scripts; and buttons that clear the
-/// history, the cookies and the cache at once.
+/// history, the cookies and the cache at once. Behind them stand the program's own
+/// choices.
 class EngineOptionsDialog {
  public:
   /// What the dialog works on.
@@ -24,16 +27,21 @@ class EngineOptionsDialog {
 
   EngineOptionsDialog(SpokenDialogs& dialogs, Engine engine);
 
+  /// The program's own choices; none until then.
+  void OfferOptions(OwnOptions options) { own_ = std::move(options); }
   /// Shows it; without effect while it is shown.
   void Show();
 
  private:
   DialogQuestion Question(const EngineChoices& choices);
+  void AddOwnOptions(DialogQuestion& question) const;
+  void ApplyOwnOptions(const DialogAnswer& answer) const;
   std::string Check(const DialogAnswer& answer) const;
   void Answered(const DialogAnswer& answer);
 
   SpokenDialogs& dialogs_;
   const Engine engine_;
+  OwnOptions own_;
   bool shown_ = false;
 };
 

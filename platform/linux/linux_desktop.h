@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/desktop.h"
@@ -67,6 +68,9 @@ class LinuxDesktop : public Desktop {
   std::unique_ptr<FileDialog> CreateFileDialog() override;
   std::unique_ptr<Image> CreateImage(const std::string& name) override;
   std::unique_ptr<Line> CreateLine(const std::string& name) override;
+  void OfferOptions(OwnOptions options) override {
+    options_dialog_->OfferOptions(std::move(options));
+  }
   void ShowEngineOptions() override { options_dialog_->Show(); }
   void ShowDownloads() override { downloads_dialog_->Show(); }
   void DoEvents() override;

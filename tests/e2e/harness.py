@@ -21,6 +21,8 @@ from gi.repository import Atspi, GLib  # noqa: E402  (the version must be chosen
 import web_server  # noqa: E402
 
 PATIENCE = float(os.environ.get("CORVANE_PATIENCE", 120))  # seconds until something that must happen is given up
+# Settings of the established manner; without them the program runs as it is installed.
+ESTABLISHED = {"Corvane": {"Speech": "True", "Manner": "0"}}
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 # A program on a busy machine answers late.
 Atspi.set_timeout(3000, 15000)  # milliseconds: of a call, and of one to a program that starts

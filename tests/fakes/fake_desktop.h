@@ -205,6 +205,7 @@ class FakeDesktop : public Desktop {
   FakeAutomation& GetAutomation() override { return automation; }
   FakeAccessibility& GetAccessibility() override { return accessibility; }
 
+  void OfferOptions(OwnOptions options) override { own_options = std::move(options); }
   void ShowEngineOptions() override { ++engine_options; }
   void ShowDownloads() override { ++downloads; }
   void DoEvents() override {
@@ -258,6 +259,7 @@ class FakeDesktop : public Desktop {
   FakeAccessibility accessibility;
   FakeAgent::Journal speech;
   FakeFileDialog::Script file_dialogs;
+  OwnOptions own_options;
   int engine_options = 0;          ///< how often they were shown
   int downloads = 0;               ///< how often their list was shown
   std::vector<FakeTimer*> timers;  ///< in the order of their making

@@ -161,6 +161,25 @@ TEST_F(EngineOptionsTest, ClearingIsDoneAtOnceAndSaid) {
   WaitFor("the end", [&] { return windows_.FindWindow("Web options") == 0; });
 }
 
+TEST_F(EngineOptionsTest, TheProgramsOwnChoicesFollowAndAreApplied) {
+  std::vector<std::string> own;
+  dialog_.OfferOptions(
+      {.list =
+           [] {
+             return std::vector<OwnOption>{{"Ways", {"old", "new"}, "old"}, {"Loud", {}, "False"}};
+           },
+       .apply = [&](const std::vector<std::string>& values) { own = values; }});
+  Show();
+  Press({"alt+r"});
+  EXPECT_EQ(Press({"Tab"}), "Ways, list, old, 1 of 2");
+  EXPECT_EQ(Press({"Down"}), "new, 2 of 2");
+  EXPECT_EQ(Press({"Tab"}), "Loud, check box, not checked");
+  EXPECT_EQ(Press({"space"}), "checked");
+  Outside({"xdotool", "key", "Return"});
+  WaitFor("the choices", [&] { return !own.empty(); });
+  EXPECT_THAT(own, ElementsAre("new", "True"));
+}
+
 TEST_F(EngineOptionsTest, IsOpenOnlyOnceAndCanBeOpenedAgain) {
   Show();
   dialog_.Show();
