@@ -142,6 +142,7 @@ void MenuCommands::mnuSpeech_Click(int index) {
       if (on) {
         service.SpeechInit();
         service.KeyBoardEcho(echo.Checked());
+        TellRateAndPitch();
       } else {
         service.SpeechTerminate();
       }
@@ -152,6 +153,15 @@ void MenuCommands::mnuSpeech_Click(int index) {
       if (SpeechEnabled()) Required(host_.MainApp()).KeyBoardEcho(on);
     });
   }
+}
+
+// A new character knows of no choice; one that others hear already keeps theirs.
+void MenuCommands::TellRateAndPitch() {
+  MSAgent& agent = Required(Required(host_.MainApp()).gMSAgent());
+  const int rate = menu_.mnuRate.FirstChecked();
+  const int pitch = menu_.mnuPitch.FirstChecked();
+  if (agent.Speed() == 0 && rate >= 0) agent.SetRate(rate);
+  if (agent.Pitch() == 0 && pitch >= 0) agent.SetPitch(pitch);
 }
 
 void MenuCommands::mnuRate_Click(int index) {

@@ -55,6 +55,7 @@ class MenuCommands {
  private:
   /// Inverts an item's check mark, stores it under `key` and returns it.
   bool Toggle(MenuItem& item, const std::string& key);
+  void TellRateAndPitch();
   bool SpeechEnabled() const { return menu_.mnuSpeech(kSpeechEnable).Checked(); }
 
   MainMenu& menu_;

@@ -17,7 +17,8 @@ class ISpeechWindow {
     ISpeechWindow_SetMainApp(std::move(service));
   }
   void Show() { ISpeechWindow_Show(); }
-  /// The menu item by which the user switches speech on and off.
+  /// The menu item by which the user switches speech on and off. While it is
+  /// checked the window holds a claim on speech.
   MenuItem& EnableSpeechItem() { return ISpeechWindow_EnableSpeechItem(); }
   /// The window on the screen.
   Form& Window() { return ISpeechWindow_Window(); }

@@ -91,7 +91,7 @@ void MSAgent::Form_Load() {
 void MSAgent::Form_Unload() {
   ErrorsIgnored([&] { SetHookKeyboard(false); }, [&] { SetHookMessages(false); },
                 [&] { SetHookCBT(false); }, [&] { requests_.fill({}); }, [&] { StopSpeak(); },
-                [&] { character_.reset(); }, [&] { owner_.reset(); },
+                [&] { character_.reset(); }, [&] { GiveBackSpeechItem(); }, [&] { owner_.reset(); },
                 [&] { Timer1_->SetEnabled(false); }, [&] { Timer2_->SetEnabled(false); },
                 [&] { timLoadLimit_->SetEnabled(false); }, [&] { form_->Hide(); });
 }
@@ -123,18 +123,18 @@ void MSAgent::Timer1_Timer() {
 
 void MSAgent::LoadLimit_Timer() {
   timLoadLimit_->SetEnabled(false);
-  const auto owner = owner_.lock();
-  owner_.reset();
   GiveUp("");
-  if (owner) owner->EnableSpeechItem().SetEnabled(true);
 }
 
-// A character that cannot be had must not leave the user with a dead menu item:
-// it comes back so that speech can be switched off and on for another try.
 void MSAgent::GiveUp(const std::string& description) {
   desktop_.GetMessageBox().Show(description, MessageBox::Icon::Critical);
-  if (const auto owner = owner_.lock()) owner->EnableSpeechItem().SetEnabled(true);
   Form_Unload();
+}
+
+// However the loading ends, the user must not be left with a dead menu item: it
+// comes back so that speech can be switched off and on for another try.
+void MSAgent::GiveBackSpeechItem() {
+  if (const auto owner = owner_.lock()) owner->EnableSpeechItem().SetEnabled(true);
 }
 
 void MSAgent::Agent1_RequestComplete(const AgentRequest& Request) {
@@ -150,10 +150,8 @@ void MSAgent::Agent1_RequestComplete(const AgentRequest& Request) {
     } else if (is(kWelcome)) {
       character_ = Agent1_->Character(kCharacterName);
       timLoadLimit_->SetEnabled(false);
-      if (const auto owner = owner_.lock()) {
-        owner->EnableSpeechItem().SetEnabled(true);
-        owner->SpeechReady();
-      }
+      GiveBackSpeechItem();
+      if (const auto owner = owner_.lock()) owner->SpeechReady();
     }
   } catch (const std::exception& error) {
     GiveUp(error.what());

@@ -31,6 +31,7 @@ class MSAgent {
   void SetRate(int Rate);
   /// Pitch menu index 0 to 4 gives the pitch 50, 70, 90, 110, 130.
   void SetPitch(int Pitch);
+  /// What is in force; 0 until it is set.
   int Speed() const { return speed_; }
   int Pitch() const { return pitch_; }
 
@@ -61,6 +62,7 @@ class MSAgent {
   void SetHookKeyboard(bool on) { WinHook3_->SetEnabled(on); }
   void cmdOK_Click();
   void GiveUp(const std::string& description);
+  void GiveBackSpeechItem();
   AgentRequest Speak(const std::string& Text, bool urgent);
   void StopSpeak();
 

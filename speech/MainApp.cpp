@@ -33,8 +33,11 @@ void MainApp::Class_Initialize(const WindowMaker& make_window) {
   }
 }
 
-void MainApp::ReleaseForm(const ISpeechWindow& window) {
-  SpeechTerminate();
+// A window whose speech is off has given its claim up already.
+void MainApp::ReleaseForm(ISpeechWindow& window) {
+  ErrorsIgnored([&] {
+    if (window.EnableSpeechItem().Checked()) SpeechTerminate();
+  });
   if (own_window_.get() == &window) own_window_.reset();
 }
 

@@ -34,9 +34,10 @@ class MainApp : public std::enable_shared_from_this<MainApp> {
   MainApp(const MainApp&) = delete;
   MainApp& operator=(const MainApp&) = delete;
 
-  /// Called by every window while it unloads, with itself: gives up one claim on
-  /// speech and forgets the window if it was the service's own.
-  void ReleaseForm(const ISpeechWindow& window);
+  /// Called by every window while it unloads, with itself: gives up the window's
+  /// claim on speech, if it holds one, and forgets the window if it was the
+  /// service's own.
+  void ReleaseForm(ISpeechWindow& window);
   /// Counts one more claim on speech; the first creates the agent speech form.
   void SpeechInit();
   /// Counts one claim less; the form goes when the count passes through 0.
