@@ -5,6 +5,7 @@ import pathlib
 import threading
 
 PAGES = pathlib.Path(__file__).resolve().parent / "pages"
+PATTERNS = pathlib.Path(__file__).resolve().parent / "patterns"
 
 
 def _links(count):
@@ -51,6 +52,12 @@ class Handler(http.server.BaseHTTPRequestHandler):
     def page_page(self, path):
         number = path.rsplit("/", 1)[-1]
         self.reply(f"<title>Page {number}</title><p>This is page {number}. <a href='/start.html'>Back to the start</a>")
+
+    def page_patterns(self, path):
+        file = PATTERNS / path.rsplit("/", 1)[-1]
+        if file.is_file():
+            return self.reply(file.read_bytes())
+        self.reply("<title>Not here</title><p>There is no such page.", status=404)
 
     def page_frames(self, path):
         number = path.rsplit("/", 1)[-1]
