@@ -32,6 +32,6 @@ the focus. Keys go to the page as they are. A step is a dict of
 
 Every key but "key" stands only where it applies.
 """
-from walks import choosing, menus, opening, values
+from walks import choosing, menus, opening, structures, values
 
-WALKS = {**opening.WALKS, **choosing.WALKS, **menus.WALKS, **values.WALKS}
+WALKS = {**opening.WALKS, **choosing.WALKS, **menus.WALKS, **values.WALKS, **structures.WALKS}
