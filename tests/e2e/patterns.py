@@ -21,17 +21,24 @@ the focus. Keys go to the page as they are. A step is a dict of
   row, column  "2 of 5" within a table or grid; header: the column's header
   enters       the groups that the step enters, outermost first, each (role, name)
                or (role, name, description): landmarks, dialogs, widgets made of
-               items, and groups with a name. Lists of plain text are left out
+               items, and groups with a name; the role is empty for a frame. Lists of
+               plain text are left out, except where the caret comes into one
   roledescription  the word that stands for the role of the innermost group entered,
                or of the element where no group is entered
   stays        the user is where he was before: states, value and the like hold only
                what the key has changed, and the rest needs no repeating
+  text         in an editor, the line to which the caret comes with Up and Down, the
+               letter to which it comes with Left and Right, the letter that goes with
+               BackSpace
+  error        the text that aria-errormessage names, of a field that is invalid
   live         the words that a live region brings; a list where there are several
+  progress     name and new value of a progress bar elsewhere: may be told, need not
   title        the document's new title
   silent       nothing changes and nothing is to be told
 
 Every key but "key" stands only where it applies.
 """
-from walks import choosing, menus, opening, structures, values
+from walks import choosing, menus, native, opening, structures, values
 
-WALKS = {**opening.WALKS, **choosing.WALKS, **menus.WALKS, **values.WALKS, **structures.WALKS}
+MODULES = opening, choosing, menus, values, structures, native
+WALKS = {page: steps for module in MODULES for page, steps in module.WALKS.items()}
