@@ -38,7 +38,7 @@ the focus. Keys go to the page as they are. A step is a dict of
 
 Every key but "key" stands only where it applies.
 """
-from walks import choosing, menus, native, opening, structures, values
+from walks import choosing, live, menus, native, opening, structures, values
 
-MODULES = opening, choosing, menus, values, structures, native
+MODULES = opening, choosing, menus, values, structures, native, live
 WALKS = {page: steps for module in MODULES for page, steps in module.WALKS.items()}
