@@ -32,12 +32,19 @@ class Hook {
   virtual bool Enabled() const = 0;
 };
 
+/// A key that has gone down.
+struct PressedKey {
+  int code = 0;  ///< as KeyEvent has it; 0 for a key that has none
+  /// What the key types in the layout in force without Shift or another modifier;
+  /// a dead key has its accent. 0 for a key that types nothing to be seen.
+  char32_t character = 0;
+};
+
 /// Tells of every key that goes down in any window of the program, the page and
 /// dialogs included, repeats too, before a control acts on it.
 class KeyboardHook : public Hook {
  public:
-  /// The key's code, as KeyEvent has it; 0 for a key that has none.
-  Event<int> KeyDown;
+  Event<const PressedKey&> KeyDown;
 };
 
 /// Tells of every menu item of the program that is highlighted, with the keyboard

@@ -26,14 +26,18 @@ constexpr int kLastF = 123;  // F12
 
 }  // namespace
 
-std::string KeyName(int key_code) {
+std::string NamedKey(int key_code) {
   if (key_code >= kKeyF1 && key_code <= kLastF) {
     return "F" + std::to_string(key_code - kKeyF1 + 1);
   }
   const auto* named = std::find_if(kNames.begin(), kNames.end(),
                                    [key_code](const Named& each) { return each.code == key_code; });
-  if (named != kNames.end()) return named->name;
-  return text::character(key_code);
+  return named == kNames.end() ? "" : named->name;
+}
+
+std::string KeyName(int key_code) {
+  const std::string name = NamedKey(key_code);
+  return name.empty() ? text::character(key_code) : name;
 }
 
 }  // namespace corvane

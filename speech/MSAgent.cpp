@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "platform/image.h"
 #include "speech/KeyName.h"
+#include "speech/KeyWords.h"
 #include "speech/MenuWords.h"
 
 namespace corvane {
@@ -52,7 +53,7 @@ MSAgent::MSAgent(Desktop& desktop, const Manner& manner)
   connections_ += WinHook1_->MenuSelected.Connect(
       [this](const MenuSelect& select) { WinHook1_MessageProc(select); });
   connections_ +=
-      WinHook3_->KeyDown.Connect([this](int key_code) { WinHook3_KeyDownHook(key_code); });
+      WinHook3_->KeyDown.Connect([this](const PressedKey& key) { WinHook3_KeyDownHook(key); });
   connections_ +=
       WinHook2_->Activated.Connect([this](WindowHandle window) { WinHook2_CBTProc(window); });
   connections_ += Agent1_->RequestComplete.Connect(
@@ -194,11 +195,12 @@ AgentRequest MSAgent::Speak(const std::string& Text, bool urgent) {
 }
 
 // Runs before every key press: one look-up, one Say, nothing else.
-void MSAgent::WinHook3_KeyDownHook(int key_code) {
+void MSAgent::WinHook3_KeyDownHook(const PressedKey& key) {
   ErrorsIgnored([&] {
-    if (key_code == kKeyControl) StopSpeak();
+    if (key.code == kKeyControl) StopSpeak();
     if (!blnKeyboardEcho) return;
-    if (const std::string name = KeyName(key_code); !name.empty()) Say(name, true);
+    const std::string name = manner_.key_words ? KeyWords(key) : KeyName(key.code);
+    if (!name.empty()) Say(name, true);
   });
 }
 

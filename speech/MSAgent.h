@@ -35,6 +35,8 @@ class MSAgent {
   int Speed() const { return speed_; }
   int Pitch() const { return pitch_; }
 
+  /// The character can speak.
+  bool Ready() const { return character_ != nullptr; }
   /// Speaks `Text`; dropped while the character is not ready.
   void Say(const std::string& Text, const bool& blnUrgent);
   /// Speaks `Text` as an ordinary message and tells once whether it was spoken to
@@ -56,7 +58,7 @@ class MSAgent {
   void Agent1_RequestComplete(const AgentRequest& Request);
   void WinHook1_MessageProc(const MenuSelect& select);
   void WinHook2_CBTProc(WindowHandle activated);
-  void WinHook3_KeyDownHook(int key_code);
+  void WinHook3_KeyDownHook(const PressedKey& key);
   void SetHookMessages(bool on) { WinHook1_->SetEnabled(on); }
   void SetHookCBT(bool on) { WinHook2_->SetEnabled(on); }
   void SetHookKeyboard(bool on) { WinHook3_->SetEnabled(on); }

@@ -1,7 +1,7 @@
 """Hearing what one does: form fields, keys and menus, with whole transcripts."""
 import time
 
-from harness import EndToEndTest, wait_until
+from harness import ESTABLISHED, EndToEndTest, wait_until
 
 SPOKEN = {"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "0", "Focus": "0"}}
 ECHO = {"Corvane": {"Speech": "True", "KeyEcho": "True"}, "pnlBrowser": {"SideBar": "0", "Focus": "0"}}
@@ -101,7 +101,7 @@ class Hearing(EndToEndTest):
         corvane = self.start(settings=ECHO)
         corvane.focus("Address")
         corvane.keys("ctrl+a")
-        self.hears("BackSpace", "\b")
+        self.hears("BackSpace", "Backspace")
         self.hears("a", "A", "a")
         self.hears("b", "B", "b")
         self.hears("5", "5", "5")
@@ -111,6 +111,22 @@ class Hearing(EndToEndTest):
         self.hears("Control_L", "Control")
         urgent = [e["urgent"] for e in corvane.transcript.events() if e["event"] == "speak"]
         self.assertTrue(urgent[-1])
+
+    def test_punctuation_and_special_keys_are_named_by_words(self):
+        corvane = self.start(settings=ECHO)
+        corvane.focus("Address")
+        corvane.keys("ctrl+a", "BackSpace")
+        self.hears("comma", "comma", ",")
+        self.hears("slash", "slash", "/")
+        self.hears("Print", "Print Screen")
+
+    def test_punctuation_is_the_character_of_its_code_in_the_established_manner(self):
+        settings = {**ECHO, "Corvane": {**ECHO["Corvane"], **ESTABLISHED["Corvane"]}}
+        corvane = self.start(settings=settings)
+        corvane.focus("Address")
+        corvane.keys("ctrl+a", "BackSpace")
+        self.hears("comma", "\u00bc", ",")
+        self.hears("period", "\u00be", ".")
 
     def test_keys_are_named_in_the_page_too(self):
         corvane = self.open_form("/form.html", "The order", settings=ECHO)
@@ -159,7 +175,7 @@ class Hearing(EndToEndTest):
         self.start(settings=SPOKEN)
         sides = ["None checked", "Favorites unchecked", "History unchecked", "Page Structure unchecked",
                  "Accessibility Browser unchecked"]
-        homes = ["None unchecked", "Use Explorer's unchecked", "Use Corvane's checked", "Last one Opened unchecked"]
+        homes = ["None unchecked", "Use Start Page of Web Options unchecked", "Use Corvane's checked", "Last one Opened unchecked"]
         focus = ["None checked", "Links unchecked", "SideBar unchecked", "WebBrowser unchecked", "Text Box unchecked"]
         rates = ["Very Slow unchecked", "Slow unchecked", "Normal checked", "Fast unchecked", "Very Fast unchecked"]
         pitches = ["Very Low unchecked", "Low unchecked", "Normal checked", "High unchecked", "Very High unchecked"]
@@ -167,7 +183,7 @@ class Hearing(EndToEndTest):
             ("File", ["New Window", "Open Web Site", "Open File", "Save as", "Print", "Exit"]),
             ("Edit", ["Cut", "Copy", "Paste", "Select All"]),
             ("Go", ["Back", "Forward", "Stop", "Refresh", "Home", "Search"]),
-            ("Settings", ["IE Settings", ("SideBar popup", sides),
+            ("Settings", ["Web Options", ("SideBar popup", sides),
                           ("Text History popup", ["Clear with New Page checked", "Never Clear unchecked"]),
                           ("Home popup", homes), ("AutoFocus popup", focus),
                           "Enable Status Change Feedback unchecked"]),

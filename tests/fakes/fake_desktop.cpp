@@ -119,21 +119,15 @@ std::unique_ptr<RebarWindow> FakeDesktop::CreateRebarWindow(ElasticFrame& parent
 }
 
 std::unique_ptr<ActivationHook> FakeDesktop::CreateActivationHook() {
-  auto made_hook = std::make_unique<FakeActivationHook>();
-  hook = made_hook.get();
-  return made_hook;
+  return std::make_unique<FakeActivationHook>(hook);
 }
 
 std::unique_ptr<KeyboardHook> FakeDesktop::CreateKeyboardHook() {
-  auto made_hook = std::make_unique<FakeKeyboardHook>();
-  keyboard_hook = made_hook.get();
-  return made_hook;
+  return std::make_unique<FakeKeyboardHook>(keyboard_hook);
 }
 
 std::unique_ptr<MessageHook> FakeDesktop::CreateMessageHook() {
-  auto made_hook = std::make_unique<FakeMessageHook>();
-  message_hook = made_hook.get();
-  return made_hook;
+  return std::make_unique<FakeMessageHook>(message_hook);
 }
 
 }  // namespace corvane::fakes

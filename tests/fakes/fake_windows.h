@@ -95,10 +95,15 @@ class FakeWindows : public Windows {
   int order_ = 0;
 };
 
-/// A hook that tells what the test tells it, switched on or not.
+/// A hook that tells what the test tells it, switched on or not. `place` names
+/// the newest while it lives.
 template <class Port>
 class FakeHook : public Port {
  public:
+  explicit FakeHook(FakeHook*& place) : place_(place) { place_ = this; }
+  ~FakeHook() override {
+    if (place_ == this) place_ = nullptr;
+  }
   void SetEnabled(bool value) override {
     enabled = value;
     if (on_switch) on_switch(value);
@@ -107,6 +112,9 @@ class FakeHook : public Port {
 
   bool enabled = false;
   std::function<void(bool)> on_switch;
+
+ private:
+  FakeHook*& place_;
 };
 using FakeActivationHook = FakeHook<ActivationHook>;
 using FakeKeyboardHook = FakeHook<KeyboardHook>;

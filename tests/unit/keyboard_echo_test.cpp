@@ -1,4 +1,5 @@
 #include "speech/KeyName.h"
+#include "speech/KeyWords.h"
 #include "speech/MenuWords.h"
 #include "tests/unit/program.h"
 
@@ -28,6 +29,51 @@ TEST(KeyName, OtherKeysAreTheCharacterOfTheirCode) {
 
 TEST(KeyName, KeyWithoutACodeHasNoName) { EXPECT_EQ(KeyName(0), ""); }
 
+TEST(KeyWords, PunctuationIsNamedAsTheLayoutHasIt) {
+  const std::vector<std::tuple<int, char32_t, std::string>> names = {
+      {188, U',', "comma"},        {190, U'.', "period"},       {189, U'-', "minus"},
+      {187, U'=', "equals"},       {191, U'/', "slash"},        {186, U';', "semicolon"},
+      {222, U'\'', "apostrophe"},  {219, U'[', "left bracket"}, {220, U'\\', "backslash"},
+      {192, U'`', "grave accent"}, {226, U'<', "less than"},    {191, U'#', "number sign"},
+      {220, U'^', "circumflex"}};
+  for (const auto& [code, character, name] : names) EXPECT_EQ(KeyWords({code, character}), name);
+}
+
+TEST(KeyWords, WhatTheKeyTypesDecidesNotItsPlace) {
+  EXPECT_EQ(KeyWords({219, U'\u00FC'}), "\u00FC") << "beside P on a German keyboard";
+  EXPECT_EQ(KeyWords({'1', U'&'}), "ampersand") << "the first of the row on a French one";
+  EXPECT_EQ(KeyWords({'F', U'\u0430'}), "\u0430") << "left on a Russian one";
+}
+
+TEST(KeyWords, LettersAndDigitsAreWhatTheyWere) {
+  EXPECT_EQ(KeyWords({'A', U'a'}), "A");
+  EXPECT_EQ(KeyWords({'7', U'7'}), "7");
+  EXPECT_EQ(KeyWords({'Q', 0}), "Q");
+}
+
+TEST(KeyWords, KeysOfTheKeypadSayThatTheyAre) {
+  EXPECT_EQ(KeyWords({103, U'7'}), "keypad 7");
+  EXPECT_EQ(KeyWords({96, 0}), "keypad 0");
+  EXPECT_EQ(KeyWords({107, U'+'}), "keypad plus");
+  EXPECT_EQ(KeyWords({110, U'.'}), "keypad period");
+  EXPECT_EQ(KeyWords({110, U','}), "keypad comma") << "a layout that writes its decimals so";
+}
+
+TEST(KeyWords, SpecialKeysHaveTheirNames) {
+  const std::vector<std::pair<int, std::string>> names = {
+      {8, "Backspace"}, {44, "Print Screen"}, {91, "left Windows"}, {92, "right Windows"},
+      {93, "Menu"},     {112, "F1"},          {123, "F12"},         {124, "F13"},
+      {135, "F24"},     {175, "Volume Up"},   {13, "Enter"},        {32, "Space"},
+      {46, "Delete"},   {27, "Escape"},       {144, "Num Lock"},    {36, "Home"}};
+  for (const auto& [code, name] : names) EXPECT_EQ(KeyWords({code, 0}), name) << code;
+}
+
+TEST(KeyWords, NoKeyIsSilentButOneThatIsNone) {
+  EXPECT_EQ(KeyWords({0, 0}), "");
+  EXPECT_EQ(KeyWords({0, U'\u00E9'}), "\u00E9");
+  EXPECT_EQ(KeyWords({230, 0}), "unnamed key");
+}
+
 MenuSelect Item(const std::string& text, int item, unsigned flags) { return {item, flags, text}; }
 
 TEST(MenuWords, AccessKeyMarksAreTakenOut) {
@@ -48,7 +94,7 @@ TEST(MenuWords, ItemsThatCarryNoMarkSayNeither) {
   EXPECT_EQ(MenuWords(Item("&IE Settings", 24, kMenuHilite)), "IE Settings");
   EXPECT_EQ(MenuWords(Item("Side&Bar", 26, kMenuHilite)), "SideBar");
   EXPECT_EQ(MenuWords(Item("&Contents", 68, kMenuHilite)), "Contents");
-  EXPECT_EQ(MenuWords(Item("Toolbar", 50, 0)), "Toolbar");  // not highlighted
+  EXPECT_EQ(MenuWords(Item("Toolbar", 51, 0)), "Toolbar");  // not highlighted
 }
 
 TEST(MenuWords, SubmenusSayPopupAndTheBarsTitlesDoNot) {
@@ -96,7 +142,9 @@ struct KeyboardEcho : ::testing::Test {
   Program program;
   void SetUp() override { program.StartTalking(); }
   MSAgent& Agent() { return *program.Service()->gMSAgent(); }
-  void Press(int key) { program.desktop.keyboard_hook->KeyDown.Raise(key); }
+  void Press(int code, char32_t character = 0) {
+    program.desktop.keyboard_hook->KeyDown.Raise({code, character});
+  }
   void Highlight(const MenuSelect& select) {
     program.desktop.message_hook->MenuSelected.Raise(select);
   }
@@ -133,6 +181,21 @@ TEST_F(KeyboardEcho, ControlWithEchoSilencesAndSaysItsName) {
   EXPECT_EQ(Calls().back(), "speak \\Pit=90\\\\Spd=150\\Control (urgent)");
 }
 
+TEST_F(KeyboardEcho, CommaIsTheCharacterOfItsCode) {
+  Agent().blnKeyboardEcho = true;
+  Press(188, U',');
+  EXPECT_THAT(program.Spoken(), ElementsAre("\u00BC (urgent)"));
+}
+
+TEST_F(KeyboardEcho, CommaIsAWordAsIsUsualToday) {
+  Program today;
+  today.desktop.settings.Main("Manner") = "1";
+  today.desktop.settings.Main("KeyEcho") = "True";
+  today.StartTalking();
+  today.desktop.keyboard_hook->KeyDown.Raise({188, U','});
+  EXPECT_THAT(today.Spoken(), ElementsAre("comma (urgent)"));
+}
+
 TEST_F(KeyboardEcho, KeyWithoutACodeCutsNothingOff) {
   Agent().blnKeyboardEcho = true;
   Press(0);
@@ -144,13 +207,13 @@ TEST_F(KeyboardEcho, KeysBeforeTheCharacterIsReadyAreIgnored) {
   silent.desktop.settings.Main("Speech") = "True";
   silent.desktop.settings.Main("KeyEcho") = "True";
   silent.Start();
-  silent.desktop.keyboard_hook->KeyDown.Raise('A');
-  silent.desktop.keyboard_hook->KeyDown.Raise(17);
+  silent.desktop.keyboard_hook->KeyDown.Raise({'A', U'a'});
+  silent.desktop.keyboard_hook->KeyDown.Raise({17, 0});
   EXPECT_THAT(silent.desktop.speech.calls, IsEmpty());
 }
 
 TEST_F(KeyboardEcho, HighlightedItemIsSpokenAsAnOrdinaryMessage) {
-  Highlight({50, kMenuHilite | kMenuChecked, "&Toolbar"});
+  Highlight({program.Inside().menu.mnuView(0).Id(), kMenuHilite | kMenuChecked, "&Toolbar"});
   EXPECT_THAT(Calls(), ElementsAre("stop", "speak \\Pit=90\\\\Spd=150\\Toolbar checked"));
 }
 
@@ -199,7 +262,9 @@ TEST_F(KeyboardEcho, SpeechSwitchedOffTakesTheHooksAway) {
   ASSERT_TRUE(program.desktop.keyboard_hook->Enabled());
   ASSERT_TRUE(program.desktop.message_hook->Enabled());
   program.Inside().menu.mnuSpeech(0).Click.Raise();
-  EXPECT_EQ(program.Service()->gMSAgent(), nullptr);  // the hooks were its own
+  EXPECT_EQ(program.desktop.keyboard_hook, nullptr) << "they went with the agent form";
+  EXPECT_EQ(program.desktop.message_hook, nullptr);
+  EXPECT_EQ(program.desktop.hook, nullptr);
 }
 
 TEST(AgentHooks, MissingCharacterSwitchesAllThreeOff) {

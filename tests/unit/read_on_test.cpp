@@ -60,7 +60,7 @@ TEST_F(ReadingOn, ControlSilencesItAndItsReleaseSaysNothing) {
   Press(kKeyF7);
   Finish();
   p.Spoken();
-  p.desktop.keyboard_hook->KeyDown.Raise(kKeyControl);
+  p.desktop.keyboard_hook->KeyDown.Raise({kKeyControl, 0});
   KeyEvent released{kKeyControl, 0};
   p.TextPane().KeyUp.Raise(released);
   Finish();

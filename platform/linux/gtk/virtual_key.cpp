@@ -120,6 +120,22 @@ constexpr auto kPunctuation = std::to_array<Pair>({
     {']', 221}, {'}', 221}, {'\'', 222}, {'"', 222},
 });
 
+// Dead keys and their accents.
+constexpr auto kDead = std::to_array<Pair>({
+    {GDK_KEY_dead_grave, '`'},
+    {GDK_KEY_dead_acute, 0xB4},
+    {GDK_KEY_dead_circumflex, '^'},
+    {GDK_KEY_dead_tilde, '~'},
+    {GDK_KEY_dead_diaeresis, 0xA8},
+    {GDK_KEY_dead_cedilla, 0xB8},
+    {GDK_KEY_dead_caron, 0x2C7},
+    {GDK_KEY_dead_breve, 0x2D8},
+    {GDK_KEY_dead_abovedot, 0x2D9},
+    {GDK_KEY_dead_abovering, 0x2DA},
+    {GDK_KEY_dead_ogonek, 0x2DB},
+    {GDK_KEY_dead_doubleacute, 0x2DD},
+});
+
 // The code of a hardware key on a keyboard of the United States: what a key is
 // called where its layout has no Latin character.
 int CodeByPlace(guint hardware) {
@@ -209,7 +225,9 @@ int VirtualKey(guint keyval, guint hardware, int group, const std::vector<KeyMea
   return CodeByPlace(hardware);
 }
 
-int VirtualKey(const GdkEventKey& event) {
+namespace {
+
+std::vector<KeyMeaning> MeaningsOf(const GdkEventKey& event) {
   std::vector<KeyMeaning> meanings;
   auto* display = event.window ? gdk_window_get_display(event.window) : gdk_display_get_default();
   if (display && event.hardware_keycode != 0) {
@@ -224,7 +242,33 @@ int VirtualKey(const GdkEventKey& event) {
     g_free(keys);
     g_free(keyvals);
   }
-  return VirtualKey(event.keyval, event.hardware_keycode, event.group, meanings);
+  return meanings;
+}
+
+}  // namespace
+
+int VirtualKey(const GdkEventKey& event) {
+  return VirtualKey(event.keyval, event.hardware_keycode, event.group, MeaningsOf(event));
+}
+
+char32_t PlainCharacter(guint keyval, int group, const std::vector<KeyMeaning>& meanings) {
+  guint plain = keyval;  // of the keypad's keys, which Num Lock decides about, too
+  if (FixedCode(keyval) == 0) {
+    plain = Plain(meanings, group);
+    if (plain == 0) plain = Plain(meanings, 0);
+    if (plain == 0) plain = keyval;
+  }
+  for (const auto& dead : kDead) {
+    if (dead.keyval == plain) return static_cast<char32_t>(dead.code);
+  }
+  const gunichar character = gdk_keyval_to_unicode(plain);
+  return g_unichar_isgraph(character) ? character : 0;
+}
+
+PressedKey Pressed(const GdkEventKey& event) {
+  const auto meanings = MeaningsOf(event);
+  return {VirtualKey(event.keyval, event.hardware_keycode, event.group, meanings),
+          PlainCharacter(event.keyval, event.group, meanings)};
 }
 
 int ShiftState(guint gdk_state) {

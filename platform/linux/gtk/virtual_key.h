@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "platform/hooks.h"
+
 namespace corvane::desktop {
 
 /// One meaning of a key in the keyboard's layouts: `group` numbers the layout,
@@ -22,6 +24,13 @@ int VirtualKey(guint keyval, guint hardware, int group, const std::vector<KeyMea
 
 /// The same for an event, with the meanings from the display's keyboard.
 int VirtualKey(const GdkEventKey& event);
+
+/// What the key types without a modifier in the layout in force, as
+/// PressedKey::character has it.
+char32_t PlainCharacter(guint keyval, int group, const std::vector<KeyMeaning>& meanings);
+
+/// An event as a hook tells it.
+PressedKey Pressed(const GdkEventKey& event);
 
 /// ShiftBits of an event. The bit of a modifier key that goes down or up itself
 /// is as it was before.

@@ -8,6 +8,38 @@
 namespace corvane::desktop {
 namespace {
 
+// A key of a German keyboard and of a French and a Russian one.
+const std::vector<KeyMeaning> kUmlaut = {{0, 0, GDK_KEY_udiaeresis}, {0, 1, GDK_KEY_Udiaeresis}};
+const std::vector<KeyMeaning> kFrenchOne = {{0, 0, GDK_KEY_ampersand}, {0, 1, GDK_KEY_1}};
+const std::vector<KeyMeaning> kLatinAndRussian = {
+    {0, 0, GDK_KEY_f}, {0, 1, GDK_KEY_F}, {1, 0, GDK_KEY_Cyrillic_a}, {1, 1, GDK_KEY_Cyrillic_A}};
+
+TEST(PlainCharacterTest, IsWhatTheKeyTypesWithoutModifiersInItsLayout) {
+  EXPECT_EQ(PlainCharacter(GDK_KEY_Udiaeresis, 0, kUmlaut), U'\u00FC');
+  EXPECT_EQ(PlainCharacter(GDK_KEY_1, 0, kFrenchOne), U'&');
+  EXPECT_EQ(PlainCharacter(GDK_KEY_Cyrillic_A, 1, kLatinAndRussian), U'\u0430');
+  EXPECT_EQ(PlainCharacter(GDK_KEY_F, 0, kLatinAndRussian), U'f');
+  EXPECT_EQ(PlainCharacter(GDK_KEY_less, 0, {{0, 0, ','}, {0, 1, '<'}}), U',');
+}
+
+TEST(PlainCharacterTest, DeadKeysHaveTheirAccents) {
+  EXPECT_EQ(PlainCharacter(GDK_KEY_dead_circumflex, 0, {{0, 0, GDK_KEY_dead_circumflex}}), U'^');
+  EXPECT_EQ(PlainCharacter(GDK_KEY_dead_acute, 0, {{0, 0, GDK_KEY_dead_acute}}), U'\u00B4');
+}
+
+TEST(PlainCharacterTest, OfTheKeypadIsWhatItTypes) {
+  EXPECT_EQ(PlainCharacter(GDK_KEY_KP_7, 0, {{0, 0, GDK_KEY_KP_Home}, {0, 1, GDK_KEY_KP_7}}), U'7');
+  EXPECT_EQ(PlainCharacter(GDK_KEY_KP_Separator, 0, {}), U',');
+  EXPECT_EQ(PlainCharacter(GDK_KEY_KP_Decimal, 0, {}), U'.');
+}
+
+TEST(PlainCharacterTest, KeysThatTypeNothingToBeSeenHaveNone) {
+  for (const guint keyval : {GDK_KEY_Return, GDK_KEY_Escape, GDK_KEY_Tab, GDK_KEY_space, GDK_KEY_F5,
+                             GDK_KEY_Shift_L, GDK_KEY_Super_R, GDK_KEY_Menu}) {
+    EXPECT_EQ(PlainCharacter(keyval, 0, {{0, 0, keyval}}), U'\0') << keyval;
+  }
+}
+
 TEST(VirtualKeyTest, KeysWithoutALetterHaveFixedCodes) {
   const auto code = [](guint keyval) { return VirtualKey(keyval, 0, 0, {}); };
   EXPECT_EQ(code(GDK_KEY_BackSpace), 8);

@@ -147,7 +147,7 @@ gboolean EventHooks::OnCancel(GSignalInvocationHint*, guint, const GValue*, gpoi
 
 Connection LinuxKeyboardHook::Listen() {
   return hooks_.KeyPressed.Connect(
-      [this](const GdkEventKey& event) { KeyDown.Raise(VirtualKey(event)); });
+      [this](const GdkEventKey& event) { KeyDown.Raise(Pressed(event)); });
 }
 
 Connection LinuxMessageHook::Listen() {

@@ -21,8 +21,9 @@ class EventHooksTest : public test::DesktopTest {
   void SetUp() override {
     DesktopTest::SetUp();
     Outside({"xdotool", "mousemove", "1270", "890"});
-    listening_ += keyboard_.KeyDown.Connect([this](int key) {
-      keys_.push_back(key);
+    listening_ += keyboard_.KeyDown.Connect([this](const PressedKey& key) {
+      keys_.push_back(key.code);
+      characters_.push_back(key.character);
       text_then_.push_back(text_->Text());
     });
     listening_ += messages_.MenuSelected.Connect([this](const MenuSelect& select) {
@@ -65,6 +66,7 @@ class EventHooksTest : public test::DesktopTest {
   MenuItem& marked_ = more_.Add("Marked");
   MenuItem& gray_ = file_.Add("Gray");
   std::vector<int> keys_;
+  std::u32string characters_;
   std::vector<std::string> text_then_;
   std::vector<std::string> menu_words_;
   std::vector<MenuSelect> selects_;
@@ -84,6 +86,13 @@ TEST_F(EventHooksTest, ModifiersAndNamedKeysHaveTheirCodes) {
   Press({"Control_L", "Escape", "F1", "shift+a"});
   WaitFor("the keys", [&] { return keys_.size() == 5; });
   EXPECT_THAT(keys_, ElementsAre(17, 27, 112, 16, 'A'));
+}
+
+TEST_F(EventHooksTest, KeysBringWhatTheyTypeWithoutShift) {
+  Press({"comma", "shift+comma", "Print"});
+  WaitFor("the keys", [&] { return keys_.size() == 4; });
+  EXPECT_THAT(keys_, ElementsAre(188, 16, 188, 44));
+  EXPECT_EQ(characters_, std::u32string({U',', U'\0', U',', U'\0'}));
 }
 
 TEST_F(EventHooksTest, ARepeatedKeyIsHeardEachTime) {
