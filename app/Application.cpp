@@ -6,8 +6,10 @@
 
 namespace corvane {
 
-void Application::StartBrowser(const std::shared_ptr<MainApp>& service) {
+void Application::StartBrowser(const std::shared_ptr<MainApp>& service,
+                               const std::string& address) {
   window_ = process_.CreateWindow();
+  window_->StartWith(address);
   window_->SetMainApp(service);
   window_->Show();
 }

@@ -13,8 +13,9 @@ class Application {
  public:
   explicit Application(Multithread& process) : process_(process) {}
 
-  /// Opens a window that shares the given speech service.
-  void StartBrowser(const std::shared_ptr<MainApp>& service);
+  /// Opens a window that shares the given speech service and shows `address`; an
+  /// empty one means the start page.
+  void StartBrowser(const std::shared_ptr<MainApp>& service, const std::string& address = "");
   /// Unloads the window; without one, and the second time, does nothing.
   void KillBrowser();
   /// Speaks through the window's service.

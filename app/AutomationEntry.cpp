@@ -4,6 +4,7 @@
 
 #include "app/Application.h"
 #include "app/Multithread.h"
+#include "base/handling.h"
 #include "speech/MainApp.h"
 
 namespace corvane {
@@ -59,12 +60,34 @@ std::unique_ptr<AutomationObject> AutomationEntry::CreateObject(const std::strin
 }
 
 void AutomationEntry::OpenWindow(const std::string& address) {
-  process_.OpenWindow(Service(), address);
+  Application(process_).StartBrowser(Service(), address);
 }
 
-void AutomationEntry::SpeechInit() { Service()->SpeechInit(); }
-void AutomationEntry::SpeechTerminate() { Service()->SpeechTerminate(); }
-void AutomationEntry::KeyBoardEcho(bool enable) { Service()->KeyBoardEcho(enable); }
+void AutomationEntry::SpeechInit(const std::string& caller) {
+  Service()->SpeechInit(MainApp::Failures::Raised);
+  ++claims_[caller];
+}
+
+// Who gives back more than it has taken lowers the count all the same, but is not
+// owed anything for it.
+void AutomationEntry::SpeechTerminate(const std::string& caller) {
+  Service()->SpeechTerminate(MainApp::Failures::Raised);
+  const auto claims = claims_.find(caller);
+  if (claims != claims_.end() && --claims->second == 0) claims_.erase(claims);
+}
+
+void AutomationEntry::CallerLeft(const std::string& caller) {
+  const auto claims = claims_.extract(caller);
+  if (claims.empty()) return;
+  for (int left = claims.mapped(); left > 0; --left) {
+    ErrorsIgnored([&] { Service()->SpeechTerminate(MainApp::Failures::Raised); });
+  }
+}
+
+void AutomationEntry::KeyBoardEcho(bool enable) {
+  Service()->KeyBoardEcho(enable, MainApp::Failures::Raised);
+}
+
 void AutomationEntry::Say(const std::string& text, bool urgent) { Service()->Say(text, urgent); }
 
 }  // namespace corvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 
@@ -20,8 +21,9 @@ class AutomationEntry : public AutomationServer {
 
   std::unique_ptr<AutomationObject> CreateObject(const std::string& class_name) override;
   void OpenWindow(const std::string& address) override;
-  void SpeechInit() override;
-  void SpeechTerminate() override;
+  void SpeechInit(const std::string& caller) override;
+  void SpeechTerminate(const std::string& caller) override;
+  void CallerLeft(const std::string& caller) override;
   void KeyBoardEcho(bool enable) override;
   void Say(const std::string& text, bool urgent) override;
 
@@ -30,6 +32,7 @@ class AutomationEntry : public AutomationServer {
 
   Multithread& process_;
   std::weak_ptr<MainApp> service_;
+  std::map<std::string, int> claims_;  // on speech, by caller
   Connections connections_;
 };
 

@@ -26,9 +26,11 @@ class AutomationServer {
   /// Opens a window of its own for an address; an empty one means the start page.
   virtual void OpenWindow(const std::string& address) = 0;
 
-  // The shared speech service.
-  virtual void SpeechInit() = 0;
-  virtual void SpeechTerminate() = 0;
+  // The shared speech service. Claims on it belong to their caller.
+  virtual void SpeechInit(const std::string& caller) = 0;
+  virtual void SpeechTerminate(const std::string& caller) = 0;
+  /// A caller is gone for good: what it has not given back is given back for it.
+  virtual void CallerLeft(const std::string& caller) = 0;
   virtual void KeyBoardEcho(bool enable) = 0;
   virtual void Say(const std::string& text, bool urgent) = 0;
 };

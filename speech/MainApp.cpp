@@ -1,5 +1,6 @@
 #include "speech/MainApp.h"
 
+#include <exception>
 #include <utility>
 
 #include "base/handling.h"
@@ -26,7 +27,7 @@ void MainApp::Class_Initialize(const WindowMaker& make_window) {
   own_window_->SetMainApp(shared_from_this());
   try {
     own_window_->Show();
-  } catch (...) {
+  } catch (const std::exception&) {
     // Without a window the service, which the window holds, must not live on.
     if (const auto window = std::exchange(own_window_, nullptr)) window->SetMainApp(nullptr);
     throw;
@@ -41,8 +42,14 @@ void MainApp::ReleaseForm(ISpeechWindow& window) {
   if (own_window_.get() == &window) own_window_.reset();
 }
 
-void MainApp::SpeechInit() {
-  ErrorsShown(desktop_.GetMessageBox(), "SpeechInit Error: ", [&] {
+template <class Body>
+void MainApp::CarryOut(Failures failures, const char* prefix, Body&& body) {
+  if (failures == Failures::Raised) return body();
+  ErrorsShown(desktop_.GetMessageBox(), prefix, body);
+}
+
+void MainApp::SpeechInit(Failures failures) {
+  CarryOut(failures, "SpeechInit Error: ", [&] {
     intInitCount_ = number::checked_add(intInitCount_, 1);
     if (blnSpeechEnabled_) return;
     blnSpeechEnabled_ = true;
@@ -51,8 +58,8 @@ void MainApp::SpeechInit() {
   });
 }
 
-void MainApp::SpeechTerminate() {
-  ErrorsShown(desktop_.GetMessageBox(), "SpeechTerminate Error: ", [&] {
+void MainApp::SpeechTerminate(Failures failures) {
+  CarryOut(failures, "SpeechTerminate Error: ", [&] {
     intInitCount_ = number::checked_add(intInitCount_, -1);
     if (intInitCount_ != 0 || !blnSpeechEnabled_) return;
     blnSpeechEnabled_ = false;
@@ -60,8 +67,8 @@ void MainApp::SpeechTerminate() {
   });
 }
 
-void MainApp::KeyBoardEcho(const bool& blnEnable) {
-  ErrorsShown(desktop_.GetMessageBox(), "KeyBoardEcho Error: ", [&] {
+void MainApp::KeyBoardEcho(const bool& blnEnable, Failures failures) {
+  CarryOut(failures, "KeyBoardEcho Error: ", [&] {
     Required(agent_form_).blnKeyboardEcho = blnEnable;
     KeyboardEchoStatus.Raise(blnEnable);
   });

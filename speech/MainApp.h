@@ -38,12 +38,15 @@ class MainApp : public std::enable_shared_from_this<MainApp> {
   /// claim on speech, if it holds one, and forgets the window if it was the
   /// service's own.
   void ReleaseForm(ISpeechWindow& window);
+  /// What becomes of a failure: a message box tells the user, or the caller gets
+  /// the RunTimeError.
+  enum class Failures { Shown, Raised };
   /// Counts one more claim on speech; the first creates the agent speech form.
-  void SpeechInit();
+  void SpeechInit(Failures failures = Failures::Shown);
   /// Counts one claim less; the form goes when the count passes through 0.
-  void SpeechTerminate();
+  void SpeechTerminate(Failures failures = Failures::Shown);
   /// Switches the keyboard echo and tells every window.
-  void KeyBoardEcho(const bool& blnEnable);
+  void KeyBoardEcho(const bool& blnEnable, Failures failures = Failures::Shown);
   /// Speaks while speech is enabled, otherwise drops the text.
   void Say(const std::string& Text, const bool& blnUrgent);
   /// The agent speech form, null while speech is off.
@@ -53,6 +56,8 @@ class MainApp : public std::enable_shared_from_this<MainApp> {
 
  private:
   void Class_Initialize(const WindowMaker& make_window);
+  template <class Body>
+  void CarryOut(Failures failures, const char* prefix, Body&& body);
 
   bool blnSpeechEnabled_ = false;
   std::int16_t intInitCount_ = 0;

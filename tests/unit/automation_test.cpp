@@ -122,13 +122,54 @@ TEST_F(Automation, LastWindowMayBeKilledByItsClient) {
 TEST_F(Automation, ServiceSpeaksAndIsCountedForOtherPrograms) {
   p.Start();
   Server().Say("dropped", false);
-  Server().SpeechInit();
+  Server().SpeechInit(":1.7");
   p.MakeReady();
   p.Spoken();
   Server().Say("heard", true);
   EXPECT_THAT(p.Spoken(), ElementsAre("heard (urgent)"));
-  Server().SpeechTerminate();
+  Server().SpeechTerminate(":1.7");
   EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
+}
+
+TEST_F(Automation, ACallerThatLeavesGivesItsClaimsBack) {
+  p.Start();
+  Server().SpeechInit(":1.7");
+  Server().SpeechInit(":1.7");
+  Server().SpeechInit(":1.8");
+  Server().CallerLeft(":1.7");
+  EXPECT_NE(p.Service()->gMSAgent(), nullptr) << "another caller's claim";
+  Server().CallerLeft(":1.8");
+  EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
+  Server().CallerLeft(":1.8");  // nothing is owed any more
+  Server().SpeechInit(":1.9");
+  EXPECT_NE(p.Service()->gMSAgent(), nullptr);
+}
+
+TEST_F(Automation, ACallerThatOwesNothingTakesNothingWithIt) {
+  p.StartTalking();
+  Server().SpeechInit(":1.7");
+  Server().SpeechTerminate(":1.7");
+  Server().CallerLeft(":1.7");
+  EXPECT_NE(p.Service()->gMSAgent(), nullptr) << "the window's claim";
+}
+
+TEST_F(Automation, CallersLowerTheCountBelowZeroAsTheyLike) {
+  p.Start();
+  Server().SpeechTerminate(":1.7");
+  Server().CallerLeft(":1.7");  // what it gave too much stays given
+  Server().SpeechInit(":1.8");
+  Server().SpeechInit(":1.8");
+  ASSERT_NE(p.Service()->gMSAgent(), nullptr);
+  Server().SpeechTerminate(":1.8");
+  EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
+}
+
+TEST_F(Automation, FailureOfTheServiceIsTheCallersAndNoBoxOfTheUsers) {
+  p.Start();
+  EXPECT_EQ(NumberOf([&] { Server().KeyBoardEcho(true); }), kErrObjectNotSet);
+  for (int i = 0; i < 32768; ++i) Server().SpeechTerminate(":1.7");
+  EXPECT_EQ(NumberOf([&] { Server().SpeechTerminate(":1.7"); }), kErrOverflow);
+  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
 }
 
 TEST_F(Automation, KeyboardEchoIsSwitchedAndTold) {

@@ -177,9 +177,9 @@ void BusAutomation::CallService(const BusCall& call) {
   const std::string method = call.Method();
   AutomationServer& server = Server();
   if (method == "SpeechInit") {
-    server.SpeechInit();
+    server.SpeechInit(call.Caller());
   } else if (method == "SpeechTerminate") {
-    server.SpeechTerminate();
+    server.SpeechTerminate(call.Caller());
   } else if (method == "KeyBoardEcho") {
     server.KeyBoardEcho(call.Flag(0));
   } else {
@@ -212,6 +212,7 @@ void BusAutomation::CallerLeft(const std::string& caller) {
     if (object.owner == caller) left.push_back(path);
   }
   for (const auto& path : left) Release(path);
+  if (server_ != nullptr) server_->CallerLeft(caller);
 }
 
 }  // namespace corvane::desktop

@@ -156,6 +156,20 @@ TEST_F(BusAutomationTest, ServiceIsReached) {
   EXPECT_THAT(server.calls, ElementsAre("init", "service says hello!", "echo off", "terminate"));
 }
 
+TEST_F(BusAutomationTest, ClaimsOnSpeechBelongToTheirCallerWhoseLeavingIsTold) {
+  Publish();
+  Client other(bus.Address());
+  client.Call(kServicePath, kServiceInterface, "SpeechInit");
+  other.Call(kServicePath, kServiceInterface, "SpeechInit");
+  other.Call(kServicePath, kServiceInterface, "SpeechTerminate");
+  const std::string name = g_dbus_connection_get_unique_name(other.Bus());
+  const std::string stays = g_dbus_connection_get_unique_name(client.Bus());
+  EXPECT_THAT(server.callers, ElementsAre(stays, name, name));
+  other.Leave();
+  RunUntil([&] { return !server.gone.empty(); });
+  EXPECT_THAT(server.gone, ElementsAre(name));
+}
+
 TEST_F(BusAutomationTest, EchoIsTold) {
   Publish();
   std::vector<bool> told;
@@ -227,6 +241,9 @@ TEST_F(BusAutomationTest, WithoutABusNobodyCallsAndNothingFails) {
   alone.Publish(server);
   alone.TellKeyboardEcho(true);
   alone.Withdraw();
+  EXPECT_THAT(server.calls, IsEmpty());
+  EXPECT_EQ(server.objects, 0);
+  EXPECT_THAT(client.Create().error, HasSubstr("org.freedesktop.DBus.Error.ServiceUnknown"));
 }
 
 }  // namespace

@@ -16,8 +16,15 @@ class RecordingServer : public AutomationServer {
     return std::make_unique<Object>(*this);
   }
   void OpenWindow(const std::string& address) override { calls.push_back("open " + address); }
-  void SpeechInit() override { calls.push_back("init"); }
-  void SpeechTerminate() override { calls.push_back("terminate"); }
+  void SpeechInit(const std::string& caller) override {
+    calls.push_back("init");
+    callers.push_back(caller);
+  }
+  void SpeechTerminate(const std::string& caller) override {
+    calls.push_back("terminate");
+    callers.push_back(caller);
+  }
+  void CallerLeft(const std::string& caller) override { gone.push_back(caller); }
   void KeyBoardEcho(bool enable) override {
     calls.push_back(enable ? "echo on" : "echo off");
     if (echo_fails) throw RunTimeError(91, "test", "no speech");
@@ -27,6 +34,8 @@ class RecordingServer : public AutomationServer {
   }
 
   std::vector<std::string> calls;
+  std::vector<std::string> callers;  ///< who claimed speech or gave it back
+  std::vector<std::string> gone;     ///< callers that have left
   int objects = 0;
   bool echo_fails = false;
 
