@@ -22,7 +22,6 @@ enum KeyCodes : int {
   kKeyShift = 16,
   kKeyControl = 17,
   kKeyEscape = 27,
-  kKeyEnd = 35,
   kKeyHome = 36,
   kKeyLeft = 37,
   kKeyUp = 38,

@@ -104,12 +104,16 @@ class Desktop {
   /// Twips that one pixel measures.
   virtual float TwipsPerPixel() const = 0;
   virtual std::uint32_t SysColor(SystemColor index) const = 0;
+  /// What the desktop is called, as in "For Linux".
+  virtual std::string Name() const = 0;
   /// Whether an automation client, not a person, started the process.
   virtual bool StartedByAutomation() const = 0;
 
   /// Something about the desktop that the user should see once, in a sentence:
   /// that there is no sound device, say. Raised from the event loop.
   Event<const std::string&> Notice;
+  /// The user's session ends: every window must close now, without a question.
+  Event<> Ending;
 };
 
 }  // namespace corvane

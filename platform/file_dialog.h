@@ -21,7 +21,6 @@ enum FileDialogFlags : std::uint32_t {
   kAllowMultiSelect = 0x200,
   kPathMustExist = 0x800,
   kFileMustExist = 0x1000,
-  kCreatePrompt = 0x2000,
   kExplorerStyle = 0x80000,
   kLongNames = 0x200000,
 };

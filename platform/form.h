@@ -35,6 +35,8 @@ class Form {
   virtual float Height() const = 0;
   virtual void SetHeight(float twips) = 0;
   virtual WindowState State() const = 0;
+  /// Takes all of the screen that there is for windows. Before it is shown.
+  virtual void FillScreen() = 0;
 
   virtual void SetMenu(Menu& menu) = 0;
   /// The frame that fills the window below the menu.

@@ -41,6 +41,8 @@ namespace {
 
 constexpr const char* kApplication = "Corvane";
 constexpr const char* kSection = "Settings";
+// What other readers call a message; this program does not say it.
+constexpr const char* kMessageTitle = "Corvane message";
 
 constexpr const char* kHistory = "History";
 
@@ -60,7 +62,7 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
   root.text = [] { return std::string(kApplication); };
   windows_.Add(std::move(root));
   message_box_ = std::make_unique<MessageBoxQueue>(
-      windows_, kApplication, [this](const std::string& text, bool /*urgent*/) { Speak(text); });
+      windows_, kMessageTitle, [this](const std::string& text, bool /*urgent*/) { Speak(text); });
   // Before the first setting is read: a file that cannot be read is told once.
   connections_ += settings_.Problem.Connect([this](const std::string& text) {
     PostToLoop([this, text] { message_box_->Show(text, MessageBox::Icon::Exclamation); });
@@ -245,6 +247,14 @@ float LinuxDesktop::TwipsPerPixel() const { return kTwipsPerPixel; }
 std::uint32_t LinuxDesktop::SysColor(SystemColor index) const { return ThemeColor(index); }
 
 bool LinuxDesktop::StartedByAutomation() const { return started_by_ == StartedBy::Automation; }
+
+// Boxes and dialogs may still be open; what the windows put off till later comes first.
+void LinuxDesktop::End() {
+  Ending.Raise();
+  PostWhenNothingIsUnderWay([] {
+    if (gtk_main_level() > 0) gtk_main_quit();
+  });
+}
 
 void LinuxDesktop::QuitWhenNothingIsLeft() {
   if (running_ && windows_.TopLevelCount() <= 1 && !message_box_->AnyOpen()) gtk_main_quit();

@@ -17,6 +17,7 @@
 #include "platform/linux/gtk/hooks/event_hooks.h"
 #include "platform/linux/gtk/window_table.h"
 #include "platform/linux/page_alerts.h"
+#include "platform/linux/session_end.h"
 #include "platform/linux/speech/speech_output.h"
 #include "platform/linux/stall_meter.h"
 #include "platform/linux/store/engine_registry.h"
@@ -78,6 +79,7 @@ class LinuxDesktop : public Desktop {
   void Later(std::function<void()> action) override;
   float TwipsPerPixel() const override;
   std::uint32_t SysColor(SystemColor index) const override;
+  std::string Name() const override { return "Linux"; }
   bool StartedByAutomation() const override;
 
   /// Runs the event loop until no window and no message box is left.
@@ -95,6 +97,7 @@ class LinuxDesktop : public Desktop {
   std::string OwnSetting(const std::string& key, const std::string& fallback) const;
   bool SpeechIsWanted() const;
   void Speak(const std::string& text);
+  void End();
   void QuitWhenNothingIsLeft();
   void TellNotices();
 
@@ -120,6 +123,7 @@ class LinuxDesktop : public Desktop {
   bool running_ = false;
   std::vector<std::string> notices_;  // not told yet
   StallMeter stall_meter_;
+  SessionEnd session_end_{[this] { End(); }};
   Connections connections_;
 };
 

@@ -94,6 +94,7 @@ class FakeForm : public Form {
   float Height() const override { return height; }
   void SetHeight(float twips) override { height = twips; }
   WindowState State() const override { return state; }
+  void FillScreen() override { fills_screen = true; }
   void SetMenu(Menu&) override {}
   void SetContent(ElasticFrame&) override {}
   void SetStatusBar(StatusBar&) override {}
@@ -114,6 +115,7 @@ class FakeForm : public Form {
   const std::string name;
   float left = 0, top = 0, width = 0, height = 0;
   WindowState state = WindowState::Normal;
+  bool fills_screen = false;
   bool visible = false;
   bool modal = false;
   Form* owner = nullptr;
@@ -228,6 +230,7 @@ class FakeDesktop : public Desktop {
   }
   float TwipsPerPixel() const override { return 15; }
   std::uint32_t SysColor(SystemColor index) const override { return 0x100U + index; }
+  std::string Name() const override { return "Testing"; }
   bool StartedByAutomation() const override { return by_automation; }
 
   /// The living control or form of that name; the newest where there are several.

@@ -4,7 +4,10 @@
 #include <gtkmm/menushell.h>
 #include <gtkmm/window.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <set>
 #include <utility>
 
@@ -38,7 +41,11 @@ bool IsModifier(int code) {
 
 }  // namespace
 
-int PixelsOf(float twips) { return static_cast<int>(std::lround(twips / kTwipsPerPixel)); }
+// A display counts its pixels in sixteen bits; sums of two stay far from overflow.
+int PixelsOf(float twips) {
+  constexpr float kMost = std::numeric_limits<std::int16_t>::max();
+  return static_cast<int>(std::lround(std::clamp(twips / kTwipsPerPixel, -kMost, kMost)));
+}
 
 WidgetHolder& HolderOf(Control& control) {
   auto* holder = dynamic_cast<WidgetHolder*>(&control);

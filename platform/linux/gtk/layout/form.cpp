@@ -124,6 +124,20 @@ Form::WindowState FormWindow::State() const {
   return WindowState::Normal;
 }
 
+// The window manager knows what its frame needs. Where there is none, there is no
+// frame either.
+void FormWindow::FillScreen() {
+  const auto display = window_.get_display();
+  const auto monitor = display->get_primary_monitor();
+  Gdk::Rectangle area;
+  (monitor ? monitor : display->get_monitor(0))->get_workarea(area);
+  SetLeft(static_cast<float>(area.get_x()) * kTwipsPerPixel);
+  SetTop(static_cast<float>(area.get_y()) * kTwipsPerPixel);
+  SetWidth(static_cast<float>(area.get_width()) * kTwipsPerPixel);
+  SetHeight(static_cast<float>(area.get_height()) * kTwipsPerPixel);
+  window_.maximize();
+}
+
 void FormWindow::Replace(ClipBox& slot, Gtk::Widget& widget) {
   while (!slot.Children().empty()) slot.remove(*slot.Children().back());
   if (auto* old = widget.get_parent()) old->remove(widget);

@@ -35,6 +35,7 @@ class FormWindow : public Form {
   float Height() const override;
   void SetHeight(float twips) override;
   WindowState State() const override;
+  void FillScreen() override;
   void SetMenu(Menu& menu) override;
   void SetContent(ElasticFrame& frame) override;
   void SetStatusBar(StatusBar& bar) override;

@@ -1,6 +1,8 @@
 #include "platform/linux/gtk/layout/form.h"
 
 #include <gdk/gdkkeysyms.h>
+#include <gdkmm/display.h>
+#include <gdkmm/monitor.h>
 
 #include "platform/linux/gtk/controls/status_bar.h"
 #include "platform/linux/gtk/controls/text_box.h"
@@ -98,6 +100,39 @@ TEST_F(FormTest, APlaceOffTheScreenIsBroughtBack) {
     EXPECT_LE(form.Top() + form.Height(), 900 * kTwipsPerPixel);
     EXPECT_EQ(form.Width(), 6000);
   }
+}
+
+TEST_F(FormTest, AFormThatFillsTheScreenLeavesRoomForItsTitleBar) {
+  Gdk::Rectangle area;
+  Gdk::Display::get_default()->get_monitor(0)->get_workarea(area);
+  FormWindow form("frmCorvane", windows_);
+  form.FillScreen();
+  ShowActive(form);
+  WaitFor("all of the screen", [&] {
+    Gdk::Rectangle frame;
+    form.window().get_window()->get_frame_extents(frame);
+    return frame.get_x() == area.get_x() && frame.get_y() == area.get_y() &&
+           frame.get_width() == area.get_width() && frame.get_height() == area.get_height();
+  });
+  EXPECT_EQ(form.Left(), static_cast<float>(area.get_x()) * kTwipsPerPixel);
+  EXPECT_LE(form.Height(), static_cast<float>(area.get_height()) * kTwipsPerPixel);
+
+  // What a window keeps of it is the same place for the next one.
+  FormWindow next("frmCorvane", windows_);
+  Place(next, form.Left(), form.Top(), form.Width(), form.Height());
+  ShowActive(next);
+  ExpectPlace(next, form.Left(), form.Top(), form.Width(), form.Height());
+}
+
+TEST_F(FormTest, PlacesBeyondAllScreensAreBroughtBack) {
+  FormWindow form("frmCorvane", windows_);
+  Place(form, 1e30F, -1e30F, 1e30F, 1e30F);
+  ShowActive(form);
+  Gdk::Rectangle area;
+  Gdk::Display::get_default()->get_monitor(0)->get_workarea(area);
+  EXPECT_LE(form.Width(), static_cast<float>(area.get_width()) * kTwipsPerPixel);
+  EXPECT_GE(form.Left(), static_cast<float>(area.get_x()) * kTwipsPerPixel);
+  EXPECT_GE(form.Top(), static_cast<float>(area.get_y()) * kTwipsPerPixel);
 }
 
 TEST_F(FormTest, AWindowLargerThanTheScreenIsMadeToFit) {
