@@ -6,23 +6,40 @@
 
 namespace corvane {
 
-MainMenu::MainMenu(Desktop& desktop) : bar_(desktop.CreateMenu()) {
-  for (const char* title : {"&File", "&Edit", "&Go", "Settin&gs", "&View", "Spee&ch", "Help"}) {
+namespace {
+
+/// Captions that part with the manner.
+struct Captions {
+  const char* settings;
+  const char* help;
+  const char* engine_options;
+  const char* engine_home;
+};
+constexpr Captions kEstablished = {"Settin&gs", "Help", "&IE Settings", "Use Explorer's"};
+// Every title has a letter of its own, and nothing is named after another program.
+constexpr Captions kToday = {"&Settings", "&Help", "&Web Options", "Use Start Page of Web Options"};
+
+}  // namespace
+
+MainMenu::MainMenu(Desktop& desktop, const Manner& manner) : bar_(desktop.CreateMenu()) {
+  const Captions& captions = manner.today ? kToday : kEstablished;
+  for (const char* title :
+       {"&File", "&Edit", "&Go", captions.settings, "&View", "Spee&ch", captions.help}) {
     mnuFile.Append(bar_->Add(title));
   }
   mnuFileItem.AppendAll(mnuFile(0), {"&New Window", "&Open Web Site", "Open &File", "&Save as", "-",
                                      "&Print", "-", "E&xit"});
   mnuEdit.AppendAll(mnuFile(1), {"Cu&t", "&Copy", "&Paste", "-", "Select &All"});
   mnuGo.AppendAll(mnuFile(2), {"&Back", "&Forward", "S&top", "&Refresh", "&Home", "S&earch"});
-  mnuSettings.AppendAll(mnuFile(3), {"&IE Settings", "-", "Side&Bar", "&Text History", "&Home",
-                                     "Auto&Focus", "-", "Enable &Status Change Feedback"});
+  mnuSettings.AppendAll(mnuFile(3), {captions.engine_options, "-", "Side&Bar", "&Text History",
+                                     "&Home", "Auto&Focus", "-", "Enable &Status Change Feedback"});
   mnuSideBarContent.AppendAll(
       mnuSettings(kSettingsSideBar),
       {"None", "-", "Favorites", "History", "Page Structure", "Accessibility Browser"});
   mnuTextHistory.AppendAll(mnuSettings(kSettingsTextHistory),
                            {"Clear with New Page", "Never Clear"});
   mnuHome.AppendAll(mnuSettings(kSettingsHome),
-                    {"None", "-", "Use Explorer's", "Use Corvane's", "Last one Opened"});
+                    {"None", "-", captions.engine_home, "Use Corvane's", "Last one Opened"});
   mnuFocus.AppendAll(mnuSettings(kSettingsFocus),
                      {"None", "-", "Links", "SideBar", "WebBrowser", "Text Box"});
   mnuView.AppendAll(mnuFile(4), {"&Toolbar", "&Statusbar"});

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "base/manner.h"
 #include "controls/MenuArray.h"
 #include "platform/desktop.h"
 
@@ -16,7 +17,7 @@ enum FileItem : int {
   kFilePrint = 5,
   kFileExit = 7
 };
-enum GoItem : int { kGoBack, kGoForward, kGoStop, kGoRefresh, kGoHome, kGoSearch };
+enum GoItem : int { kGoBack, kGoForward, kGoRefresh = 3 };
 enum ViewItem : int { kViewToolbar, kViewStatusbar };
 enum HelpItem : int { kHelpContents, kHelpAbout };
 enum SettingsItem : int {
@@ -30,10 +31,11 @@ enum SettingsItem : int {
 enum SpeechItem : int { kSpeechEnable = 0, kSpeechKeyEcho = 1, kSpeechRate = 3, kSpeechPitch = 4 };
 
 /// The menu bar of a browser window: its arrays with their captions, in the
-/// order in which the items count and are numbered. No behaviour.
+/// order in which the items count and are numbered. No behaviour. The manner in
+/// force when it is made decides the captions, never their places.
 class MainMenu {
  public:
-  explicit MainMenu(Desktop& desktop);
+  MainMenu(Desktop& desktop, const Manner& manner);
 
   Menu& Bar() { return *bar_; }
 

@@ -6,8 +6,8 @@
 #include "speech/MainApp.h"
 
 namespace corvane {
-MenuCommands::MenuCommands(MainMenu& menu, ctlWebBrowser& pane, Host& host)
-    : menu_(menu), pane_(pane), host_(host) {
+MenuCommands::MenuCommands(MainMenu& menu, ctlWebBrowser& pane, const Manner& manner, Host& host)
+    : menu_(menu), pane_(pane), manner_(manner), host_(host) {
   const auto connect = [this](MenuArray& array, void (MenuCommands::*handler)(int)) {
     connections_ += array.Click.Connect([this, &array, handler](int index) {
       if (array(index).Enabled()) (this->*handler)(index);
@@ -106,8 +106,13 @@ void MenuCommands::mnuSettings_Click(int index) {
   if (index == kSettingsEngine) {
     ErrorsIgnored([&] { pane_.cmdAction(ctlWebBrowser::kEngineOptions); });
   } else if (index == kSettingsStatusFeedback) {
-    ErrorsIgnored([&] { Toggle(menu_.mnuSettings(kSettingsStatusFeedback), "StatusChange"); },
-                  [&] { pane_.cmdAction(ctlWebBrowser::kStatusFeedback); });
+    MenuItem& item = menu_.mnuSettings(kSettingsStatusFeedback);
+    ErrorsIgnored([&] { Toggle(item, "StatusChange"); },
+                  [&] {
+                    // The command only ever switches it on.
+                    if (!manner_.today) return pane_.cmdAction(ctlWebBrowser::kStatusFeedback);
+                    pane_.SetStatusFeedback(item.Checked());
+                  });
   }
 }
 

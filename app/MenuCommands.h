@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/MainMenu.h"
+#include "base/manner.h"
 #include "browser/ctlWebBrowser.h"
 
 namespace corvane {
@@ -36,7 +37,8 @@ class MenuCommands {
     virtual std::string HelpFile() = 0;
   };
 
-  MenuCommands(MainMenu& menu, ctlWebBrowser& pane, Host& host);
+  /// All must outlive this object.
+  MenuCommands(MainMenu& menu, ctlWebBrowser& pane, const Manner& manner, Host& host);
 
   void mnuFileItem_Click(int index);
   void mnuEdit_Click(int index);
@@ -60,6 +62,7 @@ class MenuCommands {
 
   MainMenu& menu_;
   ctlWebBrowser& pane_;
+  const Manner& manner_;
   Host& host_;
   Connections connections_;
 };

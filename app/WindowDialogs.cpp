@@ -36,7 +36,8 @@ std::vector<std::string> ChosenPaths(dwFileOpenSave& dialog, char separator) {
 
 }  // namespace
 
-WindowDialogs::WindowDialogs(Desktop& desktop, Form& owner) : desktop_(desktop), owner_(owner) {}
+WindowDialogs::WindowDialogs(Desktop& desktop, const Manner& manner, Form& owner)
+    : desktop_(desktop), manner_(manner), owner_(owner) {}
 
 WindowDialogs::~WindowDialogs() = default;
 
@@ -83,7 +84,7 @@ void WindowDialogs::ChooseFiles(const FileRequest& request) {
 
 void WindowDialogs::ShowAbout(std::shared_ptr<MainApp> service) {
   if (about_) return;
-  about_ = std::make_unique<frmAbout>(desktop_);
+  about_ = std::make_unique<frmAbout>(desktop_, manner_);
   about_->CallBackInit(std::move(service));
   about_->unloaded = [this] { about_.reset(); };
   about_->ShowModal(owner_);

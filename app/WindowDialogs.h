@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "base/manner.h"
 #include "platform/desktop.h"
 #include "platform/file_request.h"
 
@@ -16,7 +17,8 @@ class MainApp;
 /// The dialogs that a browser window opens over itself. They go with the window.
 class WindowDialogs {
  public:
-  WindowDialogs(Desktop& desktop, Form& owner);
+  /// All must outlive the dialogs.
+  WindowDialogs(Desktop& desktop, const Manner& manner, Form& owner);
   ~WindowDialogs();
 
   /// Lets the user choose a page's file; `chosen` gets its path, and nothing is
@@ -31,6 +33,7 @@ class WindowDialogs {
 
  private:
   Desktop& desktop_;
+  const Manner& manner_;
   Form& owner_;
   std::unique_ptr<dwFileOpenSave> NewFileDialog() const;
 

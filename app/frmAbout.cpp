@@ -23,9 +23,20 @@ constexpr std::array kFieldNames = {"Product", "Description", "Version", "Rights
 constexpr float kWidth = 8400;  // twips
 constexpr float kHeight = 3600;
 
+// No point stands between minor version and revision.
+std::string EstablishedPlatform() {
+  return kPlatform + std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) +
+         std::to_string(kVersionRevision);
+}
+
+std::string TodaysPlatform(const Desktop& desktop) {
+  return "For " + desktop.Name() + ", version " + std::to_string(kVersionMajor) + "." +
+         std::to_string(kVersionMinor) + "." + std::to_string(kVersionRevision);
+}
+
 }  // namespace
 
-frmAbout::frmAbout(Desktop& desktop)
+frmAbout::frmAbout(Desktop& desktop, const Manner& manner)
     : desktop_(desktop),
       ELAMain_(desktop.CreateElasticFrame("ELAAbout")),
       ELATop_(desktop.CreateElasticFrame("ELATop")),
@@ -45,12 +56,12 @@ frmAbout::frmAbout(Desktop& desktop)
   connections_ += OK_->GotFocus.Connect([this] { OK_GotFocus(); });
   connections_ += OK_->Click.Connect([this] { OK_Click(); });
   connections_ += form_->Unload.Connect([this] { Form_Unload(); });
-  Form_Load();
+  Form_Load(manner);
 }
 
 frmAbout::~frmAbout() = default;
 
-void frmAbout::Form_Load() {
+void frmAbout::Form_Load(const Manner& manner) {
   form_->SetCaption(kCaption);
   form_->SetWidth(kWidth);
   form_->SetHeight(kHeight);
@@ -65,11 +76,9 @@ void frmAbout::Form_Load() {
   ELATop_->Add(*ELATexts_);
   ELAMain_->Add(*ELATop_);
   ELAMain_->Add(*Line1_);
-  // No point stands between minor version and revision.
-  const std::string version = std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) +
-                              std::to_string(kVersionRevision);
-  const std::array<std::string, kFields> texts = {kProduct, kSeries, kPlatform + version, kRights,
-                                                  kContact};
+  const std::array<std::string, kFields> texts = {
+      kProduct, kSeries, manner.today ? TodaysPlatform(desktop_) : EstablishedPlatform(), kRights,
+      kContact};
   for (std::size_t i = 0; i < kFields; ++i) {
     Text_[i]->SetText(texts[i]);
     Text_[i]->SetAccessibleName(kFieldNames.at(i));

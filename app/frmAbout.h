@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "base/manner.h"
 #include "platform/desktop.h"
 
 namespace corvane {
@@ -15,7 +16,7 @@ class MainApp;
 /// heard as long as any window has speech on.
 class frmAbout {
  public:
-  explicit frmAbout(Desktop& desktop);
+  explicit frmAbout(Desktop& desktop, const Manner& manner = kEstablishedManner);
   ~frmAbout();
   frmAbout(const frmAbout&) = delete;
   frmAbout& operator=(const frmAbout&) = delete;
@@ -30,7 +31,7 @@ class frmAbout {
  private:
   static constexpr std::size_t kFields = 5;
 
-  void Form_Load();
+  void Form_Load(const Manner& manner);
   void Form_Unload();
   void Text_GotFocus(std::size_t index);
   void OK_GotFocus();

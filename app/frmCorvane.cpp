@@ -22,10 +22,10 @@ frmCorvane::Parts::Parts(Desktop& desktop, const Manner& manner, MenuCommands::H
     : form(desktop.CreateForm("frmCorvane")),
       ELAMain(desktop.CreateElasticFrame("ELAMain")),
       sbStatusBar(desktop.CreateStatusBar("sbStatusBar")),
-      menu(desktop),
+      menu(desktop, manner),
       ctlWebBrowser1(desktop, manner),
-      commands(menu, ctlWebBrowser1, host),
-      dialogs(desktop, *form),
+      commands(menu, ctlWebBrowser1, manner, host),
+      dialogs(desktop, manner, *form),
       keys(*form, commands, ctlWebBrowser1) {
   form->SetCaption(kApplicationTitle);
   form->SetMenu(menu.Bar());

@@ -298,6 +298,11 @@ void Navigation::brwWebBrowser_StatusTextChange(const std::string& text) {
                 });
 }
 
+void Navigation::SetStatusFeedback(bool on) {
+  ErrorsIgnored([&] { pane_.menu.mnuOptions(kOptionStatusFeedback).SetChecked(on); },
+                [&] { pane_.state.blnStatusFeedback = on; });
+}
+
 void Navigation::mnuOptions_Click(int index) {
   if (index != kOptionStatusFeedback) return;
   MenuArray& options = pane_.menu.mnuOptions;

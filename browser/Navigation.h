@@ -18,6 +18,8 @@ class Navigation {
   /// window was opened with, if it was.
   void StartPage();
   /// Numbers are the host's commands; an unknown one does nothing.
+  /// Whether status texts are spoken.
+  void SetStatusFeedback(bool on);
   void cmdAction(int action);
   /// Clipboard editing on the text pane: 0 cut, 1 copy, 2 paste, 4 select all.
   void Edit(int action);

@@ -1,6 +1,7 @@
 #include "browser/PaneLayout.h"
 
 #include "base/number.h"
+#include "base/text.h"
 
 namespace corvane {
 namespace {
@@ -47,7 +48,11 @@ void PaneLayout::PopulateButtons() {
   ErrorsShown(pane_.desktop.GetMessageBox(), "PopulateButtons Error: ", [&] {
     for (int index = 0; index < kToolbarButtons; ++index) {
       pane_.desktop.DoEvents();
-      pane_.controls.Toolbar(index).SetPicture(index + 1);  // pictures count from 1
+      CommandButton& button = pane_.controls.Toolbar(index);
+      button.SetPicture(index + 1);  // pictures count from 1
+      // Alt with a letter opens menus. A letter that is no menu's must not make the
+      // user leave the page by a slip.
+      if (pane_.manner.today) button.SetCaption(text::replace_all(button.Caption(), "&", ""));
     }
   });
 }

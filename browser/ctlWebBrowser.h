@@ -63,6 +63,8 @@ class ctlWebBrowser {
   /// Shows what has come from the network.
   void ShowDownloads() { pane_.desktop.ShowDownloads(); }
   void cmdAction(int action) { navigation_.cmdAction(action); }
+  /// Whether status texts are spoken.
+  void SetStatusFeedback(bool on) { navigation_.SetStatusFeedback(on); }
   void Edit(int action) { navigation_.Edit(action); }
   void cmdToolbar_Click(int index) { navigation_.cmdToolbar_Click(index); }
   /// Goes round the pane's areas.

@@ -2,7 +2,7 @@
 import pathlib
 import time
 
-from harness import Atspi, EndToEndTest, wait_until
+from harness import ESTABLISHED, Atspi, EndToEndTest, wait_until
 
 BAR = ("File", "Edit", "Go", "Settings", "View", "Speech", "Help")
 QUIET = {"Corvane": {"Speech": "True"}, "pnlBrowser": {"Focus": "5", "Home": "3", "SideBar": "2"}}
@@ -44,10 +44,16 @@ class Menus(EndToEndTest):
         corvane = self.start()
         self.menu("File", 0)
         self.wait_for_window("Corvane", 2)
+        self.menu("Speech", 0)  # off in the second
+        wait_until(lambda: "Speech=False" in corvane.settings("Corvane"), "speech off")
+        corvane.transcript.mark()
+        corvane.keys("ctrl+l", "F6")
+        time.sleep(0.5)
+        self.assertEqual(corvane.transcript.spoken(), [])
         corvane.keys("alt+F4")
         self.wait_for_window("Corvane", 1)
         corvane.transcript.mark()
-        self.page()
+        self.page()  # heard: the first has its own speech
         corvane.keys("ctrl+n")
         self.wait_for_window("Corvane", 2)
         self.menu("File", 5)  # Exit
@@ -213,8 +219,27 @@ class Menus(EndToEndTest):
         wait_until(lambda: corvane.text_of("Text").strip() == before.strip(), "the text again")
 
     # Go -----------------------------------------------------------------------
-    def test_alt_g_opens_go_every_time_and_settings_when_pressed_again(self):
+    def test_every_menu_has_a_letter_and_no_letter_leaves_the_page(self):
         corvane = self.start()
+        self.page()
+        for letter, words in (("f", ["File", "New Window"]), ("e", ["Edit", "Cut"]), ("g", ["Go", "Back"]),
+                              ("s", ["Settings", "Web Options"]), ("v", ["View", "Toolbar checked"]),
+                              ("c", ["Speech", "Enable Speech checked"]), ("h", ["Help", "Contents"])):
+            corvane.transcript.mark()
+            corvane.keys("alt+" + letter)
+            self.said(*words)
+            corvane.keys("Escape")
+        corvane.keys("ctrl+l")
+        for letter in "bwtrhp":
+            corvane.keys("alt+" + letter, "Escape", "Escape")
+        corvane.transcript.mark()
+        corvane.keys("ctrl+l", "F6", "shift+F6")
+        self.said(self.base + "/start.html Address Box")
+        self.assertNotIn("Working...", corvane.transcript.spoken())
+        self.assertEqual(corvane.window_names(), ["Corvane"])
+
+    def test_alt_g_opens_go_every_time_and_settings_when_pressed_again(self):
+        corvane = self.start(settings={**QUIET, **ESTABLISHED})
         for _ in range(3):
             corvane.transcript.mark()
             corvane.keys("alt+g")
@@ -287,7 +312,7 @@ class Menus(EndToEndTest):
         corvane.keys("Return")
         self.wait_for_window("Web options", 0)
         wait_until(lambda: "Zoom=110" in corvane.settings("Corvane"), "the stored zoom")
-        # The start page of these options is what "Use Explorer's" goes to.
+        # "Use Start Page of Web Options" goes there.
         self.open_menu("Settings")
         corvane.keys("h", "Down", "Return")
         wait_until(lambda: "Home=2" in corvane.settings("pnlBrowser"), "the stored choice")
@@ -352,8 +377,13 @@ class Menus(EndToEndTest):
         wait_until(bars, "the status bar again")
 
     # Speech -------------------------------------------------------------------
-    def test_speech_is_switched_off_and_on(self):
-        corvane = self.start()
+    def heard_address(self):
+        self.corvane.keys("F6", "ctrl+l")
+        time.sleep(0.5)
+        return any(text.endswith("Address Box") for text in self.corvane.transcript.spoken())
+
+    def test_speech_is_switched_off_and_on_and_sounds_as_before(self):
+        corvane = self.start(settings={**QUIET, "Corvane": {"Speech": "True", "Rate": "4", "Pitch": "0"}})
         self.menu("Speech", 0)
         wait_until(lambda: "Speech=False" in corvane.settings("Corvane"), "speech off")
         corvane.transcript.mark()
@@ -362,6 +392,10 @@ class Menus(EndToEndTest):
         self.assertEqual(corvane.transcript.spoken(), [])
         self.menu("Speech", 0)
         self.said("Hello, welcome to Corvane 2000")
+        corvane.transcript.mark()
+        wait_until(lambda: self.heard_address(), "speech that is ready")
+        spoken = [e for e in corvane.transcript.events() if e["event"] == "speak"]
+        self.assertEqual((spoken[-1]["speed"], spoken[-1]["pitch"]), (250, 50))
         self.menu("Speech", 1)
         wait_until(lambda: "KeyEcho=True" in corvane.settings("Corvane"), "the echo")
 

@@ -67,6 +67,21 @@ TEST_F(AboutBox, ThirdLineEndsInTheVersionWithoutASecondPoint) {
   for (int number : {2, 4, 5}) EXPECT_FALSE(Text(number).text.empty()) << number;
 }
 
+TEST_F(AboutBox, VersionIsThatOfTheProject) {
+  EXPECT_EQ(std::to_string(kVersionMajor) + "." + std::to_string(kVersionMinor) + "." +
+                std::to_string(kVersionRevision),
+            CORVANE_PROJECT_VERSION);
+}
+
+TEST_F(AboutBox, ThirdLineNamesTheDesktopOfToday) {
+  p.desktop.settings.Main("Manner") = "1";
+  p.Start();
+  Open();
+  EXPECT_EQ(Text(3).text, "For Testing, version " + std::to_string(kVersionMajor) + "." +
+                              std::to_string(kVersionMinor) + "." +
+                              std::to_string(kVersionRevision));
+}
+
 TEST_F(AboutBox, OkReadsTheWholeBoxOnceThenOnlyItself) {
   p.StartTalking();
   p.Spoken();

@@ -1,4 +1,7 @@
+#include <set>
+
 #include "platform/file_dialog.h"
+#include "speech/MenuWords.h"
 #include "tests/unit/program.h"
 
 namespace corvane::tests {
@@ -38,6 +41,54 @@ TEST(MainMenu, CaptionsStandAsTheyAre) {
   EXPECT_THAT(captions(m.mnuRate), ElementsAre("Very Slow", "Slow", "Normal", "Fast", "Very Fast"));
   EXPECT_THAT(captions(m.mnuPitch), ElementsAre("Very Low", "Low", "Normal", "High", "Very High"));
   EXPECT_THAT(captions(m.mnuHelp), ElementsAre("&Contents", "&About"));
+}
+
+TEST(MainMenu, SpeaksOfNoOtherProgramToday) {
+  Program p;
+  p.desktop.settings.Main("Manner") = "1";
+  p.Start();
+  const MainMenu& m = p.Inside().menu;
+  EXPECT_THAT(captions(m.mnuFile),
+              ElementsAre("&File", "&Edit", "&Go", "&Settings", "&View", "Spee&ch", "&Help"));
+  EXPECT_THAT(captions(m.mnuSettings),
+              ElementsAre("&Web Options", "-", "Side&Bar", "&Text History", "&Home", "Auto&Focus",
+                          "-", "Enable &Status Change Feedback"));
+  EXPECT_THAT(captions(m.mnuHome), ElementsAre("None", "-", "Use Start Page of Web Options",
+                                               "Use Corvane's", "Last one Opened"));
+  EXPECT_EQ(m.mnuRate(0).Id(), kRateIds.first) << "the numbers stay";
+}
+
+TEST(MainMenu, EveryAccessKeyOfTodayIsTheOnlyOneInItsMenu) {
+  Program p;
+  p.desktop.settings.Main("Manner") = "1";
+  p.Start();
+  const MainMenu& m = p.Inside().menu;
+  for (const MenuArray* menu : {&m.mnuFile, &m.mnuFileItem, &m.mnuEdit, &m.mnuGo, &m.mnuSettings,
+                                &m.mnuView, &m.mnuSpeech, &m.mnuHelp}) {
+    std::set<std::string> keys;
+    for (const std::string& caption : captions(*menu)) {
+      const auto mark = caption.find('&');
+      if (mark == std::string::npos) continue;
+      EXPECT_TRUE(keys.insert(text::lower(caption.substr(mark + 1, 1))).second) << caption;
+    }
+  }
+}
+
+TEST(Toolbar, HasAccessKeysInTheEstablishedManner) {
+  Program p;
+  p.Start();
+  EXPECT_EQ(p.desktop.Get<FakeCommandButton>("cmdToolbar4").caption, "&Home");
+}
+
+TEST(Toolbar, LeavesAltWithALetterToTheMenusToday) {
+  Program p;
+  p.desktop.settings.Main("Manner") = "1";
+  p.Start();
+  for (int i = 0; i < kToolbarButtons; ++i) {
+    const auto& button = p.desktop.Get<FakeCommandButton>("cmdToolbar" + std::to_string(i));
+    EXPECT_THAT(button.caption, ::testing::Not(::testing::HasSubstr("&")));
+    EXPECT_FALSE(button.caption.empty());
+  }
 }
 
 // Whether the array is what the item opens, in its order and no more.
@@ -80,6 +131,40 @@ TEST(MenuCommands, StatusFeedbackTogglesItsMarkButThePanesFlagStaysSet) {
   EXPECT_FALSE(item.Checked());
   EXPECT_EQ(p.desktop.settings.Main("StatusChange"), "False");
   EXPECT_TRUE(state.blnStatusFeedback);
+}
+
+TEST(MenuCommands, StatusFeedbackThatIsUncheckedTodayIsSilentFromThenOn) {
+  Program p;
+  p.desktop.settings.Main("Manner") = "1";
+  p.StartTalking();
+  MenuItem& item = p.Inside().menu.mnuSettings(7);
+  item.Click.Raise();
+  p.Browser().StatusTextChange.Raise("Loading one");
+  EXPECT_THAT(p.Spoken(), ElementsAre("Loading one"));
+  item.Click.Raise();
+  p.Browser().StatusTextChange.Raise("Loading two");
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  EXPECT_EQ(p.Status().PanelText(1), "Loading two");
+  item.Click.Raise();
+  p.Browser().StatusTextChange.Raise("Loading three");
+  EXPECT_THAT(p.Spoken(), ElementsAre("Loading three"));
+}
+
+TEST(MenuCommands, StatusFeedbackFollowsItsMarkAlsoWhenTheMannerHasChanged) {
+  Program p;
+  p.StartTalking();
+  MenuItem& item = p.Inside().menu.mnuSettings(7);
+  item.Click.Raise();
+  item.Click.Raise();  // unchecked, but still on
+  auto values = std::vector<std::string>();
+  for (const OwnOption& option : p.desktop.own_options.list()) values.push_back(option.value);
+  values[0] = p.desktop.own_options.list()[0].choices[1];
+  p.desktop.own_options.apply(values);
+  ASSERT_TRUE(p.process.Manner().today);
+  item.Click.Raise();
+  EXPECT_TRUE(p.Inside().ctlWebBrowser1.Inside().state.blnStatusFeedback);
+  item.Click.Raise();
+  EXPECT_FALSE(p.Inside().ctlWebBrowser1.Inside().state.blnStatusFeedback);
 }
 
 TEST(MenuCommands, ChoicesGoToThePaneToo) {
