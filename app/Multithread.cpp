@@ -18,7 +18,12 @@ constexpr int kErrStartedByAutomation = kObjectError + 1537;
 
 }  // namespace
 
-Multithread::Multithread(Desktop& desktop) : desktop_(desktop), manner_(desktop.GetSettings()) {}
+Multithread::Multithread(Desktop& desktop)
+    : desktop_(desktop),
+      manner_(desktop.GetSettings()),
+      stored_(desktop.GetSettings(), manner_.Current()) {
+  connections_ += desktop.Ending.Connect([this] { Desktop_Ending(); });
+}
 
 Multithread::~Multithread() {
   if (automation_) desktop_.GetAutomation().Withdraw();
@@ -44,7 +49,7 @@ void Multithread::StartApartment() {
   }
   process_window_ = std::make_unique<frmProcess>(desktop_);
   process_window_->SetCaption(marker);
-  manner_.Read();
+  for (const auto& key : manner_.Read()) stored_.Note(key);
   desktop_.OfferOptions(manner_.Options());
   // The service and its window hold each other; nobody else needs to.
   const auto service = MainApp::Create(
@@ -70,11 +75,9 @@ std::shared_ptr<frmCorvane> Multithread::CreateFirstWindow() {
   return window;
 }
 
-void Multithread::OpenWindow(const std::shared_ptr<MainApp>& service, const std::string& address) {
-  const auto window = CreateWindow();
-  window->StartWith(address);
-  window->SetMainApp(service);
-  window->Show();
+// The user has left: there is nobody to be asked.
+void Multithread::Desktop_Ending() {
+  for (const auto& window : std::vector(forms_)) window->Unload();
 }
 
 void Multithread::Loaded(std::shared_ptr<frmCorvane> window) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/MannerSettings.h"
+#include "app/StoredNumbers.h"
 #include "app/frmProcess.h"
 #include "platform/desktop.h"
 
@@ -35,12 +36,12 @@ class Multithread {
   void UnloadProcessWindow();
   /// A new browser window, hidden and without a service.
   std::shared_ptr<frmCorvane> CreateWindow();
-  /// Opens a further window that shares `service` and shows `address`; an empty
-  /// one means the start page.
-  void OpenWindow(const std::shared_ptr<MainApp>& service, const std::string& address);
 
   /// How the program behaves; the same object while the process lives.
   const corvane::Manner& Manner() const { return manner_.Current(); }
+
+  /// The numbers that the windows find in the settings store.
+  StoredNumbers& Stored() { return stored_; }
 
   /// Keeps a loaded window alive until it is unloaded.
   void Loaded(std::shared_ptr<frmCorvane> window);
@@ -49,16 +50,19 @@ class Multithread {
 
  private:
   void StartApartment();
+  void Desktop_Ending();
   std::shared_ptr<frmCorvane> CreateFirstWindow();
 
   Desktop& desktop_;
   MannerSettings manner_;
+  StoredNumbers stored_;
   WindowHandle hThreadWindow_ = 0;
   std::uint32_t lngProcessId_ = 0;
   std::unique_ptr<frmProcess> process_window_;
   std::unique_ptr<AutomationEntry> automation_;
   std::string first_address_;
   std::vector<std::shared_ptr<frmCorvane>> forms_;
+  Connections connections_;
 };
 
 }  // namespace corvane

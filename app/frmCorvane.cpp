@@ -1,5 +1,7 @@
 #include "app/frmCorvane.h"
 
+#include <exception>
+
 #include "app/Application.h"
 #include "app/Multithread.h"
 #include "base/handling.h"
@@ -14,7 +16,8 @@ constexpr const char* kHelpText = "cvhelp.txt";
 constexpr const char* kHelpMissing =
     "The help text cvhelp.txt was not found. Installing Corvane again brings it back.";
 constexpr const char* kTrue = "True";
-constexpr int kNoticePanel = 2;  // the first belongs to the pane
+constexpr int kNoticePanel = 2;       // the first belongs to the pane
+constexpr float kMostPixels = 32767;  // that a display can count
 
 }  // namespace
 
@@ -53,7 +56,7 @@ void frmCorvane::ISpeechWindow_Show() {
     if (!parts_) Load();
     parts_->form->Show();
     parts_->ctlWebBrowser1.Show();
-  } catch (...) {
+  } catch (const std::exception&) {
     // A window that nobody can see or hear must not keep the process alive.
     if (parts_) Form_Unload();
     throw;
@@ -67,7 +70,8 @@ MenuItem& frmCorvane::ISpeechWindow_EnableSpeechItem() {
 corvane::Form& frmCorvane::ISpeechWindow_Window() { return *Required(parts_).form; }
 
 void frmCorvane::ISpeechWindow_SpeechReady() {
-  ErrorsIgnored([&] { Required(parts_).ctlWebBrowser1.SayWhereYouAre(); });
+  ErrorsIgnored([&] { ReportSettings(); },
+                [&] { Required(parts_).ctlWebBrowser1.SayWhereYouAre(); });
 }
 
 void frmCorvane::Load() {
@@ -95,36 +99,68 @@ void frmCorvane::SaveSetting(const std::string& key, const std::string& value) {
   desktop_.GetSettings().SaveSetting(kApplicationTitle, kSettingsSection, key, value);
 }
 
-std::int16_t frmCorvane::PaneChoice(const std::string& key, const std::string& fallback) const {
-  return number::to_integer(
-      desktop_.GetSettings().GetSetting(kPaneApplication, kSettingsSection, key, fallback));
-}
-
 void frmCorvane::Form_Load() {
   ErrorsShown(desktop_.GetMessageBox(), "FormLoad Error: ", [&] {
-    corvane::Form& form = *parts_->form;
     parts_->ELAMain->SetLayout(ElasticFrame::Layout::Stack);
     parts_->ELAMain->SetAlign(ElasticFrame::Align::Fill);
-    form.SetLeft(number::to_single(Setting("MainLeft", "500")));
-    form.SetTop(number::to_single(Setting("MainTop", "350")));
-    form.SetWidth(number::to_single(Setting("MainWidth", "8500")));
-    form.SetHeight(number::to_single(Setting("MainHeight", "6500")));
+    Place();
     parts_->ctlWebBrowser1.SetStatusBar(parts_->sbStatusBar.get());
     parts_->ctlWebBrowser1.SetSpeechNotify(this);
     LoadSettings();
   });
+  // Else the character reports them when it can be heard.
+  const MSAgent* agent = service_ ? service_->gMSAgent() : nullptr;
+  if (agent == nullptr || agent->Ready()) ReportSettings();
+}
+
+// Places and sizes that no screen has would lose the window.
+void frmCorvane::Place() {
+  corvane::Form& form = *parts_->form;
+  if (FillsScreen()) return form.FillScreen();
+  StoredNumbers& stored = process_.Stored();
+  const float most = kMostPixels * desktop_.TwipsPerPixel();
+  form.SetLeft(stored.Twips("MainLeft", "500", {-most, most}));
+  form.SetTop(stored.Twips("MainTop", "350", {-most, most}));
+  form.SetWidth(stored.Twips("MainWidth", "8500", {1, most}));
+  form.SetHeight(stored.Twips("MainHeight", "6500", {1, most}));
+}
+
+// Pages made for today give a narrow window only a part of themselves.
+bool frmCorvane::FillsScreen() const {
+  const auto stored = [this](const char* key) { return !Setting(key, "").empty(); };
+  return process_.Manner().whole_screen && process_.Forms().size() == 1 && !stored("MainLeft") &&
+         !stored("MainTop") && !stored("MainWidth") && !stored("MainHeight");
+}
+
+// The echo is one for all windows; another program may have switched it on.
+void frmCorvane::TakeOverEcho() {
+  const MSAgent* agent = service_ ? service_->gMSAgent() : nullptr;
+  if (agent != nullptr && agent->blnKeyboardEcho)
+    parts_->menu.mnuSpeech(kSpeechKeyEcho).SetChecked(true);
+}
+
+void frmCorvane::ReportSettings() {
+  const std::string report = process_.Stored().TakeReport();
+  if (!report.empty()) desktop_.GetMessageBox().Show(report, MessageBox::Icon::Exclamation);
 }
 
 void frmCorvane::LoadSettings() {
   MenuCommands& commands = parts_->commands;
-  commands.mnuSideBarContent_Click(PaneChoice("SideBar", "5"));
-  commands.mnuTextHistory_Click(PaneChoice("TextHistory", "0"));
-  commands.mnuHome_Click(PaneChoice("Home", "3"));
-  commands.mnuFocus_Click(PaneChoice("Focus", "3"));
+  const MainMenu& menu = parts_->menu;
+  StoredNumbers& stored = process_.Stored();
+  const auto pane = [&](const char* key, const char* fallback, const MenuArray& choices) {
+    return stored.Choice(kPaneApplication, key, fallback, choices);
+  };
+  commands.mnuSideBarContent_Click(pane("SideBar", "5", menu.mnuSideBarContent));
+  commands.mnuTextHistory_Click(pane("TextHistory", "0", menu.mnuTextHistory));
+  commands.mnuHome_Click(pane("Home", "3", menu.mnuHome));
+  commands.mnuFocus_Click(pane("Focus", "3", menu.mnuFocus));
+  if (process_.Manner().today) TakeOverEcho();
   if (Setting("Speech", "False") == kTrue) commands.mnuSpeech_Click(kSpeechEnable);
-  if (Setting("KeyEcho", "False") == kTrue) commands.mnuSpeech_Click(kSpeechKeyEcho);
-  commands.mnuRate_Click(number::to_integer(Setting("Rate", "2")));
-  commands.mnuPitch_Click(number::to_integer(Setting("Pitch", "2")));
+  if (Setting("KeyEcho", "False") == kTrue && !menu.mnuSpeech(kSpeechKeyEcho).Checked())
+    commands.mnuSpeech_Click(kSpeechKeyEcho);
+  commands.mnuRate_Click(stored.Choice(kApplicationTitle, "Rate", "2", menu.mnuRate));
+  commands.mnuPitch_Click(stored.Choice(kApplicationTitle, "Pitch", "2", menu.mnuPitch));
   if (Setting("StatusChange", "False") == kTrue)
     commands.mnuSettings_Click(kSettingsStatusFeedback);
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -80,7 +79,10 @@ class frmCorvane : public ISpeechNotify,
   void ctlWebBrowser1_NewWindow();
   void MainApp_KeyboardEchoStatus(bool blnKeyboardEcho);
   std::string Setting(const std::string& key, const std::string& fallback) const;
-  std::int16_t PaneChoice(const std::string& key, const std::string& fallback) const;
+  void Place();
+  bool FillsScreen() const;
+  void TakeOverEcho();
+  void ReportSettings();
 
   Desktop& desktop_;
   Multithread& process_;

@@ -19,11 +19,27 @@ class BadSurroundings(EndToEndTest):
         wait_until(lambda: list(folder.glob("*.broken")), "the broken file kept")
         wait_until(lambda: any("settings" in text.lower() for text in corvane.transcript.spoken()), "a word about it")
 
-    def test_placement_that_is_no_number_is_told(self):
-        self.write_settings(b"[Settings]\nSpeech=True\nMainLeft=left\n")
+    def test_placement_that_is_no_number_stops_the_established_load(self):
+        self.write_settings(b"[Settings]\nSpeech=True\nManner=0\nMainLeft=left\n")
         corvane = self.start(wait=False)
         self.said("FormLoad Error: Type mismatch. OK Button")
         corvane.keys("Return")
+
+    def test_values_that_cannot_be_used_are_told_once_and_the_session_speaks(self):
+        self.write_settings(b"[Settings]\nSpeech=True\nMainLeft=left\nRate=9\nPitch=-3\n")
+        corvane = self.start(wait=False)
+        words = "The stored settings MainLeft, Rate, Pitch cannot be used. Their defaults hold. OK Button"
+        self.said("Hello, welcome to Corvane 2000", words)
+        wait_until(lambda: "Corvane message" in corvane.window_names(), "the message")
+        corvane.keys("Return")
+        wait_until(lambda: "Corvane message" not in corvane.window_names(), "its end")
+        corvane.transcript.mark()
+        corvane.keys("ctrl+l")
+        wait_until(lambda: any(text.endswith("Address Box") for text in corvane.transcript.spoken()), "the address box")
+        said = [event for event in corvane.transcript.events() if event["event"] == "speak"]
+        self.assertEqual([event["text"] for event in said].count(words), 1)
+        self.assertEqual((said[-1]["speed"], said[-1]["pitch"]), (150, 90))
+        self.assertFalse([event for event in said if "Spd=" in event["text"]])
 
     def test_settings_that_cannot_be_written_are_told(self):
         # A folder in the file's place cannot be replaced, by nobody.

@@ -168,13 +168,6 @@ TEST(MainWindow, ValueThatIsNoNumberStopsTheLoadWithItsMessage) {
   EXPECT_EQ(p.Inside().menu.mnuRate.FirstChecked(), -1);
 }
 
-TEST(MainWindow, MenuIndexBeyondSixteenBitsIsReported) {
-  Program p;
-  p.desktop.settings.Pane("SideBar") = "40000";
-  p.Start();
-  EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("FormLoad Error: Overflow"));
-}
-
 TEST(MainWindow, UnloadGivesUpOneClaimOnSpeech) {
   Program p;
   p.StartTalking();
@@ -184,6 +177,65 @@ TEST(MainWindow, UnloadGivesUpOneClaimOnSpeech) {
   EXPECT_NE(p.Service()->gMSAgent(), nullptr);
   p.Service()->SpeechTerminate();
   EXPECT_EQ(p.Service()->gMSAgent(), nullptr);
+}
+
+TEST(MainWindow, EchoOfAnotherProgramEndsWhenAWindowOpens) {
+  Program p;
+  p.StartTalking();
+  p.Service()->KeyBoardEcho(true);  // nothing is stored
+  p.Inside().menu.mnuFileItem(0).Click.Raise();
+  EXPECT_FALSE(p.Service()->gMSAgent()->blnKeyboardEcho);
+}
+
+TEST(MainWindow, EchoOfAnotherProgramOutlivesWindowsThatOpenAsIsUsualToday) {
+  Program p;
+  p.desktop.settings.Main("Manner") = "1";
+  p.StartTalking();
+  p.Service()->KeyBoardEcho(true);
+  p.Inside().menu.mnuFileItem(0).Click.Raise();
+  EXPECT_TRUE(p.Service()->gMSAgent()->blnKeyboardEcho);
+  EXPECT_TRUE(p.Inside(1).menu.mnuSpeech(1).Checked());
+  p.Inside(1).menu.mnuSpeech(1).Click.Raise();
+  EXPECT_FALSE(p.Service()->gMSAgent()->blnKeyboardEcho);
+}
+
+TEST(MainWindow, AStoredEchoHoldsInEveryWindowThatOpens) {
+  for (const char* manner : {"0", "1"}) {
+    Program p;
+    p.desktop.settings.Main("Manner") = manner;
+    p.desktop.settings.Main("KeyEcho") = "True";
+    p.StartTalking();
+    p.Inside().menu.mnuFileItem(0).Click.Raise();
+    EXPECT_TRUE(p.Service()->gMSAgent()->blnKeyboardEcho) << manner;
+    EXPECT_TRUE(p.Inside(0).menu.mnuSpeech(1).Checked()) << manner;
+    EXPECT_TRUE(p.Inside(1).menu.mnuSpeech(1).Checked()) << manner;
+  }
+}
+
+TEST(MainWindow, FirstWindowTakesAPartOfTheScreen) {
+  Program p;
+  p.Start();
+  EXPECT_FALSE(p.desktop.Get<FakeForm>("frmCorvane").fills_screen);
+  EXPECT_EQ(p.desktop.Get<FakeForm>("frmCorvane").width, 8500);
+}
+
+TEST(MainWindow, FirstWindowTakesAllOfTheScreenAsIsUsualToday) {
+  Program p;
+  p.desktop.settings.Main("Manner") = "1";
+  p.Start();
+  EXPECT_TRUE(p.desktop.Get<FakeForm>("frmCorvane").fills_screen);
+  p.Inside().menu.mnuFileItem(0).Click.Raise();
+  EXPECT_FALSE(p.desktop.Get<FakeForm>("frmCorvane").fills_screen) << "the second";
+}
+
+TEST(MainWindow, AStoredPlaceIsTakenAsItWas) {
+  for (const char* key : {"MainLeft", "MainTop", "MainWidth", "MainHeight"}) {
+    Program p;
+    p.desktop.settings.Main("Manner") = "1";
+    p.desktop.settings.Main(key) = "7000";
+    p.Start();
+    EXPECT_FALSE(p.desktop.Get<FakeForm>("frmCorvane").fills_screen) << key;
+  }
 }
 
 TEST(MainWindow, EchoSwitchedInOneWindowShowsInAll) {

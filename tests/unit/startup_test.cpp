@@ -156,6 +156,24 @@ TEST(Shutdown, LastWindowTakesServiceAndMarkerWithIt) {
   EXPECT_THAT(p.process.Forms(), IsEmpty());
 }
 
+TEST(Shutdown, TheEndOfTheSessionClosesAllWindowsWithoutAQuestionAndKeepsWhatTheyAre) {
+  Program p;
+  p.Start();
+  p.Inside().menu.mnuFileItem(0).Click.Raise();
+  p.Browser().Begin();
+  p.Browser().Finish(MakePage("http://a/", "A", ""));
+  p.Reading(1).Fire();
+  p.Browser().may_close = false;  // its page would like to ask
+  p.desktop.Get<FakeForm>("frmCorvane").left = 1234;
+  p.desktop.Ending.Raise();
+  EXPECT_THAT(p.process.Forms(), IsEmpty());
+  EXPECT_EQ(p.desktop.Living("frmCorvane"), 0U);
+  EXPECT_EQ(p.desktop.Living("frmProcess"), 0U);
+  EXPECT_EQ(p.desktop.settings.Main("MainLeft"), "1234");
+  EXPECT_EQ(p.desktop.settings.Pane("StartingAddress"), "http://a/");
+  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
+}
+
 TEST(Shutdown, ClosingTheFirstWindowKeepsTheServiceForTheOthers) {
   Program p;
   p.StartTalking();

@@ -1,6 +1,10 @@
 #include <gdk/gdkkeysyms.h>
+#include <gtkmm/button.h>
 #include <gtkmm/entry.h>
+#include <gtkmm/icontheme.h>
+#include <gtkmm/image.h>
 
+#include "platform/button_image.h"
 #include "platform/linux/gtk/controls/combo_box.h"
 #include "platform/linux/gtk/controls/command_button.h"
 #include "platform/linux/gtk/controls/text_box.h"
@@ -185,8 +189,20 @@ TEST_F(KeysTest, RealKeysFromTheDisplayArrive) {
 }
 
 TEST_F(KeysTest, EveryPictureCanBeShown) {
-  for (int image = 0; image <= 9; ++image) button_->SetPicture(image);
-  Settle();
+  const auto* shown = dynamic_cast<Gtk::Button&>(button_->widget()).get_image();
+  ASSERT_EQ(shown, nullptr);
+  Glib::RefPtr<const Gio::Icon> before;
+  for (int image = 1; image <= kImageLoading; ++image) {
+    button_->SetPicture(image);
+    const auto* picture =
+        dynamic_cast<const Gtk::Image*>(dynamic_cast<Gtk::Button&>(button_->widget()).get_image());
+    ASSERT_NE(picture, nullptr) << image;
+    ASSERT_EQ(picture->get_storage_type(), Gtk::IMAGE_GICON) << image;
+    const auto icon = picture->property_gicon().get_value();
+    EXPECT_TRUE(Gtk::IconTheme::get_default()->lookup_icon(icon, 16)) << image;
+    EXPECT_FALSE(before && before->equal(icon)) << image << " looks like the one before";
+    before = icon;
+  }
 }
 
 TEST_F(KeysTest, AReadOnlyFieldTakesTheFocusAndGivesItAway) {
