@@ -2,6 +2,7 @@
 
 #include "base/error.h"
 #include "base/handling.h"
+#include "base/safe_name.h"
 #include "base/text.h"
 #include "browser/BookmarkFile.h"
 #include "browser/LinkFile.h"
@@ -11,18 +12,19 @@
 namespace corvane {
 namespace {
 
-constexpr std::size_t kLinkBuffer = 100'000;
 constexpr int kMostNamesakes = 1000;
 constexpr const char* kShortcut = ".url";
 constexpr const char* kDesktopLink = ".desktop";
 
-bool EndsWith(const std::string& text, const std::string& end) {
-  return text.size() >= end.size() &&
-         text::same_ignoring_case(text.substr(text.size() - end.size()), end);
-}
-
 std::string NumberedName(const std::string& name, int number) {
   return number == 1 ? name : name + " " + std::to_string(number);
+}
+
+/// The name with the ending that makes the file what it is, once.
+std::string WithEndingOf(const std::string& file, const std::string& name) {
+  if (LinkKindOf(file) == LinkKind::None || LinkKindOf(file) == LinkKindOf(name)) return name;
+  const auto dot = file.rfind('.');
+  return dot == std::string::npos ? name : name + file.substr(dot);
 }
 
 std::string WithName(const std::vector<std::string>& lines, const std::string& name) {
@@ -52,16 +54,16 @@ bool Favorites::IsBelow(const std::string& path, const std::string& folder) cons
   return path.starts_with(folder + desktop_.GetFileSystem().Separator());
 }
 
+// The established reader of shortcuts has no more room than that.
 std::string Favorites::AddressIn(const std::string& path) const {
-  const FileSystem& files = desktop_.GetFileSystem();
-  if (EndsWith(path, kDesktopLink)) {
-    return files.GetPrivateProfileString("Desktop Entry", "URL", kLinkBuffer, path);
-  }
-  return ProfileValue(files, "InternetShortcut", "URL", path);
+  const std::string content = desktop_.GetFileSystem().ReadText(path, kMostOfLinkFile);
+  const std::string address = ReadLinkFile(path, content).address;
+  const bool is_cut = LinkKindOf(path) == LinkKind::Shortcut && !manner_.today;
+  return is_cut ? text::left(address, kLongestProfileValue) : address;
 }
 
-// The reader of shortcuts cuts what is too long for it: a longer address goes
-// into a link file of the other kind, which is read whole.
+// The established reader of shortcuts cuts what is too long for it: a longer
+// address goes into a link file of the other kind, which is read whole.
 Favorites::Kept Favorites::Add(const std::string& folder, const std::string& title,
                                const std::string& address) {
   FileSystem& files = desktop_.GetFileSystem();
@@ -97,18 +99,15 @@ std::string Favorites::Rename(const std::string& path, const std::string& name) 
     throw RunTimeError(kErrPermissionDenied, "Favorites", "This cannot be renamed");
   }
   FileSystem& files = desktop_.GetFileSystem();
-  std::string safe = SafeFileName(name);
   const auto slash = path.rfind(files.Separator());
-  std::string extension;
-  for (const char* known : {kShortcut, kDesktopLink}) {
-    if (EndsWith(path, known)) extension = path.substr(path.size() - std::string(known).size());
-  }
-  const std::string new_path = Below(path.substr(0, slash), safe + extension);
+  const std::string file = WithEndingOf(path.substr(slash + 1), SafeFileName(name));
+  const std::string new_path = Below(path.substr(0, slash), file);
   if (new_path != path) desktop_.GetShell().Rename(path, new_path);
-  if (EndsWith(path, kDesktopLink)) {
-    files.Write(new_path, WithName(files.ReadLines(new_path), safe));
+  std::string shown = ShownFileName(file);
+  if (LinkKindOf(path) == LinkKind::DesktopLink) {
+    files.Write(new_path, WithName(files.ReadLines(new_path), shown));
   }
-  return safe;
+  return shown;
 }
 
 std::string Favorites::NewFolder(const std::string& name) const {

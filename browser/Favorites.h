@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <string>
 
+#include "base/manner.h"
 #include "platform/desktop.h"
 
 namespace corvane {
@@ -11,10 +12,11 @@ namespace corvane {
 /// user may also fill and change by other means.
 class Favorites {
  public:
-  explicit Favorites(Desktop& desktop) : desktop_(desktop) {}
+  Favorites(Desktop& desktop, const Manner& manner) : desktop_(desktop), manner_(manner) {}
 
   std::string Folder() const;
-  /// The address in a link file; empty when it has none.
+  /// Where a file in the folder leads: the address in a link file, or a saved page
+  /// itself; empty when it leads nowhere.
   std::string AddressIn(const std::string& path) const;
 
   struct Kept {
@@ -45,6 +47,7 @@ class Favorites {
   std::string NewFolder(const std::string& name) const;
 
   Desktop& desktop_;
+  const Manner& manner_;
 };
 
 }  // namespace corvane

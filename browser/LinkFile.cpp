@@ -1,12 +1,20 @@
 #include "browser/LinkFile.h"
 
+#include "base/html_text.h"
+#include "base/profile_text.h"
+#include "base/safe_name.h"
 #include "base/text.h"
 
 namespace corvane {
 namespace {
 
-constexpr std::size_t kLongestName = 60;  // characters: with an extension it fits everywhere
-constexpr const char* kForbidden = "/\\:*?\"<>|";
+constexpr std::size_t kLongestAddress = 100'000;  // characters
+constexpr const char* kLinkSection = "Desktop Entry";
+
+bool EndsWith(std::string_view path, std::string_view ending) {
+  return path.size() > ending.size() &&
+         text::same_ignoring_case(path.substr(path.size() - ending.size()), ending);
+}
 
 bool IsControl(char c) { return static_cast<unsigned char>(c) < 32 || c == 127; }
 
@@ -45,15 +53,44 @@ std::string RefusedWords(const std::string& address) {
   return "Address refused: " + text::left(address, kLongestSpoken);
 }
 
-std::string SafeFileName(const std::string& name) {
-  std::string safe;
-  for (const char c : text::left(text::valid(name), kLongestName)) {
-    const bool usable = !IsControl(c) && std::string(kForbidden).find(c) == std::string::npos;
-    safe += usable ? c : ' ';
+LinkKind LinkKindOf(std::string_view path) {
+  if (EndsWith(path, ".url")) return LinkKind::Shortcut;
+  if (EndsWith(path, ".desktop")) return LinkKind::DesktopLink;
+  if (EndsWith(path, "htm") || EndsWith(path, ".html")) return LinkKind::Page;
+  return LinkKind::None;
+}
+
+LinkFile ReadLinkFile(const std::string& path, std::string_view content,
+                      const std::vector<std::string>& languages) {
+  content = content.substr(0, kMostOfLinkFile);
+  const auto value = [&](std::string_view section, std::string_view key) {
+    return text::valid(profile::value(content, section, key));
+  };
+  LinkFile file;
+  switch (LinkKindOf(path)) {
+    case LinkKind::Page:
+      file.address = path;
+      file.name = PlainName(html::title_of(content));
+      break;
+    case LinkKind::DesktopLink:
+      file.address = value(kLinkSection, "URL");
+      for (const auto& language : languages) {
+        if (file.name.empty()) file.name = PlainName(value(kLinkSection, "Name[" + language + "]"));
+      }
+      if (file.name.empty()) file.name = PlainName(value(kLinkSection, "Name"));
+      break;
+    default:
+      file.address = value("InternetShortcut", "URL");
+      break;
   }
-  const auto start = safe.find_first_not_of(" .");
-  if (start == std::string::npos) return "page";
-  return safe.substr(start, safe.find_last_not_of(" .") - start + 1);
+  file.address = text::left(file.address, kLongestAddress);
+  return file;
+}
+
+std::string ShownFileName(std::string_view name) {
+  const LinkKind kind = LinkKindOf(name);
+  const bool is_link = kind == LinkKind::Shortcut || kind == LinkKind::DesktopLink;
+  return PlainName(is_link ? name.substr(0, name.rfind('.')) : name);
 }
 
 std::string ShortcutContent(const std::string& address) {

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "base/text.h"
 #include "browser/LinkFile.h"
 #include "explorer/CDirectory.h"
 #include "explorer/CHTMLStructure.h"
@@ -20,11 +19,6 @@ constexpr StockImage kPageImages[] = {
     StockImage::Frame,    StockImage::Anchors,    StockImage::Anchor, StockImage::Forms,
     StockImage::Form,     StockImage::FormElement};
 
-bool IsPage(const std::string& path) {
-  const std::size_t length = text::length(path);
-  return length >= 3 && text::same_ignoring_case(text::mid(path, length - 2), "htm");
-}
-
 }  // namespace
 
 SideBar::SideBar(PaneContext& pane, PaneSettings& settings, PaneLayout& layout)
@@ -33,7 +27,7 @@ SideBar::SideBar(PaneContext& pane, PaneSettings& settings, PaneLayout& layout)
       layout_(layout),
       explorer_(pane.desktop),
       accessibility_(pane, explorer_),
-      favorites_(pane.desktop),
+      favorites_(pane.desktop, pane.manner),
       icons_large_(pane.desktop.CreateImageList()),
       icons_small_(pane.desktop.CreateImageList()),
       page_images_(pane.desktop.CreateImageList()) {
@@ -208,8 +202,7 @@ void SideBar::TreeView1_DblClick() {
 }
 
 std::string SideBar::AddressOf(const TreeNode& node, int content) const {
-  if (content != kSideBarFavorites) return node.Tag();
-  return IsPage(node.Tag()) ? node.Tag() : favorites_.AddressIn(node.Tag());
+  return content == kSideBarFavorites ? favorites_.AddressIn(node.Tag()) : node.Tag();
 }
 
 void SideBar::Explain(TreeNode& node) {

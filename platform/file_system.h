@@ -22,10 +22,9 @@ class FileSystem {
   virtual std::vector<std::string> ReadLines(const std::string& path) const = 0;
   /// Writes the whole file, replacing one of that name. RunTimeError on failure.
   virtual void Write(const std::string& path, const std::string& content) = 0;
-  /// One value of a profile (INI) file; section and key without regard to case.
-  /// At most `size` - 1 characters; empty when file, section or key is absent.
-  virtual std::string GetPrivateProfileString(const std::string& section, const std::string& key,
-                                              std::size_t size, const std::string& file) const = 0;
+  /// The first bytes of an ordinary file, at most so many, as they are; nothing when
+  /// there is none or it cannot be read.
+  virtual std::string ReadText(const std::string& path, std::size_t most) const = 0;
 };
 
 }  // namespace corvane

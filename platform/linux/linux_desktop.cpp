@@ -34,6 +34,7 @@
 #include "platform/linux/speech/linux_agent.h"
 #include "platform/linux/web/files/downloads.h"
 #include "platform/linux/web/files/history_folder.h"
+#include "platform/linux/web/files/link_search.h"
 #include "platform/linux/web/webkit_browser.h"
 
 namespace corvane::desktop {
@@ -103,7 +104,7 @@ EngineOptions LinuxDesktop::MakeEngineOptions() {
     visits->Add(address, title);
   };
   options.find_matches = [folders = std::vector{data + "Favorites", history}](
-                             const std::string& words) { return FindShortcuts(folders, words); };
+                             const std::string& words) { return FindLinks(folders, words); };
   return options;
 }
 

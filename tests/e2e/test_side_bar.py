@@ -126,6 +126,24 @@ class SideBar(EndToEndTest):
         self.press("Right", "Favorites Opened")
         self.press("Right", "Dropped in ")
 
+    def test_search_page_finds_what_the_side_bar_shows(self):
+        self.shortcut("Favorites/Cats one.URL", self.base + "/weather.html")
+        self.file("Favorites/two.desktop", f"[Desktop Entry]\nType=Link\nName=Cats two\nURL={self.base}/page/7\n")
+        self.file("Favorites/three.html", "<title>Cats &amp; three</title><p>Saved words.")
+        corvane = self.start(settings={"Corvane": {"Speech": "True", "SearchService": ""},
+                                       "pnlBrowser": {"SideBar": str(FAVORITES), "Focus": "0"}})
+        found = (("Cats two", "Page 7"), ("Cats & three", "Cats & three"), ("Cats one", "The weather"))
+        for to_first in (["Down"], ["Tab", "Tab"]):  # in the links list, in the page
+            for line, (link, title) in enumerate(found):
+                corvane.open("Search cats")
+                self.said("Extracting Links ...", "Done", "Search for cats")
+                corvane.focus("Links")
+                corvane.transcript.mark()
+                corvane.keys(*to_first, *to_first[-1:] * line)
+                self.said(link)
+                corvane.keys("Return")
+                self.said("Extracting Links ...", "Done", title)
+
     # History -------------------------------------------------------------------
 
     def test_history_is_walked_followed_and_forgotten(self):

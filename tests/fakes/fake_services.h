@@ -92,10 +92,12 @@ class FakeFileSystem : public FileSystem {
     if (on_write) on_write(path, content);
     files[path] = {content};
   }
-  std::string GetPrivateProfileString(const std::string& section, const std::string& key,
-                                      std::size_t size, const std::string& file) const override {
-    const auto at = profile.find({file, section, key});
-    return at == profile.end() ? "" : text::left(at->second, size - 1);
+  std::string ReadText(const std::string& path, std::size_t most) const override {
+    const auto at = files.find(path);
+    if (unreadable || at == files.end()) return {};
+    std::string content;
+    for (const auto& line : at->second) content += line + '\n';
+    return content.substr(0, most);
   }
 
   std::string program_folder = "/opt/corvane";
@@ -104,7 +106,6 @@ class FakeFileSystem : public FileSystem {
   std::string current_folder = "/home/ann";
   bool unreadable = false;
   std::map<std::string, std::vector<std::string>> files;
-  std::map<std::tuple<std::string, std::string, std::string>, std::string> profile;
 };
 
 class FakeClipboard : public Clipboard {

@@ -1,8 +1,8 @@
 #include "browser/LinkFile.h"
 
+#include "base/profile_text.h"
+#include "base/safe_name.h"
 #include "base/text.h"
-#include "platform/linux/store/profile_text.h"
-#include "platform/linux/web/files/file_names.h"
 #include "platform/linux/web/typed_address.h"
 #include "tests/fuzz/fuzz.h"
 
@@ -15,7 +15,7 @@ bool HasLineBreak(std::string_view text) { return text.find_first_of("\r\n") != 
 
 void PromisePlainName(const std::string& name) {
   constexpr std::size_t kLongestOnDisk = 255;
-  constexpr std::size_t kPutBehind = std::string_view(" 100.desktop").size();
+  constexpr std::size_t kPutBehind = std::string_view(" 1000.desktop").size();
   Promise(name.size() + kPutBehind <= kLongestOnDisk);
   Promise(!name.empty() && name != "." && name != "..");
   Promise(text::valid(name) == name);
@@ -29,15 +29,21 @@ void PromisePlainName(const std::string& name) {
 void FuzzOne(const std::string& input) {
   const std::string address = input.substr(0, input.find('\n'));
   PromisePlainName(SafeFileName(input));
-  PromisePlainName(CleanFileName(input, "page"));
+  Promise(PlainName(PlainName(input)) == PlainName(input));
 
   // Nothing in an address may end its line and start another one.
   const std::string shortcut = ShortcutContent(input);
-  Promise(!HasLineBreak(ProfileValue(shortcut, "InternetShortcut", "URL")));
-  Promise(ProfileValue(shortcut, "InternetShortcut", "IconFile").empty());
+  Promise(!HasLineBreak(profile::value(shortcut, "InternetShortcut", "URL")));
+  Promise(profile::value(shortcut, "InternetShortcut", "IconFile").empty());
   const std::string link = DesktopLinkContent(input, input);
-  Promise(ProfileValue(link, "Desktop Entry", "Exec").empty());
-  Promise(ProfileValue(link, "Desktop Entry", "Type") == "Link");
+  Promise(profile::value(link, "Desktop Entry", "Exec").empty());
+  Promise(profile::value(link, "Desktop Entry", "Type") == "Link");
+
+  for (const char* name : {"a.url", "b.desktop", "c.html"}) {
+    const LinkFile file = ReadLinkFile(name, input, {"de_DE", "de"});
+    Promise(!HasLineBreak(file.name) && !HasLineBreak(file.address));
+    Promise(text::valid(file.name) == file.name);
+  }
 
   IsHostileAddress(input, "");
   IsHostileAddress(address, input);

@@ -1,15 +1,12 @@
-#include "platform/linux/store/profile_text.h"
+#include "base/profile_text.h"
 
-#include "base/text.h"
 #include "tests/fuzz/fuzz.h"
 
-using corvane::desktop::FirstCharacters;
-using corvane::desktop::ProfileValue;
+namespace profile = corvane::profile;
 
 // Internet shortcuts and other profile files.
 void FuzzOne(const std::string& input) {
-  const auto value = ProfileValue(input, "InternetShortcut", "URL");
-  const std::string first = FirstCharacters(value, 127);
-  Promise(corvane::text::length(first) <= 127);
-  ProfileValue(input, input.substr(0, input.find('\n')), "");
+  const auto value = profile::value(input, "InternetShortcut", "URL");
+  Promise(value.find_first_of("\r\n") == std::string_view::npos);
+  profile::value(input, input.substr(0, input.find('\n')), "");
 }

@@ -16,15 +16,10 @@ struct FavoritesTest : ::testing::Test {
   FakeFileSystem& files = p.desktop.files;
 
   void SetUp() override {
-    // What is written appears in the folder and can be read as a profile.
-    files.on_write = [this](const std::string& path, const std::string& content) {
+    // What is written appears in the folder.
+    files.on_write = [this](const std::string& path, const std::string&) {
       shell.File(path).display =
           path.substr(path.rfind('/') + 1, path.rfind('.') - path.rfind('/') - 1);
-      const auto at = content.find("URL=");
-      const auto end = content.find_first_of("\r\n", at);
-      const bool link = path.ends_with(".desktop");
-      files.profile[{path, link ? "Desktop Entry" : "InternetShortcut", "URL"}] =
-          content.substr(at + 4, end - at - 4);
     };
   }
   void StartWith(int content) {
@@ -73,7 +68,7 @@ TEST_F(FavoritesTest, PagesOfOneTitleGetNumbers) {
   p.Browser().Press(kKeyD, kCtrlMask);
   Visit("http://two/", "News: a/b");
   p.Browser().Press(kKeyD, kCtrlMask);
-  EXPECT_THAT(p.Spoken(), ElementsAre("News  a b 2 added to Favorites"));
+  EXPECT_THAT(p.Spoken(), ElementsAre("News a b 2 added to Favorites"));
 }
 
 TEST_F(FavoritesTest, LongAddressIsKeptWhole) {
@@ -83,7 +78,8 @@ TEST_F(FavoritesTest, LongAddressIsKeptWhole) {
   p.Browser().Press(kKeyD, kCtrlMask);
   EXPECT_THAT(files.files["/data/Favorites/Long.desktop"],
               ElementsAre("[Desktop Entry]\nType=Link\nName=Long\nURL=" + address + "\n"));
-  EXPECT_EQ(Favorites(p.desktop).AddressIn("/data/Favorites/Long.desktop"), address);
+  EXPECT_EQ(Favorites(p.desktop, kEstablishedManner).AddressIn("/data/Favorites/Long.desktop"),
+            address);
 }
 
 TEST_F(FavoritesTest, BlankPageIsNotKept) {
@@ -169,8 +165,9 @@ TEST_F(FavoritesTest, FavoritesThemselvesCannotBeRemoved) {
   p.Tree().Press(kKeyDelete, kCtrlMask);
   EXPECT_THAT(p.Spoken(), IsEmpty());
   EXPECT_EQ(shell.entries.count("/data/Favorites"), 1U);
-  EXPECT_THROW(Favorites(p.desktop).Remove("/data"), RunTimeError);
-  EXPECT_THROW(Favorites(p.desktop).Rename("/data/History/x", "y"), RunTimeError);
+  EXPECT_THROW(Favorites(p.desktop, kEstablishedManner).Remove("/data"), RunTimeError);
+  EXPECT_THROW(Favorites(p.desktop, kEstablishedManner).Rename("/data/History/x", "y"),
+               RunTimeError);
 }
 
 TEST_F(FavoritesTest, VisitedPageCanBeForgotten) {
@@ -322,6 +319,21 @@ TEST_F(FavoritesTest, FileOfBookmarksThatCannotBeReadIsRefusedAloud) {
   EXPECT_THAT(p.Spoken(), ElementsAre("Permission denied"));
 }
 
+TEST_F(FavoritesTest, RenamedPageStaysOne) {
+  shell.File("/data/Favorites/saved.HTML");
+  Favorites favorites(p.desktop, kEstablishedManner);
+  EXPECT_EQ(favorites.Rename("/data/Favorites/saved.HTML", "report"), "report.HTML");
+  EXPECT_TRUE(shell.entries.contains("/data/Favorites/report.HTML"));
+  EXPECT_EQ(favorites.Rename("/data/Favorites/report.HTML", "other.html"), "other.html");
+}
+
+TEST_F(FavoritesTest, NamesHoldNothingThatDeceives) {
+  StartWith(kSideBarNone);
+  Visit("http://a/", "bank\u202Excod.\u200Bexe");
+  p.Browser().Press(kKeyD, kCtrlMask);
+  EXPECT_THAT(p.Spoken(), ElementsAre("bankxcod.exe added to Favorites"));
+}
+
 TEST_F(FavoritesTest, FileThatHoldsNoBookmarksIsRefusedAloud) {
   shell.File("/data/Favorites/page.html");
   files.files["/data/Favorites/page.html"] = {"<html>"};
@@ -329,14 +341,6 @@ TEST_F(FavoritesTest, FileThatHoldsNoBookmarksIsRefusedAloud) {
   Choose(0);
   p.Tree().Press(kKeyI, kCtrlMask);
   EXPECT_THAT(p.Spoken(), ElementsAre("This is not a file of bookmarks"));
-}
-
-TEST(LinkFile, NamesAreSafeForAnyFileSystem) {
-  EXPECT_EQ(SafeFileName("a/b\\c:d*e?f\"g<h>i|j\nk"), "a b c d e f g h i j k");
-  EXPECT_EQ(SafeFileName("../../etc"), "etc") << "dots and blanks in front go too";
-  EXPECT_EQ(SafeFileName(" . "), "page");
-  EXPECT_EQ(text::length(SafeFileName(std::string(1000, 'x'))), 60U);
-  EXPECT_EQ(SafeFileName("\xFF"), "\xEF\xBF\xBD");
 }
 
 TEST(LinkFile, NothingBreaksOutOfItsLine) {

@@ -67,7 +67,7 @@ TEST(MenuToggleCheck, IndexOutsideTheArrayIsReported) {
 
 TEST(ProfileFile, ValueIsCutTo126Characters) {
   Program p;
-  p.desktop.files.profile[{"a.url", "InternetShortcut", "URL"}] = std::string(200, 'u');
+  p.desktop.files.files["a.url"] = {"[InternetShortcut]", "URL=" + std::string(200, 'u')};
   p.Start();
   EXPECT_EQ(p.Inside().ctlWebBrowser1.VBGetPrivateProfileString("InternetShortcut", "URL", "a.url"),
             std::string(126, 'u'));

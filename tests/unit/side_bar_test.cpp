@@ -28,7 +28,7 @@ struct SideBarTest : ::testing::Test {
   void Shortcut(const std::string& path, const std::string& address) {
     shell.File(path);
     p.desktop.files.files[path] = {"x"};
-    p.desktop.files.profile[{path, "InternetShortcut", "URL"}] = address;
+    p.desktop.files.files[path] = {"[InternetShortcut]", "URL=" + address};
   }
   PaneContext& Pane() { return p.Inside().ctlWebBrowser1.Inside(); }
 };
@@ -210,7 +210,16 @@ TEST_F(SideBarTest, FavoriteIsFollowedToTheAddressInItsFile) {
   EXPECT_TRUE(p.Reading().enabled);
 }
 
-TEST_F(SideBarTest, LongAddressInAShortcutIsCutTo126Characters) {
+TEST_F(SideBarTest, LongAddressInAShortcutIsFollowedWhole) {
+  const std::string address = "http://a/" + std::string(191, 'x');
+  Shortcut("/data/Favorites/Long.url", address);
+  p.desktop.settings.Main("Manner") = "1";
+  StartWith(kSideBarFavorites);
+  p.Tree().DoubleClick(Choose(0));
+  EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 " + address));
+}
+
+TEST_F(SideBarTest, EstablishedReaderCutsALongAddressTo126Characters) {
   const std::string address = "http://a/" + std::string(191, 'x');
   Shortcut("/data/Favorites/Long.url", address);
   StartWith(kSideBarFavorites);
@@ -220,15 +229,18 @@ TEST_F(SideBarTest, LongAddressInAShortcutIsCutTo126Characters) {
 
 TEST_F(SideBarTest, FavoriteThatIsAPageIsFollowedItself) {
   shell.File("/data/Favorites/saved.HTM");
+  shell.File("/data/Favorites/saved.html");
   StartWith(kSideBarFavorites);
   p.Tree().DoubleClick(Choose(0));
   EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 /data/Favorites/saved.HTM"));
+  p.Tree().DoubleClick(Choose(1));
+  EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 /data/Favorites/saved.html"));
 }
 
 TEST_F(SideBarTest, DesktopLinkIsReadInItsOwnWay) {
   shell.File("/data/Favorites/Long.desktop");
   const std::string address = "http://a/" + std::string(500, 'x');
-  p.desktop.files.profile[{"/data/Favorites/Long.desktop", "Desktop Entry", "URL"}] = address;
+  p.desktop.files.files["/data/Favorites/Long.desktop"] = {"[Desktop Entry]", "URL=" + address};
   StartWith(kSideBarFavorites);
   p.Tree().DoubleClick(Choose(0));
   EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 " + address));
@@ -287,7 +299,7 @@ TEST_F(SideBarTest, NothingIsFollowedWhileNoContentIsChosen) {
 
 TEST_F(SideBarTest, HostileAddressesInFilesAreRefusedAloud) {
   Shortcut("/data/Favorites/a.url", "javascript:alert(1)");
-  Shortcut("/data/Favorites/b.url", " \tJava\nScript:alert(1)");
+  Shortcut("/data/Favorites/b.url", " \tJava\tScript:alert(1)");
   Shortcut("/data/Favorites/c.url", "data:text/html,<script>");
   StartWith(kSideBarFavorites);
   for (const std::size_t i : {0, 1, 2}) {

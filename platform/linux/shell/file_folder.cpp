@@ -4,35 +4,24 @@
 #include <glib.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <string_view>
 #include <utility>
 
-#include "base/text.h"
+#include "base/safe_name.h"
 #include "platform/linux/shell/folder_reader.h"
 
 namespace corvane::desktop {
 namespace {
 
 constexpr const char* kDesktopName = "Desktop";
-constexpr std::size_t kLongestAddress = 100'000;
-constexpr gsize kLongestDesktopFile = 65'536;
-
-bool EndsWith(const std::string& name, std::string_view extension) {
-  return name.size() > extension.size() &&
-         text::same_ignoring_case(std::string_view(name).substr(name.size() - extension.size()),
-                                  extension);
+bool IsLink(const std::string& name) {
+  const LinkKind kind = LinkKindOf(name);
+  return kind == LinkKind::Shortcut || kind == LinkKind::DesktopLink;
 }
-bool IsShortcut(const std::string& name) { return EndsWith(name, ".url"); }
-bool IsDesktopFile(const std::string& name) { return EndsWith(name, ".desktop"); }
 
-std::string WithoutExtension(const std::string& name) { return name.substr(0, name.rfind('.')); }
-
-bool IsOrdinaryFile(const std::string& path, goffset& size) {
+bool IsOrdinaryFile(const std::string& path) {
   struct stat about {};
-  if (stat(path.c_str(), &about) != 0 || !S_ISREG(about.st_mode)) return false;
-  size = about.st_size;
-  return true;
+  return stat(path.c_str(), &about) == 0 && S_ISREG(about.st_mode);
 }
 
 bool HoldsSomething(const std::string& folder) {
@@ -48,19 +37,12 @@ bool HoldsSomething(const std::string& folder) {
   return found;
 }
 
-/// The name that a desktop file gives itself, in the user's language.
-std::string NameInDesktopFile(const std::string& path) {
-  GKeyFile* file = g_key_file_new();
-  std::string name;
-  if (g_key_file_load_from_file(file, path.c_str(), G_KEY_FILE_NONE, nullptr)) {
-    if (char* value =
-            g_key_file_get_locale_string(file, "Desktop Entry", "Name", nullptr, nullptr)) {
-      name = value;
-      g_free(value);
-    }
+std::vector<std::string> Languages() {
+  std::vector<std::string> languages;
+  for (const char* const* each = g_get_language_names(); *each != nullptr; ++each) {
+    languages.emplace_back(*each);
   }
-  g_key_file_free(file);
-  return name;
+  return languages;
 }
 
 }  // namespace
@@ -83,7 +65,7 @@ std::optional<std::uint32_t> FileFolder::GetAttributesOf(const std::string& name
   struct stat target {};
   if (lstat(path.c_str(), &itself) != 0 || stat(path.c_str(), &target) != 0) return std::nullopt;
   std::uint32_t attributes = kAttributeFileSystem | kAttributeCanLink;
-  const bool is_link_file = S_ISREG(target.st_mode) && (IsShortcut(name) || IsDesktopFile(name));
+  const bool is_link_file = S_ISREG(target.st_mode) && IsLink(name);
   if (S_ISLNK(itself.st_mode) || is_link_file) attributes |= kAttributeLink;
   if (S_ISDIR(target.st_mode)) {
     attributes |= kAttributeFolder;
@@ -94,27 +76,25 @@ std::optional<std::uint32_t> FileFolder::GetAttributesOf(const std::string& name
   return attributes & mask;
 }
 
+LinkFile FileFolder::Read(const std::string& name) const {
+  const std::string path = Below(name);
+  return ReadLinkFile(path, files_.ReadText(path, kMostOfLinkFile), Languages());
+}
+
+// A saved page goes by its file's name, which is the user's own: F2 changes it. What
+// the page calls itself is in the page.
 std::string FileFolder::GetDisplayNameOf(const std::string& name) {
   if (name.empty()) return kDesktopName;
-  std::string shown = name;
-  goffset size = 0;
-  const bool is_link_file = IsShortcut(name) || IsDesktopFile(name);
-  if (is_link_file && IsOrdinaryFile(Below(name), size)) {
-    shown.clear();
-    if (IsDesktopFile(name) && static_cast<gsize>(size) <= kLongestDesktopFile) {
-      shown = NameInDesktopFile(Below(name));
-    }
-    if (shown.empty()) shown = WithoutExtension(name);
-  }
-  return text::valid(shown);
+  if (!IsOrdinaryFile(Below(name))) return PlainName(name);
+  const bool names_itself = LinkKindOf(name) == LinkKind::DesktopLink;
+  const std::string own = names_itself ? Read(name).name : std::string();
+  return own.empty() ? ShownFileName(name) : own;
 }
 
 std::string FileFolder::GetPathOf(const std::string& name) {
-  const std::string path = Below(name);
+  std::string path = Below(name);
   if (!is_history_) return path;
-  goffset size = 0;
-  if (!IsShortcut(name) || !IsOrdinaryFile(path, size)) return {};
-  return files_.GetPrivateProfileString("InternetShortcut", "URL", kLongestAddress, path);
+  return IsLink(name) && IsOrdinaryFile(path) ? Read(name).address : std::string();
 }
 
 }  // namespace corvane::desktop

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "browser/LinkFile.h"
 #include "platform/linux/store/local_file_system.h"
 #include "platform/shell_folder.h"
 
@@ -21,6 +22,7 @@ class FileFolder : public ShellFolder {
 
  private:
   std::string Below(const std::string& name) const;
+  LinkFile Read(const std::string& name) const;
 
   const std::string path_;
   const bool is_history_;

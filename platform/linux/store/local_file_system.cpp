@@ -9,14 +9,11 @@
 #include <utility>
 
 #include "base/error.h"
-#include "platform/linux/store/profile_text.h"
 
 namespace corvane::desktop {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::size_t kMostOfProfile = 1'000'000;  // bytes of a profile that are looked at
 
 std::string ExecutableFolder() {
   std::error_code error;
@@ -93,12 +90,9 @@ void LocalFileSystem::Write(const std::string& path, const std::string& content)
   throw RunTimeError(denied ? kErrPermissionDenied : kErrDeviceIo, "", why);
 }
 
-std::string LocalFileSystem::GetPrivateProfileString(const std::string& section,
-                                                     const std::string& key, std::size_t size,
-                                                     const std::string& file) const {
+std::string LocalFileSystem::ReadText(const std::string& path, std::size_t most) const {
   std::string content;
-  if (size < 2 || !Read(file, kMostOfProfile, content)) return {};
-  return FirstCharacters(Valid(std::string(ProfileValue(content, section, key))), size - 1);
+  return Read(path, most, content) ? content : std::string();
 }
 
 }  // namespace corvane::desktop

@@ -22,8 +22,7 @@ class LocalFileSystem : public FileSystem {
   bool Exists(const std::string& path) const override;
   std::vector<std::string> ReadLines(const std::string& path) const override;
   void Write(const std::string& path, const std::string& content) override;
-  std::string GetPrivateProfileString(const std::string& section, const std::string& key,
-                                      std::size_t size, const std::string& file) const override;
+  std::string ReadText(const std::string& path, std::size_t most) const override;
 
  private:
   const std::string program_folder_;

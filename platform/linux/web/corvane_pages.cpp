@@ -9,6 +9,7 @@ namespace corvane::desktop {
 namespace {
 
 constexpr std::string_view kSearchPath = "corvane://search/cgi-bin/query?";
+constexpr std::string_view kFile = "file://";
 constexpr std::size_t kLongestWords = 2000;
 
 int HexDigit(char c) { return g_ascii_xdigit_value(c); }
@@ -37,18 +38,29 @@ std::string Trim(const std::string& text) {
   return text.substr(start, text.find_last_not_of(" \t\r\n") - start + 1);
 }
 
+/// The address as a page of the program's own can link to it.
+std::string Linked(const std::string& address) {
+  return address.starts_with(kFile) ? kSavedPage + address.substr(kFile.size()) : address;
+}
+
 std::string RenderMatches(const std::vector<SearchMatch>& matches) {
   if (matches.empty()) return "<p>No favorite and no page of your history fits these words.</p>";
   std::string list = "<ul>\n";
   for (const auto& match : matches) {
     const std::string& title = match.title.empty() ? match.address : match.title;
-    list +=
-        "<li><a href=\"" + EscapeHtml(match.address) + "\">" + EscapeHtml(title) + "</a></li>\n";
+    list += "<li><a href=\"" + EscapeHtml(Linked(match.address)) + "\">" + EscapeHtml(title) +
+            "</a></li>\n";
   }
   return list + "</ul>";
 }
 
 }  // namespace
+
+std::string SavedFile(const std::string& address) {
+  const std::string start = kSavedPage + std::string("/");
+  if (!address.starts_with(start)) return {};
+  return std::string(kFile) + address.substr(start.size() - 1);
+}
 
 bool IsSearch(const std::string& address) { return address.starts_with(kSearchPath); }
 

@@ -9,6 +9,14 @@ namespace corvane::desktop {
 inline constexpr const char* kCorvaneScheme = "corvane";
 inline constexpr const char* kHomePage = "corvane://home/cv/";
 
+/// Where the program's own pages lead to a file: the engine lets no page but a
+/// file's own do that, and is told to load it itself. What follows is the path as
+/// in a file's address.
+inline constexpr const char* kSavedPage = "corvane://saved";
+
+/// The file that such an address leads to ("file:///..."); empty for any other.
+std::string SavedFile(const std::string& address);
+
 /// A favourite or a page of the history that fits the words searched.
 struct SearchMatch {
   std::string title;

@@ -185,7 +185,8 @@ bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionTy
   const bool searches = type == WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION &&
                         verdict.kind == Verdict::Kind::Use && !verdict.from_history &&
                         !IsSearch(requested) && !engine_.SearchAddress(verdict.address).empty();
-  if (verdict.kind == Verdict::Kind::Use && !searches) return false;
+  const std::string saved = verdict.kind == Verdict::Kind::Use ? SavedFile(verdict.address) : "";
+  if (verdict.kind == Verdict::Kind::Use && !searches && saved.empty()) return false;
   if (verdict.kind == Verdict::Kind::Download) {
     webkit_policy_decision_download(decision);
     return true;
@@ -193,6 +194,9 @@ bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionTy
   webkit_policy_decision_ignore(decision);
   if (searches) {
     LoadSearch(verdict.address);
+  } else if (!saved.empty()) {
+    navigation_.Requested();
+    Load(saved);
   } else if (verdict.kind == Verdict::Kind::Outside) {
     requests_->OpenOutside(verdict.address, verdict.user_gesture);
   }

@@ -168,6 +168,7 @@ void EngineView::Navigate(const std::string& typed) {
     return ShowProblem(*target.problem);
   }
   if (!engine_.SearchAddress(target.uri).empty()) return LoadSearch(target.uri);
+  if (const std::string saved = SavedFile(target.uri); !saved.empty()) return Navigate(saved);
 
   const bool jumps = target.uri.find('#') != std::string::npos && target.uri != address_ &&
                      WithoutFragment(target.uri) == WithoutFragment(address_);

@@ -52,33 +52,19 @@ TEST(LocalFileSystemTest, WritesAndReplacesWholeFiles) {
   EXPECT_THROW(files.Write(folder / "no/such/folder", "x"), RunTimeError);
 }
 
-TEST(LocalFileSystemTest, ReadsAValueOfAProfileFile) {
+TEST(LocalFileSystemTest, ReadsTheFrontOfAFile) {
   const test::TemporaryFolder folder;
-  folder.Write("a.url", "[InternetShortcut]\r\nURL=http://example.org/\r\n");
+  folder.Write("a.url", "[InternetShortcut]\r\n");
   const LocalFileSystem files;
-  const auto value = [&](std::size_t size) {
-    return files.GetPrivateProfileString("InternetShortcut", "URL", size, folder / "a.url");
-  };
-  EXPECT_EQ(value(127), "http://example.org/");
-  EXPECT_EQ(value(5), "http");
-  EXPECT_THAT(value(1), IsEmpty());
-  EXPECT_THAT(value(0), IsEmpty());
-}
-
-TEST(LocalFileSystemTest, AValueOf200CharactersComesBackWith126) {
-  const test::TemporaryFolder folder;
-  std::string value;
-  std::string expected;
-  for (int i = 0; i < 200; ++i) value += "\xC3\xA9";
-  for (int i = 0; i < 126; ++i) expected += "\xC3\xA9";
-  folder.Write("a.url", "[S]\nK=" + value);
-  EXPECT_EQ(LocalFileSystem().GetPrivateProfileString("S", "K", 127, folder / "a.url"), expected);
+  EXPECT_EQ(files.ReadText(folder / "a.url", 100), "[InternetShortcut]\r\n");
+  EXPECT_EQ(files.ReadText(folder / "a.url", 5), "[Inte");
+  EXPECT_THAT(files.ReadText(folder / "a.url", 0), IsEmpty());
 }
 
 TEST(LocalFileSystemTest, AbsentOrEndlessFilesGiveNothing) {
   const LocalFileSystem files;
-  EXPECT_THAT(files.GetPrivateProfileString("S", "K", 127, "/no/such/file"), IsEmpty());
-  EXPECT_THAT(files.GetPrivateProfileString("S", "K", 127, "/dev/zero"), IsEmpty());
+  EXPECT_THAT(files.ReadText("/no/such/file", 100), IsEmpty());
+  EXPECT_THAT(files.ReadText("/dev/zero", 100), IsEmpty());
 }
 
 }  // namespace

@@ -7,16 +7,23 @@
 #include <fstream>
 #include <iterator>
 
+#include "platform/linux/web/files/link_search.h"
 #include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
 namespace {
 
 namespace fs = std::filesystem;
+using testing::AllOf;
 using testing::ElementsAre;
+using testing::Field;
 using testing::IsEmpty;
 using testing::SizeIs;
 using testing::UnorderedElementsAre;
+
+auto Match(const std::string& title, const std::string& address) {
+  return AllOf(Field(&SearchMatch::title, title), Field(&SearchMatch::address, address));
+}
 
 class HistoryFolderTest : public testing::Test {
  protected:
@@ -78,6 +85,12 @@ TEST_F(HistoryFolderTest, ATitleCannotLeadElsewhere) {
   EXPECT_THAT(Files(day_), ElementsAre("evil.url"));
 }
 
+TEST_F(HistoryFolderTest, ATitleCannotTurnTheDirectionOfText) {
+  auto history = MakeHistory();
+  history.Add("http://a.example/", "bank\u202Excod.\u200Bexe");
+  EXPECT_THAT(Files(day_), ElementsAre("bankxcod.exe.url"));
+}
+
 TEST_F(HistoryFolderTest, AnAddressCannotAddLines) {
   auto history = MakeHistory();
   history.Add("http://a.example/\r\nIconFile=x", "A");
@@ -118,7 +131,7 @@ TEST_F(HistoryFolderTest, FindsByAllWordsInNameOrAddress) {
   auto history = MakeHistory();
   history.Add("http://cats.example/", "All about CATS");
   history.Add("http://dogs.example/", "All about dogs");
-  const auto matches = FindShortcuts({root_.string()}, "about cats.example");
+  const auto matches = FindLinks({root_.string()}, "about cats.example");
   ASSERT_THAT(matches, SizeIs(1));
   EXPECT_EQ(matches[0].title, "All about CATS");
   EXPECT_EQ(matches[0].address, "http://cats.example/");
@@ -130,15 +143,34 @@ TEST_F(HistoryFolderTest, FindsAPageOnceTheNewestFirst) {
   day_ = "2002-01-01";
   history.Add("http://a.example/", "Page one");
   history.Add("http://b.example/", "Page two");
-  const auto matches = FindShortcuts({root_.string()}, "page");
+  const auto matches = FindLinks({root_.string()}, "page");
   ASSERT_THAT(matches, SizeIs(2));
   EXPECT_EQ(matches[0].title, "Page two");
+}
+
+TEST_F(HistoryFolderTest, FindsEveryKindOfLinkFileAndSavedPages) {
+  folder_.Write("f/Cats one.URL", "[InternetShortcut]\nURL=http://one.example/\n");
+  folder_.Write("f/x.desktop", "[Desktop Entry]\nType=Link\nName=Cats two\nURL=http://two/\n");
+  folder_.Write("f/saved page.html", "<title>Cats &amp; three</title>");
+  folder_.Write("f/cats.txt", "cats");
+  EXPECT_THAT(FindLinks({(root_ / "f").string()}, "cats"),
+              UnorderedElementsAre(
+                  Match("Cats one", "http://one.example/"), Match("Cats two", "http://two/"),
+                  Match("Cats & three", "file://" + (root_ / "f/saved%20page.html").string())));
+}
+
+TEST_F(HistoryFolderTest, FindsOnlyWhatTheSideBarWouldFollow) {
+  folder_.Write("f/cats 1.url", "[InternetShortcut]\nURL=javascript:alert(1)\n");
+  folder_.Write("f/cats 2.url", "[InternetShortcut]\nURL=data:text/html,cats\n");
+  folder_.Write("f/cats 3.url", "[InternetShortcut]\nURL=cats.example\n");
+  EXPECT_THAT(FindLinks({(root_ / "f").string()}, "cats"),
+              ElementsAre(Match("cats 3", "https://cats.example")));
 }
 
 TEST_F(HistoryFolderTest, NoWordsFindNothing) {
   auto history = MakeHistory();
   history.Add("http://a.example/", "A");
-  EXPECT_THAT(FindShortcuts({root_.string(), "/no/such/folder"}, "  "), IsEmpty());
+  EXPECT_THAT(FindLinks({root_.string(), "/no/such/folder"}, "  "), IsEmpty());
 }
 
 TEST_F(HistoryFolderTest, ForgetsOnePageOnAllDays) {

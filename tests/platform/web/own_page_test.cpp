@@ -79,6 +79,19 @@ TEST_F(OwnPageTest, ASearchIsAnsweredHereWithoutAService) {
   EXPECT_EQ(view_.Document()->links[0]->href, "http://cats.example/");
 }
 
+TEST_F(OwnPageTest, ALinkToASavedPageLeadsThere) {
+  const test::TemporaryFolder folder;
+  const std::string uri = "file://" + folder.Write("saved.html", "<title>Saved</title>");
+  matches_ = {{"A saved page", uri}};
+  view_.Go(std::string(kQuery) + "saved");
+  view_.EvaluateInPage("document.querySelector('li a').click()");
+  ASSERT_TRUE(WaitUntil([&] { return view_->LocationURL() == uri && !view_->Busy(); }));
+  EXPECT_EQ(view_.Document()->Title, "Saved");
+  view_.Go(std::string(kQuery) + "saved");
+  view_.Go(view_.Document()->links.at(0)->href);
+  EXPECT_EQ(view_->LocationURL(), uri) << "from the links list";
+}
+
 TEST_F(OwnPageTest, WordsKeepEveryCharacter) {
   view_.Go(std::string(kQuery) + "+C#+100%+caf\xC3\xA9+a&b");
   EXPECT_EQ(searched_, "C# 100% caf\xC3\xA9 a&b");

@@ -104,35 +104,20 @@ TEST(ServiceAddress, NoUsableService) {
   EXPECT_EQ(ServiceAddress("javascript:%s", "x"), "");
 }
 
+TEST(RenderSearch, LeadsToSavedPagesInAWayThatTheEngineFollows) {
+  const std::string page = RenderSearch("a", {{"Saved", "file:///home/ann/a%20b.html"}}, false);
+  EXPECT_NE(page.find("\"corvane://saved/home/ann/a%20b.html\""), std::string::npos);
+  EXPECT_EQ(SavedFile("corvane://saved/home/ann/a%20b.html"), "file:///home/ann/a%20b.html");
+  EXPECT_EQ(SavedFile("corvane://savedx/a"), "");
+  EXPECT_EQ(SavedFile("corvane://home/cv/"), "");
+}
+
 TEST(RenderSearch, EscapesWordsAndMatches) {
   const std::string page = RenderSearch("<b>", {{"<i>", "http://x/?\"><script>"}}, false);
   EXPECT_NE(page.find("&lt;b&gt;"), std::string::npos);
   EXPECT_NE(page.find("&lt;i&gt;"), std::string::npos);
   EXPECT_EQ(page.find("<script>"), std::string::npos);
   EXPECT_EQ(page.find("<b>"), std::string::npos);
-}
-
-TEST(CleanFileName, KeepsTheEndingAndNothingThatDeceives) {
-  EXPECT_EQ(CleanFileName("report.pdf", "x"), "report.pdf");
-  EXPECT_EQ(CleanFileName("../../etc/passwd", "x"), "etc passwd");
-  EXPECT_EQ(CleanFileName(".bashrc", "x"), "bashrc");
-  EXPECT_EQ(CleanFileName("invoice\u202Efdp.exe", "x"), "invoicefdp.exe");
-  EXPECT_EQ(CleanFileName("a\nb\x7f.txt", "x"), "a b.txt");
-  EXPECT_EQ(CleanFileName(" ... ", "download"), "download");
-  EXPECT_EQ(CleanFileName("", "download"), "download");
-  EXPECT_EQ(CleanFileName("bad \xff.txt", "x"), "bad \xEF\xBF\xBD.txt");
-  const std::string longest = CleanFileName(std::string(500, 'a') + ".pdf", "x");
-  EXPECT_LE(longest.size(), 140U);
-  EXPECT_TRUE(longest.ends_with(".pdf"));
-  const std::string umlauts = CleanFileName(std::string("ab") + std::string(200, '\xC3'), "x");
-  EXPECT_TRUE(g_utf8_validate(umlauts.c_str(), -1, nullptr));
-}
-
-TEST(FileNameOf, HasNothingAFileSystemCouldMistake) {
-  EXPECT_EQ(FileNameOf("../../etc/passwd"), "etc passwd");
-  EXPECT_EQ(FileNameOf(" . "), "page");
-  EXPECT_EQ(FileNameOf(std::string("a\0b\n", 4)), "a b");
-  EXPECT_EQ(FileNameOf("News: today?"), "News  today");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "base/safe_name.h"
 #include "platform/linux/web/files/file_names.h"
 #include "platform/linux/web/problem.h"
 
@@ -99,7 +100,7 @@ DownloadState Download::State() const {
 }
 
 void Download::Ask(const std::string& suggested) {
-  name_ = CleanFileName(suggested, "download");
+  name_ = SafeFileName(suggested, "download");
   const std::string address =
       Text(webkit_uri_request_get_uri(webkit_download_get_request(download_.get())));
   const guint64 size = Expected();
@@ -111,7 +112,7 @@ void Download::Ask(const std::string& suggested) {
             [this, weak = std::weak_ptr(alive_)](const auto& reply) {
               if (weak.expired()) return;
               if (!reply || reply->button != 0) return Stop();
-              Save(CleanFileName(reply->values.at(0), name_));
+              Save(SafeFileName(reply->values.at(0), name_));
             });
 }
 

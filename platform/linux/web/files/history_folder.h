@@ -5,8 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/web/corvane_pages.h"
-
 namespace corvane::desktop {
 
 /// The pages that were visited, as ordinary files: a folder a day, in it one
@@ -36,10 +34,5 @@ class HistoryFolder {
   std::function<std::string()> today_;
   std::string last_day_;
 };
-
-/// The Internet shortcuts below the folders whose name or address holds all the
-/// words, whatever their case; the newest history day first within a folder.
-std::vector<SearchMatch> FindShortcuts(const std::vector<std::string>& folders,
-                                       const std::string& words);
 
 }  // namespace corvane::desktop

@@ -7,6 +7,7 @@
 #include <memory>
 #include <utility>
 
+#include "base/safe_name.h"
 #include "platform/linux/web/files/file_names.h"
 #include "platform/linux/web/gobject.h"
 
@@ -99,8 +100,8 @@ void PrintPage(WebKitWebView* view, std::function<void(const std::string&)> say)
   GtkWidget* dialog =
       gtk_print_unix_dialog_new("Print", GTK_IS_WINDOW(window) ? GTK_WINDOW(window) : nullptr);
   // Where the printer is a file: one that is not there yet, named after the page.
-  const std::string path = FreePath(
-      DownloadFolder(), CleanFileName(Text(webkit_web_view_get_title(view)), "page") + ".pdf");
+  const std::string path =
+      FreePath(DownloadFolder(), SafeFileName(Text(webkit_web_view_get_title(view))) + ".pdf");
   std::error_code error;
   std::filesystem::create_directories(DownloadFolder(), error);
   const GText uri(g_filename_to_uri(path.c_str(), nullptr, nullptr));

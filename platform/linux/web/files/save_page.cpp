@@ -4,16 +4,14 @@
 #include <memory>
 #include <utility>
 
+#include "base/safe_name.h"
 #include "platform/linux/web/files/file_names.h"
 #include "platform/linux/web/gobject.h"
-#include "platform/linux/web/web_text.h"
 
 namespace corvane::desktop {
 namespace {
 
-constexpr std::size_t kLongestName = 60;
 constexpr const char* kFilter = "Web page in one file (*.mhtml)|*.mhtml|All files|*";
-constexpr const char* kForbidden = "/\\:*?\"<>|";
 
 struct BytesUnref {
   void operator()(GBytes* bytes) const { g_bytes_unref(bytes); }
@@ -77,25 +75,13 @@ void OnPacked(GObject* view, GAsyncResult* result, gpointer data) {
 
 }  // namespace
 
-std::string FileNameOf(const std::string& title) {
-  std::string name;
-  for (const char c : Shorten(title, kLongestName)) {
-    const bool usable = static_cast<unsigned char>(c) >= 32 && c != 127 &&
-                        std::string(kForbidden).find(c) == std::string::npos;
-    name += usable ? c : ' ';
-  }
-  const auto start = name.find_first_not_of(" .");
-  if (start == std::string::npos) return "page";
-  return name.substr(start, name.find_last_not_of(" .") - start + 1);
-}
-
 FileRequest SaveRequest(const std::string& title) {
   std::error_code error;
   std::filesystem::create_directories(DownloadFolder(), error);
   FileRequest request;
   request.kind = FileRequest::Kind::Save;
   request.title = "Save as";
-  request.name = FreePath(DownloadFolder(), FileNameOf(title) + ".mhtml");
+  request.name = FreePath(DownloadFolder(), SafeFileName(title) + ".mhtml");
   request.filter = kFilter;
   request.default_extension = "mhtml";
   return request;

@@ -9,9 +9,6 @@
 
 namespace corvane::desktop {
 
-/// The title as a file name, without anything that a file system could mistake.
-std::string FileNameOf(const std::string& title);
-
 /// A request for a file for the page of that title: in the user's download folder,
 /// which is made if need be, under a name that no file has yet.
 FileRequest SaveRequest(const std::string& title);
