@@ -21,7 +21,7 @@ enum Field : std::size_t {
   kScripts,
   kFirstOwnOption
 };
-enum Button : int { kOk, kClearHistory, kClearCookies, kClearCache, kCancel };
+enum Button : int { kOk, kClearHistory, kClearCookies, kClearCache, kPermissions, kCancel };
 
 constexpr const char* kNoLeastSize = "as the page says";
 
@@ -55,8 +55,11 @@ EngineOptionsDialog::EngineOptionsDialog(SpokenDialogs& dialogs, Engine engine)
 
 void EngineOptionsDialog::Show() {
   if (std::exchange(shown_, true)) return;
-  dialogs_.Ask(Question(engine_.choices()),
-               [this](const DialogAnswer& answer) { Answered(answer); });
+  Ask(Question(engine_.choices()));
+}
+
+void EngineOptionsDialog::Ask(DialogQuestion question) {
+  dialogs_.Ask(std::move(question), [this](const DialogAnswer& answer) { Answered(answer); });
 }
 
 DialogQuestion EngineOptionsDialog::Question(const EngineChoices& choices) {
@@ -73,7 +76,8 @@ DialogQuestion EngineOptionsDialog::Question(const EngineChoices& choices) {
                   With({0, 10, 12, 14, 16, 18, 20, 24, 28, 32, 40, 48}, size, Pixels)},
                  {Kind::kCheckBox, "Show &images", Flag(present.images)},
                  {Kind::kCheckBox, "Run sc&ripts of pages", Flag(present.scripts)}},
-      .buttons = {"OK", "Clear &history", "Clear &cookies", "Clear c&ache", "Cancel"},
+      .buttons = {"OK", "Clear &history", "Clear &cookies", "Clear c&ache", "Sites' per&missions",
+                  "Cancel"},
       .check = [this](const DialogAnswer& answer) { return Check(answer); }};
   AddOwnOptions(question);
   return question;
@@ -102,14 +106,31 @@ std::string EngineOptionsDialog::Check(const DialogAnswer& answer) const {
     case kClearCache:
       engine_.clear_cache();
       return "The cache is cleared";
+    case kPermissions:
+      return "";
     default:
       return SearchServiceProblem(Trimmed(answer.values.at(kSearchService)));
   }
 }
 
 void EngineOptionsDialog::Answered(const DialogAnswer& answer) {
+  if (answer.button == kPermissions) return ShowPermissions(answer);
   shown_ = false;
-  if (answer.button != kOk) return;
+  if (answer.button == kOk) Apply(answer);
+}
+
+// The user comes back to what was set so far.
+void EngineOptionsDialog::ShowPermissions(const DialogAnswer& answer) {
+  engine_.show_permissions([this, values = answer.values] {
+    DialogQuestion question = Question(engine_.choices());
+    for (std::size_t i = 0; i < question.fields.size(); ++i) {
+      question.fields[i].value = values.at(i);
+    }
+    Ask(std::move(question));
+  });
+}
+
+void EngineOptionsDialog::Apply(const DialogAnswer& answer) const {
   EngineChoices choices = engine_.choices();
   choices.start_page = Trimmed(answer.values.at(kStartPage));
   if (choices.start_page.empty()) choices.start_page = kHomePage;

@@ -12,8 +12,8 @@ namespace corvane::desktop {
 
 /// The rendering engine's options as one spoken dialog: start page, search
 /// service, zoom, least font size, pictures, scripts; and buttons that clear the
-/// history, the cookies and the cache at once. Behind them stand the program's own
-/// choices.
+/// history, the cookies and the cache at once, and one that leads to the sites'
+/// permissions and back. Behind the options stand the program's own choices.
 class EngineOptionsDialog {
  public:
   /// What the dialog works on.
@@ -23,6 +23,8 @@ class EngineOptionsDialog {
     std::function<void()> clear_history;
     std::function<void()> clear_cookies;
     std::function<void()> clear_cache;
+    /// Shows what sites are allowed; calls back when the user is done with it.
+    std::function<void(std::function<void()> closed)> show_permissions;
   };
 
   EngineOptionsDialog(SpokenDialogs& dialogs, Engine engine);
@@ -38,6 +40,9 @@ class EngineOptionsDialog {
   void ApplyOwnOptions(const DialogAnswer& answer) const;
   std::string Check(const DialogAnswer& answer) const;
   void Answered(const DialogAnswer& answer);
+  void Apply(const DialogAnswer& answer) const;
+  void ShowPermissions(const DialogAnswer& answer);
+  void Ask(DialogQuestion question);
 
   SpokenDialogs& dialogs_;
   const Engine engine_;

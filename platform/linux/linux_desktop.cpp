@@ -118,6 +118,11 @@ void LinuxDesktop::MakeOptionsDialog() {
   engine.clear_history = [] { HistoryFolder(DataFolder() + kHistory).Clear(); };
   engine.clear_cookies = [this] { engine_->ClearSiteData(); };
   engine.clear_cache = [this] { engine_->ClearCache(); };
+  permissions_dialog_ = std::make_unique<PermissionsDialog>(
+      dialogs_, [this]() -> PermissionBook& { return engine_->Permissions(); });
+  engine.show_permissions = [this](std::function<void()> closed) {
+    permissions_dialog_->Show(std::move(closed));
+  };
   options_dialog_ = std::make_unique<EngineOptionsDialog>(dialogs_, std::move(engine));
 }
 

@@ -17,6 +17,7 @@
 #include "platform/linux/gtk/hooks/event_hooks.h"
 #include "platform/linux/gtk/window_table.h"
 #include "platform/linux/page_alerts.h"
+#include "platform/linux/permissions_dialog.h"
 #include "platform/linux/session_end.h"
 #include "platform/linux/speech/speech_output.h"
 #include "platform/linux/stall_meter.h"
@@ -118,6 +119,7 @@ class LinuxDesktop : public Desktop {
   DialogListener dialog_listener_;
   std::shared_ptr<PageAlerts> alerts_;
   std::unique_ptr<WebEngine> engine_;
+  std::unique_ptr<PermissionsDialog> permissions_dialog_;
   std::unique_ptr<EngineOptionsDialog> options_dialog_;
   std::unique_ptr<DownloadsDialog> downloads_dialog_;
   bool running_ = false;

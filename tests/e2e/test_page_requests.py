@@ -1,5 +1,6 @@
 """What a page can ask of its user: heard, answered with the keyboard, never in
 the way."""
+from ear_user import menu
 from page_test import QUIET, PageTest, wait_until
 
 
@@ -56,6 +57,38 @@ class PageRequests(PageTest):
         self.said("Where are you")
         self.assertEqual(self.corvane.transcript.spoken().count(question), 1)
         self.assert_alive()
+
+    def test_permission_that_was_taken_back_is_asked_for_again(self):
+        corvane = self.start(settings=QUIET)
+        question = "Permission. 127.0.0.1 wants to know where you are. Refuse Button"
+        corvane.transcript.mark()
+        corvane.open(self.base + "/where.html")
+        self.said(question)
+        corvane.keys("alt+n")
+        self.said("Where are you")
+        corvane.transcript.mark()
+        corvane.keys("F5")
+        self.said("Where are you")
+        self.assertNotIn(question, corvane.transcript.spoken())
+
+        corvane.keys(*menu("Settings"), "i")
+        self.said("Web options. Start page, edit box, corvane://home/cv/")
+        corvane.transcript.mark()
+        corvane.keys("alt+m")
+        words = f"{self.base}, location, never allowed"
+        self.said(f"Sites' permissions. 1 decision is kept. Site, list, {words}, 1 of 1")
+        corvane.keys("alt+t")
+        self.said(f"Sites' permissions. Taken back: {words}. The site has to ask again. "
+                  "No site is allowed or refused anything for good. Close Button")
+        corvane.keys("Return")
+        self.said("Web options. Start page, edit box, corvane://home/cv/")
+        corvane.keys("Escape")
+        wait_until(lambda: "Web options" not in corvane.window_names(), "the dialog to go")
+        corvane.transcript.mark()
+        corvane.keys("F5")
+        self.said(question)
+        corvane.keys("Escape")
+        self.said("Where are you")
 
     def test_password_is_asked_hidden_and_never_spoken(self):
         self.start(settings=QUIET)

@@ -91,7 +91,9 @@ class EngineOptionsTest : public test::DesktopTest {
                                .apply = [this](const EngineChoices& c) { applied_ = c; },
                                .clear_history = [this] { cleared_.push_back("history"); },
                                .clear_cookies = [this] { cleared_.push_back("cookies"); },
-                               .clear_cache = [this] { cleared_.push_back("cache"); }}};
+                               .clear_cache = [this] { cleared_.push_back("cache"); },
+                               .show_permissions = [this](auto closed) { closed_ = closed; }}};
+  std::function<void()> closed_;  // the permissions
 };
 
 TEST_F(EngineOptionsTest, IsSpokenFieldByField) {
@@ -159,6 +161,26 @@ TEST_F(EngineOptionsTest, ClearingIsDoneAtOnceAndSaid) {
   EXPECT_THAT(cleared_, ElementsAre("history", "cookies", "cache"));
   Outside({"xdotool", "key", "Escape"});
   WaitFor("the end", [&] { return windows_.FindWindow("Web options") == 0; });
+}
+
+TEST_F(EngineOptionsTest, SitesPermissionsLeadBackToWhatWasSetSoFar) {
+  Show();
+  Press({"alt+z"});
+  Press({"Down"});
+  Outside({"xdotool", "key", "alt+m"});
+  WaitFor("the permissions", [&] { return closed_ != nullptr; });
+  EXPECT_EQ(windows_.FindWindow("Web options"), 0U);
+  EXPECT_FALSE(applied_.has_value());
+  spoken_.clear();
+  dialog_.Show();
+  closed_();
+  WaitForSpeech(1);
+  EXPECT_THAT(spoken_, ElementsAre("Web options. Start page, edit box, " + std::string(kHomePage)));
+  Press({"alt+z"});
+  EXPECT_EQ(spoken_.back(), "Page zoom, list, 110 percent, 5 of 11");
+  Outside({"xdotool", "key", "Return"});
+  WaitFor("the choices", [&] { return applied_.has_value(); });
+  EXPECT_EQ(applied_->preferences.zoom, 1.1);
 }
 
 TEST_F(EngineOptionsTest, TheProgramsOwnChoicesFollowAndAreApplied) {

@@ -118,6 +118,19 @@ TEST_F(PermissionBookTest, DecisionsOutliveTheProgram) {
   EXPECT_EQ(book.Find("http://example.org", "location"), std::nullopt);
 }
 
+TEST_F(PermissionBookTest, DecisionsAreListedAndTakenBackOneByOne) {
+  PermissionBook book(file_);
+  book.Decide("https://b.example", "location", false);
+  book.Decide("https://a.example", "camera", true);
+  EXPECT_TRUE(book.Forget("https://b.example", "location"));
+  const auto left = PermissionBook(file_).List();
+  ASSERT_EQ(left.size(), 1U);
+  EXPECT_EQ(left[0].site, "https://a.example");
+  EXPECT_EQ(left[0].kind, "camera");
+  EXPECT_TRUE(left[0].allowed);
+  EXPECT_FALSE(PermissionBook("/proc/nowhere/permissions.ini").Forget("https://a", "x"));
+}
+
 TEST_F(PermissionBookTest, AFileThatSomebodySpoiledAllowsNothing) {
   std::filesystem::create_directories(folder_);
   std::ofstream(file_) << "[https://example.org]\nlocation=perhaps\n";

@@ -193,6 +193,16 @@ TEST_F(RequestTest, ADecisionForTheSiteIsNotAskedAgain) {
       false);
 }
 
+TEST_F(RequestTest, ADecisionThatWasTakenBackIsAskedForAgain) {
+  asking_->replies = {{3, {}}, {0, {}}};
+  server_.Page("/", std::string("<script>") + kWhereAmI + "</script>");
+  view_.Go(server_.Url());
+  ASSERT_TRUE(WaitUntil([&] { return view_.EvaluateInPage("document.title") == "refused"; }));
+  engine_.Permissions().Forget("http://127.0.0.1:" + std::to_string(server_.Port()), "location");
+  view_->Refresh();
+  EXPECT_TRUE(WaitUntil([&] { return asking_->asked.size() == 2; }));
+}
+
 TEST_F(RequestTest, ADecisionThatCannotBeStoredHoldsAndIsTold) {
   EngineOptions options = Options();
   options.permissions_file = "/proc/nowhere/permissions.ini";

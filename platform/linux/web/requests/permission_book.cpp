@@ -18,7 +18,7 @@ using KeyFile = std::unique_ptr<GKeyFile, KeyFileFree>;
 struct ListFree {
   void operator()(char** list) const { g_strfreev(list); }
 };
-using List = std::unique_ptr<char*, ListFree>;
+using TextList = std::unique_ptr<char*, ListFree>;
 
 }  // namespace
 
@@ -28,9 +28,9 @@ PermissionBook::PermissionBook(std::string path) : path_(std::move(path)) {
       !g_key_file_load_from_file(file.get(), path_.c_str(), G_KEY_FILE_NONE, nullptr)) {
     return;
   }
-  const List sites(g_key_file_get_groups(file.get(), nullptr));
+  const TextList sites(g_key_file_get_groups(file.get(), nullptr));
   for (char** site = sites.get(); *site != nullptr; ++site) {
-    const List kinds(g_key_file_get_keys(file.get(), *site, nullptr, nullptr));
+    const TextList kinds(g_key_file_get_keys(file.get(), *site, nullptr, nullptr));
     for (char** kind = kinds.get(); kind != nullptr && *kind != nullptr; ++kind) {
       const GText value(g_key_file_get_value(file.get(), *site, *kind, nullptr));
       // Anything but a clear yes is a no.
@@ -52,9 +52,15 @@ bool PermissionBook::Decide(const std::string& site, const std::string& kind, bo
   return Save();
 }
 
-void PermissionBook::Clear() {
-  decisions_.clear();
-  Save();
+std::vector<PermissionBook::Decision> PermissionBook::List() const {
+  std::vector<Decision> all;
+  for (const auto& [key, allowed] : decisions_) all.push_back({key.first, key.second, allowed});
+  return all;
+}
+
+bool PermissionBook::Forget(const std::string& site, const std::string& kind) {
+  decisions_.erase({site, kind});
+  return Save();
 }
 
 bool PermissionBook::Save() const {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace corvane::desktop {
 
@@ -19,8 +20,17 @@ class PermissionBook {
   std::optional<bool> Find(const std::string& site, const std::string& kind) const;
   /// False when the decision could not be written.
   bool Decide(const std::string& site, const std::string& kind, bool allowed);
-  /// Forgets all decisions.
-  void Clear();
+  /// One decision.
+  struct Decision {
+    std::string site;
+    std::string kind;
+    bool allowed = false;
+  };
+  /// All decisions, by site and kind.
+  std::vector<Decision> List() const;
+  /// Takes a decision back: the site is to ask again. False when that could not be
+  /// written; then it comes back with the program's next start.
+  bool Forget(const std::string& site, const std::string& kind);
 
  private:
   bool Save() const;

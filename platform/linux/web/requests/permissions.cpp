@@ -111,11 +111,12 @@ void Permissions::Answered(const Key& key, const std::optional<DialogAnswer>& re
   const auto node = asked_.extract(key);
   const int choice = reply ? reply->button : kRefuse;
   const bool allowed = choice == kAllowOnce || choice == kAllowSite;
-  if (reply) decided_[key] = allowed;
   const bool for_good = choice == kAllowSite || choice == kRefuseSite;
   if (for_good && !book_.Decide(key.first, key.second, allowed)) {
     notices_.Tell("The decision could not be stored. It holds until Corvane is closed.");
   }
+  // What stands in the book may be taken back there.
+  if (reply && !book_.Find(key.first, key.second)) decided_[key] = allowed;
   if (node.empty()) return;
   for (const auto& request : node.mapped()) {
     allowed ? webkit_permission_request_allow(request.get())
