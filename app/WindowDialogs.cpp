@@ -15,7 +15,7 @@ constexpr std::uint32_t kOpenFlags =
 static_assert(kOpenFlags == 0x28102C);
 constexpr std::uint32_t kSaveFlags = kLongNames | kExplorerStyle | kPathMustExist |
                                      kOverwritePrompt | kEnableHook | kNoChangeDir | kHideReadOnly;
-constexpr int kRoomForNames = 0x10000;  // bytes; several files of long names
+constexpr int kRoomForNames = 0x10000;  // characters; several files of long names
 
 /// What the user has chosen. A dialog that has failed still holds the name that was
 /// proposed, but no title.
@@ -52,6 +52,7 @@ void WindowDialogs::OpenFile(std::function<void(const std::string& path)> chosen
   if (files_) return;
   files_ = NewFileDialog();
   files_->SetFlags(kOpenFlags);
+  files_->SetMaxFileSize(kRoomForNames);
   files_->SetFilter(kPageFilter);
   files_->ShowOpen([this, chosen = std::move(chosen)](const auto&) {
     const auto dialog = std::move(files_);

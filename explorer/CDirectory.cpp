@@ -1,5 +1,7 @@
 #include "explorer/CDirectory.h"
 
+#include <utility>
+
 #include "base/error.h"
 #include "base/handling.h"
 #include "base/text.h"
@@ -10,6 +12,7 @@ namespace {
 
 constexpr std::uint32_t kRootAttributes = kAttributeHasSubFolder;
 constexpr std::size_t kTypeNameField = 80;  // characters, its end included
+constexpr int kPathField = 512;             // characters of a chosen folder's path
 constexpr int kAllContents = kContentsFolders | kContentsNonFolders | kContentsHidden;
 
 }  // namespace
@@ -98,8 +101,19 @@ std::vector<std::string> CDirectory::Files() const {
   return names;
 }
 
-std::string CDirectory::GetFolder(WindowHandle hwndOwner, const std::string& sTitle) const {
-  return desktop_.GetShell().BrowseForFolder(hwndOwner, sTitle);
+void CDirectory::GetFolder(WindowHandle hwndOwner, const std::string& sTitle,
+                           std::function<void(const std::string& path)> chosen) {
+  OpenFileName record;
+  record.owner = hwndOwner;
+  record.title = sTitle;
+  record.max_file = kPathField;
+  folder_dialog_ = desktop_.CreateFileDialog();
+  folder_dialog_->Show(FileDialog::Kind::Folder, record, nullptr,
+                       [this, chosen = std::move(chosen)](const FileDialog::Result& result) {
+                         const auto dialog = std::move(folder_dialog_);
+                         const std::string& path = result.record.file;
+                         chosen(result.chosen ? path.substr(0, path.find('\0')) : "");
+                       });
 }
 
 std::shared_ptr<Picture> CDirectory::GetIcon(const std::string& sFile, EIconType type) const {

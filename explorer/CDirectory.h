@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "explorer/IExplorerItem.h"
 #include "explorer/IconCache.h"
 #include "platform/desktop.h"
+#include "platform/file_dialog.h"
 #include "platform/shell_folder.h"
 
 namespace corvane {
@@ -36,8 +38,11 @@ class CDirectory : public IExplorerItem {
   std::vector<std::shared_ptr<CDirectory>> Subdirs() const;
   /// The names of the files in the folder, hidden ones left out.
   std::vector<std::string> Files() const;
-  /// Lets the user choose a folder; empty when the user cancels.
-  std::string GetFolder(WindowHandle hwndOwner, const std::string& sTitle) const;
+  /// Lets the user choose a folder of the file system; `chosen` gets its path, or
+  /// nothing when the user cancels. Returns at once; letting go of this item closes
+  /// the dialog.
+  void GetFolder(WindowHandle hwndOwner, const std::string& sTitle,
+                 std::function<void(const std::string& path)> chosen);
   std::shared_ptr<Picture> GetIcon(const std::string& sFile, EIconType type) const;
   std::string GetFileTypeName(const std::string& sFile) const;
 
@@ -74,6 +79,7 @@ class CDirectory : public IExplorerItem {
   std::uint32_t ulAttrs1_ = 0;
   std::uint32_t ulAttrs2_ = 0;
   std::shared_ptr<IconCache> icons_;
+  std::unique_ptr<FileDialog> folder_dialog_;
 };
 
 }  // namespace corvane

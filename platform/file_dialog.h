@@ -10,7 +10,6 @@ namespace corvane {
 
 /// Flags of OpenFileName that the program or the dialog looks at.
 enum FileDialogFlags : std::uint32_t {
-  kReadOnly = 0x1,
   kOverwritePrompt = 0x2,
   kHideReadOnly = 0x4,
   kNoChangeDir = 0x8,
@@ -32,10 +31,8 @@ inline constexpr int kNotifyHelp = -605;
 enum DialogControl : int { kDialogOk = 1, kDialogCancel = 2, kDialogHelp = 1038 };
 
 /// The record by which a file dialog is asked for, and which it fills. Texts are
-/// UTF-8; buffers hold NUL characters and count in bytes.
+/// UTF-8; buffers are filled up with NUL, their capacity counts characters.
 struct OpenFileName {
-  static constexpr std::size_t kSize = 76;  ///< of the record in its short layout
-
   WindowHandle owner = 0;
   /// Description and pattern in turn, divided by "|"; a pattern may be several,
   /// divided by ";". One with a slash is a type of content ("text/plain", "image/*").
@@ -66,7 +63,7 @@ struct DialogMessage {
 /// The desktop's dialogs for choosing files.
 class FileDialog {
  public:
-  enum class Kind { Open, Save };
+  enum class Kind { Open, Save, Folder };
   struct Rect {
     int left = 0, top = 0, width = 0, height = 0;  ///< pixels of the screen
   };

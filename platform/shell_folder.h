@@ -85,8 +85,6 @@ class Shell {
   virtual std::shared_ptr<Picture> GetIcon(const std::string& path, EIconType type) = 0;
   /// What kind of file it is, in words for people.
   virtual std::string TypeName(const std::string& path) = 0;
-  /// Lets the user choose a folder; empty when the user cancels.
-  virtual std::string BrowseForFolder(WindowHandle owner, const std::string& title) = 0;
 
   /// Makes a folder; one that is there already is no error.
   virtual void MakeFolder(const std::string& path) = 0;

@@ -74,9 +74,6 @@ class FakeShell : public Shell {
     return nullptr;
   }
   std::string TypeName(const std::string& path) override { return "type of " + path; }
-  std::string BrowseForFolder(WindowHandle, const std::string& title) override {
-    return "chosen for " + title;
-  }
   void MakeFolder(const std::string& path) override { Folder(path); }
   void Rename(const std::string& path, const std::string& new_path) override {
     if (entries.count(path) == 0 || entries.count(new_path) != 0) {

@@ -149,12 +149,30 @@ TEST_F(Directory, FilesAreThoseThatAreNoFolders) {
   EXPECT_THAT(Root("/nowhere")->Files(), IsEmpty());
 }
 
-TEST_F(Directory, SystemTellsTypesIconsAndChosenFolders) {
+TEST_F(Directory, SystemTellsTypesAndIcons) {
   const auto root = Root("6");
   EXPECT_EQ(root->GetFileTypeName("/x.txt"), "type of /x.txt");
-  EXPECT_EQ(root->GetFolder(0, "title"), "chosen for title");
   root->GetIcon("/x.txt", kIconSmall);
   EXPECT_THAT(shell.icons_fetched, ElementsAre(std::make_pair("/x.txt", kIconSmall)));
+}
+
+TEST_F(Directory, UserChoosesAFolderInFrontOfItsOwner) {
+  const auto root = Root("6");
+  auto& dialog = desktop.file_dialogs;
+  std::optional<std::string> chosen;
+  const auto choose = [&] {
+    root->GetFolder(77, "Where to?", [&](const std::string& path) { chosen = path; });
+  };
+  choose();
+  EXPECT_EQ(dialog.kind, FileDialog::Kind::Folder);
+  EXPECT_EQ(dialog.record.owner, 77U);
+  EXPECT_EQ(dialog.record.title, "Where to?");
+  EXPECT_EQ(chosen, std::nullopt) << "nobody waits for the user";
+  dialog.Choose(std::string("/home/ann\0\0", 11));
+  EXPECT_EQ(chosen, "/home/ann");
+  choose();
+  dialog.Cancel();
+  EXPECT_EQ(chosen, "");
 }
 
 TEST_F(Directory, NothingCanBeRenamedOrDeleted) {

@@ -236,6 +236,13 @@ TEST(MenuCommands, OpenFileAsksForAPageAndGoesThere) {
   EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 /home/ann/a page.html"));
 }
 
+TEST(MenuCommands, OpenFileHasRoomForALongPath) {
+  Program p;
+  p.Start();
+  p.Inside().menu.mnuFileItem(2).Click.Raise();
+  EXPECT_EQ(p.desktop.file_dialogs.record.max_file, 0x10000);
+}
+
 TEST(MenuCommands, CancellingTheOpenFileDialogNavigatesNowhere) {
   Program p;
   p.Start();

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <giomm/contenttype.h>
-#include <gtkmm/filechooserdialog.h>
 #include <gtkmm/icontheme.h>
 #include <sys/stat.h>
 
@@ -98,13 +97,6 @@ std::shared_ptr<Picture> FileShell::GetIcon(const std::string& path, EIconType t
 std::string FileShell::TypeName(const std::string& path) {
   const std::string type = ContentTypeOf(path);
   return type.empty() ? "" : std::string(Gio::content_type_get_description(type));
-}
-
-std::string FileShell::BrowseForFolder(WindowHandle, const std::string& title) {
-  Gtk::FileChooserDialog dialog(title, Gtk::FILE_CHOOSER_ACTION_SELECT_FOLDER);
-  dialog.add_button("_Cancel", Gtk::RESPONSE_CANCEL);
-  dialog.add_button("_OK", Gtk::RESPONSE_OK);
-  return dialog.run() == Gtk::RESPONSE_OK ? dialog.get_filename() : std::string();
 }
 
 void FileShell::MakeFolder(const std::string& path) {

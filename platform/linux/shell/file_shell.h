@@ -24,7 +24,6 @@ class FileShell : public Shell {
   int SystemImageIndex(const ItemIdList& place) override;
   std::shared_ptr<Picture> GetIcon(const std::string& path, EIconType type) override;
   std::string TypeName(const std::string& path) override;
-  std::string BrowseForFolder(WindowHandle owner, const std::string& title) override;
 
   void MakeFolder(const std::string& path) override;
   void Rename(const std::string& path, const std::string& new_path) override;

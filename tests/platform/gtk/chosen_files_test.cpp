@@ -57,6 +57,16 @@ TEST(ChosenFiles, ABufferThatIsTooSmallIsLeftAlone) {
   EXPECT_EQ(record.file, "");
 }
 
+TEST(ChosenFiles, RoomIsCountedInCharacters) {
+  std::string path = "/";
+  for (int i = 0; i < 200; ++i) path += "\u0436";
+  OpenFileName record;
+  EXPECT_EQ(record.max_file, 260);
+  EXPECT_TRUE(FillChosen(record, {path})) << "401 bytes";
+  EXPECT_THAT(record.file, StartsWith(path));
+  EXPECT_FALSE(FillChosen(record, {path + path}));
+}
+
 TEST(ChosenFiles, FiltersAreDescriptionsAndPatterns) {
   EXPECT_THAT(FilterPairs("Pages (*.htm)|*.htm*|All|*"),
               ElementsAre(Pair("Pages (*.htm)", "*.htm*"), Pair("All", "*")));

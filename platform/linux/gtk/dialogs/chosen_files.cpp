@@ -6,10 +6,12 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "base/text.h"
+
 namespace corvane::desktop {
 namespace {
 
-constexpr std::size_t kBytesOverNames = 2;  // the two NUL at the end of a list
+constexpr std::size_t kEndOfList = 2;  // two NUL
 
 void PutInto(std::string& buffer, std::string text, int capacity) {
   text.resize(std::max(text.size(), static_cast<std::size_t>(std::max(capacity, 0))), '\0');
@@ -42,10 +44,14 @@ std::string RefusalToSave(const std::string& path, bool there) {
 
 std::string Refusal(FileDialog::Kind kind, std::uint32_t flags,
                     const std::vector<std::string>& paths) {
-  if (paths.empty()) return "No file is chosen";
+  const bool folder = kind == FileDialog::Kind::Folder;
+  if (paths.empty()) return folder ? "No folder is chosen" : "No file is chosen";
   for (const auto& path : paths) {
     std::error_code error;
-    if (std::filesystem::is_directory(path, error)) return Shown(path) + " is a folder";
+    const bool is_folder = std::filesystem::is_directory(path, error);
+    if (folder && !is_folder) return Shown(path) + " is no folder";
+    if (folder) continue;
+    if (is_folder) return Shown(path) + " is a folder";
     const bool there = std::filesystem::exists(path, error);
     const std::string refusal = kind == FileDialog::Kind::Open
                                     ? RefusalToOpen(path, there, (flags & kFileMustExist) != 0)
@@ -75,7 +81,7 @@ bool FillChosen(OpenFileName& record, const std::vector<std::string>& paths) {
       file += std::filesystem::path(path).filename().string();
     }
   }
-  if (file.size() + kBytesOverNames > static_cast<std::size_t>(std::max(record.max_file, 0))) {
+  if (text::length(file) + kEndOfList > static_cast<std::size_t>(std::max(record.max_file, 0))) {
     return false;
   }
   const auto dot = title.rfind('.');

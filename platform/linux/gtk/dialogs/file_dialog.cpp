@@ -27,6 +27,28 @@ bool IsFolder(const std::string& path) { return Glib::file_test(path, Glib::FILE
 
 std::string UpToNul(const std::string& buffer) { return buffer.substr(0, buffer.find('\0')); }
 
+struct Words {
+  Gtk::FileChooserAction action;
+  const char* title;
+  const char* accept;
+};
+
+const Words& WordsOf(FileDialog::Kind kind) {
+  static constexpr Words kOpen = {Gtk::FILE_CHOOSER_ACTION_OPEN, "Open", "_Open"};
+  static constexpr Words kSave = {Gtk::FILE_CHOOSER_ACTION_SAVE, "Save As", "_Save"};
+  static constexpr Words kFolder = {Gtk::FILE_CHOOSER_ACTION_SELECT_FOLDER, "Choose a folder",
+                                    "C_hoose"};
+  switch (kind) {
+    case FileDialog::Kind::Open:
+      return kOpen;
+    case FileDialog::Kind::Save:
+      return kSave;
+    case FileDialog::Kind::Folder:
+      break;
+  }
+  return kFolder;
+}
+
 }  // namespace
 
 GtkFileDialog::GtkFileDialog(WindowTable& windows, SpokenDialogs& questions, Speaker speak)
@@ -63,15 +85,14 @@ void GtkFileDialog::Show(Kind kind, const OpenFileName& record,
 }
 
 void GtkFileDialog::Make() {
-  const bool open = kind_ == Kind::Open;
+  const Words& words = WordsOf(kind_);
   const Glib::ustring title =
-      record_.title.empty() ? Glib::ustring(open ? "Open" : "Save As") : Valid(record_.title);
-  dialog_ = std::make_unique<Gtk::FileChooserDialog>(
-      title, open ? Gtk::FILE_CHOOSER_ACTION_OPEN : Gtk::FILE_CHOOSER_ACTION_SAVE);
+      record_.title.empty() ? Glib::ustring(words.title) : Valid(record_.title);
+  dialog_ = std::make_unique<Gtk::FileChooserDialog>(title, words.action);
   MarkAsSpeaking(GTK_WIDGET(dialog_->gobj()));
   if ((record_.flags & kShowHelp) != 0) dialog_->add_button("_Help", kHelpResponse);
   dialog_->add_button("_Cancel", Gtk::RESPONSE_CANCEL);
-  dialog_->add_button(open ? "_Open" : "_Save", Gtk::RESPONSE_OK);
+  dialog_->add_button(words.accept, Gtk::RESPONSE_OK);
   dialog_->set_default_response(Gtk::RESPONSE_OK);
   dialog_->get_accessible()->set_name(title);
   dialog_->set_modal(true);
@@ -89,7 +110,7 @@ void GtkFileDialog::SetUp() {
   const std::string name = UpToNul(record_.file);
   if (name.empty()) return;
   const bool whole = Glib::path_is_absolute(name);
-  if (kind_ == Kind::Open) {
+  if (kind_ != Kind::Save) {
     dialog_->set_filename(whole ? name : Glib::build_filename(record_.initial_dir, name));
   } else {
     if (whole) dialog_->set_current_folder(Glib::path_get_dirname(name));
