@@ -157,7 +157,8 @@ int CIAccessible::IAccessibleChildren(std::vector<AccessiblePtr>& objIAChild,
                                       int intChildMax) const {
   objIAChild.clear();
   vKids.clear();
-  const int most = blnAllChildren ? accChildCount(pIAccessible) : intChildMax;
+  // The count may be that of an earlier moment; whoever wants all gets all.
+  const int most = blnAllChildren ? kAllChildren : intChildMax;
   if (most <= 0) return 0;
   const auto delivered = AnswerOrEmpty([&] { return Required(pIAccessible).Children(most); });
   std::int32_t number = 0;

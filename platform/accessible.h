@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -39,6 +40,9 @@ enum AccessibleObjectId : std::int32_t { kObjectWindow = 0, kObjectClient = -4 }
 
 /// One of the texts that an element tells of itself.
 enum class AccessibleText { Name, Value, Description, Help, DefaultAction, KeyboardShortcut };
+
+/// However many children there are.
+inline constexpr int kAllChildren = std::numeric_limits<int>::max();
 
 /// The number of a simple element: a child that has no object of its own and is
 /// asked through its parent. Empty: the object itself.
@@ -82,8 +86,9 @@ class Accessible {
   /// AccessibleState and its kin.
   virtual std::uint32_t State(AccessibleKid kid) const = 0;
   virtual int ChildCount() const = 0;
-  /// The first `most` children as they are now. An entry without an object is
-  /// the simple element of that number.
+  /// The first `most` children, or kAllChildren, as they are now, however many
+  /// ChildCount knew of. An entry without an object is the simple element of that
+  /// number.
   virtual std::vector<AccessibleElement> Children(int most) const = 0;
   /// The object of a child that has one; null for a simple element.
   virtual AccessiblePtr Child(std::int32_t kid) const = 0;
@@ -113,8 +118,9 @@ class Accessibility {
   [[nodiscard]] virtual Connection Fetch(const std::vector<WindowHandle>& windows,
                                          std::function<void()> done) = 0;
 
-  /// The object of a window or of its contents (AccessibleObjectId); the
-  /// desktop's own, whose children are all windows, for 0. Null for none.
+  /// The object of a window or of its contents (AccessibleObjectId); where windows
+  /// have no frame of their own both are the same. The desktop's own, whose children
+  /// are all windows, for 0. Null for none.
   virtual AccessiblePtr ObjectFromWindow(WindowHandle window, std::int32_t id) = 0;
   /// The innermost element at a point of the screen, whichever program's window
   /// lies uppermost there.

@@ -218,6 +218,17 @@ TEST_F(AccessibleTest, ArraysAreCutToTheChildrenDelivered) {
   EXPECT_EQ(kids.size(), 1U);
 }
 
+TEST_F(AccessibleTest, ChildrenThatCameSinceTheyWereCountedAreAmongThem) {
+  const Ptr list = Make("list", 33);
+  for (const char* name : {"one", "two", "three", "four"}) list->Add(Make(name, 34));
+  list->undelivered = -2;
+  std::vector<AccessiblePtr> objects;
+  std::vector<AccessibleKid> kids;
+  EXPECT_EQ(access.IAccessibleChildren(objects, kids, list, true), 4);
+  EXPECT_EQ(objects.size(), 4U);
+  EXPECT_EQ(kids.size(), 4U);
+}
+
 TEST_F(AccessibleTest, ChildWithoutAUsableObjectIsASimpleElementOfItsParent) {
   const Ptr list = Make("list", 33);
   list->Add(Make("first", 34));

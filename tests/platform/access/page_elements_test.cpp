@@ -19,6 +19,14 @@ class PageElements : public AccessTest {
     Go(server_.Url("/page.html"));
     return FetchPage();
   }
+  /// Lets the page change itself after its tree has been fetched.
+  void Run(const std::string& script) {
+    bool over = false;
+    webkit_web_view_evaluate_javascript(
+        WEBKIT_WEB_VIEW(browser_->widget().gobj()), script.c_str(), -1, nullptr, nullptr, nullptr,
+        +[](GObject*, GAsyncResult*, gpointer flag) { *static_cast<bool*>(flag) = true; }, &over);
+    ASSERT_TRUE(WaitUntil([&] { return over; }));
+  }
 };
 
 TEST_F(PageElements, HeadingsLinksFieldsAndPicturesOfThePageAreThere) {
@@ -108,17 +116,22 @@ TEST_F(PageElements, ChildrenAreThoseOfTheMomentWhenTheyAreAskedFor) {
   const auto page = Show(R"(<div role=list id=l aria-label=Fruit><p>Apple</p><p>Pear</p></div>)");
   const auto list = Named(page, "Fruit");
   ASSERT_TRUE(list);
-  // The page changes itself after the tree has been fetched.
-  bool changed = false;
-  webkit_web_view_evaluate_javascript(
-      WEBKIT_WEB_VIEW(browser_->widget().gobj()),
-      "document.querySelector('p').remove();document.querySelector('p').textContent='Plum'", -1,
-      nullptr, nullptr, nullptr,
-      +[](GObject*, GAsyncResult*, gpointer flag) { *static_cast<bool*>(flag) = true; }, &changed);
-  ASSERT_TRUE(WaitUntil([&] { return changed; }));
+  Run("document.querySelector('p').remove(); document.querySelector('p').textContent = 'Plum'");
   EXPECT_TRUE(WaitUntil([&] {
     const auto all = Listed(list);
     return all == std::vector<std::string>{"text: Plum"};
+  })) << ::testing::PrintToString(Listed(list));
+}
+
+TEST_F(PageElements, ChildrenThatCameSinceTheTreeWasFetchedAreAmongThem) {
+  const auto page = Show(R"(<div role=list id=l aria-label=Fruit><p>Apple</p><p>Pear</p></div>)");
+  const auto list = Named(page, "Fruit");
+  ASSERT_TRUE(list);
+  Run("for (const name of ['Plum', 'Fig'])"
+      " l.appendChild(document.createElement('p')).textContent = name");
+  EXPECT_TRUE(WaitUntil([&] {
+    const auto all = Listed(list);
+    return all == std::vector<std::string>{"text: Apple", "text: Pear", "text: Plum", "text: Fig"};
   })) << ::testing::PrintToString(Listed(list));
 }
 
