@@ -137,11 +137,7 @@ class ctlText {
   }
   template <class Value>
   void Write(Value Format::*field, const Value& value) {
-    ErrorsIgnored([&] {
-      Format format = Text1_->SelFormat();
-      format.*field = value;
-      Text1_->SetSelFormat(format);
-    });
+    ErrorsIgnored([&] { Text1_->ChangeSelFormat([&](Format& format) { format.*field = value; }); });
   }
   void Mirror(const std::string& strText);
   void UserControl_Resize();

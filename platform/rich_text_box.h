@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -61,9 +62,10 @@ class RichTextBox : public Control {
   virtual std::string SelRTF() const = 0;
   virtual void SetSelRTF(const std::string& rtf) = 0;
   virtual Format SelFormat() const = 0;
-  /// Gives the selection all of `format`; with nothing selected, the text that
-  /// is inserted next at the caret.
-  virtual void SetSelFormat(const Format& format) = 0;
+  /// Changes the formats of the selection: `change` is called with each that occurs
+  /// in it, so that what it leaves alone stays as different as it was. With nothing
+  /// selected the text that is inserted next at the caret gets the change.
+  virtual void ChangeSelFormat(const std::function<void(Format&)>& change) = 0;
 
   virtual Color BackColor() const = 0;
   virtual void SetBackColor(Color color) = 0;

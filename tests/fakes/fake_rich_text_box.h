@@ -51,9 +51,9 @@ class FakeRichTextBox : public FakeControl<RichTextBox> {
     const auto at = static_cast<std::size_t>(start);
     return at < formats.size() ? formats[at] : pending;
   }
-  void SetSelFormat(const Format& format) override {
-    if (length == 0) pending = format;
-    for (int i = start; i < start + length; ++i) formats[static_cast<std::size_t>(i)] = format;
+  void ChangeSelFormat(const std::function<void(Format&)>& change) override {
+    if (length == 0) change(pending = SelFormat());
+    for (int i = start; i < start + length; ++i) change(formats[static_cast<std::size_t>(i)]);
   }
   Color BackColor() const override { return back_color; }
   void SetBackColor(Color color) override { back_color = color; }

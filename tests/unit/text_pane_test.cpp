@@ -227,6 +227,18 @@ TEST_F(TextPane, FormatsOfTheSelectionAreTheBoxs) {
   EXPECT_EQ(box.formats[0], RichTextBox::Format{});
 }
 
+TEST_F(TextPane, OneFormatIsSetAndTheOthersStayAsDifferentAsTheyWere) {
+  pane.AddText("red blue", true);
+  for (std::size_t i = 0; i < 8; ++i) box.formats[i].color = i < 4 ? 0x0000FF : 0xFF0000;
+  pane.SetSelStart(0);
+  pane.SetSelLength(8);
+  pane.SetSelBold(true);
+  for (std::size_t i = 0; i < 8; ++i) {
+    EXPECT_TRUE(box.formats[i].bold) << i;
+    EXPECT_EQ(box.formats[i].color, i < 4 ? 0x0000FFU : 0xFF0000U) << i;
+  }
+}
+
 TEST_F(TextPane, TextSelectionAndLooksAreTheBoxs) {
   ExpectKept<std::string>(pane, &ctlText::SetText, &ctlText::Text, "one two");
   EXPECT_EQ(box.text, "one two");

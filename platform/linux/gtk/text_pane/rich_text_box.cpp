@@ -288,16 +288,29 @@ RichTextBox::Format RichTextBoxControl::SelFormat() const {
   return tags_.At(start);
 }
 
-void RichTextBoxControl::SetSelFormat(const Format& format) {
-  const Change change(*this);
+void RichTextBoxControl::ChangeSelFormat(const std::function<void(Format&)>& change) {
+  const Change telling(*this);
   Gtk::TextIter start;
   Gtk::TextIter end;
   Selection(start, end);
   if (start == end) {
+    Format format = SelFormat();
+    change(format);
     tags_.ApplyToParagraphs(format, start, end);
     typing_ = format;
-  } else {
-    tags_.Apply(format, start, end);
+  }
+  // A run that is changed may join the next one: each is looked up anew.
+  const int last = end.get_offset();
+  for (int at = start.get_offset(); at < last;) {
+    const auto from = buffer_->get_iter_at_offset(at);
+    auto to = from;
+    if (!to.forward_to_tag_toggle(Glib::RefPtr<Gtk::TextTag>()) || to.get_offset() > last) {
+      to = buffer_->get_iter_at_offset(last);
+    }
+    at = to.get_offset();
+    Format format = tags_.At(from);
+    change(format);
+    tags_.Apply(format, from, to);
   }
   lines_.Restyled(tags_.Used());
 }

@@ -42,7 +42,7 @@ class RichTextBoxControl : public WidgetControl<RichTextBox> {
   std::string SelRTF() const override;
   void SetSelRTF(const std::string& rtf) override;
   Format SelFormat() const override;
-  void SetSelFormat(const Format& format) override;
+  void ChangeSelFormat(const std::function<void(Format&)>& change) override;
   Color BackColor() const override { return back_color_; }
   void SetBackColor(Color color) override;
   corvane::Font Font() const override { return font_; }

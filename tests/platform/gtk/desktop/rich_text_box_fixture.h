@@ -15,6 +15,10 @@ class RichTextBoxTest : public test::DesktopTest {
     Settle();
   }
   void Press(guint keyval, guint state = 0) { Key(window_.form.window(), keyval, state); }
+  /// Gives the selection, or the text to come, all of a format.
+  void Give(const RichTextBox::Format& format) {
+    box_.ChangeSelFormat([&](RichTextBox::Format& present) { present = format; });
+  }
   void Select(int start, int length) {
     box_.SetSelStart(start);
     box_.SetSelLength(length);

@@ -9,6 +9,25 @@ namespace {
 
 using Format = RichTextBox::Format;
 
+TEST_F(RichTextBoxTest, AChangeLeavesTheRestOfEachRunAsItWas) {
+  box_.SetText("red blue\nplain");
+  Select(0, 3);
+  box_.ChangeSelFormat([](Format& format) { format.color = 0x0000FF; });
+  Select(4, 4);
+  box_.ChangeSelFormat([](Format& format) { format.color = 0xFF0000; });
+  Select(0, 14);
+  box_.ChangeSelFormat([](Format& format) { format.bold = true; });
+  const auto at = [&](int position) {
+    Select(position, 1);
+    return box_.SelFormat();
+  };
+  EXPECT_EQ(at(1).color, 0x0000FFU);
+  EXPECT_EQ(at(5).color, 0xFF0000U);
+  EXPECT_EQ(at(10).color, at(3).color) << "as the blank between";
+  EXPECT_NE(at(10).color, 0x0000FFU);
+  for (const int position : {0, 2, 3, 4, 7, 9, 13}) EXPECT_TRUE(at(position).bold) << position;
+}
+
 TEST_F(RichTextBoxTest, FormatsAreThoseOfTheFirstCharacter) {
   box_.SetText("one two three");
   Select(4, 3);
@@ -22,7 +41,7 @@ TEST_F(RichTextBoxTest, FormatsAreThoseOfTheFirstCharacter) {
   format.font_name = "Monospace";
   format.font_size = 14;
   format.char_offset = 60;
-  box_.SetSelFormat(format);
+  Give(format);
   EXPECT_EQ(box_.SelFormat(), format);
   Select(3, 4);
   EXPECT_FALSE(box_.SelFormat().bold) << "the blank in front is plain";
@@ -31,7 +50,7 @@ TEST_F(RichTextBoxTest, FormatsAreThoseOfTheFirstCharacter) {
   Select(4, 3);
   format.bold = false;
   format.color = 0;
-  box_.SetSelFormat(format);
+  Give(format);
   EXPECT_EQ(box_.SelFormat(), format);
   EXPECT_EQ(box_.Text(), "one two three");
 }
@@ -46,7 +65,7 @@ TEST_F(RichTextBoxTest, ParagraphFormatsHoldForTheWholeParagraph) {
   format.bullet = true;
   format.alignment = RichTextBox::Alignment::Center;
   format.tabs = {600, 1200};
-  box_.SetSelFormat(format);
+  Give(format);
   Select(4, 1);
   EXPECT_EQ(box_.SelFormat(), format);
   Select(0, 1);
@@ -61,7 +80,7 @@ TEST_F(RichTextBoxTest, ANewFormatAtTheCaretIsThatOfTheTextToCome) {
   box_.SetSelStart(5);
   auto format = box_.SelFormat();
   format.bold = true;
-  box_.SetSelFormat(format);
+  Give(format);
   EXPECT_TRUE(box_.SelFormat().bold);
   box_.SetSelText(" thick");
   Select(6, 1);
@@ -79,7 +98,7 @@ TEST_F(RichTextBoxTest, AColourSetOnEmptyTextIsThatOfTheNextText) {
   box_.SetText("");
   auto format = box_.SelFormat();
   format.color = 0xFF0000;
-  box_.SetSelFormat(format);
+  Give(format);
   box_.SetText("blue");
   EXPECT_EQ(box_.SelFormat().color, 0xFF0000U);
   Select(3, 1);
@@ -91,7 +110,7 @@ TEST_F(RichTextBoxTest, RtfComesBackWithItsFormats) {
   Select(4, 3);
   auto format = box_.SelFormat();
   format.bold = true;
-  box_.SetSelFormat(format);
+  Give(format);
   const auto rtf = box_.TextRTF();
   EXPECT_TRUE(rtf.starts_with("{\\rtf1"));
   RichTextBoxControl other("other", windows_);
