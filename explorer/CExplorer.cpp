@@ -202,7 +202,7 @@ void CExplorer::AddChildren(TreeNodeId node, const ExplorerData& parent,
   for (const auto& item : items) {
     desktop_.DoEvents();
     if (tree_->Find(node) == nullptr) return;
-    AddChild(parent, item);
+    ErrorsIgnored([&] { AddChild(parent, item); });
   }
 }
 

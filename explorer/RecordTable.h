@@ -33,6 +33,8 @@ class RecordTable {
   };
 
   std::size_t Count() const { return count_; }
+  /// The number of the last slot: so many records fit before the table grows.
+  std::size_t UpperBound() const { return records_.size() - 1; }
   /// Record number `index`, 1 to Count.
   const Record& At(std::size_t index) const { return records_[index]; }
 

@@ -134,8 +134,21 @@ TEST_F(AccessibilityViewTest, FollowingANodeFocusesItsElementAndActs) {
 }
 
 TEST_F(AccessibilityViewTest, FollowingAnythingElseDoesNothing) {
-  TreeNode& node = explorer.AddNode("No item", {});
-  view.Follow(node);
+  Render(page);
+  Refresh();
+  TreeNode& plain = explorer.AddNode("No item", {});
+  CExplorer::NodeOptions options;
+  options.Data = std::string("a plain value");
+  TreeNode& value = explorer.AddNode("Value", options);
+  const auto before = Labels();
+  view.Follow(plain);
+  view.Follow(value);
+  EXPECT_THAT(*page->journal, IsEmpty()) << "no element is touched";
+  EXPECT_THAT(*page->objects[0]->journal, IsEmpty());
+  EXPECT_EQ(Labels(), before);
+  EXPECT_THAT(desktop.boxes.Texts(), IsEmpty());
+  EXPECT_EQ(desktop.Get<FakeRichTextBox>("Text1").Text(), "");
+  EXPECT_THAT(desktop.Get<FakeWebBrowser>("brwWebBrowser").calls, IsEmpty());
 }
 
 TEST_F(AccessibilityViewTest, ProblemIsToldOnceAndNotTriedAgain) {

@@ -16,6 +16,7 @@ class TestItem : public IExplorerItem {
   bool has_children = false;
   bool keeps_name = false;
   bool refuses_delete = false;
+  bool fails = false;
   ExplorerItems children;
   std::function<void()> while_building;
   int built = 0;
@@ -23,7 +24,10 @@ class TestItem : public IExplorerItem {
   int deleted = 0;
 
  private:
-  std::string IExplorerItem_Text() const override { return text; }
+  std::string IExplorerItem_Text() const override {
+    if (fails) throw RunTimeError(kErrDeviceIo, "TestItem", "No");
+    return text;
+  }
   void IExplorerItem_SetText(const std::string& Value) override {
     if (!keeps_name) text = Value;
   }

@@ -34,6 +34,14 @@ TEST_F(Explorer, ItemThatFailsLeavesNoChildrenAndTheTreeUnlocked) {
   EXPECT_EQ(tree.locks, 0);
 }
 
+TEST_F(Explorer, ChildThatFailsCostsItsSiblingsNothing) {
+  const auto broken = Leaf("broken");
+  broken->fails = true;
+  const FakeTreeNode& root = Open(Branch("root", {Leaf("a"), broken, Leaf("b")}));
+  EXPECT_THAT(root.Labels(), ElementsAre("a", "b"));
+  EXPECT_EQ(tree.locks, 0);
+}
+
 TEST_F(Explorer, ChildTakesTextPictureAndTagFromItsItem) {
   auto child = Leaf("child");
   child->icon = 2;

@@ -29,8 +29,11 @@ struct RebarTest : ::testing::Test {
 TEST_F(RebarTest, IsNotMadeWithoutAParent) {
   EXPECT_FALSE(rebar.Create());
   EXPECT_EQ(rebar.hwnd(), 0U);
-  rebar.Move(1, 2, 3, 4);  // nothing to move
+  rebar.Move(1, 2, 3, 4);
   rebar.Resize(*top);
+  EXPECT_EQ(desktop.rebar, nullptr) << "nothing was made to be moved";
+  EXPECT_EQ(rebar.GetRebarWindow(), 0);
+  EXPECT_EQ(rebar.Heigth(), 8) << "the border alone";
 }
 
 TEST_F(RebarTest, IsMadeInItsParentWithItsStyleAndFirstPlace) {
@@ -119,6 +122,10 @@ TEST_F(RebarTest, WithoutAWindowBandsAndColoursAreNoError) {
   EXPECT_EQ(rebar.BandCount(), 0);
   EXPECT_EQ(rebar.GetBandId("0"), 0);
   rebar.DestroyRebar();
+  EXPECT_EQ(desktop.rebar, nullptr);
+  Create();
+  EXPECT_TRUE(desktop.rebar->bands.empty()) << "what had no window is not kept for one";
+  EXPECT_EQ(desktop.rebar->notify_parent, 0U);
 }
 
 TEST_F(RebarTest, MovesAndTellsWhomItIsAskedTo) {

@@ -23,6 +23,10 @@ namespace corvane::desktop {
 /// below them into a row of its own. The records follow: their order, the style
 /// bit of a row's first band, the widths.
 ///
+/// Colours and the picture behind the bands are kept in the records and answered,
+/// but not drawn: the strip looks as the user's theme has it, one of high contrast
+/// among them.
+///
 /// When the rows need another height than before, the frame that holds the
 /// notified one (the parent, unless set) is realigned, so that its owner can
 /// make room.
