@@ -36,6 +36,7 @@ class FileDialog;
 class Image;
 class ImageList;
 class Line;
+class ListView;
 class Shell;
 
 /// Indexes of the desktop's own colours, as its colour query numbers them.
@@ -58,6 +59,7 @@ class Desktop {
   virtual std::unique_ptr<ListBox> CreateListBox(const std::string& name) = 0;
   virtual std::unique_ptr<TextBox> CreateTextBox(const std::string& name) = 0;
   virtual std::unique_ptr<TreeView> CreateTreeView(const std::string& name) = 0;
+  virtual std::unique_ptr<ListView> CreateListView(const std::string& name) = 0;
   virtual std::unique_ptr<ImageList> CreateImageList() = 0;
   virtual std::unique_ptr<WebBrowser> CreateWebBrowser(const std::string& name) = 0;
   virtual std::unique_ptr<Timer> CreateTimer() = 0;

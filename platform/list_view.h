@@ -6,6 +6,8 @@
 
 namespace corvane {
 
+class ImageList;
+
 /// One line of a list with columns; belongs to its list.
 class ListItem {
  public:
@@ -27,6 +29,8 @@ class ListView : public Control {
   /// Removes item number `index`, counted from 1; RunTimeError when there is none.
   virtual void Remove(int index) = 0;
   virtual void ClearItems() = 0;
+  /// Where the pictures come from; null for none. It must outlive the list.
+  virtual void SetImageList(const ImageList* images) = 0;
 
   virtual int ColumnCount() const = 0;
   /// Where a column begins, and how wide it is; `index` counts from 1.

@@ -16,6 +16,7 @@
 #include "platform/linux/gtk/controls/image_list.h"
 #include "platform/linux/gtk/controls/line.h"
 #include "platform/linux/gtk/controls/list_box.h"
+#include "platform/linux/gtk/controls/list_view.h"
 #include "platform/linux/gtk/controls/status_bar.h"
 #include "platform/linux/gtk/controls/text_box.h"
 #include "platform/linux/gtk/controls/tree_view.h"
@@ -200,6 +201,9 @@ std::unique_ptr<TreeView> LinuxDesktop::CreateTreeView(const std::string& name) 
   return std::make_unique<TreeViewControl>(
       name, windows_, [this](const std::string& label, auto done) { AskLabel(label, done); });
 }
+std::unique_ptr<ListView> LinuxDesktop::CreateListView(const std::string& name) {
+  return std::make_unique<ListViewControl>(name, windows_);
+}
 std::unique_ptr<ImageList> LinuxDesktop::CreateImageList() {
   return std::make_unique<PixbufList>();
 }
@@ -240,7 +244,7 @@ std::unique_ptr<Line> LinuxDesktop::CreateLine(const std::string& name) {
 
 Accessibility& LinuxDesktop::GetAccessibility() { return *accessibility_; }
 
-void LinuxDesktop::DoEvents() { RunPendingEvents(); }
+void LinuxDesktop::DoEvents() { pending_events_.Run(); }
 
 void LinuxDesktop::Pause(int milliseconds) { RunEventsFor(milliseconds); }
 

@@ -13,6 +13,7 @@
 #include "platform/linux/gtk/dialogs/dialog_listener.h"
 #include "platform/linux/gtk/dialogs/message_box.h"
 #include "platform/linux/gtk/dialogs/spoken_dialogs.h"
+#include "platform/linux/gtk/do_events.h"
 #include "platform/linux/gtk/hooks/activation_hook.h"
 #include "platform/linux/gtk/hooks/event_hooks.h"
 #include "platform/linux/gtk/window_table.h"
@@ -47,6 +48,7 @@ class LinuxDesktop : public Desktop {
   std::unique_ptr<ListBox> CreateListBox(const std::string& name) override;
   std::unique_ptr<TextBox> CreateTextBox(const std::string& name) override;
   std::unique_ptr<TreeView> CreateTreeView(const std::string& name) override;
+  std::unique_ptr<ListView> CreateListView(const std::string& name) override;
   std::unique_ptr<ImageList> CreateImageList() override;
   std::unique_ptr<WebBrowser> CreateWebBrowser(const std::string& name) override;
   std::unique_ptr<Timer> CreateTimer() override;
@@ -124,6 +126,7 @@ class LinuxDesktop : public Desktop {
   std::unique_ptr<DownloadsDialog> downloads_dialog_;
   bool running_ = false;
   std::vector<std::string> notices_;  // not told yet
+  PendingEvents pending_events_;
   StallMeter stall_meter_;
   SessionEnd session_end_{[this] { End(); }};
   Connections connections_;

@@ -105,6 +105,9 @@ std::unique_ptr<TextBox> FakeDesktop::CreateTextBox(const std::string& name) {
 std::unique_ptr<TreeView> FakeDesktop::CreateTreeView(const std::string& name) {
   return made<FakeTreeView>(*this, name);
 }
+std::unique_ptr<ListView> FakeDesktop::CreateListView(const std::string& name) {
+  return made<FakeListView>(*this, name);
+}
 std::unique_ptr<WebBrowser> FakeDesktop::CreateWebBrowser(const std::string& name) {
   return made<FakeWebBrowser>(*this, name);
 }

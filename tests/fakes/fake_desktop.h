@@ -173,6 +173,7 @@ class FakeDesktop : public Desktop {
   std::unique_ptr<ListBox> CreateListBox(const std::string& name) override;
   std::unique_ptr<TextBox> CreateTextBox(const std::string& name) override;
   std::unique_ptr<TreeView> CreateTreeView(const std::string& name) override;
+  std::unique_ptr<ListView> CreateListView(const std::string& name) override;
   std::unique_ptr<ImageList> CreateImageList() override {
     return std::make_unique<FakeImageList>();
   }

@@ -203,6 +203,7 @@ class FakeListView : public FakeControl<ListView> {
     items.erase(items.begin() + index - 1);
   }
   void ClearItems() override { items.clear(); }
+  void SetImageList(const ImageList*) override {}
   int ColumnCount() const override { return static_cast<int>(columns.size()); }
   float ColumnLeft(int index) const override {
     float left = 0;

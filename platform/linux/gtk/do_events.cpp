@@ -10,14 +10,13 @@ constexpr gint64 kMost = 8000;  // microseconds of one drain
 
 }  // namespace
 
-void RunPendingEvents() {
-  static gint64 last = 0;
+void PendingEvents::Run() {
   const gint64 start = g_get_monotonic_time();
-  if (last != 0 && start - last < kRest) return;
+  if (last_ != 0 && start - last_ < kRest) return;
   while (g_main_context_iteration(nullptr, FALSE)) {
     if (g_get_monotonic_time() - start > kMost) break;
   }
-  last = g_get_monotonic_time();
+  last_ = g_get_monotonic_time();
 }
 
 void RunEventsFor(int milliseconds) {

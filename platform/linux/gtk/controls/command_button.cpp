@@ -73,7 +73,7 @@ void CommandButtonControl::SetCaption(const std::string& caption) {
 
 void CommandButtonControl::SetPicture(int image) {
   if (image == image_) return;
-  const int before = std::exchange(image_, image);
+  image_ = image;
   const auto names = IconNames(image);
   if (names.empty()) {
     picture_.clear();
@@ -81,7 +81,7 @@ void CommandButtonControl::SetPicture(int image) {
   }
   const Glib::RefPtr<const Gio::Icon> icon = Gio::ThemedIcon::create(names);
   picture_.set(icon, Gtk::ICON_SIZE_BUTTON);
-  if (before == 0) button_.set_image(picture_);
+  if (button_.get_image() == nullptr) button_.set_image(picture_);
 }
 
 }  // namespace corvane::desktop

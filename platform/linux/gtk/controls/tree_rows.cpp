@@ -11,11 +11,6 @@ namespace {
 
 constexpr int kStamp = 1;  // marks iterators that mean a row
 
-TreeNodeId NextId() {
-  static TreeNodeId last = 0;
-  return ++last;
-}
-
 std::string UpToZero(const std::string& text) { return text.substr(0, text.find('\0')); }
 
 }  // namespace
@@ -23,7 +18,7 @@ std::string UpToZero(const std::string& text) { return text.substr(0, text.find(
 TreeRow::TreeRow(TreeViewControl& tree, TreeRow* parent, int index, const std::string& text,
                  Images images)
     : tree_(tree),
-      id_(NextId()),
+      id_(tree.NextId()),
       parent_(parent),
       index_(index),
       text_(UpToZero(text)),

@@ -43,13 +43,15 @@ class TreeViewControl : public WidgetControl<TreeView> {
   TreeNode* SelectedItem() const override;
   void SetSelectedItem(TreeNode* node) override;
   void SetImageList(const ImageList* images) override;
-  void SetLabelEdit(LabelEdit mode) override { label_edit_ = mode; }
+  /// Labels are edited in a dialog and only when it is asked for, whatever the mode.
+  void SetLabelEdit(LabelEdit) override {}
   void StartLabelEdit() override;
   /// Children are added while their node is closed, and a closed node's children
   /// are not drawn: there is nothing to hold back.
   void LockUpdate(bool) override {}
 
-  // For the rows.
+  // For the rows. Numbers are never used again, also when the tree was emptied.
+  TreeNodeId NextId() { return ++last_id_; }
   bool IsOpen(const TreeRow& row) const;
   /// Asks for the row's children and opens it, if both still exist then.
   void Open(TreeRow& row);
@@ -73,10 +75,10 @@ class TreeViewControl : public WidgetControl<TreeView> {
   Gtk::TreeView view_;
   const LabelPrompt ask_label_;
   const PixbufList* images_ = nullptr;
-  LabelEdit label_edit_ = LabelEdit::Automatic;
   bool showing_ = false;  // what the view tells now is our own doing
   guint32 last_press_ = 0;
   TreeNodeId edited_ = 0;
+  TreeNodeId last_id_ = 0;
   std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // to be watched
 };
 

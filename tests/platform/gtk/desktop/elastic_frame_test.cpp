@@ -285,11 +285,19 @@ TEST_F(SplitterTest, ChildrenMayBeDestroyedFirst) {
   one_.Add(*inner);
   inner->Add(*text);
   Show();
+  EXPECT_EQ(windows_.FirstChild(one_.hwnd()), inner->hwnd());
   inner.reset();
   Settle();
+  EXPECT_EQ(windows_.FirstChild(one_.hwnd()), 0U);
+  EXPECT_EQ(text->widget().get_parent(), nullptr) << "in no frame any more";
   text->SetText("still there");
+  EXPECT_EQ(text->Text(), "still there");
+  const WindowHandle gone = text->hwnd();
   text.reset();
+  EXPECT_EQ(windows_.WidgetOf(gone), nullptr);
   Resize(500, 300);
+  EXPECT_EQ(one_.Height(), 300 * kPixel);
+  EXPECT_EQ(one_.Width() + two_.Width(), (500 - kBar) * kPixel) << "the frames share what there is";
 }
 
 TEST_F(ElasticFrameTest, AFloatingChildOutsideIsOutOfSightButThere) {

@@ -191,6 +191,7 @@ TEST_F(KeysTest, RealKeysFromTheDisplayArrive) {
 TEST_F(KeysTest, EveryPictureCanBeShown) {
   const auto* shown = dynamic_cast<Gtk::Button&>(button_->widget()).get_image();
   ASSERT_EQ(shown, nullptr);
+  button_->SetPicture(kImageLoading + 1);  // which there is not
   Glib::RefPtr<const Gio::Icon> before;
   for (int image = 1; image <= kImageLoading; ++image) {
     button_->SetPicture(image);

@@ -64,9 +64,10 @@ TEST_F(LoopTest, AnIntervalOfZeroNeverTicks) {
 TEST_F(LoopTest, DoEventsRunsWhatIsWaitingAndComesBackFromWhatNeverEnds) {
   const auto endless = g_idle_add([](gpointer) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr);
   bool ran = false;
+  PendingEvents pending;
   PostToLoop([&] { ran = true; });
   WaitFor("DoEvents", [&] {
-    RunPendingEvents();
+    pending.Run();
     return ran;
   });
   g_source_remove(endless);
