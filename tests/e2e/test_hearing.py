@@ -129,7 +129,7 @@ class Hearing(EndToEndTest):
         self.hears("period", "\u00be", ".")
 
     def test_keys_are_named_in_the_page_too(self):
-        corvane = self.open_form("/form.html", "The order", settings=ECHO)
+        self.open_form("/form.html", "The order", settings=ECHO)
         self.hears("Tab", "Tab", "text, user, Your name, Ann")
         self.hears("q", "Q", "q")
 
