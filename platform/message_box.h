@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace corvane {
@@ -13,8 +14,11 @@ class MessageBox {
   virtual ~MessageBox() = default;
 
   /// Shows `text` (UTF-8). May return before the user has closed the box; boxes
-  /// asked for meanwhile follow one after the other.
-  virtual void Show(const std::string& text, Icon icon, const std::string& title = "") = 0;
+  /// asked for meanwhile follow one after the other. `closed`, where given, is called
+  /// once the user has closed this one and is back where he was; perhaps before this
+  /// returns, and never when the program ends before.
+  virtual void Show(const std::string& text, Icon icon, const std::string& title = "",
+                    std::function<void()> closed = nullptr) = 0;
 };
 
 }  // namespace corvane

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "base/error.h"
@@ -20,8 +21,20 @@ class FakeMessageBox : public MessageBox {
     Icon icon;
     std::string title;
   };
-  void Show(const std::string& text, Icon icon, const std::string& title) override {
+  void Show(const std::string& text, Icon icon, const std::string& title,
+            std::function<void()> closed) override {
     shown.push_back({text, icon, title});
+    if (stay_open) {
+      open.push_back(std::move(closed));
+    } else if (closed) {
+      closed();
+    }
+  }
+  /// Closes all boxes that stay open.
+  void Close() {
+    for (const auto& closed : std::exchange(open, {})) {
+      if (closed) closed();
+    }
   }
   /// The texts of all boxes shown.
   std::vector<std::string> Texts() const {
@@ -31,6 +44,8 @@ class FakeMessageBox : public MessageBox {
   }
 
   std::vector<Shown> shown;
+  bool stay_open = false;  ///< until Close; otherwise each box is closed at once
+  std::vector<std::function<void()>> open;
 };
 
 class FakeSettings : public SettingsStore {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/linux/gtk/dialogs/alert_window.h"
 #include "platform/message_box.h"
@@ -18,7 +19,8 @@ class MessageBoxQueue : public MessageBox {
   ~MessageBoxQueue() override;
 
   /// `title` empty: the program's own.
-  void Show(const std::string& text, Icon icon, const std::string& title = "") override;
+  void Show(const std::string& text, Icon icon, const std::string& title = "",
+            std::function<void()> closed = nullptr) override;
 
   /// Whether a box is on the screen or waits to be: the program must not end.
   bool AnyOpen() const { return open_ != nullptr || !waiting_.empty(); }
@@ -30,14 +32,19 @@ class MessageBoxQueue : public MessageBox {
     std::string text;
     Icon icon;
     std::string title;
+    std::function<void()> closed;
   };
   void Next();
+  void AwaitReturn();
+  void TellClosed();
 
   WindowTable& windows_;
   const std::string title_;
   const Speaker speak_;
   std::deque<Message> waiting_;
   std::unique_ptr<AlertWindow> open_;
+  std::vector<std::function<void()>> closed_;  // to be told when the user is back
+  Connection back_;
   std::shared_ptr<MessageBoxQueue*> self_;
 };
 

@@ -98,6 +98,34 @@ TEST_F(MessageBoxTest, TheDialogIsAccessible) {
   WaitFor("the end", [&] { return last_closed_ == 1; });
 }
 
+TEST_F(MessageBoxTest, WhoWaitsForABoxIsToldWhenTheUserIsBackInTheWindowUnderIt) {
+  test::TestWindow under(windows_);
+  under.Show();
+  WaitFor("the window", [] { return ActiveWindow() != nullptr; });
+  const auto* window = ActiveWindow();
+  std::vector<std::string> told;
+  const auto tell = [&](const char* box) {
+    told.push_back(std::string(box) + (ActiveWindow() == window ? " in the window" : " elsewhere"));
+  };
+  box_.Show("first", MessageBox::Icon::Critical, "", [&] { tell("first"); });
+  box_.Show("second", MessageBox::Icon::Critical, "", [&] { tell("second"); });
+  WaitForDialog("first");
+  Outside({"xdotool", "key", "Return"});
+  WaitForDialog("second");
+  EXPECT_THAT(told, testing::IsEmpty());
+  Outside({"xdotool", "key", "Return"});
+  WaitFor("the word", [&] { return told.size() == 2; });
+  EXPECT_THAT(told, ElementsAre("first in the window", "second in the window"));
+}
+
+TEST_F(MessageBoxTest, WhoWaitsForABoxIsToldAlsoWhenThereIsNoWindowUnderIt) {
+  bool told = false;
+  box_.Show("text", MessageBox::Icon::Critical, "", [&] { told = true; });
+  WaitForDialog("text");
+  Outside({"xdotool", "key", "Return"});
+  WaitFor("the word", [&] { return told; });
+}
+
 class AlertTest : public MessageTest {
  protected:
   std::unique_ptr<AlertWindow> Make(const std::string& text) {
