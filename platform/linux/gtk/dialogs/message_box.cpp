@@ -37,16 +37,17 @@ void MessageBoxQueue::Next() {
   }
   const auto message = std::move(waiting_.front());
   waiting_.pop_front();
-  open_ = std::make_unique<AlertWindow>(
-      windows_, message.title, message.text, message.icon, speak_, [this, closed = message.closed] {
-        if (closed) closed_.push_back(closed);
-        // The alert is still at work: let it finish before it goes.
-        PostToLoop([self = self_] {
-          if (!*self) return;
-          (*self)->open_.reset();
-          (*self)->Next();
-        });
-      });
+  open_ = std::make_unique<AlertWindow>(windows_, message.title, message.text, message.icon, speak_,
+                                        [this, closed = message.closed] {
+                                          if (closed) closed_.push_back(closed);
+                                          // The alert is still at work: let it finish before it
+                                          // goes.
+                                          PostToLoop([self = self_] {
+                                            if (!*self) return;
+                                            (*self)->open_.reset();
+                                            (*self)->Next();
+                                          });
+                                        });
   open_->Show();
 }
 
