@@ -27,8 +27,8 @@ std::unique_ptr<AAElement> MakeAnnouncer(const std::string& type_name) {
 
 }  // namespace
 
-void AAFormCollection::ResetStructure(const HTMLDocumentPtr& oDoc) {
-  ErrorsShown(Box(), "ResetStructure Error: ", [&] {
+void AAFormCollection::ResetStructure(const HTMLDocumentPtr& oDoc, std::function<void()> done) {
+  const auto reset = [&] {
     ++walk_;
     document_ = oDoc;
     elements_ = Slots(1);
@@ -39,7 +39,8 @@ void AAFormCollection::ResetStructure(const HTMLDocumentPtr& oDoc) {
     added_ = document.onelementadded.Connect(
         [this](const HTMLElementPtr& element) { AddLate(element); });
     Walk(document);
-  });
+  };
+  ErrorsShown(Box(), "ResetStructure Error: ", reset, std::move(done));
 }
 
 void AAFormCollection::Walk(const HTMLDocument& document) {
@@ -52,7 +53,9 @@ void AAFormCollection::Walk(const HTMLDocument& document) {
       desktop_.DoEvents();
       if (walk_ != mine) return;
       elements_[slot] = MakeAnnouncer(element->type_name);
-      Required(elements_[slot]).Initialize(element, *this);
+      if (elements_[slot] || !manner_.whole_forms) {
+        Required(elements_[slot]).Initialize(element, *this);
+      }
       ++slot;
     }
   }

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "access/AAElement.h"
 #include "base/event.h"
+#include "base/manner.h"
 #include "platform/desktop.h"
 #include "platform/html_document.h"
 
@@ -18,17 +20,20 @@ class AAFormCollection {
  public:
   using Slots = std::vector<std::unique_ptr<AAElement>>;
 
-  explicit AAFormCollection(Desktop& desktop) : desktop_(desktop) {}
+  /// `manner` must outlive the collection.
+  explicit AAFormCollection(Desktop& desktop, const Manner& manner = kEstablishedManner)
+      : desktop_(desktop), manner_(manner) {}
   AAFormCollection(const AAFormCollection&) = delete;
   AAFormCollection& operator=(const AAFormCollection&) = delete;
 
   /// Forgets the fields' announcers and makes them anew for the forms of `oDoc`,
   /// letting waiting events run once a field. An element that is no input, select
-  /// or text area ends the walk with a message box; fields before it keep their
-  /// announcers. Fields and links that appear later, or lie in frames, are
-  /// announced from their first event on. Called again while it walks, the newer walk replaces the
-  /// older.
-  void ResetStructure(const HTMLDocumentPtr& oDoc);
+  /// or text area has none; unless the manner wants whole forms, it ends the walk with
+  /// a message box, and fields before it keep their announcers. Fields and links that
+  /// appear later, or lie in frames, are announced from their first event on. Called
+  /// again while it walks, the newer walk replaces the older. `done` is called behind
+  /// the walk, once the user has closed the box.
+  void ResetStructure(const HTMLDocumentPtr& oDoc, std::function<void()> done = nullptr);
   /// Adds an announcer for a link; anything but an anchor is ignored.
   void AddLink(const HTMLElementPtr& oLink);
   /// Drops all announcers of links.
@@ -48,6 +53,7 @@ class AAFormCollection {
 
   /// Where announcers report their errors.
   MessageBox& Box() const { return desktop_.GetMessageBox(); }
+  const Manner& HowToSay() const { return manner_; }
 
   /// The sentence to speak; may be empty.
   Event<const std::string&> SayEvent;
@@ -57,6 +63,7 @@ class AAFormCollection {
   void AddLate(const HTMLElementPtr& element);
 
   Desktop& desktop_;
+  const Manner& manner_;
   HTMLDocumentPtr document_;
   Slots elements_ = Slots(1);
   Slots links_ = Slots(1);

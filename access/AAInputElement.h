@@ -8,7 +8,9 @@
 namespace corvane {
 
 /// Announces an input field: what it is and holds on focus; in text and password
-/// fields the characters that the caret crosses. Passwords are spoken as typed.
+/// fields the characters that the caret crosses; the parts of a date or time that the
+/// user comes to and changes; each step of a slider or a number. Passwords are spoken as
+/// typed, unless the manner hides them.
 class AAInputElement : public AAElement {
  public:
   /// "checked" or "unchecked"; of a radio button "selected" or "unselected".
@@ -20,8 +22,13 @@ class AAInputElement : public AAElement {
  private:
   void AAInput_onfocus();
   void AAInput_onkeyup();
+  void AAInput_onchange();
+  std::string PartCrossed();
 
   CaretCrossing caret_;
+  bool stepped_ = false;  // the key that is down has stepped the value
+  std::string part_;      // announced last
+  std::string part_value_;
 };
 
 }  // namespace corvane

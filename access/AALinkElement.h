@@ -1,8 +1,13 @@
 #pragma once
 
+#include <string>
+
 #include "access/AAElement.h"
 
 namespace corvane {
+
+/// What a link is called: its text, else what stands for it, else its address.
+const std::string& WordsOfLink(const HTMLElement& link);
 
 /// Announces a link of the page by its text when it gets the focus.
 class AALinkElement : public AAElement {

@@ -1,31 +1,73 @@
 #include "access/AASelectElement.h"
 
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
 #include "access/AAFormCollection.h"
+#include "access/FieldKinds.h"
 #include "access/Sentence.h"
 #include "base/handling.h"
+#include "base/text.h"
 
 namespace corvane {
+namespace {
+
+constexpr std::size_t kMostNamed = 5;  // options that are said one by one
+
+}  // namespace
 
 void AASelectElement::Listen() {
+  chosen_ = Element().chosen;
   connections_ += Element().onfocus.Connect([this] { AASelect_onfocus(); });
   connections_ += Element().onchange.Connect([this] { AASelect_onchange(); });
 }
 
-std::string AASelectElement::Choice() const {
-  const HTMLElement& select = Element();
-  if (select.selectedIndex < 0) return {};
-  const auto index = static_cast<std::size_t>(select.selectedIndex);
-  return index < select.options.size() ? select.options[index] : std::string();
+std::string AASelectElement::Option(int index) const {
+  const auto& options = Element().options;
+  if (index < 0 || static_cast<std::size_t>(index) >= options.size()) return {};
+  return options[static_cast<std::size_t>(index)];
+}
+
+std::string AASelectElement::Choice() const { return Option(Element().selectedIndex); }
+
+std::string AASelectElement::Changed() {
+  const std::vector<int>& now = Element().chosen;
+  const std::vector<int> before = std::exchange(chosen_, now);
+  std::vector<int> changed;
+  std::set_difference(now.begin(), now.end(), before.begin(), before.end(),
+                      std::back_inserter(changed));
+  const bool let_go = changed.empty();
+  if (let_go) {
+    std::set_difference(before.begin(), before.end(), now.begin(), now.end(),
+                        std::back_inserter(changed));
+  }
+  if (changed.empty()) return {};
+  std::string words = Option(changed.front());
+  for (std::size_t i = 1; i < std::min(changed.size(), kMostNamed); ++i) {
+    words = Sentence({words, Option(changed[i])});
+  }
+  if (changed.size() > kMostNamed) {
+    words = Sentence({words, std::to_string(changed.size() - kMostNamed) + " more"});
+  }
+  return let_go ? Sentence({words, "unselected"}) : words;
 }
 
 void AASelectElement::AASelect_onfocus() {
   ErrorsShown(Collection().Box(), "AASelect_onfocus Error: ", [&] {
-    Collection().Say(Sentence({Element().type, Element().name, Choice()}));
+    const HTMLElement& select = Element();
+    chosen_ = select.chosen;
+    const std::string label = Beside("", select, Collection().HowToSay());
+    Collection().Say(label.empty() ? Sentence({select.type, select.name, Choice()})
+                                   : Sentence({select.type, select.name, label, Choice()}));
   });
 }
 
 void AASelectElement::AASelect_onchange() {
-  ErrorsShown(Collection().Box(), "AASelect_onchange Error: ", [&] { Collection().Say(Choice()); });
+  ErrorsShown(Collection().Box(), "AASelect_onchange Error: ", [&] {
+    Collection().Say(text::same_ignoring_case(Element().type, "select-multiple") ? Changed()
+                                                                                 : Choice());
+  });
 }
 
 }  // namespace corvane

@@ -1,13 +1,15 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "access/AAElement.h"
 
 namespace corvane {
 
 /// Announces a selection list: what it is and its choice on focus, the new
-/// choice alone when it changes.
+/// choice alone when it changes; of a list of many choices those that have been
+/// chosen, else those that have been let go.
 class AASelectElement : public AAElement {
  protected:
   void Listen() override;
@@ -17,6 +19,11 @@ class AASelectElement : public AAElement {
   void AASelect_onchange();
   /// The text of the chosen option; empty while nothing is chosen.
   std::string Choice() const;
+  std::string Option(int index) const;
+  /// What has changed since it was asked last.
+  std::string Changed();
+
+  std::vector<int> chosen_;  // when announced last
 };
 
 }  // namespace corvane

@@ -12,6 +12,9 @@ namespace corvane {
 struct ElementCaret {
   int selection_length = 0;  ///< characters selected in the focused field
   int text_after = 0;        ///< characters from the caret to the field's end
+  bool known = true;         ///< false: where the caret is cannot be told
+  /// What the key that was released has done to the field's text.
+  enum class Edit { None, Typed, Removed } edit = Edit::None;
 };
 
 /// One element of a page, filled from the page record. Texts are UTF-8. The
@@ -25,16 +28,28 @@ class HTMLElement {
   std::string href;  ///< absolute address; empty where there is none
   std::string name;
   std::string type;  ///< "text", "checkbox", "select-one", "textarea" ...
+  /// What an input whose type says "text" really is: "email", "number", "date" ...;
+  /// empty for all others.
+  std::string kind;
+  /// What its author calls a field (of a link or button without text: what stands for
+  /// its text, such as a picture's words).
+  std::string label;
   std::string value;
   bool status = false;  ///< a check box or radio button is checked
   int selectedIndex = -1;
   std::vector<std::string> options;  ///< the texts of a select's options
+  std::vector<int> chosen;           ///< which of them are selected, ascending
   std::string text_before_begin;     ///< page text just before the start tag
   std::string text_after_end;        ///< page text just after the end tag
   ElementCaret caret;
+  /// The part of a field of several parts (such as a date's month) that has the
+  /// focus, and what it holds; empty for all others.
+  std::string part;
+  std::string part_value;
 
   Event<> onfocus;
   Event<> onkeyup;
+  /// Of an input that holds a number or a colour: with each step of its value.
   Event<> onchange;
 };
 
@@ -57,6 +72,9 @@ class HTMLDocument {
   std::vector<HTMLElementPtr> anchors;  ///< every named anchor
   std::vector<HTMLForm> forms;
   std::vector<std::shared_ptr<HTMLDocument>> frames;
+  /// Of the page's top document: the event that is being raised is the page's own
+  /// doing, not what something follows that the user has done.
+  bool unasked = false;
 
   /// Of the page's top document: an element of the page that this document's own
   /// lists do not hold is about to raise its first event. It has appeared since

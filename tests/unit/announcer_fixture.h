@@ -27,7 +27,8 @@ inline HTMLElementPtr Link(const std::string& words) {
 /// A collection whose sentences are kept.
 struct FormAnnouncers : ::testing::Test {
   FakeDesktop desktop;
-  AAFormCollection forms{desktop};
+  Manner manner;
+  AAFormCollection forms{desktop, manner};
   std::vector<std::string> said;
   Connection listening =
       forms.SayEvent.Connect([this](const std::string& text) { said.push_back(text); });
@@ -51,6 +52,15 @@ struct FormAnnouncers : ::testing::Test {
     said.clear();
     field.value = value;
     field.caret = {selected, text_after};
+    field.onkeyup.Raise();
+    return said.empty() ? "nothing" : said.back();
+  }
+  /// The same, where the key has typed into the field or removed from it.
+  std::string Edited(HTMLElement& field, ElementCaret::Edit edit, const std::string& value,
+                     int text_after) {
+    said.clear();
+    field.value = value;
+    field.caret = {0, text_after, true, edit};
     field.onkeyup.Raise();
     return said.empty() ? "nothing" : said.back();
   }

@@ -34,6 +34,37 @@ TEST_F(FormAnnouncers, ButtonElementStopsTheWalkWithAMessage) {
   EXPECT_THAT(said, ElementsAre("text, before, "));
 }
 
+TEST_F(FormAnnouncers, WholeFormsLeaveTheSlotOfAButtonEmptyAndGoOn) {
+  manner.whole_forms = true;
+  auto page = MakePage("http://p/", "P", "");
+  const auto before = Input("text", "before");
+  const auto after = Input("text", "after");
+  page->forms = {{{before, Field("HTMLButtonElement", "submit")}}, {{after}}};
+  bool done = false;
+  forms.ResetStructure(page, [&] { done = true; });
+  EXPECT_TRUE(done);
+  EXPECT_THAT(desktop.boxes.Texts(), IsEmpty());
+  EXPECT_EQ(forms.Elements().size(), 4U);
+  EXPECT_EQ(forms.Elements()[1], nullptr);
+  before->onfocus.Raise();
+  after->onfocus.Raise();
+  EXPECT_THAT(said, ElementsAre("text, before, ", "text, after, "));
+}
+
+TEST_F(FormAnnouncers, WhatWaitsForTheWalkWaitsForItsMessageToBeClosed) {
+  desktop.boxes.stay_open = true;
+  auto page = MakePage("http://p/", "P", "");
+  page->forms = {{{Field("HTMLButtonElement", "submit")}}};
+  int done = 0;
+  forms.ResetStructure(page, [&] { ++done; });
+  EXPECT_EQ(done, 0);
+  desktop.boxes.Close();
+  EXPECT_EQ(done, 1);
+  page->forms = {{{Input("text", "q")}}};
+  forms.ResetStructure(page, [&] { ++done; });
+  EXPECT_EQ(done, 2);
+}
+
 TEST_F(FormAnnouncers, LinksStartAtSlotOneInTheOrderOfTheirCalls) {
   const auto first = Link("one");
   const auto second = Link("two");
