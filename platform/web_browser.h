@@ -60,6 +60,11 @@ class WebBrowser : public Control {
   [[nodiscard]] virtual Connection Describe(
       std::function<void(const HTMLDocumentPtr&)> described) = 0;
 
+  /// Has the element of the page that has the focus, if the control has it, raise its
+  /// event as if the focus had just come to it by itself. That comes later, and not at
+  /// all when it has been told since the page was asked about first.
+  virtual void TellFocus() = 0;
+
   /// A page has opened this control for a page of its own, which comes by itself:
   /// the control is not to be sent anywhere at its start.
   virtual bool OpenedByPage() const = 0;

@@ -39,6 +39,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
     describing = std::make_shared<std::function<void(const HTMLDocumentPtr&)>>(std::move(done));
     return Connection([mine = describing] { *mine = nullptr; });
   }
+  void TellFocus() override { ++focus_asked; }
   bool OpenedByPage() const override { return opened_by_page; }
   bool MayClose() override {
     Note("MayClose");
@@ -72,6 +73,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   bool stayed = false;
   bool opened_by_page = false;
   bool may_close = true;
+  int focus_asked = 0;  ///< calls of TellFocus
   HTMLDocumentPtr document;
   bool describes_later = false;  ///< descriptions wait for Described
   std::shared_ptr<std::function<void(const HTMLDocumentPtr&)>> describing;

@@ -54,8 +54,9 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
       listener_(std::move(listener)),
       view_(MakeView(engine, opener == nullptr ? nullptr : opener->View())),
       navigation_([this] { listener_.begin(); }, [this] { listener_.complete(); }),
-      reader_(std::make_unique<PageReader>(view_.get(),
-                                           [this](const std::string& href) { ShowStatus(href); })),
+      reader_(std::make_unique<PageReader>(
+          view_.get(), [this](const std::string& href) { ShowStatus(href); },
+          engine.Options().look_at_focus)),
       requests_(std::make_unique<PageRequests>(engine, view_.get(), RequestsHost())),
       find_(std::make_unique<FindInPage>(view_.get(), requests_->Desk(),
                                          [this](const std::string& text) { listener_.say(text); })),
@@ -390,6 +391,10 @@ void EngineView::Print() {
 }
 
 bool EngineView::MayClose() { return problem_ || watchdog_.Warned() || closing_.May(); }
+
+bool EngineView::InPassword() const {
+  return gtk_widget_has_focus(GTK_WIDGET(view_.get())) && reader_->InPassword();
+}
 
 // --- finding and zooming -------------------------------------------------------
 

@@ -75,6 +75,9 @@ class EngineView {
   bool StayedOnPage() const { return stayed_; }
   HTMLDocumentPtr Document() const { return document_; }
   Connection Describe(std::function<void(const HTMLDocumentPtr&)> described);
+  void TellFocus() { reader_->TellFocus(); }
+  /// Whether keys that are typed now go into a field whose text is hidden.
+  bool InPassword() const;
 
  private:
   // What the view reports.

@@ -10,6 +10,7 @@
 #include "base/event.h"
 #include "platform/linux/web/corvane_pages.h"
 #include "platform/linux/web/gobject.h"
+#include "platform/linux/web/page/field_focus.h"
 #include "platform/linux/web/requests/outside_links.h"
 #include "platform/linux/web/requests/permission_book.h"
 #include "platform/linux/web/requests/questions.h"
@@ -62,6 +63,9 @@ struct EngineOptions {
   std::function<void(const std::string& address, const std::string& title)> page_visited;
   /// The user has changed the zoom, in percent; to store it.
   std::function<void(int percent)> zoom_changed;
+  /// Sees what a page's scripts cannot tell of the field that has the focus; without it
+  /// that stays unknown.
+  LookAtFocus look_at_focus;
   Watchdog::Limits hang;
 };
 

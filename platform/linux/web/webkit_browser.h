@@ -34,6 +34,9 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
   Connection Describe(std::function<void(const HTMLDocumentPtr&)> described) override {
     return view_->Describe(std::move(described));
   }
+  void TellFocus() override { view_->TellFocus(); }
+  /// Whether keys that are typed now go into a field whose text is hidden.
+  bool InPassword() const { return view_->InPassword(); }
   bool OpenedByPage() const override { return view_->OpenedByPage(); }
   bool MayClose() override { return view_->MayClose(); }
 

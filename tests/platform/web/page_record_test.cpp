@@ -10,9 +10,10 @@ namespace {
 
 TEST(ParseRecord, ReadsAWholeRecord) {
   const auto record = ParseRecord(R"({"id":"d","place":[1,0],"origin":"o","top":"t","title":"T",
-      "name":"N","url":"u","body":"B","links":[1,0,"L","h","n",2,1,"A","i",""],
-      "anchors":[1,0,"L","h","n"],
-      "forms":[[[3,"HTMLInputElement","text","q","","before","after","v",1,-1,[]]],[]],
+      "name":"N","url":"u","body":"B","links":[1,0,"L","h","n","",2,1,"","i","","P"],
+      "anchors":[1,0,"L","h","n",""],
+      "forms":[[[3,"HTMLInputElement","text","q","","before","after","v",1,-1,[],[2,1],"date",
+      "Day"]],[]],
       "frames":[["F","fa",1]]})");
   ASSERT_TRUE(record);
   EXPECT_EQ(record->place, (FramePlace{1, 0}));
@@ -24,6 +25,7 @@ TEST(ParseRecord, ReadsAWholeRecord) {
   EXPECT_TRUE(document.has_body);
   ASSERT_EQ(document.links.size(), 2u);
   EXPECT_EQ(document.links[1]->type_name, "HTMLAreaElement");
+  EXPECT_EQ(document.links[1]->label, "P");
   ASSERT_EQ(document.anchors.size(), 1u);
   EXPECT_EQ(document.anchors[0], document.links[0]);
   ASSERT_EQ(document.forms.size(), 2u);
@@ -33,6 +35,9 @@ TEST(ParseRecord, ReadsAWholeRecord) {
   EXPECT_EQ(field.value, "v");
   EXPECT_TRUE(field.status);
   EXPECT_EQ(field.selectedIndex, -1);
+  EXPECT_EQ(field.chosen, (std::vector<int>{1, 2}));
+  EXPECT_EQ(field.kind, "date");
+  EXPECT_EQ(field.label, "Day");
   EXPECT_EQ(record->elements.at(3), document.forms[0].elements[0]);
   ASSERT_EQ(record->frames.size(), 1u);
   EXPECT_TRUE(record->frames[0].silent);
@@ -70,7 +75,7 @@ TEST(ParseRecord, PartsOfAnotherKindAreLeftOut) {
 
 TEST(ParseRecord, NumbersOutOfRange) {
   const auto record = ParseRecord(R"({"id":"d","place":[-1,1e99,99999999999],
-      "links":[-5,7,"a","","",99999999999999,0,"b","",""]})");
+      "links":[-5,7,"a","","","",99999999999999,0,"b","","",""]})");
   ASSERT_TRUE(record);
   EXPECT_EQ(record->place, (FramePlace{0, 0, 0}));
   ASSERT_EQ(record->document->links.size(), 2u);

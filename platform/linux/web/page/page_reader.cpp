@@ -19,6 +19,10 @@ constexpr std::size_t kMostFrames = 500;
 constexpr std::size_t kNextToNothing = 30;
 /// Elements that a page makes without end are not followed for ever.
 constexpr std::size_t kMostLateElements = 20'000;
+/// How long what a script cannot tell of a field is waited for.
+constexpr double kLookSeconds = 0.3;
+/// Events that wait behind it.
+constexpr std::size_t kMostWaiting = 100;
 
 /// Texts of an element that has changed since it was described.
 void Redescribe(const HTMLElement& now, HTMLElement& element) {
@@ -27,6 +31,8 @@ void Redescribe(const HTMLElement& now, HTMLElement& element) {
   element.innerText = now.innerText;
   element.text_before_begin = now.text_before_begin;
   element.text_after_end = now.text_after_end;
+  element.kind = now.kind;
+  element.label = now.label;
 }
 
 using Records = std::vector<PageRecord>;
@@ -100,10 +106,12 @@ bool IsInside(const FramePlace& place, const FramePlace& outer) {
 
 }  // namespace
 
-PageReader::PageReader(WebKitWebView* view, std::function<void(const std::string&)> link_focused)
+PageReader::PageReader(WebKitWebView* view, std::function<void(const std::string&)> link_focused,
+                       LookAtFocus look)
     : view_(view),
       link_focused_(std::move(link_focused)),
-      self_(std::make_shared<PageReader*>(this)) {
+      self_(std::make_shared<PageReader*>(this)),
+      look_(std::move(look)) {
   script_ = std::make_unique<PageScript>(
       webkit_web_view_get_user_content_manager(view), std::vector{"record.js", "events.js"},
       "corvane", [this](const std::string& kind, const std::string& text) { Receive(kind, text); });
@@ -120,6 +128,8 @@ void PageReader::Forget() {
   elements_.clear();
   introduced_.clear();
   late_elements_ = 0;
+  waiting_.clear();
+  in_password_ = false;
   document_.reset();
 }
 
@@ -323,22 +333,82 @@ void PageReader::Attach(PageRecord record) {
   parent->frames[index] = record.document;
 }
 
+// What was told before somebody asked had no listener yet; in a page that is read again
+// it had.
+void PageReader::TellFocus() {
+  const auto top = documents_.find({});
+  const std::string document = top != documents_.end() ? top->second : "";
+  if (std::exchange(asked_, document) != document) focused_ = {};
+  Evaluate(view_, "corvaneEvents.tellAgain()", nullptr, [](const auto&) {});
+}
+
+// What a script cannot tell is looked at from outside, which takes a moment. Whatever
+// comes meanwhile waits behind it.
 void PageReader::ReceiveEvent(const std::string& text) {
   if (ignores_events_) return;
-  const auto event = ParseElementEvent(text);
-  if (!event) return;
-  if (event->kind == ElementEvent::Kind::Focus && !event->href.empty()) link_focused_(event->href);
-  const HTMLElementPtr element = ElementOf(*event);
+  auto event = ParseElementEvent(text);
+  if (!event || waiting_.size() >= kMostWaiting) return;
+  if (waiting_.empty() && !(event->look && look_)) return Deliver(*event);
+  waiting_.push_back(std::move(*event));
+  if (waiting_.size() == 1) Look();
+}
+
+void PageReader::Look() {
+  const auto go_on = [this, look = ++looks_](const FieldFocus& seen) {
+    if (look != looks_ || waiting_.empty()) return;
+    ++looks_;
+    look_delay_.Cancel();
+    Complete(waiting_.front(), seen);
+    DeliverWaiting();
+  };
+  look_delay_.Start(kLookSeconds, [go_on] { go_on({}); });
+  look_(GTK_WIDGET(view_), [weak = std::weak_ptr(self_), go_on](const FieldFocus& seen) {
+    if (!weak.expired()) go_on(seen);
+  });
+}
+
+void PageReader::DeliverWaiting() {
+  const std::weak_ptr self = self_;
+  do {
+    const ElementEvent event = std::move(waiting_.front());
+    waiting_.pop_front();
+    Deliver(event);
+    if (self.expired()) return;
+  } while (!waiting_.empty() && !waiting_.front().look);
+  if (!waiting_.empty()) Look();
+}
+
+void PageReader::Deliver(const ElementEvent& event) {
+  if (event.kind == ElementEvent::Kind::Focus && !event.href.empty()) link_focused_(event.href);
+  const HTMLElementPtr element = ElementOf(event);
   if (!element) return;
-  Apply(*event, *element);
-  if (Introduce(*event, element)) document_->onelementadded.Raise(element);
-  switch (event->kind) {
+  Apply(event, *element);
+  if (event.kind == ElementEvent::Kind::Leave) {
+    in_password_ = false;
+    return;
+  }
+  if (event.kind == ElementEvent::Kind::Focus) {
+    in_password_ = element->type == "password";
+    const ElementPlace place{event.document_id, event.number};
+    if (std::exchange(focused_, place) == place && event.again) return;
+  }
+  const HTMLDocumentPtr page = document_;  // a listener may leave it
+  if (Introduce(event, element)) page->onelementadded.Raise(element);
+  if (page) page->unasked = event.unasked;
+  Raise(event, *element);
+  if (page) page->unasked = false;
+}
+
+void PageReader::Raise(const ElementEvent& event, HTMLElement& element) {
+  switch (event.kind) {
     case ElementEvent::Kind::Focus:
-      return element->onfocus.Raise();
+      return element.onfocus.Raise();
     case ElementEvent::Kind::KeyUp:
-      return element->onkeyup.Raise();
+      return element.onkeyup.Raise();
     case ElementEvent::Kind::Change:
-      return element->onchange.Raise();
+      return element.onchange.Raise();
+    case ElementEvent::Kind::Leave:
+      return;
   }
 }
 

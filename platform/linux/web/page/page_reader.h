@@ -2,6 +2,7 @@
 
 #include <webkit2/webkit2.h>
 
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -9,10 +10,12 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "platform/html_document.h"
 #include "platform/linux/web/gobject.h"
+#include "platform/linux/web/page/field_focus.h"
 #include "platform/linux/web/page/page_record.h"
 #include "platform/linux/web/page/page_script.h"
 
@@ -25,8 +28,10 @@ class PageReader {
  public:
   using Done = std::function<void(HTMLDocumentPtr)>;
 
-  /// `link_focused` is told the address of each link that gets the focus.
-  PageReader(WebKitWebView* view, std::function<void(const std::string&)> link_focused);
+  /// `link_focused` is told the address of each link that gets the focus. `look` may be
+  /// empty.
+  PageReader(WebKitWebView* view, std::function<void(const std::string&)> link_focused,
+             LookAtFocus look = nullptr);
   ~PageReader();
   PageReader(const PageReader&) = delete;
   PageReader& operator=(const PageReader&) = delete;
@@ -43,6 +48,11 @@ class PageReader {
   void Describe(Done done);
   /// Gives up a reading that is under way.
   void Cancel();
+  /// Has the element that has the focus raise its event, if it does not do so by itself
+  /// and has not been asked for before.
+  void TellFocus();
+  /// Whether the page's focus is in a field whose text is hidden.
+  bool InPassword() const { return in_password_; }
   /// While true, what happens to the page's elements is not told: the page tells of
   /// it so late that the user has gone elsewhere.
   void IgnoreEvents(bool ignore) { ignores_events_ = ignore; }
@@ -51,6 +61,10 @@ class PageReader {
   void Collect();
   void Receive(const std::string& kind, const std::string& text);
   void ReceiveEvent(const std::string& text);
+  void Look();
+  void Deliver(const ElementEvent& event);
+  void DeliverWaiting();
+  static void Raise(const ElementEvent& event, HTMLElement& element);
   HTMLElementPtr ElementOf(const ElementEvent& event);
   bool Introduce(const ElementEvent& event, const HTMLElementPtr& element);
   void ReceiveRecord(PageRecord record);
@@ -87,8 +101,17 @@ class PageReader {
   std::string origin_;
   std::map<FramePlace, std::string> documents_;  // identities of the documents in place
   std::unordered_map<std::string, std::unordered_map<int, HTMLElementPtr>> elements_;
-  std::unordered_set<HTMLElementPtr> introduced_;  // told of as added
-  std::size_t late_elements_ = 0;                  // that no record holds
+  std::unordered_set<HTMLElementPtr> introduced_;    // told of as added
+  std::size_t late_elements_ = 0;                    // that no record holds
+  using ElementPlace = std::pair<std::string, int>;  // a document and the number in it
+  ElementPlace focused_;                             // told of last
+  std::string asked_;                                // the document whose focus was asked for last
+  bool in_password_ = false;
+
+  LookAtFocus look_;
+  std::deque<ElementEvent> waiting_;  // the first one waits to be looked at
+  unsigned looks_ = 0;                // counts them, so that a late answer is known
+  Delay look_delay_;
 };
 
 }  // namespace corvane::desktop

@@ -1,5 +1,6 @@
 #include "platform/linux/web/page/page_record.h"
 
+#include <algorithm>
 #include <limits>
 #include <nlohmann/json.hpp>
 #include <utility>
@@ -59,6 +60,24 @@ std::vector<std::string> TextsOf(const Json& json) {
   return texts;
 }
 
+std::vector<int> NumbersOf(const Json& json) {
+  std::vector<int> numbers;
+  if (!json.is_array()) return numbers;
+  for (const auto& number : json) {
+    if (const int next = NumberOf(number, -1); next >= 0) numbers.push_back(next);
+  }
+  std::sort(numbers.begin(), numbers.end());
+  return numbers;
+}
+
+ElementCaret CaretOf(const Json& caret, const Json& edit) {
+  ElementCaret result{NumberOf(At(caret, 0), 0), NumberOf(At(caret, 1), 0),
+                      NumberOf(At(caret, 2), 0) == 1};
+  if (NumberOf(edit, 0) == 1) result.edit = ElementCaret::Edit::Typed;
+  if (NumberOf(edit, 0) == 2) result.edit = ElementCaret::Edit::Removed;
+  return result;
+}
+
 /// The elements of one record; an element that is both a link and an anchor is
 /// one object.
 class Elements {
@@ -80,7 +99,7 @@ class Elements {
 std::vector<HTMLElementPtr> LinksOf(const Json& json, Elements& elements) {
   std::vector<HTMLElementPtr> links;
   if (!json.is_array()) return links;
-  constexpr std::size_t kFields = 5;
+  constexpr std::size_t kFields = 6;
   links.reserve(json.size() / kFields);
   for (std::size_t i = 0; i + kFields <= json.size(); i += kFields) {
     auto link = elements.Get(json[i]);
@@ -88,6 +107,7 @@ std::vector<HTMLElementPtr> LinksOf(const Json& json, Elements& elements) {
     link->innerText = TextOf(json[i + 2]);
     link->href = TextOf(json[i + 3]);
     link->name = TextOf(json[i + 4]);
+    link->label = TextOf(json[i + 5]);
     links.push_back(std::move(link));
   }
   return links;
@@ -105,6 +125,9 @@ HTMLElementPtr FieldOf(const Json& json, Elements& elements) {
   field->status = NumberOf(At(json, 8), 0) == 1;
   field->selectedIndex = NumberOf(At(json, 9), -1);
   field->options = TextsOf(At(json, 10));
+  field->chosen = NumbersOf(At(json, 11));
+  field->kind = TextOf(At(json, 12));
+  field->label = TextOf(At(json, 13));
   return field;
 }
 
@@ -184,6 +207,8 @@ std::optional<ElementEvent> ParseElementEvent(std::string_view text) {
     event.kind = ElementEvent::Kind::KeyUp;
   } else if (kind == "change") {
     event.kind = ElementEvent::Kind::Change;
+  } else if (kind == "leave") {
+    event.kind = ElementEvent::Kind::Leave;
   } else {
     return std::nullopt;
   }
@@ -196,8 +221,11 @@ std::optional<ElementEvent> ParseElementEvent(std::string_view text) {
   event.status = NumberOf(At(state, 1), 0) == 1;
   event.selectedIndex = NumberOf(At(state, 2), -1);
   event.options = TextsOf(At(state, 3));
-  const Json& caret = Member(json, "caret");
-  event.caret = {NumberOf(At(caret, 0), 0), NumberOf(At(caret, 1), 0)};
+  event.chosen = NumbersOf(At(state, 4));
+  event.caret = CaretOf(Member(json, "caret"), Member(json, "edit"));
+  event.unasked = NumberOf(Member(json, "unasked"), 0) == 1;
+  event.again = NumberOf(Member(json, "again"), 0) == 1;
+  event.look = NumberOf(Member(json, "look"), 0) == 1;
   std::unordered_map<int, HTMLElementPtr> alone;
   Elements elements(alone);
   const Json& field = Member(json, "field");
@@ -213,7 +241,10 @@ void Apply(const ElementEvent& event, HTMLElement& element) {
   element.status = event.status;
   element.selectedIndex = event.selectedIndex;
   element.options = event.options;
+  element.chosen = event.chosen;
   element.caret = event.caret;
+  element.part = event.part;
+  element.part_value = event.part_value;
 }
 
 }  // namespace corvane::desktop

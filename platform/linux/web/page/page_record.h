@@ -36,7 +36,8 @@ struct PageRecord {
 
 /// What an element's event brings.
 struct ElementEvent {
-  enum class Kind { Focus, KeyUp, Change };
+  /// Leave: the focus has left a field whose text is hidden.
+  enum class Kind { Focus, KeyUp, Change, Leave };
   Kind kind = Kind::Focus;
   std::string document_id;
   int number = 0;
@@ -46,7 +47,13 @@ struct ElementEvent {
   bool status = false;
   int selectedIndex = -1;
   std::vector<std::string> options;
+  std::vector<int> chosen;
   ElementCaret caret;
+  bool unasked = false;  ///< the page's doing, not the user's
+  bool again = false;    ///< told once more
+  bool look = false;     ///< a script cannot tell all: see FieldFocus
+  std::string part;      ///< found by looking
+  std::string part_value;
   HTMLElementPtr described;  ///< the element itself, where no record holds it
 };
 

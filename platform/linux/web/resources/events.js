@@ -9,7 +9,7 @@
   const {
     documentId, post, begin, clean, collapsed, attribute, characters, bodyOf, rootOf, innerTextOf,
     numberOf, classOf, hrefOf, isLink, isField, stateOf, describeField, describeLinks, maxValue,
-    isRecorded,
+    isRecorded, kindOf,
   } = globalThis.corvane.parts;
   const MOST_WORDS = 300;  // characters of what an element shows
 
@@ -19,9 +19,9 @@
   const isEditor = (element) => element instanceof HTMLElement && element.isContentEditable &&
     !isField(element);
 
-  // [selected characters, characters after the caret]
+  // [selected characters, characters after the caret, whether that is known]
   const caretOf = (element) => {
-    if (isEditor(element)) return caretOfEditor(element);
+    if (isEditor(element)) return [...caretOfEditor(element), 1];
     let start = null;
     let end = null;
     try {
@@ -30,9 +30,9 @@
     } catch {
       // a field without a caret
     }
-    if (start === null || end === null) return [0, 0];
+    if (start === null || end === null) return [0, 0, 0];
     const value = element.value;
-    return [characters(value.slice(start, end)), characters(value.slice(end))];
+    return [characters(value.slice(start, end)), characters(value.slice(end)), 1];
   };
   const caretOfEditor = (editor) => {
     const selection = window.getSelection();
@@ -51,12 +51,12 @@
     const words = attribute(element, 'aria-label') || attribute(element, 'title') ||
       (element instanceof HTMLElement ? innerTextOf(element) : '');
     return [numberOf(element), classOf(element), clean(role, 100), '',
-      collapsed(words.slice(0, MOST_WORDS)), '', '', '', 0, -1, []];
+      collapsed(words.slice(0, MOST_WORDS)), '', '', '', 0, -1, [], [], '', ''];
   };
   // An editable part of the page is a text area to its user.
   const describeEditor = (element) => [numberOf(element), 'HTMLTextAreaElement', 'textarea',
-    collapsed(attribute(element, 'aria-label')), '', '', '', ...stateOfEditor(element)];
-  const stateOfEditor = (element) => [clean(element.textContent, maxValue), 0, -1, []];
+    collapsed(attribute(element, 'aria-label')), '', '', '', ...stateOfEditor(element), '', ''];
+  const stateOfEditor = (element) => [clean(element.textContent, maxValue), 0, -1, [], []];
 
   // The label of one field. The document is searched for it only where an id could
   // lead from a label to the field, and not again while the label found stands.
@@ -78,19 +78,26 @@
 
   // --- telling -------------------------------------------------------------------
 
-  const kinds = {focusin: 'focus', keyup: 'keyup', change: 'change'};
+  // Inputs that a step changes at once, and those of which a script cannot tell where
+  // the caret is or which part of them has the focus: others have to look.
+  const STEPPED = new Set(['range', 'number', 'color']);
+  const PARTED = new Set(['date', 'time', 'datetime-local', 'month', 'week']);
+  const WITHOUT_CARET = new Set(['number', 'email']);
+
   const told = new WeakSet();  // described in an event
-  const tell = (kind, element) => {
+  const tell = (kind, element, more = {}) => {
     const field = isField(element);
     const editor = isEditor(element);
     const link = isLink(element);
     if (!field && !editor && !link && kind !== 'focus') return;
     begin();
-    const message = {kind, document: documentId, number: numberOf(element)};
+    const message = {kind, document: documentId, number: numberOf(element), ...more};
     message.href = link ? hrefOf(element) : '';
     if (field || editor) {
       message.state = field ? stateOf(element) : stateOfEditor(element);
       message.caret = caretOf(element);
+      const what = kindOf(element);
+      if (PARTED.has(what) || (kind === 'keyup' && WITHOUT_CARET.has(what))) message.look = 1;
     }
     // An element that no record holds is described whole.
     if (!isRecorded(element) && (kind === 'focus' || !told.has(element))) {
@@ -104,25 +111,31 @@
   };
 
   // Scripts move the focus, too. Of what they do the first few moves are told as
-  // they come, then one now and again, the last one always.
+  // they come, then one now and again and ever more seldom, the last one always.
   const FREE_MOVES = 5;
-  const MOVE_PAUSE = 1000;  // milliseconds
+  const MOVE_PAUSE = {first: 1000, longest: 60000};  // milliseconds
+  const FOLLOWS = 5000;  // for so long a move may follow what the user has done
   let movesSinceInput = 0;
+  let pause = MOVE_PAUSE.first;
   let waitingFocus = null;
   let lastMove = 0;
+  let lastInput = -Infinity;
+  const moved = (element, now) => {
+    lastMove = now;
+    tell('focus', element, {unasked: now - lastInput > FOLLOWS ? 1 : 0});
+  };
   const tellFocus = (element) => {
     const now = performance.now();
-    if (++movesSinceInput <= FREE_MOVES || (!waitingFocus && now - lastMove > MOVE_PAUSE)) {
-      lastMove = now;
-      return tell('focus', element);
+    if (++movesSinceInput <= FREE_MOVES || (!waitingFocus && now - lastMove > pause)) {
+      return moved(element, now);
     }
     if (!waitingFocus) {
       setTimeout(() => {
         const latest = waitingFocus;
         waitingFocus = null;
-        lastMove = performance.now();
-        tell('focus', latest);
-      }, MOVE_PAUSE);
+        moved(latest, performance.now());
+      }, pause);
+      pause = Math.min(2 * pause, MOVE_PAUSE.longest);
     }
     waitingFocus = element;
   };
@@ -142,32 +155,82 @@
     }, 0);
   };
 
-  const heard = (event) => {
-    if (!event.isTrusted) return;
-    const element = event.composedPath()[0];
-    if (!(element instanceof Element)) return;
-    if (event.type === 'focusin') {
+  const isStepped = (element) => element instanceof HTMLInputElement && STEPPED.has(element.type);
+  const isSecret = (element) => element instanceof HTMLInputElement && element.type === 'password';
+
+  // `focus`, since an input of several parts has no `focusin`.
+  const hearers = {
+    focus: (element) => {
       if (element !== bodyOf(document) && element !== rootOf(document)) focused(element);
-    } else if (event.type === 'keyup' ? isTyping(event, element) : element !== arriving) {
-      tell(kinds[event.type], element);
-    }
+    },
+    blur: (element) => {
+      if (isSecret(element)) tell('leave', element);
+    },
+    keyup: (element, event) => {
+      if (isTyping(event, element)) tell('keyup', element, {edit});
+    },
+    input: (element, event) => {
+      edit = editOf(event);
+      if (edit === 0 && isStepped(element)) tell('change', element);
+    },
+    change: (element) => {
+      if (element !== arriving && !isStepped(element)) tell('change', element);
+    },
+  };
+  const heard = (event) => {
+    const element = event.isTrusted ? event.composedPath()[0] : null;
+    if (element instanceof Element) hearers[event.type](element, event);
   };
 
   // The release of a key that was pressed elsewhere, such as the Tab that led
   // here, is no typing in this element; nor is that of a key that only modifies
   // others, such as the Control that silences the program.
   let pressedIn = null;
+  let edit = 0;  // what the key that is down has done: 1 typed, 2 removed
   const MODIFIERS = new Set(['Shift', 'Control', 'Alt', 'AltGraph', 'Meta', 'CapsLock', 'NumLock']);
   const isTyping = (event, element) => pressedIn === element && !MODIFIERS.has(event.key);
+  const editOf = (event) => {
+    if (!(event instanceof InputEvent)) return 0;
+    if (event.inputType.startsWith('insert')) return 1;
+    return event.inputType.startsWith('delete') ? 2 : 0;
+  };
   const input = (event) => {
     if (!event.isTrusted) return;
     movesSinceInput = 0;
-    if (event.type === 'keydown') pressedIn = event.composedPath()[0];
+    pause = MOVE_PAUSE.first;
+    lastInput = performance.now();
+    if (event.type === 'keydown') {
+      pressedIn = event.composedPath()[0];
+      if (!event.repeat) edit = 0;
+    }
   };
-  for (const type of Object.keys(kinds)) {
+  for (const type of Object.keys(hearers)) {
     window.addEventListener(type, heard, {capture: true, passive: true});
   }
   for (const type of ['keydown', 'pointerdown']) {
     window.addEventListener(type, input, {capture: true, passive: true});
   }
+
+  // --- where the focus is ----------------------------------------------------------
+
+  const activeIn = (root) => Object.getOwnPropertyDescriptor(
+    (root instanceof Document ? Document : ShadowRoot).prototype, 'activeElement').get.call(root);
+  // Tells once more of the element that has the focus, here or in a frame that may be
+  // looked into from here.
+  const tellAgain = (depth = 0) => {
+    if (!Document.prototype.hasFocus.call(document) || depth > 10) return;
+    let element = activeIn(document);
+    while (element?.shadowRoot && activeIn(element.shadowRoot)) element = activeIn(element.shadowRoot);
+    if (!element || element === bodyOf(document) || element === rootOf(document)) return;
+    if (element instanceof HTMLIFrameElement || element instanceof HTMLFrameElement) {
+      try {
+        element.contentWindow.corvaneEvents?.tellAgain(depth + 1);
+      } catch {
+        // another origin's frame
+      }
+      return;
+    }
+    tell('focus', element, {unasked: 1, again: 1});
+  };
+  Object.defineProperty(globalThis, 'corvaneEvents', {value: Object.freeze({tellAgain})});
 })();

@@ -12,7 +12,7 @@
   const LIMIT = {
     links: 200000, anchors: 100000, forms: 20000, elements: 100000, options: 20000, frames: 500,
     depth: 10, text: 100000, value: 2000000, body: 32000000, total: 64000000, nearby: 10000,
-    siblings: 1000, around: 200,
+    siblings: 1000, around: 200, label: 1000, labels: 10,
   };
   const KNOWN_INPUT_TYPES = new Set(['text', 'password', 'checkbox', 'radio', 'submit', 'reset',
     'button', 'image', 'file', 'hidden']);
@@ -118,6 +118,53 @@
     if (!(element instanceof HTMLInputElement)) return clean(type, 100);
     return KNOWN_INPUT_TYPES.has(type) ? type : 'text';
   };
+  // What an input of a later type really is.
+  const kindOf = (element) => (element instanceof HTMLInputElement &&
+    !KNOWN_INPUT_TYPES.has(element.type) ? clean(element.type, 100) : '');
+
+  // --- what authors call things -------------------------------------------------
+
+  const elementById = (root, id) => (root instanceof Document ? Document : DocumentFragment)
+    .prototype.getElementById.call(root, id);
+  const wordsOf = (element) => (element instanceof HTMLElement ? innerTextOf(element)
+    : element.textContent ?? '');
+  const labelledBy = (element) => {
+    const ids = attribute(element, 'aria-labelledby');
+    if (ids === '') return '';
+    const root = element.getRootNode();
+    if (!(root instanceof Document || root instanceof DocumentFragment)) return '';
+    return ids.trim().split(/\s+/).slice(0, LIMIT.labels)
+      .map((id) => elementById(root, id)).filter(Boolean).map(wordsOf).join(' ');
+  };
+  const authorsName = (element) => labelledBy(element) || attribute(element, 'aria-label');
+  // The words that stand for the pictures in an element.
+  const pictures = (element) => {
+    const found = Element.prototype.querySelectorAll.call(element, 'img[alt], svg > title, ' +
+      '[role="img"][aria-label], input[type="image"][alt]');
+    const words = [];
+    for (let i = 0; i < found.length && i < LIMIT.labels; i++) {
+      words.push(attribute(found[i], 'alt') || attribute(found[i], 'aria-label') ||
+        (found[i].localName === 'title' ? found[i].textContent : ''));
+    }
+    return words.join(' ');
+  };
+  const labelWords = (text) => clean(text.slice(0, 2 * LIMIT.label).replace(/\s+/g, ' ').trim(),
+    LIMIT.label);
+  // What a link or button without text is called.
+  const labelWithoutText = (element) => labelWords(authorsName(element) ||
+    (element instanceof HTMLAreaElement ? attribute(element, 'alt') : pictures(element)) ||
+    attribute(element, 'title'));
+  const legendOf = (set) => {
+    const legend = Array.prototype.find.call(set.children, (child) => child.localName === 'legend');
+    return legend ? wordsOf(legend) : '';
+  };
+  // What a field is called where no text says so.
+  const labelOfField = (field) => {
+    if (field instanceof HTMLButtonElement) return labelWithoutText(field);
+    return labelWords(authorsName(field) ||
+      (field instanceof HTMLFieldSetElement ? legendOf(field) : attribute(field, 'alt')) ||
+      attribute(field, 'title') || attribute(field, 'placeholder'));
+  };
 
   // What may change while the page is used, as in an event's report.
   const stateOf = (element) => {
@@ -127,16 +174,21 @@
     const isSelect = element instanceof HTMLSelectElement;
     state.push(isSelect ? element.selectedIndex : -1);
     const options = [];
+    const chosen = [];
     if (isSelect) {
       const list = element.options;
       const count = Math.min(list.length, LIMIT.options);
-      for (let i = 0; i < count; i++) options.push(clean(list[i].text, LIMIT.text));
+      for (let i = 0; i < count; i++) {
+        options.push(clean(list[i].text, LIMIT.text));
+        if (element.multiple && list[i].selected) chosen.push(i);
+      }
     }
-    state.push(options);
+    state.push(options, chosen);
     return state;
   };
 
-  // [number, class, type, name, text, before, after, value, checked, index, options]
+  // [number, class, type, name, text, before, after, value, checked, index, options,
+  // chosen, kind, label]
   const describeField = (element, labelOf) => {
     let before = nearby(element, 'previousSibling');
     let after = nearby(element, 'nextSibling');
@@ -148,7 +200,7 @@
     }
     return [numberOf(element), classOf(element), typeOf(element),
       clean(attribute(element, 'name'), LIMIT.text), textOf(element), before, after,
-      ...stateOf(element)];
+      ...stateOf(element), kindOf(element), labelOfField(element)];
   };
 
   // Tells the label of each labelled field. Asking every field for its labels would
@@ -164,15 +216,17 @@
 
   // --- the record ------------------------------------------------------------
 
-  // [number, is area, text, address, name] for each link, in one flat list.
+  // [number, is area, text, address, name, label] for each link, in one flat list.
   const describeLinks = (elements, limit, remember = false) => {
     const list = [];
     const count = Math.min(elements.length, limit);
     for (let i = 0; i < count; i++) {
       const link = elements[i];
       if (remember) recorded.add(link);
-      list.push(numberOf(link), link instanceof HTMLAreaElement ? 1 : 0, textOf(link),
-        hrefOf(link), clean(attribute(link, 'name'), LIMIT.text));
+      const text = textOf(link);
+      list.push(numberOf(link), link instanceof HTMLAreaElement ? 1 : 0, text,
+        hrefOf(link), clean(attribute(link, 'name'), LIMIT.text),
+        text === '' ? labelWithoutText(link) : '');
     }
     return list;
   };
@@ -339,7 +393,7 @@
   // What the script that listens to events needs of this one.
   const parts = Object.freeze({
     documentId, post, begin, clean, collapsed, attribute, characters, bodyOf, rootOf, innerTextOf,
-    numberOf, classOf, hrefOf, isLink, isField, stateOf, describeField, describeLinks,
+    numberOf, classOf, hrefOf, isLink, isField, stateOf, describeField, describeLinks, kindOf,
     maxValue: LIMIT.value, isRecorded: (element) => recorded.has(element),
   });
   Object.defineProperty(globalThis, 'corvane',

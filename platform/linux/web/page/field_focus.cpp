@@ -1,0 +1,32 @@
+#include "platform/linux/web/page/field_focus.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "platform/linux/web/page/page_record.h"
+#include "platform/linux/web/web_text.h"
+
+namespace corvane::desktop {
+namespace {
+
+constexpr std::size_t kLongestPart = 100;
+constexpr const char* kEmptyPart = "empty";
+
+}  // namespace
+
+void Complete(ElementEvent& event, const FieldFocus& focus) {
+  if (focus.is_part) {
+    event.part = Shorten(focus.name, kLongestPart);
+    event.part_value = focus.is_empty ? kEmptyPart : Shorten(focus.text, kLongestPart);
+    return;
+  }
+  if (focus.caret < 0) return;
+  // What is not yet a number or an address is no value of the field, but stands there.
+  event.value = focus.text;
+  const int length = static_cast<int>(text::length(focus.text));
+  event.caret.text_after = std::max(0, length - focus.caret);
+  event.caret.selection_length = std::clamp(focus.selected, 0, length);
+  event.caret.known = true;
+}
+
+}  // namespace corvane::desktop
