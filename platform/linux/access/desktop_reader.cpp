@@ -162,28 +162,30 @@ GVariant* FocusedOnly() {
 
 }  // namespace
 
-void ReadCaret(AccessBus& bus, const ElementRef& document, CaretDone done) {
+void FindFocus(AccessBus& bus, const ElementRef& document,
+               std::function<void(std::optional<ElementRef>)> done) {
   bus.Call(document, "org.a11y.atspi.Collection", "GetMatches", FocusedOnly(),
-           [&bus, done = std::move(done)](const VariantPtr& reply) {
+           [done = std::move(done)](const VariantPtr& reply) {
              if (!IsOfType(reply, "(a(so))")) return done({});
              const VariantPtr list(g_variant_get_child_value(reply.get(), 0));
              if (g_variant_n_children(list.get()) == 0) return done({});
              const char* name = nullptr;
              const char* path = nullptr;
              g_variant_get_child(list.get(), 0, "(&s&o)", &name, &path);
-             const ElementRef focused{name, path};
-             bus.Call(focused, kProperties, "Get", g_variant_new("(ss)", kText, "CaretOffset"),
-                      [&bus, focused, done](const VariantPtr& offset) {
-                        if (!IsOfType(offset, "(v)")) return done({});
-                        GVariant* inner = nullptr;
-                        g_variant_get(offset.get(), "(v)", &inner);
-                        const VariantPtr owned(inner);
-                        if (!g_variant_is_of_type(inner, G_VARIANT_TYPE_INT32)) return done({});
-                        const int at = g_variant_get_int32(inner);
-                        if (at < 0) return done({});
-                        ReadCaretAt(bus, focused, at, done);
-                      });
+             done(ElementRef{name, path});
            });
+}
+
+void ReadCaret(AccessBus& bus, const ElementRef& document, CaretDone done) {
+  FindFocus(bus, document, [&bus, done = std::move(done)](std::optional<ElementRef> focused) {
+    if (!focused) return done({});
+    bus.Call(*focused, kProperties, "Get", g_variant_new("(ss)", kText, "CaretOffset"),
+             [&bus, focused = *focused, done](const VariantPtr& offset) {
+               const int at = IntegerOf(offset).value_or(-1);
+               if (at < 0) return done({});
+               ReadCaretAt(bus, focused, at, done);
+             });
+  });
 }
 
 }  // namespace corvane::desktop::reader

@@ -22,6 +22,10 @@ void ReadDesktop(AccessBus& bus, std::function<void(std::vector<OtherWindow>)> d
 void ReadElementAt(AccessBus& bus, const ElementRef& ref, ScreenPoint point,
                    Coordinates coordinates, std::function<void(std::optional<Element>)> done);
 
+/// The element below `document` that has the focus; nothing without one.
+void FindFocus(AccessBus& bus, const ElementRef& document,
+               std::function<void(std::optional<ElementRef>)> done);
+
 /// Where the caret is in a page, in pixels of the page's view: that of the element
 /// below `document` that has the focus; nothing without one.
 void ReadCaret(AccessBus& bus, const ElementRef& document,

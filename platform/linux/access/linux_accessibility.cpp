@@ -290,6 +290,24 @@ ScreenPoint LinuxAccessibility::CaretPos() const {
   return caret.value_or(Answer()).value_or(ScreenPoint());
 }
 
+void LinuxAccessibility::ReadFocus(GtkWidget* view, std::function<void(const FieldFocus&)> seen) {
+  const auto plug = PlugOf(gtk_widget_get_accessible(view));
+  if (!plug) return seen({});
+  const auto tell = [weak = std::weak_ptr(self_), seen = std::move(seen)](const FieldFocus& focus) {
+    PostToUser([weak, seen, focus] {
+      if (!weak.expired()) seen(focus);
+    });
+  };
+  bus_->Post([bus = bus_.get(), plug = *plug, tell] {
+    bus->Connect([bus, plug, tell](const std::string& /*problem*/) {
+      reader::FindDocument(*bus, plug, [bus, tell](const std::optional<ElementRef>& document) {
+        if (!document) return tell({});
+        reader::ReadFocus(*bus, *document, tell);
+      });
+    });
+  });
+}
+
 std::string LinuxAccessibility::RoleText(int role) const { return WordsOfRole(role); }
 
 }  // namespace corvane::desktop

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/accessible.h"
+#include "platform/linux/access/focus_reader.h"
 #include "platform/linux/access/local_accessible.h"
 #include "platform/linux/access/other_windows.h"
 #include "platform/linux/access/remote_accessible.h"
@@ -28,6 +29,10 @@ class LinuxAccessibility : public Accessibility {
   ScreenPoint CursorPos() const override;
   ScreenPoint CaretPos() const override;
   std::string RoleText(int role) const override;
+
+  /// Reads what has the focus in the page that a view shows, without keeping the caller
+  /// waiting.
+  void ReadFocus(GtkWidget* view, std::function<void(const FieldFocus&)> seen);
 
   /// The windows of other programs as they were when the desktop was last fetched
   /// or looked at.
