@@ -1,5 +1,6 @@
 #include "browser/LinksList.h"
 
+#include "access/AALinkElement.h"
 #include "browser/LinkFile.h"
 
 namespace corvane {
@@ -31,10 +32,15 @@ void LinksList::Fill(const HTMLDocument& document, const std::function<bool()>& 
     pane_.desktop.DoEvents();
     if (!still_wanted()) return;
     addresses_.push_back(link->href);
-    list.AddItem(link->innerText.empty() ? link->href : link->innerText);
+    list.AddItem(LineFor(*link));
     oAAFormCol_.AddLink(link);
   }
   list.SetListIndex(0);
+}
+
+const std::string& LinksList::LineFor(const HTMLElement& link) const {
+  if (pane_.manner.today) return WordsOfLink(link);
+  return link.innerText.empty() ? link.href : link.innerText;
 }
 
 void LinksList::cmbListLinks_KeyDown(const KeyEvent& key) {

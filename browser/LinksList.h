@@ -22,6 +22,7 @@ class LinksList {
   void cmbListLinks_DblClick();
 
  private:
+  const std::string& LineFor(const HTMLElement& link) const;
   void cmbListLinks_KeyDown(const KeyEvent& key);
 
   PaneContext& pane_;

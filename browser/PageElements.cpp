@@ -1,5 +1,8 @@
 #include "browser/PageElements.h"
 
+#include <array>
+#include <utility>
+
 #include "access/AAInputElement.h"
 #include "access/Sentence.h"
 #include "base/text.h"
@@ -12,10 +15,30 @@ bool HasAnnouncer(const HTMLElement& element) {
          element.type_name == "HTMLTextAreaElement" || element.type_name == "HTMLAnchorElement";
 }
 
+struct Kind {
+  const char* type_name;
+  const char* words;
+};
+// A button is called so whatever it does; what a field set holds is not its name.
+constexpr std::array kKinds = {
+    Kind{"HTMLButtonElement", "button"},
+    Kind{"HTMLFieldSetElement", "group"},
+    Kind{"HTMLObjectElement", "object"},
+};
+
+constexpr std::size_t kMostWords = 300;  // characters of what an element shows
+
 /// What an element without an announcer is called: its kind and its words.
 std::string Described(const HTMLElement& element) {
-  const std::string& words = element.innerText.empty() ? element.href : element.innerText;
-  return element.type.empty() ? words : Sentence({element.type, words});
+  std::string type = element.type;
+  std::string words = element.innerText.empty() ? element.label : element.innerText;
+  for (const Kind& kind : kKinds) {
+    if (element.type_name == kind.type_name) type = kind.words;
+  }
+  if (element.type_name != "HTMLButtonElement" && !element.label.empty()) words = element.label;
+  if (words.empty()) words = element.href;
+  words = text::left(words, kMostWords);
+  return type.empty() ? words : Sentence({type, words});
 }
 
 bool CanBeChecked(const HTMLElement& element) {
@@ -26,12 +49,14 @@ bool CanBeChecked(const HTMLElement& element) {
 
 }  // namespace
 
-PageElements::PageElements(PaneContext& pane) : pane_(pane), oAAFormCol_(pane.desktop) {
+PageElements::PageElements(PaneContext& pane)
+    : pane_(pane), oAAFormCol_(pane.desktop, pane.manner) {
   connections_ +=
       oAAFormCol_.SayEvent.Connect([this](const std::string& text) { oAAFormCol_Say(text); });
 }
 
-void PageElements::Reset(const HTMLDocumentPtr& document) {
+void PageElements::Reset(const HTMLDocumentPtr& document, std::function<void()> done) {
+  document_ = document;
   followed_.Clear();
   followed_ +=
       document->onelementadded.Connect([this](const HTMLElementPtr& element) { Follow(element); });
@@ -39,7 +64,7 @@ void PageElements::Reset(const HTMLDocumentPtr& document) {
     for (const auto& element : form.elements) Follow(element);
   }
   for (const auto& link : document->links) Follow(link);
-  oAAFormCol_.ResetStructure(document);
+  oAAFormCol_.ResetStructure(document, std::move(done));
 }
 
 void PageElements::Follow(const HTMLElementPtr& element) {
@@ -52,8 +77,11 @@ void PageElements::Follow(const HTMLElementPtr& element) {
   }
 }
 
+// A page that moves the focus by itself, as it opens, does not cut off its own title.
 void PageElements::oAAFormCol_Say(const std::string& sText) {
-  if (!sText.empty()) pane_.announcer.AddAndSay(sText);
+  if (sText.empty()) return;
+  if (document_ && document_->unasked) return pane_.announcer.AddAndSayAfterTitle(sText);
+  pane_.announcer.AddAndSay(sText);
 }
 
 }  // namespace corvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "access/AAFormCollection.h"
@@ -14,8 +15,9 @@ class PageElements {
  public:
   explicit PageElements(PaneContext& pane);
 
-  /// Attaches to a page that has just been loaded.
-  void Reset(const HTMLDocumentPtr& document);
+  /// Attaches to a page that has just been loaded; `done` is called behind that, once
+  /// the user has closed a message box about it.
+  void Reset(const HTMLDocumentPtr& document, std::function<void()> done);
   AAFormCollection& Announcers() { return oAAFormCol_; }
 
  private:
@@ -24,6 +26,7 @@ class PageElements {
 
   PaneContext& pane_;
   AAFormCollection oAAFormCol_;
+  HTMLDocumentPtr document_;  // the present page
   Connections connections_;
   Connections followed_;  // of the present page
 };

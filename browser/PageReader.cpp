@@ -57,8 +57,8 @@ void PageReader::StillLoading() {
 // page that is gone, and ends. A window that closes meanwhile keeps its parts
 // until this has returned.
 void PageReader::ReadPage() {
-  const unsigned mine = ++reading_;
-  const auto current = [this, mine] { return reading_ == mine; };
+  reading_ = std::make_shared<Reading>();
+  const Current current = [mine = std::weak_ptr(reading_)] { return !mine.expired(); };
   PaneControls& c = pane_.controls;
   WebBrowser& browser = *c.brwWebBrowser;
   Announcer& announcer = pane_.announcer;
@@ -86,10 +86,16 @@ void PageReader::ReadPage() {
   if (!current()) return;
   announcer.AddAndSay("Extracting Forms ...");
   if (!current()) return;
-  ErrorsIgnored([&] {
-    if (document) elements_.Reset(document);
-  });
-  if (!current()) return;
+  // A message box about the forms is read and closed before anything else is said.
+  const auto go_on = [this, document, current] {
+    if (current()) ReadOn(document, current);
+  };
+  if (!document) return go_on();
+  elements_.Reset(document, go_on);
+}
+
+void PageReader::ReadOn(const HTMLDocumentPtr& document, const Current& current) {
+  Announcer& announcer = pane_.announcer;
   announcer.AddAndSay("Extracting Links ...");
   if (!current()) return;
   ErrorsIgnored([&] { links_.Fill(Required(document), current); });
@@ -97,7 +103,9 @@ void PageReader::ReadPage() {
   announcer.AddAndSay(kDone);
   if (!current()) return;
   ErrorsIgnored([&] { ReadTitleAndText(Required(document)); });
-  if (current()) auto_focus_.AfterReading();
+  if (!current()) return;
+  auto_focus_.AfterReading();
+  ErrorsIgnored([&] { pane_.controls.brwWebBrowser->TellFocus(); });
 }
 
 void PageReader::ReadTitleAndText(const HTMLDocument& document) {
@@ -110,7 +118,7 @@ void PageReader::ReadTitleAndText(const HTMLDocument& document) {
 }
 
 void PageReader::Stop() {
-  ++reading_;
+  reading_.reset();
   pane_.controls.timTimer->SetEnabled(false);
 }
 

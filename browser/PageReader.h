@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -28,7 +29,11 @@ class PageReader {
 
  private:
   void timTimer_Timer();
+  struct Reading {};
+  using Current = std::function<bool()>;  // whether a reading is still the present one
+
   void ReadPage();
+  void ReadOn(const HTMLDocumentPtr& document, const Current& current);
   void StillLoading();
   void ReadTitleAndText(const HTMLDocument& document);
 
@@ -41,8 +46,8 @@ class PageReader {
   bool firstTick_ = false;
   std::int16_t busyTicks_ = 0;
   int stopIcon_;
-  std::string title_;     // of the page that was read last
-  unsigned reading_ = 0;  // counts readings: a newer one makes an older one stop
+  std::string title_;                 // of the page that was read last
+  std::shared_ptr<Reading> reading_;  // the present one; a newer one makes it stop
   Connections connections_;
 };
 

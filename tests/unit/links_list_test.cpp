@@ -36,6 +36,20 @@ TEST_F(LinksListTest, LinkWithoutTextShowsItsAddress) {
   EXPECT_THAT(p.Links().list, ElementsAre("4 Links in A", "http://target/", "", "x", "x"));
 }
 
+TEST(TodaysLinksList, LinkWithoutTextIsCalledByWhatStandsForIt) {
+  for (const char* manner : {"1", "0"}) {
+    Program p;
+    p.desktop.settings.Main("Manner") = manner;
+    p.StartTalking();
+    auto page = MakePage("http://a/", "A", "", {{"", "http://w/"}, {"", "http://x/"}});
+    page->links[0]->label = "The weather";
+    p.Read(page);
+    const bool today = std::string(manner) == "1";
+    EXPECT_THAT(p.Links().list,
+                ElementsAre("2 Links in A", today ? "The weather" : "http://w/", "http://x/"));
+  }
+}
+
 TEST_F(LinksListTest, RefillLeavesNothingOfTheOldPage) {
   Read(MakePage("http://a/", "A", "", {{"old", "u"}}));
   Read(MakePage("http://b/", "B", "", {{"new", "v"}}));
