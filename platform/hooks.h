@@ -45,6 +45,8 @@ struct PressedKey {
 class KeyboardHook : public Hook {
  public:
   Event<const PressedKey&> KeyDown;
+  /// Whether the key that is being told goes into a field whose text is hidden.
+  virtual bool IntoPassword() const = 0;
 };
 
 /// Tells of every menu item of the program that is highlighted, with the keyboard

@@ -40,4 +40,13 @@ std::string KeyName(int key_code) {
   return name.empty() ? text::character(key_code) : name;
 }
 
+bool WritesCharacter(int key_code) {
+  const auto between = [key_code](int first, int last) {
+    return key_code >= first && key_code <= last;
+  };
+  // The space bar, digits and letters, the keypad, punctuation by layout.
+  return key_code == 32 || between('0', '9') || between('A', 'Z') || between(96, 111) ||
+         between(186, 226);
+}
+
 }  // namespace corvane

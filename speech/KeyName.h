@@ -11,4 +11,7 @@ std::string NamedKey(int key_code);
 /// the character whose code its key code is. Empty for a key without a code.
 std::string KeyName(int key_code);
 
+/// Whether the key writes a character into a field.
+bool WritesCharacter(int key_code);
+
 }  // namespace corvane

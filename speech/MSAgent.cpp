@@ -199,6 +199,10 @@ void MSAgent::WinHook3_KeyDownHook(const PressedKey& key) {
   ErrorsIgnored([&] {
     if (key.code == kKeyControl) StopSpeak();
     if (!blnKeyboardEcho) return;
+    if (manner_.hide_passwords && WinHook3_->IntoPassword() &&
+        (key.character != 0 || WritesCharacter(key.code))) {
+      return Say("star", true);
+    }
     const std::string name = manner_.key_words ? KeyWords(key) : KeyName(key.code);
     if (!name.empty()) Say(name, true);
   });

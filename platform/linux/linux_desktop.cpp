@@ -3,13 +3,13 @@
 #include <glib.h>
 #include <glibmm/convert.h>
 #include <glibmm/miscutils.h>
+#include <gtkmm/entry.h>
 #include <gtkmm/main.h>
 
 #include <utility>
 
 #include "base/number.h"
 #include "platform/linux/access/desktop_windows.h"
-#include "platform/linux/access/linux_accessibility.h"
 #include "platform/linux/gtk/controls/combo_box.h"
 #include "platform/linux/gtk/controls/command_button.h"
 #include "platform/linux/gtk/controls/image.h"
@@ -48,6 +48,16 @@ constexpr const char* kMessageTitle = "Corvane message";
 
 constexpr const char* kHistory = "History";
 
+// Whether keys go into a field whose text is hidden: one of a page, or a dialog's.
+bool IntoPassword() {
+  Gtk::Window* window = ActiveWindow();
+  Gtk::Widget* focus = window ? window->get_focus() : nullptr;
+  if (const auto* entry = dynamic_cast<Gtk::Entry*>(focus)) return !entry->get_visibility();
+  const WidgetBinding* binding = WidgetBinding::Focused();
+  const auto* page = binding ? dynamic_cast<WebKitBrowser*>(&binding->control()) : nullptr;
+  return page && page->InPassword();
+}
+
 std::string DataFolder() { return std::string(g_get_user_data_dir()) + "/corvane/"; }
 
 }  // namespace
@@ -69,9 +79,8 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
   connections_ += settings_.Problem.Connect([this](const std::string& text) {
     PostToLoop([this, text] { message_box_->Show(text, MessageBox::Icon::Exclamation); });
   });
-  auto accessibility = std::make_unique<LinuxAccessibility>(windows_);
-  all_windows_ = std::make_unique<DesktopWindows>(windows_, *accessibility);
-  accessibility_ = std::move(accessibility);
+  accessibility_ = std::make_unique<LinuxAccessibility>(windows_);
+  all_windows_ = std::make_unique<DesktopWindows>(windows_, *accessibility_);
   shell_ = std::make_unique<FileShell>(std::string(g_get_user_data_dir()) + "/corvane");
   alerts_ = std::make_shared<PageAlerts>(windows_);
   engine_ = std::make_unique<WebEngine>(MakeEngineOptions());
@@ -96,6 +105,9 @@ EngineOptions LinuxDesktop::MakeEngineOptions() {
   options.dialogs = alerts_;
   options.zoom_changed = [this](int percent) {
     settings_.SaveSetting(kApplication, kSection, "Zoom", std::to_string(percent));
+  };
+  options.look_at_focus = [this](GtkWidget* view, std::function<void(const FieldFocus&)> seen) {
+    accessibility_->ReadFocus(view, std::move(seen));
   };
   options.questions = std::make_shared<PageQuestions>(dialogs_);
   const std::string data = DataFolder();
@@ -223,7 +235,7 @@ std::unique_ptr<ActivationHook> LinuxDesktop::CreateActivationHook() {
   return std::make_unique<TableActivationHook>(windows_);
 }
 std::unique_ptr<KeyboardHook> LinuxDesktop::CreateKeyboardHook() {
-  return std::make_unique<LinuxKeyboardHook>(hooks_);
+  return std::make_unique<LinuxKeyboardHook>(hooks_, &IntoPassword);
 }
 std::unique_ptr<MessageHook> LinuxDesktop::CreateMessageHook() {
   return std::make_unique<LinuxMessageHook>(hooks_);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/desktop.h"
+#include "platform/linux/access/linux_accessibility.h"
 #include "platform/linux/automation/bus_automation.h"
 #include "platform/linux/downloads_dialog.h"
 #include "platform/linux/engine_options_dialog.h"
@@ -113,7 +114,7 @@ class LinuxDesktop : public Desktop {
   SystemClipboard clipboard_;
   std::unique_ptr<Shell> shell_;
   BusAutomation automation_;
-  std::unique_ptr<Accessibility> accessibility_;
+  std::unique_ptr<LinuxAccessibility> accessibility_;
   std::unique_ptr<Windows> all_windows_;  // those of other programs, too
   std::unique_ptr<SpeechOutput> speech_;
   std::unique_ptr<MessageBoxQueue> message_box_;

@@ -117,7 +117,10 @@ class FakeHook : public Port {
   FakeHook*& place_;
 };
 using FakeActivationHook = FakeHook<ActivationHook>;
-using FakeKeyboardHook = FakeHook<KeyboardHook>;
+struct FakeKeyboardHook : FakeHook<KeyboardHook> {
+  bool IntoPassword() const override { return into_password; }
+  bool into_password = false;
+};
 using FakeMessageHook = FakeHook<MessageHook>;
 
 }  // namespace corvane::fakes

@@ -168,6 +168,33 @@ TEST_F(KeyboardEcho, EchoCutsOffSpeechAndIsKeptFromTheNextTwoMessages) {
   EXPECT_EQ(std::count(Calls().begin(), Calls().end(), "stop"), 0);
 }
 
+TEST_F(KeyboardEcho, CharactersOfAHiddenPasswordAreStars) {
+  Program hiding;
+  hiding.desktop.settings.Pane("Passwords") = "hidden";
+  hiding.StartTalking();
+  hiding.Service()->gMSAgent()->blnKeyboardEcho = true;
+  const auto named = [&](int key, bool into_password) {
+    hiding.desktop.keyboard_hook->into_password = into_password;
+    hiding.Spoken();
+    hiding.desktop.keyboard_hook->KeyDown.Raise({key});
+    const auto said = hiding.Spoken();
+    return said.empty() ? "nothing" : said.back();
+  };
+  for (const int key : {int('A'), int('7'), 32, 97, 188}) {
+    EXPECT_EQ(named(key, true), "star (urgent)") << key;
+  }
+  EXPECT_EQ(named('A', false), "A (urgent)");
+  EXPECT_EQ(named(9, true), "Tab (urgent)");
+  EXPECT_EQ(named(37, true), "Left (urgent)");
+}
+
+TEST_F(KeyboardEcho, PasswordsAreNamedLikeOtherKeysUnlessTheyAreHidden) {
+  Agent().blnKeyboardEcho = true;
+  program.desktop.keyboard_hook->into_password = true;
+  Press('A');
+  EXPECT_EQ(Calls().back(), "speak \\Pit=90\\\\Spd=150\\A (urgent)");
+}
+
 TEST_F(KeyboardEcho, ControlSilencesTheProgram) {
   Press(17);
   EXPECT_THAT(Calls(), ElementsAre("stop"));

@@ -2,7 +2,9 @@
 
 #include <gtk/gtk.h>
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "base/event.h"
 #include "platform/hooks.h"
@@ -53,11 +55,16 @@ class EventHooks {
 /// Hands on the keys that the process's hooks see.
 class LinuxKeyboardHook : public SwitchedHook<KeyboardHook> {
  public:
-  explicit LinuxKeyboardHook(EventHooks& hooks) : hooks_(hooks) {}
+  /// `into_password`: whether keys go into a field whose text is hidden.
+  explicit LinuxKeyboardHook(
+      EventHooks& hooks, std::function<bool()> into_password = [] { return false; })
+      : hooks_(hooks), into_password_(std::move(into_password)) {}
+  bool IntoPassword() const override { return into_password_(); }
 
  private:
   Connection Listen() override;
   EventHooks& hooks_;
+  std::function<bool()> into_password_;
 };
 
 /// The same for highlighted menu items.
