@@ -72,6 +72,58 @@ TEST_F(PageChangeTest, BackWithinThePageHasItRead) {
   EXPECT_EQ(view_->LocationURL(), server_.Url());
 }
 
+TEST_F(PageChangeTest, AHiddenPartThatAButtonShowsIsNamedByItsWords) {
+  Load(
+      "<style>.off{display:none}</style><button onclick='p.className=\"\"'>Find</button>"
+      "<div id=q class=off>Never</div><div id=p class=off><b>Find a town</b><p>More</div>");
+  PressFirst();
+  ASSERT_TRUE(Hears("Opened: Find a town"));
+}
+
+TEST_F(PageChangeTest, AHiddenFieldWithoutWordsIsNamedByWhatItsAuthorCallsIt) {
+  Load(
+      "<button onclick='p.hidden=false'>Find</button><div id=p hidden>"
+      "<input placeholder='Search this site'></div>");
+  PressFirst(GDK_KEY_space);
+  ASSERT_TRUE(Hears("Opened: Search this site"));
+}
+
+TEST_F(PageChangeTest, ANewPartWithAFieldIsNamed) {
+  Load("<button onclick='p.innerHTML=\"<label>Your town <input></label>\"'>Find</button><p id=p>");
+  PressFirst();
+  ASSERT_TRUE(Hears("Opened: Your town"));
+}
+
+TEST_F(PageChangeTest, NothingIsInventedOfWhatStaysHiddenOrHasNoWords) {
+  Load(
+      "<button onclick='p.hidden=false;this.title=1'>Find</button><div id=p hidden><hr></div>"
+      "<div hidden>Never</div>");
+  PressFirst();
+  ASSERT_TRUE(WaitUntil([&] {
+    return view_.EvaluateInPage("String(document.querySelector('button').title)") == "1";
+  }));
+  view_.EvaluateInPage("new Promise(done => setTimeout(done, 2500))");
+  EXPECT_THAT(view_.Said(), IsEmpty());
+}
+
+TEST_F(PageChangeTest, APartThatTakesTheFocusIsHeardByThatAlone) {
+  Load(
+      "<button onclick='p.hidden=false;p.firstChild.focus()'>Find</button>"
+      "<div id=p hidden><input placeholder=Search></div>");
+  PressFirst();
+  ASSERT_TRUE(WaitUntil(
+      [&] { return view_.EvaluateInPage("String(document.activeElement.localName)") == "input"; }));
+  view_.EvaluateInPage("new Promise(done => setTimeout(done, 1500))");
+  EXPECT_THAT(view_.Said(), IsEmpty());
+}
+
+TEST_F(PageChangeTest, APartThatAppearsByItselfIsNotNamed) {
+  Load("<div id=p hidden>Buy this</div>");
+  view_.RunByItself("p.hidden = false");
+  view_.EvaluateInPage("new Promise(done => setTimeout(done, 1500))");
+  EXPECT_THAT(view_.Said(), IsEmpty());
+}
+
 TEST_F(PageChangeTest, APageThatMovesByItselfIsNotRead) {
   Load("<p>Text</p><a href='/'>Here</a>");
   view_.RunByItself("history.pushState({}, '', '/other'); document.body.append('" +

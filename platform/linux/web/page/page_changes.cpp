@@ -45,6 +45,7 @@ void PageChanges::Receive(const std::string& kind, const std::string& text) {
   std::string words;
   if (kind == "top") words = "Top of the page";
   if (kind == "jumped") words = Shorten(text, kLongestPlace);
+  if (kind == "opened") words = "Opened: " + Shorten(text, kLongestPlace);
   if (kind == "state") words = WordsOf(text);
   if (!words.empty()) host_.say(words);
 }

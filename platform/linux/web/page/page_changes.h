@@ -13,7 +13,7 @@ namespace corvane::desktop {
 
 /// What a page's scripts make of the page without loading anything, as far as it
 /// follows something that the user did in the page: another page under another
-/// address, another place in it, new text, a part that opens. Without this the user
+/// address, another place in it, new text, a part that opens or appears. Without this the user
 /// would press Enter and hear nothing.
 class PageChanges {
  public:

@@ -15,6 +15,9 @@
   const FILLED = {still: 1500, quiet: 300, longest: 4000};  // the wait for first content
   const NEWS = 40;        // characters that make a change worth a word
   const WORDS = 200;
+  const OPENS = 2000;     // how soon after the user's doing a part of the page appears
+  const LOOKED = 3000;    // elements that are looked at for parts that are hidden
+  const PARTS = 200;
 
   const channel = globalThis.webkit?.messageHandlers?.corvaneChanges;
   const post = (kind, text = '') => channel?.postMessage(`${kind}\n${text}`);
@@ -85,12 +88,62 @@
     return count;
   };
 
+  // --- parts that appear ----------------------------------------------------------
+
+  const FIELDS = 'input:not([type="hidden"]), select, textarea';
+  const select = (element, selector) => Element.prototype.querySelector.call(element, selector);
+  const attribute = (element, name) => Element.prototype.getAttribute.call(element, name) ?? '';
+  const isShown = (element) => Element.prototype.checkVisibility.call(element,
+    {visibilityProperty: true});
+  // What comes and goes by itself, or is not meant to be read.
+  const isAside = (element) => element instanceof HTMLScriptElement ||
+    element instanceof HTMLStyleElement || element instanceof HTMLTemplateElement ||
+    /^(tooltip|progressbar|status|alert|presentation|none)$/.test(attribute(element, 'role')) ||
+    attribute(element, 'aria-hidden') === 'true' || attribute(element, 'aria-busy') === 'true';
+
+  // The parts of the page below an element that are hidden now, without what is in them.
+  const collectHidden = (top, parts) => {
+    const walker = Document.prototype.createTreeWalker.call(document, top, NodeFilter.SHOW_ELEMENT);
+    let node = walker.nextNode();
+    for (let looked = 0; node && looked < LOOKED && parts.size < PARTS; looked++) {
+      if (isShown(node)) {
+        node = walker.nextNode();
+        continue;
+      }
+      if (!isAside(node)) parts.add(node);
+      node = walker.nextSibling();
+      while (!node && walker.parentNode()) node = walker.nextSibling();
+    }
+  };
+  // First those around what the user presses: a long page is not looked at to its end.
+  const hiddenParts = (element) => {
+    const parts = new Set();
+    let around = element;
+    for (let i = 0; i < 3 && around?.parentElement; i++) around = around.parentElement;
+    if (around) collectHidden(around, parts);
+    const page = root();
+    if (page && page !== around) collectHidden(page, parts);
+    return parts;
+  };
+  // What a part that has appeared is called: its first words, else those of its first
+  // field; nothing where there are none.
+  const wordsOfPart = (part) => {
+    const named = attribute(part, 'aria-label');
+    if (named) return words(named);
+    const own = part instanceof HTMLElement ? words(part.innerText.trim().split('\n')[0]) : '';
+    if (own) return own;
+    const field = part.matches(FIELDS) ? part : select(part, FIELDS);
+    return field ? words(attribute(field, 'aria-label') || attribute(field, 'title') ||
+      attribute(field, 'placeholder')) : '';
+  };
+
   class Action {
     constructor(element) {
       this.element = element;
       this.page = pageOf(location.href);
       this.state = element ? stateOf(element) : '';
       this.focus = activeElement();
+      this.hidden = hiddenParts(element);
       this.began = performance.now();
       this.text = 0;
       this.told = false;
@@ -102,8 +155,17 @@
     }
     changed(changes) {
       if (this.text < NEWS) for (const change of changes) this.text += added(change);
+      for (const change of changes) this.note(change.addedNodes);
       this.restless ||= performance.now();
       if (performance.now() - this.restless < RESTLESS) this.wait();
+    }
+    // New elements with a field in them are a part that appears, too.
+    note(nodes) {
+      for (const node of nodes) {
+        if (this.hidden.size >= PARTS) return;
+        const fits = node instanceof Element && (node.matches(FIELDS) || select(node, FIELDS));
+        if (fits && !isAside(node)) this.hidden.add(node);
+      }
     }
     wait() {
       clearTimeout(this.timer);
@@ -118,6 +180,7 @@
         return;
       }
       this.tellState();
+      this.tellOpened();
       if (!this.told && this.text >= NEWS) {
         this.told = true;
         // Who is led to the new part hears it by its focus.
@@ -132,6 +195,17 @@
       this.state = state;
       this.told = true;  // it says enough
       post('state', state);
+    }
+    // Who is led to the part hears it by its focus.
+    tellOpened() {
+      if (this.told || performance.now() - this.began > OPENS || activeElement() !== this.focus) return;
+      for (const part of this.hidden) {
+        const text = part.isConnected && isShown(part) ? wordsOfPart(part) : '';
+        if (text === '') continue;
+        this.told = true;
+        post('opened', text);
+        return;
+      }
     }
     end() {
       clearTimeout(this.timer);
