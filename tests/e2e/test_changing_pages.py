@@ -42,7 +42,7 @@ class ChangingPages(EndToEndTest):
 
     def test_new_text_is_told_and_read_with_f9(self):
         corvane = self.begin()
-        for name in ("Shoes", "Terms", "submit, More offers"):
+        for name in ("Shoes", "Terms", "button, More offers"):
             self.press("Tab", name)
         self.press("space", "The page has changed. F9 reads it again.")
         self.assertNotIn("Two for one", corvane.text_of("Text"))
@@ -51,7 +51,7 @@ class ChangingPages(EndToEndTest):
 
     def test_button_that_opens_a_part_says_so(self):
         self.begin()
-        for name in ("Shoes", "Terms", "submit, More offers", "submit, Menu"):
+        for name in ("Shoes", "Terms", "button, More offers", "button, Menu"):
             self.press("Tab", name)
         self.press("space", "expanded")
 

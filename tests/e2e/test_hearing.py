@@ -79,23 +79,116 @@ class Hearing(EndToEndTest):
         self.hears("Tab", "text, user, Your name, Ann")
         wait_until(lambda: corvane.text_of("Text").endswith("text, user, Your name, Ann\n"), "the line")
 
-    def test_button_stops_the_walk_with_a_message_and_is_still_heard(self):
-        corvane = self.start(settings=SPOKEN)
-        corvane.transcript.mark()
-        corvane.open(self.base + "/buttons.html")
+    def test_button_in_the_established_manner_stops_the_walk_behind_a_message(self):
+        self.start(settings=dict(SPOKEN, **ESTABLISHED))
+        self.corvane.transcript.mark()
+        self.corvane.open(self.base + "/buttons.html")
         self.said("ResetStructure Error: Object variable or With block variable not set. OK Button")
-        wait_until(lambda: "Extracting Links ..." in corvane.transcript.spoken(), "the reading's end")
-        corvane.keys("Return")
-        time.sleep(0.5)
-        corvane.focus("Address")
+        self.corvane.transcript.mark()
+        self.corvane.keys("Return")
+        self.said("Extracting Links ...", "Done", "The buttons")
+        self.corvane.focus("Address")
         self.hears("Tab", "WebBrowser")
         self.hears("Tab", "text, first, First, ")
-        self.hears("Tab", "submit, Send")
-        self.hears("Tab")  # the form behind the button has no announcers
+        self.hears("Tab", "button, Send")
+        self.hears("Tab")  # as established: the form behind the button has no announcers
+        self.hears("Tab", "text, alone, Alone, ")
+
+    def test_button_costs_the_fields_behind_it_nothing(self):
+        self.open_form("/buttons.html", "The buttons")
+        self.hears("Tab", "text, first, First, ")
+        self.hears("Tab", "button, Send")
+        self.hears("Tab", "text, second, Second, ")
         self.hears("Tab", "text, alone, Alone, ")
         self.hears("a", "a")
         self.hears("Tab", "text, late, Late, ")
         self.hears("Tab", "More")
+
+    def test_every_part_and_step_of_later_kinds_is_heard(self):
+        self.open_form("/later-kinds.html", "Later kinds")
+        self.hears("Tab", "date field, day, Day, 2024-05-17, month, 05")
+        self.hears("Up", "06")
+        self.hears("Tab", "day, 17")
+        self.hears("3", "03")
+        self.hears("Tab", "year, 2024")
+        self.hears("Tab", "time field, when, When, , hour, empty")
+        self.hears("Up", "00")
+        self.hears("Tab", "minutes, empty")
+        self.hears("Tab", "number field, many, How many, 5")
+        self.hears("Up", "6")
+        self.hears("Down", "5")
+        self.hears("Home", "5")
+        self.hears("Tab", "slider, loud, Loud, 50")
+        self.hears("Right", "51")
+        self.hears("Left", "50")
+        self.hears("Tab", "text, mail, Mail, ")
+        self.hears("a", "a")
+        self.hears("b", "b")
+        self.hears("Left", "b")
+        self.hears("Home", "a")
+        self.hears("End", "ab")
+        self.hears("BackSpace", "b")
+        self.hears("Tab", "select-multiple, several, A")
+        self.hears("Down", "B")
+        self.hears("shift+Down", "C")
+        self.hears("shift+Up", "C, unselected")
+
+    def test_words_of_authors_stand_where_there_are_no_others(self):
+        self.open_form("/author-words.html", "Words of authors")
+        self.hears("Tab", "text, q, Search the shop, ")
+        self.hears("Tab", "text, town, Your town, ")
+        self.hears("Tab", "checkbox, cb, I agree, unchecked")
+        self.hears("Tab", "button, Menu")
+        self.hears("Tab", "Weather picture")
+        self.hears("Tab", "Home")
+        self.hears("Tab", self.base + "/nameless.html")
+
+    def test_removed_and_replaced_characters_are_heard(self):
+        self.open_form("/form.html", "The order")
+        self.hears("Tab", "text, user, Your name, Ann")
+        self.hears("End", "Ann")
+        self.hears("BackSpace", "n")
+        self.hears("Home", "An")
+        self.hears("Delete", "A")
+        self.hears("ctrl+a", "n")
+        self.hears("x", "x")
+
+    def test_hidden_password_is_stars_in_field_and_echo_and_not_in_the_text_pane(self):
+        settings = {"Corvane": dict(ECHO["Corvane"]), "pnlBrowser": dict(ECHO["pnlBrowser"], Passwords="hidden")}
+        corvane = self.open_form("/form.html", "The order", settings=settings)
+        self.hears("Tab", "Tab", "text, user, Your name, Ann")
+        self.hears("Tab", "Tab", "password, pin, Secret, ")
+        self.hears("7", "star", "star")
+        self.hears("q", "star", "star")
+        self.hears("Left", "Left", "star")
+        self.hears("BackSpace", "\b", "star")
+        self.hears("shift+Tab", "Shift", "Tab", "text, user, Your name, Ann")
+        self.hears("z", "Z", "z")
+        text = corvane.text_of("Text")
+        self.assertNotIn("7", text.split("Secret", 1)[1])
+
+    def test_field_that_a_page_focuses_as_it_opens_is_heard_behind_the_title(self):
+        corvane = self.open_form("/log-in.html", "Log in here")
+        self.said("text, user, Your name, ")
+        corvane.transcript.mark()
+        corvane.keys("Return")  # from one page to the next with the focus in the page
+        self.said("Log in here", "text, user, Your name, ")
+        spoken = corvane.transcript.spoken()
+        self.assertEqual(spoken[-2:], ["Log in here", "text, user, Your name, "])
+        events = corvane.transcript.events()
+        title = [e["id"] for e in events if e.get("text") == "Log in here"][-1]
+        self.assertIn("end", [e["event"] for e in events if e["id"] == title], "the title is heard in full")
+        self.hears("a", "a")
+        self.hears("Tab", "password, pin, Secret, ")
+
+    def test_script_that_moves_the_focus_after_a_key_and_what_it_shows_are_heard(self):
+        self.open_form("/opens.html", "It opens")
+        self.hears("Tab", "button, Find")
+        self.hears("Return", "text, q, Search, ")
+        self.hears("Tab", "button, Show")
+        self.corvane.transcript.mark()
+        self.corvane.keys("Return")
+        self.said("Opened: Times of opening")
 
     def test_every_key_is_named_while_echo_is_on(self):
         corvane = self.start(settings=ECHO)

@@ -64,6 +64,18 @@ class Handler(http.server.BaseHTTPRequestHandler):
         self.reply(f"<title>Frames {number}</title><p><a href='/weather.html'>The weather</a>"
                    f"<iframe src='/form.html'></iframe><iframe src='/page/{number}'></iframe>")
 
+    def page_forms(self, path):
+        """Forms as pages of today have them: each kind of element that gets the focus."""
+        number = path.rsplit("/", 1)[-1]
+        self.reply(f"""<!doctype html><title>Forms {number}</title><h1>Form {number}</h1>
+<form><p>First <input name="first{number}"></p>
+<fieldset tabindex="0"><legend>Set {number}</legend><p>Inner <input name="inner"></p></fieldset>
+<p><button type="button">Press {number}</button></p>
+<p><object tabindex="0" aria-label="A picture" type="image/svg+xml"
+ data="data:image/svg+xml,&lt;svg xmlns='http://www.w3.org/2000/svg'/&gt;" width="9" height="9"></object></p></form>
+<form action="/weather.html"><p>Second <input name="second{number}" value="x"></p>
+<p><input type="submit" value="Send"></p></form>""")
+
     def page_links(self, path):
         self.reply(_links(int(path.rsplit("/", 1)[-1])))
 
