@@ -16,14 +16,10 @@ struct Kind {
 
 // Kinds that are typed like any text, such as e-mail addresses, are called text.
 constexpr std::array kKinds = {
-    Kind{"range", "slider", true},
-    Kind{"number", "number field", true},
-    Kind{"color", "colour field", true},
-    Kind{"date", "date field", false},
-    Kind{"time", "time field", false},
-    Kind{"datetime-local", "date and time field", false},
-    Kind{"month", "month field", false},
-    Kind{"week", "week field", false},
+    Kind{"range", "slider", true},       Kind{"number", "number field", true},
+    Kind{"color", "colour field", true}, Kind{"date", "date field", false},
+    Kind{"time", "time field", false},   Kind{"datetime-local", "date and time field", false},
+    Kind{"month", "month field", false}, Kind{"week", "week field", false},
 };
 
 constexpr std::size_t kMostStars = 100;

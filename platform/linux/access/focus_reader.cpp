@@ -54,12 +54,16 @@ void Ask(AccessBus& bus, const ElementRef& ref, const std::shared_ptr<Facts>& fa
   bus.Call(ref, kAccessibleInterface, "GetRole", nullptr, [facts, all](const VariantPtr& reply) {
     if (IsOfType(reply, "(u)")) g_variant_get(reply.get(), "(u)", &facts->role);
   });
-  bus.Call(ref, kProperties, "Get", Property(kAccessibleInterface, "Name"),
-           [facts, all](const VariantPtr& reply) { facts->focus.name = TextOf(reply, kMostBytes); });
-  bus.Call(ref, kText, "GetText", g_variant_new("(ii)", 0, kLongestText),
-           [facts, all](const VariantPtr& reply) { facts->focus.text = TextOf(reply, kMostBytes); });
+  bus.Call(
+      ref, kProperties, "Get", Property(kAccessibleInterface, "Name"),
+      [facts, all](const VariantPtr& reply) { facts->focus.name = TextOf(reply, kMostBytes); });
+  bus.Call(
+      ref, kText, "GetText", g_variant_new("(ii)", 0, kLongestText),
+      [facts, all](const VariantPtr& reply) { facts->focus.text = TextOf(reply, kMostBytes); });
   bus.Call(ref, kProperties, "Get", Property(kText, "CaretOffset"),
-           [facts, all](const VariantPtr& reply) { facts->focus.caret = IntegerOf(reply).value_or(-1); });
+           [facts, all](const VariantPtr& reply) {
+             facts->focus.caret = IntegerOf(reply).value_or(-1);
+           });
   bus.Call(ref, kText, "GetSelection", g_variant_new("(i)", 0),
            [facts, all](const VariantPtr& reply) { facts->focus.selected = SelectedOf(reply); });
   bus.Call(ref, kProperties, "Get", Property(kValue, "CurrentValue"),
@@ -74,8 +78,8 @@ void ReadFocus(AccessBus& bus, const ElementRef& document,
             [&bus, done = std::move(done)](const std::optional<ElementRef>& focused) {
               if (!focused) return done({});
               const auto facts = std::make_shared<Facts>();
-              const auto all = std::make_shared<Together>(
-                  [facts, done] { done(FocusOf(std::move(*facts))); });
+              const auto all =
+                  std::make_shared<Together>([facts, done] { done(FocusOf(std::move(*facts))); });
               Ask(bus, *focused, facts, all);
             });
 }

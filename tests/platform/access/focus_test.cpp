@@ -31,7 +31,8 @@ class FocusOfAPage : public AccessTest {
     EXPECT_TRUE(WaitUntil([&] {
       focus = Look();
       return wanted(focus);
-    })) << focus.name << " " << focus.text << " " << focus.caret;
+    })) << focus.name
+        << " " << focus.text << " " << focus.caret;
     return focus;
   }
 };
