@@ -5,7 +5,7 @@
 #include "base/error.h"
 #include "platform/linux/speech/character_file.h"
 #include "platform/linux/speech/character_window.h"
-#include "platform/linux/speech/speech_tags.h"
+#include "platform/linux/speech/linux_voice.h"
 
 namespace corvane::desktop {
 
@@ -21,7 +21,7 @@ class LinuxAgent::SpeakingCharacter : public AgentCharacter,
 
   /// The agent goes: silent and hidden from now on.
   void Retire() {
-    StopSpeak();
+    if (agent_ != nullptr) agent_->speech_.Stop();
     agent_ = nullptr;
     window_.reset();
   }
@@ -35,12 +35,7 @@ class LinuxAgent::SpeakingCharacter : public AgentCharacter,
 
   AgentRequest Speak(const std::string& text, bool urgent) override {
     if (agent_ == nullptr) return {};
-    TaggedText tagged = ReadSpeechTags(text);
-    Utterance utterance;
-    utterance.text = std::move(tagged.text);
-    utterance.pitch = tagged.pitch.value_or(kPitchDefault);
-    utterance.speed = tagged.speed.value_or(kSpeedDefault);
-    utterance.urgent = urgent;
+    Utterance utterance = UtteranceOf(text, urgent);
     utterance.voice = file_.voice;
     utterance.pitch_shift = file_.pitch_shift;
     utterance.speed_shift = file_.speed_shift;
@@ -52,14 +47,14 @@ class LinuxAgent::SpeakingCharacter : public AgentCharacter,
         [self, request, balloon] {
           if (const auto character = self.lock()) character->Begun(*request, *balloon);
         },
-        [self, request](SpeechEnd) {
-          if (const auto character = self.lock()) character->Ended(*request);
+        [self, request](SpeechEnd end) {
+          if (const auto character = self.lock()) character->Ended(*request, end);
         });
     return *request;
   }
 
-  void StopSpeak() override {
-    if (agent_ != nullptr) agent_->speech_.Stop();
+  void StopSpeak(const std::vector<AgentRequest>& kept) override {
+    if (agent_ != nullptr) agent_->speech_.Stop(NumbersOf(kept));
   }
 
  private:
@@ -68,9 +63,11 @@ class LinuxAgent::SpeakingCharacter : public AgentCharacter,
     if (window_) window_->ShowSpeaking(text);
   }
 
-  void Ended(AgentRequest request) {
+  void Ended(AgentRequest request, SpeechEnd end) {
     if (window_ && speaking_ == request.id) window_->ShowIdle();
-    if (agent_ != nullptr) agent_->RequestComplete.Raise(request);
+    if (agent_ == nullptr) return;
+    agent_->RequestComplete.Raise(request,
+                                  end == SpeechEnd::kSpoken ? RequestEnd::Done : RequestEnd::Cut);
   }
 
   LinuxAgent* agent_;
@@ -101,7 +98,7 @@ std::shared_ptr<AgentCharacter> LinuxAgent::Character(const std::string& name) {
 
 AgentRequest LinuxAgent::CompleteLater() {
   const AgentRequest request{speech_.NextRequest()};
-  loop_.Post([this, request] { RequestComplete.Raise(request); });
+  loop_.Post([this, request] { RequestComplete.Raise(request, RequestEnd::Done); });
   return request;
 }
 

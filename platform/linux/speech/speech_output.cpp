@@ -1,5 +1,6 @@
 #include "platform/linux/speech/speech_output.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <utility>
@@ -56,7 +57,6 @@ SpeechOutput::SpeechOutput(SynthesizerMaker make_synthesizer, const AudioMaker& 
 }
 
 SpeechOutput::~SpeechOutput() {
-  Release();
   Stop();
   {
     const std::lock_guard lock(mutex_);
@@ -72,8 +72,6 @@ int SpeechOutput::Speak(Utterance utterance, Begun begun, Ended ended) {
   request->utterance = std::move(utterance);
   request->begun = std::move(begun);
   request->ended = std::move(ended);
-  last_style_ = request->utterance;
-  last_style_->text.clear();
   const Utterance& asked = request->utterance;
   {
     const std::lock_guard lock(mutex_);
@@ -88,24 +86,18 @@ int SpeechOutput::Speak(Utterance utterance, Begun begun, Ended ended) {
   return request->id;
 }
 
-int SpeechOutput::SpeakNow(const std::string& text, Utterance first) {
-  Release();
-  Stop();
-  Utterance utterance = last_style_.value_or(std::move(first));
-  utterance.text = text;
-  utterance.urgent = true;
-  return held_ = Speak(std::move(utterance));
-}
-
-void SpeechOutput::Stop() {
+void SpeechOutput::Stop(const std::vector<int>& kept) {
+  const auto stays = [&kept](const auto& request) {
+    return std::find(kept.begin(), kept.end(), request->id) != kept.end();
+  };
   const std::lock_guard lock(mutex_);
-  if (current_ && !current_->cut && current_->id != held_) {
+  if (current_ && !current_->cut && !stays(current_)) {
     current_->cut = true;
     audio_->Stop();
     FinishLocked(*current_, SpeechEnd::kCut);
   }
-  std::erase_if(waiting_, [this](const auto& request) {
-    if (request->id == held_) return false;
+  std::erase_if(waiting_, [&](const auto& request) {
+    if (stays(request)) return false;
     FinishLocked(*request, SpeechEnd::kCut);
     return true;
   });

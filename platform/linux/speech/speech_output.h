@@ -5,9 +5,9 @@
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "base/event.h"
 #include "platform/linux/speech/audio_output.h"
@@ -57,16 +57,9 @@ class SpeechOutput {
   /// is over; never from inside this call or Stop.
   int Speak(Utterance utterance, Begun begun = nullptr, Ended ended = nullptr);
 
-  /// Silences everything and speaks `text` with the voice, pitch and speed last
-  /// used: for dialogs, which speak without any character. `first`: how to sound
-  /// when nothing has been spoken yet. Stop leaves it alone until Release: what a
-  /// dialog asks is not to be cut off by what goes on behind it.
-  int SpeakNow(const std::string& text, Utterance first = {});
-  /// The user goes on: from now on Stop ends what SpeakNow says, too.
-  void Release() { held_ = 0; }
-
-  /// Silence at once: empties the queue and what the device holds.
-  void Stop();
+  /// Empties the queue and what the device holds, but for the requests `kept`:
+  /// silence at once, or the first of these.
+  void Stop(const std::vector<int>& kept = {});
 
   /// Something the user should be told once, in a sentence (no sound server, no
   /// synthesizer): for the log and the status bar.
@@ -87,8 +80,6 @@ class SpeechOutput {
   std::shared_ptr<Request> current_;
 
   int last_request_ = 0;
-  int held_ = 0;  // the request that Stop leaves alone
-  std::optional<Utterance> last_style_;
   SynthesizerMaker make_synthesizer_;
   LoopQueue loop_;
   std::unique_ptr<Transcript> transcript_;

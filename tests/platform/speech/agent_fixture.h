@@ -22,8 +22,11 @@ class AgentFixture : public testing::Test {
         [this] { return std::make_unique<RecordingSynthesizer>(spoken_, 100); },
         [this](const Notice&) { return std::make_unique<RecordingAudio>(audio_); }, transcript_);
     agent_ = std::make_unique<LinuxAgent>(*speech_);
-    connection_ = agent_->RequestComplete.Connect(
-        [this](const AgentRequest& request) { completed_.push_back(request.id); });
+    connection_ =
+        agent_->RequestComplete.Connect([this](const AgentRequest& request, RequestEnd end) {
+          completed_.push_back(request.id);
+          if (end == RequestEnd::Cut) cut_.push_back(request.id);
+        });
   }
 
   bool WaitFor(const AgentRequest& request) {
@@ -43,6 +46,7 @@ class AgentFixture : public testing::Test {
   std::shared_ptr<SynthesisRecord> spoken_ = std::make_shared<SynthesisRecord>();
   std::shared_ptr<AudioRecord> audio_ = std::make_shared<AudioRecord>();
   std::vector<int> completed_;
+  std::vector<int> cut_;  // among them
   std::unique_ptr<SpeechOutput> speech_;
   std::unique_ptr<LinuxAgent> agent_;
   Connection connection_;

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "base/error.h"
+#include "platform/linux/speech/linux_voice.h"
 #include "tests/platform/speech/agent_fixture.h"
 
 namespace corvane::desktop {
@@ -46,7 +47,7 @@ TEST_F(AgentTest, LoadShowAndWelcomeFollowEachOther) {
   // As the speaking form uses it: each completion makes the next request.
   std::vector<int> requests;
   std::vector<std::string> chain;
-  const auto step = agent_->RequestComplete.Connect([&](const AgentRequest& request) {
+  const auto step = agent_->RequestComplete.Connect([&](const AgentRequest& request, RequestEnd) {
     if (request.id == requests.back() && chain.size() == 1) {
       chain.push_back("show");
       requests.push_back(agent_->Character("Genie")->Show().id);
@@ -69,6 +70,7 @@ TEST_F(AgentTest, ShowWithoutADisplayCompletesAndSpeechGoesOn) {
   const auto genie = LoadGenie();
   ASSERT_TRUE(WaitFor(genie->Show()));
   ASSERT_TRUE(WaitFor(genie->Speak("Hello")));
+  EXPECT_THAT(cut_, IsEmpty()) << "what is spoken to its end is no cut";
 }
 
 TEST_F(AgentTest, TagsSetPitchAndSpeedAndAreNotSpoken) {
@@ -115,6 +117,25 @@ TEST_F(AgentTest, StopSpeakCompletesEveryRequestInItsOrder) {
   EXPECT_THAT(completed_, IsEmpty());
   ASSERT_TRUE(WaitFor(second));
   EXPECT_THAT(completed_, ElementsAre(first.id, second.id));
+  EXPECT_THAT(cut_, ElementsAre(first.id, second.id));
+}
+
+TEST_F(AgentTest, VoiceSpeaksWithoutACharacterAndAfterAnother) {
+  LinuxVoice voice(*speech_);
+  audio_->SetRoom(10);
+  const AgentRequest first = voice.Speak("\\Pit=110\\\\Spd=200\\One", true);
+  const AgentRequest second = voice.Speak("Two", false);
+  voice.StopSpeak({second});
+  audio_->SetRoom(static_cast<std::size_t>(-1));
+  const auto genie = LoadGenie();
+  const AgentRequest third = genie->Speak("Three");
+  EXPECT_LT(first.id, second.id);
+  EXPECT_LT(second.id, third.id);
+  ASSERT_TRUE(WaitFor(third));
+  const auto entries = spoken_->Entries();
+  EXPECT_EQ(entries.front().text, "One");
+  EXPECT_EQ(entries.front().style.speed, 200);
+  EXPECT_EQ(entries.back().text, "Three");
 }
 
 TEST_F(AgentTest, LettingGoSilencesAndACharacterThatIsKeptDoesNothing) {
@@ -132,7 +153,8 @@ TEST_F(AgentTest, LettingGoSilencesAndACharacterThatIsKeptDoesNothing) {
 
 TEST_F(AgentTest, TheAgentMayGoWhileARequestCompletes) {
   const auto genie = LoadGenie();
-  const auto gone = agent_->RequestComplete.Connect([&](const AgentRequest&) { agent_.reset(); });
+  const auto gone =
+      agent_->RequestComplete.Connect([&](const AgentRequest&, RequestEnd) { agent_.reset(); });
   genie->Speak("x");
   EXPECT_TRUE(RunLoopUntil([&] { return agent_ == nullptr; }));
 }

@@ -156,60 +156,31 @@ TEST_F(SpeechOutputTest, StopWithNothingToSayLeavesTheDeviceAlone) {
   EXPECT_EQ(audio_->Stops(), 0);
 }
 
-TEST_F(SpeechOutputTest, SpeakNowSoundsAsAskedWhileNothingHasBeenSpoken) {
-  Utterance first;
-  first.pitch = 110;
-  first.speed = 200;
-  speech_->SpeakNow("An error has occurred.", first);
-  Speak("last");
-  ASSERT_TRUE(RunLoopUntil([&] { return !events_.empty() && events_.back() == "last spoken"; }));
-  const auto entries = spoken_->Entries();
-  EXPECT_EQ(entries.at(0).style.pitch, 110);
-  EXPECT_EQ(entries.at(0).style.speed, 200);
-}
-
-TEST_F(SpeechOutputTest, SpeakNowSilencesTheRestAndKeepsTheVoiceInUse) {
+TEST_F(SpeechOutputTest, StopLeavesWhatIsKeptWhetherItIsSpokenOrWaits) {
   audio_->SetRoom(10);
-  Utterance utterance = Plain("page text");
-  utterance.pitch = 70;
-  utterance.speed = 250;
-  utterance.voice = "en-gb";
-  bool begun = false;
-  bool cut = false;
-  speech_->Speak(
-      utterance, [&] { begun = true; }, [&](SpeechEnd end) { cut = end == SpeechEnd::kCut; });
-  ASSERT_TRUE(RunLoopUntil([&] { return begun; }));
-  speech_->SpeakNow("An error has occurred.");
-  audio_->SetRoom(static_cast<std::size_t>(-1));
-  Speak("last");
-  ASSERT_TRUE(RunLoopUntil([&] { return !events_.empty() && events_.back() == "last spoken"; }));
-  EXPECT_TRUE(cut);
-  const auto entries = spoken_->Entries();
-  ASSERT_EQ(entries.size(), 3U);
-  EXPECT_EQ(entries[1].text, "An error has occurred.");
-  EXPECT_EQ(entries[1].style.pitch, 70);
-  EXPECT_EQ(entries[1].style.speed, 250);
-  EXPECT_EQ(entries[1].style.voice, "en-gb");
-}
-
-TEST_F(SpeechOutputTest, WhatADialogSaysIsCutOffOnlyWhenTheUserGoesOn) {
-  audio_->SetRoom(10);
-  speech_->SpeakNow("Save this file?");
-  speech_->Stop();
+  const int spoken = Speak("Save this file?");
+  ASSERT_TRUE(WaitForEvents(1));
   Speak("page text");
-  speech_->Stop();
-  Speak("title");
+  const int waiting = Speak("welcome");
+  speech_->Stop({spoken, waiting});
+  EXPECT_EQ(audio_->Stops(), 0);
+  speech_->Stop({spoken, waiting, 999});
   audio_->SetRoom(static_cast<std::size_t>(-1));
-  ASSERT_TRUE(RunLoopUntil([&] { return !events_.empty() && events_.back() == "title spoken"; }));
-  EXPECT_EQ(spoken_->Entries().at(0).text, "Save this file?");
-  EXPECT_EQ(events_.front(), "page text cut");
+  ASSERT_TRUE(RunLoopUntil([&] { return !events_.empty() && events_.back() == "welcome spoken"; }));
+  EXPECT_THAT(Texts(), ElementsAre("Save this file?", "welcome"));
+  EXPECT_EQ(std::count(events_.begin(), events_.end(), "page text cut"), 1);
+}
+
+TEST_F(SpeechOutputTest, StopCutsOffWhatIsSpokenBeforeWhatIsKept) {
   audio_->SetRoom(10);
-  speech_->SpeakNow("Are you sure?");
-  speech_->Release();
-  speech_->Stop();
+  Speak("page text");
+  ASSERT_TRUE(WaitForEvents(1));
+  const int kept = Speak("kept");
+  speech_->Stop({kept});
   audio_->SetRoom(static_cast<std::size_t>(-1));
-  Speak("last");
-  ASSERT_TRUE(RunLoopUntil([&] { return events_.back() == "last spoken"; }));
+  ASSERT_TRUE(RunLoopUntil([&] { return !events_.empty() && events_.back() == "kept spoken"; }));
+  EXPECT_THAT(events_,
+              ElementsAre("page text begun", "page text cut", "kept begun", "kept spoken"));
 }
 
 TEST_F(SpeechOutputTest, TranscriptHasEveryRequestInItsOrder) {
