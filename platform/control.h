@@ -67,7 +67,8 @@ class Control {
 
   Event<> GotFocus;  ///< also after a menu that was left with nothing chosen
   Event<KeyEvent&> KeyDown;
-  /// A key is released that was pressed in this control and is no modifier.
+  /// A key is released that was pressed in this control, was left to it by whoever
+  /// heard of it going down, and is no modifier.
   Event<KeyEvent&> KeyUp;
   /// A typed character's code (Enter is 13, Tab 9); setting it to 0 swallows it.
   Event<int&> KeyPress;

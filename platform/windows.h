@@ -24,6 +24,12 @@ class Windows {
   virtual std::string ClassName(WindowHandle window) const = 0;
   virtual WindowHandle FirstChild(WindowHandle window) const = 0;
   virtual WindowHandle NextSibling(WindowHandle window) const = 0;
+  /// The top-level window of the program that the user is in, a dialog too; 0 while
+  /// there is none.
+  virtual WindowHandle Active() const = 0;
+  /// The window that a dialog or another top-level window stands in front of and
+  /// belongs to, or 0.
+  virtual WindowHandle Owner(WindowHandle window) const = 0;
   /// Moves a child window into another window.
   virtual void SetParent(WindowHandle child, WindowHandle parent) = 0;
   /// Asks the window to close, after the present event has been handled.

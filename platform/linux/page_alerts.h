@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/linux/gtk/dialogs/dialog_question.h"
 #include "platform/linux/gtk/window_table.h"
 #include "platform/linux/web/requests/script_dialogs.h"
 
@@ -16,13 +17,15 @@ class AlertWindow;
 /// read and close.
 class PageAlerts : public ScriptDialogs {
  public:
-  explicit PageAlerts(WindowTable& windows);
+  /// `speak` says what nobody has closed before it was on the screen.
+  PageAlerts(WindowTable& windows, Speaker speak);
   ~PageAlerts() override;
 
-  void ShowAlert(const std::string& text, std::function<void()> done) override;
+  void ShowAlert(GtkWidget* page, const std::string& text, std::function<void()> done) override;
 
  private:
   WindowTable& windows_;
+  const Speaker speak_;
   std::vector<std::unique_ptr<AlertWindow>> open_;
 };
 

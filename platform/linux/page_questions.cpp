@@ -1,5 +1,8 @@
 #include "platform/linux/page_questions.h"
 
+#include <glibmm/wrap.h>
+#include <gtkmm/window.h>
+
 #include <utility>
 
 namespace corvane::desktop {
@@ -22,12 +25,16 @@ struct Open {
 
 std::shared_ptr<void> PageQuestions::Ask(const DialogQuestion& question,
                                          std::function<void(const DialogAnswer&)> done) {
+  GtkWidget* top = question.asker ? gtk_widget_get_toplevel(question.asker) : nullptr;
+  auto* owner = GTK_IS_WINDOW(top) ? Glib::wrap(GTK_WINDOW(top)) : nullptr;
   const auto open = std::make_shared<Open>(dialogs_);
   open->number = dialogs_.Ask(
-      question, [weak = std::weak_ptr(open), done = std::move(done)](const DialogAnswer& answer) {
+      question,
+      [weak = std::weak_ptr(open), done = std::move(done)](const DialogAnswer& answer) {
         if (const auto answered = weak.lock()) answered->number = 0;
         done(answer);
-      });
+      },
+      owner);
   return open;
 }
 

@@ -56,7 +56,7 @@ class FakeControl : public Port {
       acts = character != 0;
     }
     KeyEvent up{code, shift};
-    if (!alive.expired()) this->KeyUp.Raise(up);
+    if (!alive.expired() && down.KeyCode != 0) this->KeyUp.Raise(up);
     return acts;
   }
 

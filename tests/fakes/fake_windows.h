@@ -20,6 +20,7 @@ class FakeWindows : public Windows {
     std::uint32_t style = 0;
     int pixel_height = 20;
     int order = 0;
+    WindowHandle owner = 0;
   };
 
   FakeWindows() { first_thread_window = Add("Corvane root", "Root"); }
@@ -65,6 +66,8 @@ class FakeWindows : public Windows {
     }
     return next;
   }
+  WindowHandle Active() const override { return active; }
+  WindowHandle Owner(WindowHandle window) const override { return Get(window).owner; }
   void SetParent(WindowHandle child, WindowHandle parent) override {
     windows[child].parent = parent;
     windows[child].order = ++order_;
@@ -80,6 +83,7 @@ class FakeWindows : public Windows {
 
   std::map<WindowHandle, Window> windows;
   WindowHandle first_thread_window = 0;
+  WindowHandle active = 0;
   std::uint32_t process_id = 1234;
   std::vector<WindowHandle> closed;
   std::vector<std::pair<WindowHandle, WindowHandle>> moves;
@@ -103,6 +107,7 @@ class FakeHook : public Port {
   explicit FakeHook(FakeHook*& place) : place_(place) { place_ = this; }
   ~FakeHook() override {
     if (place_ == this) place_ = nullptr;
+    if (on_gone) on_gone();
   }
   void SetEnabled(bool value) override {
     enabled = value;
@@ -112,6 +117,7 @@ class FakeHook : public Port {
 
   bool enabled = false;
   std::function<void(bool)> on_switch;
+  std::function<void()> on_gone;
 
  private:
   FakeHook*& place_;

@@ -27,6 +27,8 @@ class DesktopWindows : public Windows {
   WindowHandle FindWindow(const std::string& caption) const override {
     return own_.FindWindow(caption);
   }
+  WindowHandle Active() const override { return own_.Active(); }
+  WindowHandle Owner(WindowHandle window) const override { return own_.Owner(window); }
   void SetParent(WindowHandle child, WindowHandle parent) override {
     own_.SetParent(child, parent);
   }

@@ -115,7 +115,10 @@ bool WidgetBinding::State::KeyDown(GdkEventKey* event) {
   KeyEvent key{VirtualKey(*event), ShiftState(event->state)};
   const int code = key.KeyCode;
   control->KeyDown.Raise(key);
-  if (!control || (code != 0 && key.KeyCode == 0) || Focused() != before) return true;
+  if (!control) return true;
+  const bool used = code != 0 && key.KeyCode == 0;
+  if (used) down.erase(event->hardware_keycode);
+  if (used || Focused() != before) return true;
   if (key.KeyCode != code) {
     if (const guint other = KeyvalOf(key.KeyCode)) BecomeKey(*event, other);
   }
@@ -130,10 +133,10 @@ bool WidgetBinding::State::KeyDown(GdkEventKey* event) {
   return false;
 }
 
-// The release of a key that was pressed elsewhere is not told, nor that of a
-// modifier: the Tab that leads here would have the field read its line over the
-// field's own name, the Escape that closes a menu would be taken for the field's, and
-// the Control that silences would speak again.
+// The release of a key that was pressed elsewhere is not told, nor that of a key
+// that a command has used or of a modifier: it would cut off what the command says, the Tab that
+// leads here would have the field read its line over the field's own name, the Escape that closes a
+// menu would be taken for the field's, and the Control that silences would speak again.
 bool WidgetBinding::State::KeyUp(GdkEventKey* event) {
   KeyEvent key{VirtualKey(*event), ShiftState(event->state)};
   const int code = key.KeyCode;

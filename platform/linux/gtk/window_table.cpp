@@ -76,6 +76,13 @@ WindowHandle WindowTable::WindowAround(const GtkWidget* widget) const {
   return 0;
 }
 
+WindowHandle WindowTable::WindowOf(GtkWindow* window) const {
+  for (; window; window = gtk_window_get_transient_for(window)) {
+    if (const auto handle = WindowAround(GTK_WIDGET(window))) return handle;
+  }
+  return 0;
+}
+
 const WindowTable::Window* WindowTable::Find(WindowHandle window) const {
   const auto found = windows_.find(window);
   return found == windows_.end() ? nullptr : &found->second;
@@ -129,6 +136,31 @@ WindowHandle WindowTable::NextSibling(WindowHandle window) const {
   const auto* found = Find(window);
   if (!found || found->entry.parent == 0) return 0;
   return FirstChildAfter(found->entry.parent, found->joined);
+}
+
+WindowHandle WindowTable::Active() const {
+  WindowHandle active = 0;
+  GList* windows = gtk_window_list_toplevels();
+  for (GList* each = windows; each && active == 0; each = each->next) {
+    auto* window = GTK_WINDOW(each->data);
+    if (gtk_window_is_active(window) && gtk_widget_get_visible(GTK_WIDGET(window))) {
+      active = WindowOf(window);
+    }
+  }
+  g_list_free(windows);
+  if (active != 0) return active;
+  // While a menu is open it has the keyboard, and no window is active.
+  GtkWidget* grab = gtk_grab_get_current();
+  GtkWidget* top = grab ? gtk_widget_get_toplevel(grab) : nullptr;
+  return GTK_IS_WINDOW(top) ? WindowOf(GTK_WINDOW(top)) : 0;
+}
+
+WindowHandle WindowTable::Owner(WindowHandle window) const {
+  const auto* found = Find(window);
+  if (!found) return 0;
+  if (found->entry.owner) return found->entry.owner();
+  auto* top = found->entry.widget ? found->entry.widget->gobj() : nullptr;
+  return GTK_IS_WINDOW(top) ? WindowOf(gtk_window_get_transient_for(GTK_WINDOW(top))) : 0;
 }
 
 void WindowTable::SetParent(WindowHandle child, WindowHandle parent) {

@@ -13,6 +13,7 @@ class Widget;
 }
 extern "C" {
 typedef struct _GtkWidget GtkWidget;
+typedef struct _GtkWindow GtkWindow;
 }
 
 namespace corvane::desktop {
@@ -28,6 +29,8 @@ class WindowTable : public Windows {
     std::function<std::string()> text;
     std::function<void()> close;
     Gtk::Widget* widget = nullptr;
+    /// As Windows::Owner. Empty: the window that the toolkit has it in front of.
+    std::function<WindowHandle()> owner = nullptr;
     /// A control: no top-level window, not even while it has no parent.
     bool child = false;
     /// Takes a child's widget into this window's own widget. Without it a child
@@ -55,6 +58,10 @@ class WindowTable : public Windows {
   /// The innermost window whose widget contains the given one, or 0.
   WindowHandle WindowAround(const GtkWidget* widget) const;
 
+  /// The nearest window of the table that a window of the toolkit's is, or stands in
+  /// front of, or 0.
+  WindowHandle WindowOf(GtkWindow* window) const;
+
   WindowHandle FirstThreadWindow() const override;
   std::uint32_t ProcessId(WindowHandle window) const override;
   WindowHandle FindWindow(const std::string& caption) const override;
@@ -62,6 +69,8 @@ class WindowTable : public Windows {
   std::string ClassName(WindowHandle window) const override;
   WindowHandle FirstChild(WindowHandle window) const override;
   WindowHandle NextSibling(WindowHandle window) const override;
+  WindowHandle Active() const override;
+  WindowHandle Owner(WindowHandle window) const override;
   void SetParent(WindowHandle child, WindowHandle parent) override;
   void PostClose(WindowHandle window) override;
   std::uint32_t Style(WindowHandle window) const override;

@@ -33,7 +33,7 @@ class DownloadsDialogTest : public test::DesktopTest {
   std::vector<std::string> opened_;
   std::vector<std::string> spoken_;
   SpokenDialogs dialogs_{windows_,
-                         [this](const std::string& text, bool) { spoken_.push_back(text); }};
+                         [this](const std::string& text, GtkWindow*) { spoken_.push_back(text); }};
   DownloadsDialog dialog_{
       dialogs_,
       {.list = [this] { return files_; },

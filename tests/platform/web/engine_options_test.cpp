@@ -85,7 +85,7 @@ class EngineOptionsTest : public test::DesktopTest {
   std::vector<std::string> cleared_;
   std::vector<std::string> spoken_;
   SpokenDialogs dialogs_{windows_,
-                         [this](const std::string& text, bool) { spoken_.push_back(text); }};
+                         [this](const std::string& text, GtkWindow*) { spoken_.push_back(text); }};
   EngineOptionsDialog dialog_{dialogs_,
                               {.choices = [this] { return choices_; },
                                .apply = [this](const EngineChoices& c) { applied_ = c; },

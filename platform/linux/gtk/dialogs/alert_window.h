@@ -25,8 +25,9 @@ class AlertWindow {
               MessageBox::Icon icon, Speaker speak, std::function<void()> done);
 
   WindowHandle hwnd() const { return dialog_.hwnd(); }
-  /// Puts it on the screen, unless it is closed before that.
-  void Show() { dialog_.Show(); }
+  /// Puts it on the screen, unless it is closed before that; `owner` as for
+  /// SpokenDialog.
+  void Show(Gtk::Window* owner = nullptr) { dialog_.Show(owner); }
   void Close() { dialog_.Close(); }
   bool OnScreen() const { return dialog_.OnScreen(); }
 

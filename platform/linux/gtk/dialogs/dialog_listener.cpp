@@ -76,8 +76,8 @@ void DialogListener::OnFocus(GtkWindow* dialog, GtkWidget* focus, gpointer self)
   if (!focus || !gtk_window_is_active(dialog)) return;
   auto& listener = *static_cast<DialogListener*>(self);
   listener.moved_ = true;
-  listener.Afterwards(dialog, [](DialogListener& now, const std::string& words) {
-    if (std::exchange(now.moved_, false)) now.Say(words, false);
+  listener.Afterwards(dialog, [](DialogListener& now, GtkWindow* at, const std::string& words) {
+    if (std::exchange(now.moved_, false)) now.Say(at, words);
   });
 }
 
@@ -85,7 +85,7 @@ void DialogListener::OnActive(GtkWindow* dialog, GParamSpec*, gpointer self) {
   if (!gtk_window_is_active(dialog)) return;
   auto& listener = *static_cast<DialogListener*>(self);
   const std::string words = WordsFor(dialog);
-  listener.Say(Introduction(dialog) + words, true);
+  listener.Say(dialog, Introduction(dialog) + words);
   listener.last_ = words;
   listener.moved_ = false;
 }
@@ -97,24 +97,24 @@ gboolean DialogListener::OnKeyDown(GtkWidget* dialog, GdkEventKey* event, gpoint
 // The control has the key only after this.
 gboolean DialogListener::OnKeyUp(GtkWidget* dialog, GdkEventKey*, gpointer self) {
   static_cast<DialogListener*>(self)->Afterwards(
-      GTK_WINDOW(dialog), [](DialogListener& listener, const std::string& words) {
-        if (words != listener.last_) listener.Say(words, false);
+      GTK_WINDOW(dialog), [](DialogListener& listener, GtkWindow* at, const std::string& words) {
+        if (words != listener.last_) listener.Say(at, words);
       });
   return FALSE;
 }
 
-void DialogListener::Afterwards(GtkWindow* dialog,
-                                std::function<void(DialogListener&, const std::string&)> tell) {
+void DialogListener::Afterwards(
+    GtkWindow* dialog, std::function<void(DialogListener&, GtkWindow*, const std::string&)> tell) {
   const std::shared_ptr<GtkWindow> held(GTK_WINDOW(g_object_ref(dialog)), g_object_unref);
   PostToLoop([held, alive = self_, tell = std::move(tell)] {
     if (!*alive || !gtk_window_is_active(held.get())) return;
-    tell(**alive, WordsFor(held.get()));
+    tell(**alive, held.get(), WordsFor(held.get()));
   });
 }
 
-void DialogListener::Say(const std::string& words, bool urgent) {
+void DialogListener::Say(GtkWindow* dialog, const std::string& words) {
   last_ = words;
-  if (speak_ && !words.empty()) speak_(words, urgent);
+  if (speak_ && !words.empty()) speak_(words, dialog);
 }
 
 }  // namespace corvane::desktop

@@ -30,9 +30,10 @@ class DialogListener {
   static gboolean OnKeyDown(GtkWidget* dialog, GdkEventKey* event, gpointer self);
   static gboolean OnKeyUp(GtkWidget* dialog, GdkEventKey*, gpointer self);
   /// Tells what there is to say of the focus when the event at hand has been handled.
-  void Afterwards(GtkWindow* dialog,
-                  std::function<void(DialogListener&, const std::string& words)> tell);
-  void Say(const std::string& words, bool urgent);
+  void Afterwards(
+      GtkWindow* dialog,
+      std::function<void(DialogListener&, GtkWindow* dialog, const std::string& words)> tell);
+  void Say(GtkWindow* dialog, const std::string& words);
 
   const Speaker speak_;
   gulong hook_ = 0;

@@ -6,6 +6,11 @@
 
 #include "platform/message_box.h"
 
+extern "C" {
+typedef struct _GtkWidget GtkWidget;
+typedef struct _GtkWindow GtkWindow;
+}
+
 namespace corvane::desktop {
 
 /// One thing that a dialog lets the user set.
@@ -42,13 +47,17 @@ struct DialogQuestion {
   /// screen, also while another program has the keyboard.
   bool is_message = false;
 
+  /// What asks, such as a page: its window is the one to put the question in front
+  /// of. Null: that does not matter.
+  GtkWidget* asker = nullptr;
+
   /// Asked before any button but the one for cancelling closes the dialog. A text
   /// that it returns is spoken and shown, and the dialog stays: what is wrong with
   /// a field, or what a button that does not close has done.
   std::function<std::string(const DialogAnswer&)> check = nullptr;
 };
 
-/// Speaks a text; an urgent one is not to be missed.
-using Speaker = std::function<void(const std::string& text, bool urgent)>;
+/// Speaks a text for a dialog that is on the screen.
+using Speaker = std::function<void(const std::string& text, GtkWindow* dialog)>;
 
 }  // namespace corvane::desktop

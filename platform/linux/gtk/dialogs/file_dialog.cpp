@@ -173,7 +173,7 @@ void GtkFileDialog::Connect() {
     auto& dialog = **self;
     dialog.windows_.WindowActivated.Raise(dialog.handle_);
     dialog.introduced_ = true;
-    dialog.Say(dialog.Where(), true);
+    dialog.Say(dialog.Where());
   });
 }
 
@@ -206,7 +206,7 @@ void GtkFileDialog::Accept() {
     paths.push_back(WithExtension(path, kind_ == Kind::Save ? record_.default_extension : ""));
   }
   const std::string refusal = Refusal(kind_, record_.flags, paths);
-  if (!refusal.empty()) return Say(refusal, true);
+  if (!refusal.empty()) return Say(refusal);
   const std::string& path = paths.front();
   if (kind_ == Kind::Save && Glib::file_test(path, Glib::FILE_TEST_EXISTS) &&
       (record_.flags & kOverwritePrompt) != 0) {
@@ -295,7 +295,7 @@ void GtkFileDialog::OpenHelp(const std::string& file, int /*command*/,
   const std::string uri = Glib::path_is_absolute(file) ? Glib::filename_to_uri(file).raw() : file;
   GError* error = nullptr;
   if (gtk_show_uri_on_window(nullptr, uri.c_str(), GDK_CURRENT_TIME, &error)) return;
-  Say("The help file " + file + " cannot be shown", true);
+  Say("The help file " + file + " cannot be shown");
   g_clear_error(&error);
 }
 
@@ -308,7 +308,7 @@ bool GtkFileDialog::KeyDown(const GdkEventKey& event) {
     if ((record_.flags & kShowHelp) != 0) {
       Response(kHelpResponse);
     } else {
-      Say(Where(), true);
+      Say(Where());
     }
     return true;
   }
@@ -360,8 +360,8 @@ std::string GtkFileDialog::Where() const {
   return words + WordsOfFocus();
 }
 
-void GtkFileDialog::Say(const std::string& text, bool urgent) const {
-  if (speak_ && !text.empty()) speak_(text, urgent);
+void GtkFileDialog::Say(const std::string& text) const {
+  if (speak_ && dialog_ && !text.empty()) speak_(text, GTK_WINDOW(dialog_->gobj()));
 }
 
 }  // namespace corvane::desktop

@@ -59,7 +59,7 @@ class GtkFileDialog : public FileDialog {
   std::string Where() const;
   std::string WordsOfFocus() const;
   std::string Selected() const;
-  void Say(const std::string& text, bool urgent = false) const;
+  void Say(const std::string& text) const;
 
   WindowTable& windows_;
   SpokenDialogs& questions_;

@@ -45,13 +45,6 @@ std::string Sentences(const std::vector<std::string>& parts) {
 
 }  // namespace
 
-Gtk::Window* ActiveWindow() {
-  for (auto* window : Gtk::Window::list_toplevels()) {
-    if (window->property_is_active() && window->get_visible()) return window;
-  }
-  return nullptr;
-}
-
 SpokenDialog::SpokenDialog(WindowTable& windows, Speaker speak, DialogQuestion question,
                            std::function<void(const DialogAnswer&)> done)
     : windows_(windows),
@@ -73,6 +66,7 @@ void SpokenDialog::EnterInTable() {
   entry.class_name = "Dialog";
   entry.text = [this] { return question_.title; };
   entry.close = [this] { Close(); };
+  entry.owner = [this] { return IsThere(owner_) ? windows_.WindowOf(owner_->gobj()) : 0; };
   handle_ = windows_.Add(std::move(entry));
   const auto add_child = [&](const char* class_name, const std::string& text) {
     WindowTable::Entry child;
@@ -93,18 +87,19 @@ int SpokenDialog::CancelButton() const {
 
 void SpokenDialog::Show(Gtk::Window* owner) {
   const auto self = self_;
+  owner_ = owner;
   windows_.WindowActivated.Raise(handle_);
   // A close request that a listener has posted comes first; the owner may go too.
-  PostToLoop([self, owner] {
+  PostToLoop([self] {
     if (!*self || !(*self)->done_) return;
-    const auto all = Gtk::Window::list_toplevels();
-    const bool there = owner && std::find(all.begin(), all.end(), owner) != all.end();
-    (*self)->Present(there ? owner : ActiveWindow());
+    (*self)->Present(IsThere((*self)->owner_) ? (*self)->owner_ : ActiveWindow());
   });
 }
 
 void SpokenDialog::Present(Gtk::Window* owner) {
   if (dialog_) return;
+  owner_ = owner;
+  way_back_.Remember(nullptr, owner);
   dialog_ = std::make_unique<Gtk::MessageDialog>(Valid(question_.text), false,
                                                  TypeOf(question_.icon), Gtk::BUTTONS_NONE, true);
   MarkAsSpeaking(GTK_WIDGET(dialog_->gobj()));
@@ -137,7 +132,7 @@ void SpokenDialog::AddFields() {
   for (const auto& field : question_.fields) {
     fields_.push_back(
         DialogFieldWidget::Create(field, *grid, row++, [self = self_](const std::string& text) {
-          if (*self && (*self)->dialog_) (*self)->Say(text, false);
+          if (*self && (*self)->dialog_) (*self)->Say(text);
         }));
   }
   grid->show_all();
@@ -199,12 +194,12 @@ void SpokenDialog::ActiveChanged() {
     introduced_ = true;
     SayAll();
   } else if (!std::exchange(awaits_keyboard_, false)) {
-    Say(Sentences({SpokenTitle(), WordsFor(dialog_->get_focus())}), false);
+    Say(Sentences({SpokenTitle(), WordsFor(dialog_->get_focus())}));
   }
 }
 
 void SpokenDialog::FocusMoved(Gtk::Widget* focus) {
-  if (introduced_ && dialog_ && dialog_->property_is_active()) Say(WordsFor(focus), false);
+  if (introduced_ && dialog_ && dialog_->property_is_active()) Say(WordsFor(focus));
 }
 
 std::string SpokenDialog::WordsFor(Gtk::Widget* focus) const {
@@ -218,13 +213,13 @@ std::string SpokenDialog::WordsFor(Gtk::Widget* focus) const {
   return "";
 }
 
-void SpokenDialog::Say(const std::string& text, bool urgent) const {
-  if (speak_ && !text.empty()) speak_(text, urgent);
+void SpokenDialog::Say(const std::string& text) const {
+  if (speak_ && dialog_ && !text.empty()) speak_(text, GTK_WINDOW(dialog_->gobj()));
 }
 
 // In one piece: the next text would cut off what is being said.
 void SpokenDialog::SayAll() const {
-  Say(Sentences({SpokenTitle(), question_.text, WordsFor(dialog_->get_focus())}), true);
+  Say(Sentences({SpokenTitle(), question_.text, WordsFor(dialog_->get_focus())}));
 }
 
 std::string SpokenDialog::SpokenTitle() const {
@@ -244,13 +239,14 @@ void SpokenDialog::Press(int button) {
     if (!*self || !done_) return;
     if (!stay.empty()) {
       if (dialog_) dialog_->set_secondary_text(Valid(stay));
-      return Say(stay, true);
+      return Say(stay);
     }
   }
   const auto done = std::exchange(done_, nullptr);
   buttons_.clear();
   if (dialog_) {
     dialog_->hide();
+    way_back_.Go();
     // It may be in the middle of telling that it was answered.
     PostToLoop([dialog = std::shared_ptr<Gtk::MessageDialog>(std::move(dialog_)),
                 fields = std::make_shared<decltype(fields_)>(std::move(fields_))] {});

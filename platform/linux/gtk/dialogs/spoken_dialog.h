@@ -10,12 +10,10 @@
 
 #include "platform/linux/gtk/dialogs/dialog_field.h"
 #include "platform/linux/gtk/dialogs/dialog_question.h"
+#include "platform/linux/gtk/way_back.h"
 #include "platform/linux/gtk/window_table.h"
 
 namespace corvane::desktop {
-
-/// The window that the user is in; null when it is none of this program's.
-Gtk::Window* ActiveWindow();
 
 /// A question on the screen, for the keyboard and the ear: it speaks its title,
 /// its text and the control that has the focus when it appears, each control's
@@ -39,7 +37,8 @@ class SpokenDialog {
 
   WindowHandle hwnd() const { return handle_; }
   /// Puts it in front of `owner` (null: of the window that the user is in), unless
-  /// it is closed before that. Returns at once.
+  /// it is closed before that. Returns at once. Who was in another window comes back
+  /// there afterwards.
   void Show(Gtk::Window* owner = nullptr);
   /// Presses the button that cancels.
   void Close() { Press(CancelButton()); }
@@ -58,7 +57,7 @@ class SpokenDialog {
   void ActiveChanged();
   std::string SpokenTitle() const;
   std::string WordsFor(Gtk::Widget* focus) const;
-  void Say(const std::string& text, bool urgent) const;
+  void Say(const std::string& text) const;
   void SayAll() const;
 
   WindowTable& windows_;
@@ -70,6 +69,8 @@ class SpokenDialog {
   std::unique_ptr<Gtk::MessageDialog> dialog_;
   std::vector<std::unique_ptr<DialogFieldWidget>> fields_;
   std::vector<Gtk::Button*> buttons_;
+  Gtk::Window* owner_ = nullptr;  // may be gone
+  WayBack way_back_;
   bool introduced_ = false;       // title and text have been spoken
   bool awaits_keyboard_ = false;  // spoken already when the keyboard comes to it
   std::shared_ptr<SpokenDialog*> self_;

@@ -171,6 +171,7 @@ void FormWindow::Show() {
 void FormWindow::ShowModal(Form* owner) {
   if (closed_) return;
   auto* behind = dynamic_cast<FormWindow*>(owner);
+  way_back_.Remember(&window_, behind ? &behind->window_ : nullptr);
   if (behind && behind != this && behind->Visible()) {
     window_.set_transient_for(behind->window_);
     behind->group_->add_window(window_);
@@ -234,6 +235,7 @@ void FormWindow::Hide() {
   modal_ = false;
   window_.set_modal(false);
   window_.unset_transient_for();
+  way_back_.Go();
 }
 
 void FormWindow::Close(UnloadMode mode) {

@@ -9,6 +9,7 @@
 
 #include "platform/form.h"
 #include "platform/linux/gtk/layout/clip_box.h"
+#include "platform/linux/gtk/way_back.h"
 #include "platform/linux/gtk/widget_control.h"
 
 namespace corvane::desktop {
@@ -73,6 +74,7 @@ class FormWindow : public Form {
   Geometry geometry_;
   Geometry asked_;  // what was set last: it holds while the window is there to the pixel
   GdkWindowState state_ = GdkWindowState(0);
+  WayBack way_back_;
   bool modal_ = false;
   bool closing_ = false;
   bool closed_ = false;

@@ -68,21 +68,21 @@ void PageDialogs::Closed() {
   if (--open_count_ == 0) listener_.open(false);
 }
 
-void PageDialogs::Show(WebKitScriptDialog* dialog, const std::string& site) {
+void PageDialogs::Show(GtkWidget* page, WebKitScriptDialog* dialog, const std::string& site) {
   const auto type = webkit_script_dialog_get_dialog_type(dialog);
   if (type == WEBKIT_SCRIPT_DIALOG_BEFORE_UNLOAD_CONFIRM) return ShowBeforeUnload(dialog, site);
   if (!allowance_.Take()) {  // returning lets the page go on
     return listener_.tell("This page shows too many messages. No more of them are shown.");
   }
-  if (type == WEBKIT_SCRIPT_DIALOG_ALERT) return ShowAlert(dialog);
+  if (type == WEBKIT_SCRIPT_DIALOG_ALERT) return ShowAlert(page, dialog);
   if (type == WEBKIT_SCRIPT_DIALOG_CONFIRM) return ShowConfirm(dialog, site);
   ShowPrompt(dialog, site);
 }
 
-void PageDialogs::ShowAlert(WebKitScriptDialog* dialog) {
+void PageDialogs::ShowAlert(GtkWidget* page, WebKitScriptDialog* dialog) {
   const std::string text = MessageOf(dialog);
   if (!alerts_) return listener_.status(text);
-  alerts_->ShowAlert(text, [held = Hold(dialog)] { held->Close(); });
+  alerts_->ShowAlert(page, text, [held = Hold(dialog)] { held->Close(); });
 }
 
 void PageDialogs::ShowConfirm(WebKitScriptDialog* dialog, const std::string& site) {

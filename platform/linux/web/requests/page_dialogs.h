@@ -33,11 +33,11 @@ class PageDialogs {
 
   /// Another page is shown: its alerts count anew.
   void Reset();
-  /// `site` is what people call the page's site.
-  void Show(WebKitScriptDialog* dialog, const std::string& site);
+  /// `page` is the view, `site` what people call the page's site.
+  void Show(GtkWidget* page, WebKitScriptDialog* dialog, const std::string& site);
 
  private:
-  void ShowAlert(WebKitScriptDialog* dialog);
+  void ShowAlert(GtkWidget* page, WebKitScriptDialog* dialog);
   void ShowConfirm(WebKitScriptDialog* dialog, const std::string& site);
   void ShowPrompt(WebKitScriptDialog* dialog, const std::string& site);
   void ShowBeforeUnload(WebKitScriptDialog* dialog, const std::string& site);

@@ -30,13 +30,14 @@ PageRequests::PageRequests(WebEngine& engine, WebKitWebView* view, Host host)
                  if (const auto alive = self.lock()) (*alive)->host_.say(text);
                }),
       view_(view) {
+  desk_.AskFor(GTK_WIDGET(view_));
   const auto connect = [this](const char* signal, GCallback handler) {
     g_signal_connect(view_, signal, handler, this);
   };
-  connect("script-dialog",
-          G_CALLBACK(+[](WebKitWebView*, WebKitScriptDialog* dialog, gpointer data) -> gboolean {
+  connect("script-dialog", G_CALLBACK(+[](WebKitWebView* page, WebKitScriptDialog* dialog,
+                                          gpointer data) -> gboolean {
             auto& self = *static_cast<PageRequests*>(data);
-            self.dialogs_.Show(dialog, SiteOf(self.host_.address()));
+            self.dialogs_.Show(GTK_WIDGET(page), dialog, SiteOf(self.host_.address()));
             return TRUE;
           }));
   connect("permission-request", G_CALLBACK(+[](WebKitWebView*, WebKitPermissionRequest* request,

@@ -23,6 +23,7 @@ void QuestionDesk::Ask(Asker asker, DialogQuestion question, Answer answer) {
     too_many_();
     return answer(std::nullopt);
   }
+  if (question.asker == nullptr) question.asker = page_;
   waiting_.push_back({std::move(question), std::move(answer)});
   if (!open_) Next();
 }

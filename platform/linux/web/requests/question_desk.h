@@ -30,6 +30,8 @@ class QuestionDesk {
   QuestionDesk(const QuestionDesk&) = delete;
   QuestionDesk& operator=(const QuestionDesk&) = delete;
 
+  /// Whose questions these are: they appear in front of its window.
+  void AskFor(GtkWidget* page) { page_ = page; }
   /// The answer may come at once or later, and comes exactly once.
   void Ask(Asker asker, DialogQuestion question, Answer answer);
   /// The page has gone: takes back what is asked. All get no reply.
@@ -48,6 +50,7 @@ class QuestionDesk {
 
   std::shared_ptr<Questions> questions_;
   std::function<void()> too_many_;
+  GtkWidget* page_ = nullptr;
   Allowance allowance_;
   std::deque<Waiting> waiting_;  // the first one is on the screen
   std::shared_ptr<void> open_;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtk/gtk.h>
+
 #include <functional>
 #include <string>
 
@@ -11,7 +13,8 @@ namespace corvane::desktop {
 class ScriptDialogs {
  public:
   virtual ~ScriptDialogs() = default;
-  virtual void ShowAlert(const std::string& text, std::function<void()> done) = 0;
+  /// `page`: the view of the page.
+  virtual void ShowAlert(GtkWidget* page, const std::string& text, std::function<void()> done) = 0;
 };
 
 }  // namespace corvane::desktop

@@ -38,7 +38,8 @@ class DialogListenerTest : public test::DesktopTest {
   }
 
   std::vector<std::string> spoken_;
-  DialogListener listener_{[this](const std::string& text, bool) { spoken_.push_back(text); }};
+  DialogListener listener_{
+      [this](const std::string& text, GtkWindow*) { spoken_.push_back(text); }};
 };
 
 TEST_F(DialogListenerTest, SpeaksForADialogOfTheToolkit) {

@@ -40,7 +40,8 @@ class FileDialogTest : public test::DesktopTest {
   }
   void Show(FileDialog::Kind kind = FileDialog::Kind::Open) {
     dialog_ = std::make_unique<GtkFileDialog>(
-        windows_, questions_, [this](const std::string& text, bool) { spoken_.push_back(text); });
+        windows_, questions_,
+        [this](const std::string& text, GtkWindow*) { spoken_.push_back(text); });
     dialog_->Show(
         kind, record_, [this](const DialogMessage& message) { messages_.push_back(message); },
         [this](const FileDialog::Result& result) { result_ = result; });
@@ -73,8 +74,8 @@ class FileDialogTest : public test::DesktopTest {
   std::vector<std::string> spoken_;
   std::vector<DialogMessage> messages_;
   std::optional<FileDialog::Result> result_;
-  SpokenDialogs questions_{windows_,
-                           [this](const std::string& text, bool) { spoken_.push_back(text); }};
+  SpokenDialogs questions_{
+      windows_, [this](const std::string& text, GtkWindow*) { spoken_.push_back(text); }};
   std::unique_ptr<GtkFileDialog> dialog_;
 };
 

@@ -50,6 +50,26 @@ TEST_F(FormTest, AFormIsKnownToTheTableWhileItLives) {
   EXPECT_EQ(windows_.FindWindow("Marker1234"), 0U);
 }
 
+TEST_F(FormTest, ABoxOverAnotherWindowLeadsBackToWhereTheUserWas) {
+  FormWindow other("other", windows_);
+  FormWindow here("here", windows_);
+  FormWindow box("box", windows_);
+  ShowActive(other);
+  ShowActive(here);
+  EXPECT_EQ(windows_.Active(), here.hwnd());
+  EXPECT_EQ(windows_.Owner(here.hwnd()), 0U);
+  for (FormWindow* owner : {&other, &here}) {
+    box.ShowModal(owner);
+    WaitFor("the box", [&] { return windows_.Active() == box.hwnd(); });
+    EXPECT_EQ(windows_.Owner(box.hwnd()), owner->hwnd());
+    box.Hide();
+    WaitFor("the way back", [&] { return windows_.Active() == here.hwnd(); });
+    Settle();
+    EXPECT_EQ(windows_.Active(), here.hwnd());
+    EXPECT_EQ(windows_.Owner(box.hwnd()), 0U);
+  }
+}
+
 TEST_F(FormTest, ItsPlaceIsThatWhichWasSetShownOrHidden) {
   FormWindow form("frm", windows_);
   Place(form, 500, 350, 8500, 6500);

@@ -144,6 +144,14 @@ TEST_F(KeysTest, AKeyThatIsReleasedElsewhereIsForgotten) {
   EXPECT_THAT(log_, ElementsAre("down 65/0", "press 97"));
 }
 
+TEST_F(KeysTest, AKeyThatACommandHasUsedIsNotReleased) {
+  on_down_ = [](KeyEvent& key) { key.KeyCode = 0; };
+  Key(Top(), 'd');
+  on_down_ = nullptr;
+  Key(Top(), 'e');
+  EXPECT_THAT(log_, ElementsAre("down 68/0", "down 69/0", "press 101", "up 69/0"));
+}
+
 TEST_F(KeysTest, ModifiersAreNotReleased) {
   for (const guint key : {GDK_KEY_Control_L, GDK_KEY_Shift_R, GDK_KEY_Alt_L}) Key(Top(), key);
   EXPECT_THAT(log_, ElementsAre("down 17/0", "down 16/0", "down 18/0"));

@@ -45,7 +45,7 @@ class MessageBoxTest : public MessageTest {
   }
   std::vector<std::string> spoken_;
   MessageBoxQueue box_{windows_, "Corvane",
-                       [this](const std::string& text, bool) { spoken_.push_back(text); }};
+                       [this](const std::string& text, GtkWindow*) { spoken_.push_back(text); }};
   Connections listening_;
   int last_closed_ = 0;
 };

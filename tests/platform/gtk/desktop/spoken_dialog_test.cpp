@@ -19,7 +19,7 @@ class SpokenDialogTest : public test::DesktopTest {
  protected:
   std::unique_ptr<SpokenDialog> Show(DialogQuestion question) {
     auto dialog = std::make_unique<SpokenDialog>(
-        windows_, [this](const std::string& text, bool) { spoken_.push_back(text); },
+        windows_, [this](const std::string& text, GtkWindow*) { spoken_.push_back(text); },
         std::move(question), [this](const DialogAnswer& answer) { answer_ = answer; });
     dialog->Show();
     WaitForSpeech(1);
@@ -61,6 +61,28 @@ TEST_F(SpokenDialogTest, SpeaksTitleTextAndTheFirstControlAtOnce) {
   EXPECT_THAT(spoken_, ElementsAre("Sign in. The site wants a name. User name, edit box, ann"));
   EXPECT_NE(windows_.FindWindow("Sign in"), 0U);
   dialog->Close();
+}
+
+TEST_F(SpokenDialogTest, BelongsToItsWindowAndLeadsBackToWhereTheUserWas) {
+  test::TestWindow other(windows_);
+  test::TestWindow here(windows_);
+  other.Show();
+  here.Show();
+  WaitFor("the window", [&] { return windows_.Active() == here.form.hwnd(); });
+  std::vector<WindowHandle> spoken_for;
+  SpokenDialog dialog(
+      windows_,
+      [&](const std::string&, GtkWindow* window) {
+        spoken_for.push_back(windows_.WindowOf(window));
+      },
+      SignIn(), [](const DialogAnswer&) {});
+  dialog.Show(&other.form.window());
+  EXPECT_EQ(windows_.Owner(dialog.hwnd()), other.form.hwnd()) << "known before it is shown";
+  WaitFor("its words", [&] { return !spoken_for.empty(); });
+  EXPECT_THAT(spoken_for, ElementsAre(other.form.hwnd()));
+  EXPECT_EQ(windows_.Active(), other.form.hwnd());
+  dialog.Close();
+  WaitFor("the way back", [&] { return windows_.Active() == here.form.hwnd(); });
 }
 
 TEST_F(SpokenDialogTest, SpeaksEachControlThatTabLeadsTo) {
@@ -164,7 +186,7 @@ TEST_F(SpokenDialogTest, MarkupInATextIsText) {
 class SpokenDialogsTest : public SpokenDialogTest {
  protected:
   SpokenDialogs dialogs_{windows_,
-                         [this](const std::string& text, bool) { spoken_.push_back(text); }};
+                         [this](const std::string& text, GtkWindow*) { spoken_.push_back(text); }};
 };
 
 TEST_F(SpokenDialogsTest, QuestionsFollowOneAnother) {
