@@ -21,7 +21,10 @@ constexpr int kErrStartedByAutomation = kObjectError + 1537;
 Multithread::Multithread(Desktop& desktop)
     : desktop_(desktop),
       manner_(desktop.GetSettings()),
-      stored_(desktop.GetSettings(), manner_.Current()) {
+      stored_(desktop.GetSettings(), manner_.Current()),
+      speech_(desktop, Manner(), [this] {
+        return std::vector<std::shared_ptr<ISpeechWindow>>(forms_.begin(), forms_.end());
+      }) {
   connections_ += desktop.Ending.Connect([this] { Desktop_Ending(); });
 }
 
@@ -53,8 +56,7 @@ void Multithread::StartApartment() {
   desktop_.OfferOptions(manner_.Options());
   // The service and its window hold each other; nobody else needs to.
   const auto service = MainApp::Create(
-      desktop_, Manner(), [this] { return CreateFirstWindow(); },
-      [this] { UnloadProcessWindow(); });
+      desktop_, speech_, [this] { return CreateFirstWindow(); }, [this] { UnloadProcessWindow(); });
   automation_ = std::make_unique<AutomationEntry>(*this, service, desktop_.GetAutomation());
   desktop_.GetAutomation().Publish(*automation_);
 }

@@ -9,6 +9,7 @@
 #include "app/StoredNumbers.h"
 #include "app/frmProcess.h"
 #include "platform/desktop.h"
+#include "speech/ProcessSpeech.h"
 
 namespace corvane {
 
@@ -56,6 +57,7 @@ class Multithread {
   Desktop& desktop_;
   MannerSettings manner_;
   StoredNumbers stored_;
+  ProcessSpeech speech_;
   WindowHandle hThreadWindow_ = 0;
   std::uint32_t lngProcessId_ = 0;
   std::unique_ptr<frmProcess> process_window_;

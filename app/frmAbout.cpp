@@ -55,6 +55,7 @@ frmAbout::frmAbout(Desktop& desktop, const Manner& manner)
   }
   connections_ += OK_->GotFocus.Connect([this] { OK_GotFocus(); });
   connections_ += OK_->Click.Connect([this] { OK_Click(); });
+  connections_ += form_->KeyDown.Connect([this](KeyEvent& key) { form_KeyDown(key); });
   connections_ += form_->Unload.Connect([this] { Form_Unload(); });
   Form_Load(manner);
 }
@@ -107,10 +108,21 @@ void frmAbout::OK_GotFocus() {
       return;
     }
     blnRead_ = true;
-    std::string all;
-    for (std::size_t i = 0; i + 1 < kFields; ++i) all += Text_[i]->Text() + kLineEnd;
-    Required(service_).Say(all + Text_[kFields - 1]->Text() + "O.K. button", true);
+    Required(service_).Say(AllWords(), true);
   });
+}
+
+std::string frmAbout::AllWords() const {
+  std::string all;
+  for (std::size_t i = 0; i + 1 < kFields; ++i) all += Text_[i]->Text() + kLineEnd;
+  return all + Text_[kFields - 1]->Text() + "O.K. button";
+}
+
+// As in every dialog.
+void frmAbout::form_KeyDown(KeyEvent& key) {
+  if (key.KeyCode != kKeyF1 || key.Shift != 0) return;
+  key.KeyCode = 0;
+  ErrorsIgnored([&] { Required(service_).Say(AllWords(), true); });
 }
 
 void frmAbout::OK_Click() {

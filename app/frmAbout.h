@@ -36,6 +36,9 @@ class frmAbout {
   void Text_GotFocus(std::size_t index);
   void OK_GotFocus();
   void OK_Click();
+  void form_KeyDown(KeyEvent& key);
+  /// The whole box in one piece.
+  std::string AllWords() const;
 
   Desktop& desktop_;
   std::shared_ptr<MainApp> service_;

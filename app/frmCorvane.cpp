@@ -69,9 +69,11 @@ MenuItem& frmCorvane::ISpeechWindow_EnableSpeechItem() {
 
 corvane::Form& frmCorvane::ISpeechWindow_Window() { return *Required(parts_).form; }
 
-void frmCorvane::ISpeechWindow_SpeechReady() {
+void frmCorvane::ISpeechWindow_SpeechReady(bool tell_where) {
   ErrorsIgnored([&] { ReportSettings(); },
-                [&] { Required(parts_).ctlWebBrowser1.SayWhereYouAre(); });
+                [&] {
+                  if (tell_where) Required(parts_).ctlWebBrowser1.SayWhereYouAre();
+                });
 }
 
 void frmCorvane::Load() {

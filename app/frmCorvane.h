@@ -63,7 +63,7 @@ class frmCorvane : public ISpeechNotify,
   void ISpeechWindow_Show() override;
   MenuItem& ISpeechWindow_EnableSpeechItem() override;
   corvane::Form& ISpeechWindow_Window() override;
-  void ISpeechWindow_SpeechReady() override;
+  void ISpeechWindow_SpeechReady(bool tell_where) override;
   void SaveSetting(const std::string& key, const std::string& value) override;
   void NewWindow() override;
   void ShowStatusBar(bool show) override;

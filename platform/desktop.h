@@ -38,9 +38,16 @@ class ImageList;
 class Line;
 class ListView;
 class Shell;
+class Voice;
 
 /// Indexes of the desktop's own colours, as its colour query numbers them.
 enum SystemColor : int { kColorButtonFace = 15, kColorButtonText = 18 };
+
+/// What a dialog of the desktop's own, a message box too, has to say at once.
+struct DialogWords {
+  std::string text;
+  WindowHandle window = 0;  ///< the window that the dialog is, or belongs to; 0: none
+};
 
 /// All that the product needs of a desktop: it makes windows and controls and
 /// holds the services. Everything runs on the user-interface thread.
@@ -67,6 +74,10 @@ class Desktop {
   virtual std::unique_ptr<RebarWindow> CreateRebarWindow(ElasticFrame& parent, std::uint32_t style,
                                                          int width, int height) = 0;
   virtual std::unique_ptr<Agent> CreateAgent() = 0;
+  /// The voice that speaks without any character.
+  virtual Voice& GetVoice() = 0;
+  /// Who speaks for the desktop's own dialogs, from now on; nobody when empty.
+  virtual void SpeakDialogsThrough(std::function<void(const DialogWords&)> speak) = 0;
   virtual std::unique_ptr<ActivationHook> CreateActivationHook() = 0;
   virtual std::unique_ptr<KeyboardHook> CreateKeyboardHook() = 0;
   virtual std::unique_ptr<MessageHook> CreateMessageHook() = 0;

@@ -11,7 +11,8 @@ namespace corvane {
 /// next two ordinary messages.
 class ISpeechNotify {
  public:
-  /// Told once: whether a text was spoken to its end, or cut off or dropped.
+  /// Told once: whether a text was spoken to its end and nothing else was said
+  /// meanwhile; false as soon as it is cut off or dropped, or something else is said.
   using Spoken = std::function<void(bool to_its_end)>;
 
   virtual ~ISpeechNotify() = default;
@@ -23,10 +24,7 @@ class ISpeechNotify {
 
  private:
   virtual void ISpeechNotify_Say(const std::string& Text, const bool& blnUrgent) = 0;
-  virtual void ISpeechNotify_SayThrough(const std::string& Text, Spoken spoken) {
-    ISpeechNotify_Say(Text, false);
-    spoken(false);  // who cannot tell is not waited for
-  }
+  virtual void ISpeechNotify_SayThrough(const std::string& Text, Spoken spoken) = 0;
 };
 
 }  // namespace corvane

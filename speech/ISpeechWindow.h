@@ -22,15 +22,16 @@ class ISpeechWindow {
   MenuItem& EnableSpeechItem() { return ISpeechWindow_EnableSpeechItem(); }
   /// The window on the screen.
   Form& Window() { return ISpeechWindow_Window(); }
-  /// The character can speak from now on; what was said before was dropped.
-  void SpeechReady() { ISpeechWindow_SpeechReady(); }
+  /// The character can speak from now on. `tell_where`: the user has heard nothing yet
+  /// of where he is.
+  void SpeechReady(bool tell_where) { ISpeechWindow_SpeechReady(tell_where); }
 
  private:
   virtual void ISpeechWindow_SetMainApp(std::shared_ptr<MainApp> service) = 0;
   virtual void ISpeechWindow_Show() = 0;
   virtual MenuItem& ISpeechWindow_EnableSpeechItem() = 0;
   virtual Form& ISpeechWindow_Window() = 0;
-  virtual void ISpeechWindow_SpeechReady() = 0;
+  virtual void ISpeechWindow_SpeechReady(bool tell_where) = 0;
 };
 
 }  // namespace corvane

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "base/handling.h"
-#include "base/number.h"
 #include "base/text.h"
 #include "platform/image.h"
 #include "speech/KeyName.h"
@@ -18,19 +17,19 @@ constexpr const char* kCharacterFile = "talker.acf";
 constexpr const char* kWelcomeText = "Hello, welcome to Corvane 2000";
 constexpr const char* kAlertCaption = "microsoft internet explorer";
 
-constexpr int kLoadDelay = 1;                   // milliseconds
-constexpr int kMessageDelay = 1000;             // milliseconds
-constexpr int kLoadLimit = 60'000 * 1000;       // 60000 seconds, on purpose
-constexpr std::int16_t kProtectedMessages = 2;  // ordinary messages after an urgent one
-constexpr std::size_t kCaptionLength = 255;     // characters read of a caption
-constexpr float kBoxWidth = 6000;               // twips
+constexpr int kLoadDelay = 1;                // milliseconds
+constexpr int kMessageDelay = 1000;          // milliseconds
+constexpr int kLoadLimit = 60'000 * 1000;    // 60000 seconds, on purpose
+constexpr std::size_t kCaptionLength = 255;  // characters read of a caption
+constexpr float kBoxWidth = 6000;            // twips
 constexpr float kBoxHeight = 3000;
 
 }  // namespace
 
-MSAgent::MSAgent(Desktop& desktop, const Manner& manner)
+MSAgent::MSAgent(Desktop& desktop, ProcessSpeech& speech)
     : desktop_(desktop),
-      manner_(manner),
+      speech_(speech),
+      manner_(speech.manner),
       ELAMain_(desktop.CreateElasticFrame("ELAMain")),
       ELAMessage_(desktop.CreateElasticFrame("ELAMessage")),
       Image1_(desktop.CreateImage("Image1")),
@@ -56,13 +55,17 @@ MSAgent::MSAgent(Desktop& desktop, const Manner& manner)
       WinHook3_->KeyDown.Connect([this](const PressedKey& key) { WinHook3_KeyDownHook(key); });
   connections_ +=
       WinHook2_->Activated.Connect([this](WindowHandle window) { WinHook2_CBTProc(window); });
-  connections_ += Agent1_->RequestComplete.Connect(
-      [this](const AgentRequest& request) { Agent1_RequestComplete(request); });
+  connections_ +=
+      Agent1_->RequestComplete.Connect([this](const AgentRequest& request, RequestEnd end) {
+        Agent1_RequestComplete(request, end);
+      });
+  connections_ += form_->KeyDown.Connect([this](KeyEvent& key) { form_KeyDown(key); });
   connections_ += form_->QueryUnload.Connect(
       [this](bool& Cancel, Form::UnloadMode mode) { Form_QueryUnload(Cancel, mode); });
   connections_ += cmdOK_->Click.Connect([this] { cmdOK_Click(); });
-  connections_ += cmdOK_->GotFocus.Connect([this] { Say(cmdOK_->Caption() + " button", false); });
-  connections_ += Text1_->GotFocus.Connect([this] { Say(Text1_->Text(), false); });
+  connections_ +=
+      cmdOK_->GotFocus.Connect([this] { SayInBox(cmdOK_->Caption() + " button", false); });
+  connections_ += Text1_->GotFocus.Connect([this] { SayInBox(Text1_->Text(), false); });
   Form_Load();
 }
 
@@ -91,20 +94,31 @@ void MSAgent::Form_Load() {
 
 void MSAgent::Form_Unload() {
   ErrorsIgnored([&] { SetHookKeyboard(false); }, [&] { SetHookMessages(false); },
-                [&] { SetHookCBT(false); }, [&] { requests_.fill({}); }, [&] { StopSpeak(); },
-                [&] { character_.reset(); }, [&] { GiveBackSpeechItem(); }, [&] { owner_.reset(); },
-                [&] { Timer1_->SetEnabled(false); }, [&] { Timer2_->SetEnabled(false); },
-                [&] { timLoadLimit_->SetEnabled(false); }, [&] { form_->Hide(); });
+                [&] { SetHookCBT(false); }, [&] { requests_.fill({}); },
+                [&] { state_ = State::Unloaded; }, [&] { Drop(std::exchange(early_, {})); },
+                [&] { speech_.order.CharacterGoes(); }, [&] { GiveBackSpeechItem(); },
+                [&] { owner_.reset(); }, [&] { Timer1_->SetEnabled(false); },
+                [&] { Timer2_->SetEnabled(false); }, [&] { timLoadLimit_->SetEnabled(false); },
+                [&] { form_->Hide(); }, [&] { HandOverMessages(); });
+}
+
+// Their pages take them for shown.
+void MSAgent::HandOverMessages() {
+  for (const auto& message : std::exchange(messages_, {})) {
+    if (manner_.today) desktop_.GetMessageBox().Show(message.text, MessageBox::Icon::Exclamation);
+  }
 }
 
 void MSAgent::Form_QueryUnload(bool& Cancel, Form::UnloadMode UnloadMode) {
   if (UnloadMode != Form::UnloadMode::ControlMenu) return;
   Cancel = true;
   form_->Hide();
+  if (manner_.today) ShowNextMessage();
 }
 
 void MSAgent::Load_Init(const std::shared_ptr<ISpeechWindow>& frmCV) {
   owner_ = frmCV;
+  state_ = State::Loading;
   if (frmCV) frmCV->EnableSpeechItem().SetEnabled(false);
   Timer1_->SetEnabled(true);
 }
@@ -138,67 +152,78 @@ void MSAgent::GiveBackSpeechItem() {
   if (const auto owner = owner_.lock()) owner->EnableSpeechItem().SetEnabled(true);
 }
 
-void MSAgent::Agent1_RequestComplete(const AgentRequest& Request) {
+void MSAgent::Agent1_RequestComplete(const AgentRequest& Request, RequestEnd end) {
   const auto is = [&](RequestIndex index) {
     return requests_[index].id != 0 && requests_[index].id == Request.id;
   };
-  if (spoken_ && Request.id == through_.id) return std::exchange(spoken_, nullptr)(true);
+  if (!is(kLoad) && !is(kShow) && !is(kWelcome)) return speech_.order.Ended(Request, end);
   try {
     if (is(kLoad)) {
       requests_[kShow] = Agent1_->Character(kCharacterName)->Show();
     } else if (is(kShow)) {
-      requests_[kWelcome] = Agent1_->Character(kCharacterName)->Speak(kWelcomeText, false);
+      Welcome();
     } else if (is(kWelcome)) {
-      character_ = Agent1_->Character(kCharacterName);
-      timLoadLimit_->SetEnabled(false);
-      GiveBackSpeechItem();
-      if (const auto owner = owner_.lock()) owner->SpeechReady();
+      speech_.order.Ended(Request, end);
+      BecomeReady(end);
     }
   } catch (const std::exception& error) {
     GiveUp(error.what());
   }
 }
 
-void MSAgent::SetRate(int Rate) { speed_ = Rate * 50 + 50; }
-
-void MSAgent::SetPitch(int Pitch) { pitch_ = Pitch * 20 + 50; }
-
-void MSAgent::StopSpeak() {
-  if (character_) character_->StopSpeak();
-  if (const auto spoken = std::exchange(spoken_, nullptr)) spoken(false);
+void MSAgent::Welcome() {
+  speech_.order.SpeakWith(Agent1_->Character(kCharacterName));
+  requests_[kWelcome] = speech_.order.Greet(kWelcomeText);
+  state_ = State::Welcoming;
+  if (auto early = std::exchange(early_, std::nullopt)) Speak(std::move(*early));
 }
 
-void MSAgent::Say(const std::string& Text, const bool& blnUrgent) { Speak(Text, blnUrgent); }
+// The page's title is only for who has heard nothing of it yet, and wants to.
+void MSAgent::BecomeReady(RequestEnd end) {
+  state_ = State::Ready;
+  timLoadLimit_->SetEnabled(false);
+  GiveBackSpeechItem();
+  const bool goes_on = manner_.today && (said_while_greeting_ || end == RequestEnd::Cut);
+  speech_.windows.SpeechReady(!goes_on);
+}
+
+void MSAgent::SetRate(int Rate) { speed_ = SpeedOf(Rate); }
+
+void MSAgent::SetPitch(int Pitch) { pitch_ = PitchOf(Pitch); }
+
+void MSAgent::Say(const std::string& Text, const bool& blnUrgent) {
+  Speak({Text, blnUrgent ? Urgency::Urgent : Urgency::Ordinary});
+}
 
 void MSAgent::SayThrough(const std::string& Text, ISpeechNotify::Spoken spoken) {
-  const AgentRequest request = Speak(Text, false);
-  if (request.id == 0) return spoken(false);
-  through_ = request;
-  // Behind a protected message several may wait; only the last one is followed.
-  if (const auto earlier = std::exchange(spoken_, std::move(spoken))) earlier(false);
+  Speak({Text, Urgency::Ordinary, std::move(spoken)});
 }
 
-AgentRequest MSAgent::Speak(const std::string& Text, bool urgent) {
-  if (!character_) return {};
-  if (urgent) {
-    StopSpeak();
-    intProtect_ = kProtectedMessages;
-  } else if (intProtect_ > 0) {
-    --intProtect_;
-  } else {
-    StopSpeak();
+void MSAgent::Speak(Message message) {
+  const bool welcoming = state_ == State::Welcoming && manner_.today;
+  if (state_ == State::Ready || welcoming) {
+    said_while_greeting_ = welcoming;
+    if (!message.spoken) {
+      speech_.order.Say(message.text, Style(), message.urgency);
+    } else {
+      speech_.order.SayThrough(message.text, Style(), std::move(message.spoken));
+    }
+    return;
   }
-  // Without backslashes the text can never contain a tag.
-  return character_->Speak("\\Pit=" + number::digits(pitch_) + "\\\\Spd=" + number::digits(speed_) +
-                               "\\" + text::replace_all(Text, "\\", "/"),
-                           urgent);
+  std::optional<Message> dropped = std::move(message);
+  if (state_ == State::Loading && manner_.today) std::swap(dropped, early_);
+  Drop(std::move(dropped));
 }
 
-// Runs before every key press: one look-up, one Say, nothing else.
+void MSAgent::Drop(std::optional<Message> message) {
+  if (message && message->spoken) message->spoken(false);
+}
+
+// Runs before every key press: one look-up, one Say, nothing else. Control has
+// silenced the program already.
 void MSAgent::WinHook3_KeyDownHook(const PressedKey& key) {
   ErrorsIgnored([&] {
-    if (key.code == kKeyControl) StopSpeak();
-    if (!blnKeyboardEcho) return;
+    if (!blnKeyboardEcho || UserWantsSilence()) return;
     if (manner_.hide_passwords && WinHook3_->IntoPassword() &&
         (key.character != 0 || WritesCharacter(key.code))) {
       return Say("star", true);
@@ -208,7 +233,13 @@ void MSAgent::WinHook3_KeyDownHook(const PressedKey& key) {
   });
 }
 
+// The hooks are the process's, the choice is each window's.
+bool MSAgent::UserWantsSilence() const {
+  return manner_.today && speech_.windows.UserIsInASilentOne();
+}
+
 void MSAgent::WinHook1_MessageProc(const MenuSelect& select) {
+  if (UserWantsSilence()) return;
   const int speed = speed_;
   const int pitch = pitch_;
   // The words carry their own rate and pitch: an item is heard as what it offers,
@@ -229,28 +260,54 @@ void MSAgent::WinHook2_CBTProc(WindowHandle activated) {
     if (text::lower(text::left(windows.Text(activated), kCaptionLength)) != kAlertCaption) return;
     const WindowHandle button = windows.FirstChild(activated);
     if (windows.Text(button) != "OK") return;
-    const std::string message = windows.Text(windows.NextSibling(button));
+    PageMessage message{windows.Text(windows.NextSibling(button)), windows.Owner(activated)};
     windows.PostClose(activated);
-    strInterceptedMessage_ = message;
-    Timer2_->SetEnabled(true);
+    if (!manner_.today) messages_.clear();  // only the last one is shown
+    messages_.push_back(std::move(message));
+    // While one is shown the next waits until that is closed.
+    if (!manner_.today || !form_->Visible()) Timer2_->SetEnabled(true);
   });
 }
 
 void MSAgent::Timer2_Timer() {
   Timer2_->SetEnabled(false);
-  ErrorsIgnored([&] { Text1_->SetText(strInterceptedMessage_); }, [&] { StopSpeak(); },
-                [&] { Say(strInterceptedMessage_, true); },
-                [&] {
-                  const auto owner = owner_.lock();
-                  form_->ShowModal(owner ? &owner->Window() : nullptr);
-                },
+  ShowNextMessage();
+}
+
+void MSAgent::ShowNextMessage() {
+  if (messages_.empty()) return;
+  shown_ = std::move(messages_.front());
+  messages_.pop_front();
+  ErrorsIgnored([&] { Text1_->SetText(shown_.text); }, [&] { SayInBox(shown_.text, true); },
+                [&] { form_->ShowModal(OwnerOfBox()); },
                 // The message has just been spoken; its own field would say it again.
                 [&] { cmdOK_->SetFocus(); });
+}
+
+// Usual: the window whose page has the message.
+Form* MSAgent::OwnerOfBox() const {
+  auto owner = manner_.today ? speech_.windows.Around(shown_.window) : nullptr;
+  if (!owner) owner = owner_.lock();
+  return owner ? &owner->Window() : nullptr;
+}
+
+void MSAgent::SayInBox(const std::string& text, bool urgent) {
+  if (manner_.today && !speech_.windows.Speaks(shown_.window)) return;
+  Say(text, urgent);
+}
+
+// As in every dialog.
+void MSAgent::form_KeyDown(KeyEvent& key) {
+  if (key.KeyCode != kKeyF1 || key.Shift != 0) return;
+  key.KeyCode = 0;
+  SayInBox(Text1_->Text(), true);
+  SayInBox(cmdOK_->Caption() + " button", false);
 }
 
 void MSAgent::cmdOK_Click() {
   Text1_->SetText("");
   form_->Hide();
+  if (manner_.today) ShowNextMessage();
 }
 
 }  // namespace corvane

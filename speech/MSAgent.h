@@ -1,25 +1,25 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
+#include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 
-#include "base/manner.h"
 #include "platform/desktop.h"
 #include "speech/ISpeechNotify.h"
 #include "speech/ISpeechWindow.h"
+#include "speech/ProcessSpeech.h"
 
 namespace corvane {
 
-/// The agent speech form: owns the speaking character, decides when new speech
-/// cuts off old speech, names keys and highlighted menu items, and is the speaking
-/// message box in which page script messages are shown again. Destroying it
-/// unloads it: silence, hooks off.
+/// The agent speech form: owns the speaking character, names keys and highlighted
+/// menu items, and is the speaking message box in which page script messages are
+/// shown again. Destroying it unloads it: silence, hooks off.
 class MSAgent {
  public:
-  /// `manner` must outlive the form.
-  explicit MSAgent(Desktop& desktop, const Manner& manner = kEstablishedManner);
+  /// Both must outlive the form.
+  MSAgent(Desktop& desktop, ProcessSpeech& speech);
   ~MSAgent();
   MSAgent(const MSAgent&) = delete;
   MSAgent& operator=(const MSAgent&) = delete;
@@ -36,8 +36,9 @@ class MSAgent {
   int Pitch() const { return pitch_; }
 
   /// The character can speak.
-  bool Ready() const { return character_ != nullptr; }
-  /// Speaks `Text`; dropped while the character is not ready.
+  bool Ready() const { return state_ == State::Ready; }
+  /// Speaks `Text`; dropped while the character is not ready. Usual: the last one
+  /// is kept and spoken behind the greeting.
   void Say(const std::string& Text, const bool& blnUrgent);
   /// Speaks `Text` as an ordinary message and tells once whether it was spoken to
   /// its end.
@@ -55,7 +56,7 @@ class MSAgent {
   void Timer1_Timer();
   void LoadLimit_Timer();
   void Timer2_Timer();
-  void Agent1_RequestComplete(const AgentRequest& Request);
+  void Agent1_RequestComplete(const AgentRequest& Request, RequestEnd end);
   void WinHook1_MessageProc(const MenuSelect& select);
   void WinHook2_CBTProc(WindowHandle activated);
   void WinHook3_KeyDownHook(const PressedKey& key);
@@ -63,13 +64,40 @@ class MSAgent {
   void SetHookCBT(bool on) { WinHook2_->SetEnabled(on); }
   void SetHookKeyboard(bool on) { WinHook3_->SetEnabled(on); }
   void cmdOK_Click();
+  void form_KeyDown(KeyEvent& key);
   void GiveUp(const std::string& description);
   void GiveBackSpeechItem();
-  AgentRequest Speak(const std::string& Text, bool urgent);
-  void StopSpeak();
+  void Welcome();
+  void BecomeReady(RequestEnd end);
+
+  /// What somebody wants to be said.
+  struct Message {
+    std::string text;
+    Urgency urgency = Urgency::Ordinary;
+    ISpeechNotify::Spoken spoken = nullptr;
+  };
+  void Speak(Message message);
+  static void Drop(std::optional<Message> message);
+  SpeechStyle Style() const { return {pitch_, speed_}; }
+
+  /// A page's message that waits to be shown again.
+  struct PageMessage {
+    std::string text;
+    WindowHandle window = 0;  ///< that it belongs to
+  };
+  bool UserWantsSilence() const;
+  void ShowNextMessage();
+  void HandOverMessages();
+  void SayInBox(const std::string& text, bool urgent);
+  Form* OwnerOfBox() const;
+
+  /// Where the character is on its way.
+  enum class State { Unloaded, Loading, Welcoming, Ready };
 
   Desktop& desktop_;
+  ProcessSpeech& speech_;
   const Manner& manner_;
+  State state_ = State::Unloaded;
   std::unique_ptr<ElasticFrame> ELAMain_;
   std::unique_ptr<ElasticFrame> ELAMessage_;  // icon and text
   std::unique_ptr<Image> Image1_;
@@ -83,15 +111,14 @@ class MSAgent {
   std::unique_ptr<KeyboardHook> WinHook3_;
   std::unique_ptr<Agent> Agent1_;
   std::unique_ptr<Form> form_;
-  std::shared_ptr<AgentCharacter> character_;
   std::array<AgentRequest, kRequestCount> requests_{};
-  AgentRequest through_;  // what somebody waits for the end of
-  ISpeechNotify::Spoken spoken_;
+  std::optional<Message> early_;  // came before the greeting
+  bool said_while_greeting_ = false;
   std::weak_ptr<ISpeechWindow> owner_;
-  std::string strInterceptedMessage_;
+  std::deque<PageMessage> messages_;
+  PageMessage shown_;
   int speed_ = 0;
   int pitch_ = 0;
-  std::int16_t intProtect_ = 0;
   Connections connections_;
 };
 

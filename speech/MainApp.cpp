@@ -9,16 +9,16 @@
 
 namespace corvane {
 
-std::shared_ptr<MainApp> MainApp::Create(Desktop& desktop, const Manner& manner,
+std::shared_ptr<MainApp> MainApp::Create(Desktop& desktop, ProcessSpeech& speech,
                                          const WindowMaker& make_window,
                                          std::function<void()> terminated) {
-  auto service = std::make_shared<MainApp>(Private{}, desktop, manner, std::move(terminated));
+  auto service = std::make_shared<MainApp>(Private{}, desktop, speech, std::move(terminated));
   service->Class_Initialize(make_window);
   return service;
 }
 
-MainApp::MainApp(Private, Desktop& desktop, const Manner& manner, std::function<void()> terminated)
-    : desktop_(desktop), manner_(manner), terminated_(std::move(terminated)) {}
+MainApp::MainApp(Private, Desktop& desktop, ProcessSpeech& speech, std::function<void()> terminated)
+    : desktop_(desktop), speech_(speech), terminated_(std::move(terminated)) {}
 
 MainApp::~MainApp() { terminated_(); }
 
@@ -53,7 +53,7 @@ void MainApp::SpeechInit(Failures failures) {
     intInitCount_ = number::checked_add(intInitCount_, 1);
     if (blnSpeechEnabled_) return;
     blnSpeechEnabled_ = true;
-    agent_form_ = std::make_unique<MSAgent>(desktop_, manner_);
+    agent_form_ = std::make_unique<MSAgent>(desktop_, speech_);
     agent_form_->Load_Init(own_window_);
   });
 }

@@ -5,13 +5,13 @@
 #include <memory>
 #include <string>
 
-#include "base/manner.h"
 #include "platform/desktop.h"
 #include "speech/ISpeechWindow.h"
 
 namespace corvane {
 
 class MSAgent;
+struct ProcessSpeech;
 
 /// The process-wide speech service. Owns the agent speech form while any window
 /// wants speech, switches the keyboard echo and opens the first window. It and
@@ -26,10 +26,10 @@ class MainApp : public std::enable_shared_from_this<MainApp> {
 
   /// Makes the service, which opens its own window at once. `terminated` is
   /// called when the last reference to the service goes.
-  static std::shared_ptr<MainApp> Create(Desktop& desktop, const Manner& manner,
+  static std::shared_ptr<MainApp> Create(Desktop& desktop, ProcessSpeech& speech,
                                          const WindowMaker& make_window,
                                          std::function<void()> terminated);
-  MainApp(Private, Desktop& desktop, const Manner& manner, std::function<void()> terminated);
+  MainApp(Private, Desktop& desktop, ProcessSpeech& speech, std::function<void()> terminated);
   ~MainApp();
   MainApp(const MainApp&) = delete;
   MainApp& operator=(const MainApp&) = delete;
@@ -64,7 +64,7 @@ class MainApp : public std::enable_shared_from_this<MainApp> {
   std::unique_ptr<MSAgent> agent_form_;
   std::shared_ptr<ISpeechWindow> own_window_;
   Desktop& desktop_;
-  const Manner& manner_;
+  ProcessSpeech& speech_;
   std::function<void()> terminated_;
 };
 

@@ -8,7 +8,6 @@
 
 #include <utility>
 
-#include "base/number.h"
 #include "platform/linux/access/desktop_windows.h"
 #include "platform/linux/gtk/controls/combo_box.h"
 #include "platform/linux/gtk/controls/command_button.h"
@@ -66,15 +65,14 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
     : started_by_(started_by),
       automation_(SessionBus().get()),
       speech_(MakeSpeechOutput()),
-      dialogs_(windows_, [this](const std::string& text, bool /*urgent*/) { Speak(text); }),
-      dialog_listener_([this](const std::string& text, bool /*urgent*/) { Speak(text); }) {
-  connections_ += hooks_.KeyPressed.Connect([this](const GdkEventKey&) { speech_->Release(); });
+      voice_(*speech_),
+      dialogs_(windows_, SpeakerForDialogs()),
+      dialog_listener_(SpeakerForDialogs()) {
   WindowTable::Entry root;
   root.class_name = "Root";
   root.text = [] { return std::string(kApplication); };
   windows_.Add(std::move(root));
-  message_box_ = std::make_unique<MessageBoxQueue>(
-      windows_, kMessageTitle, [this](const std::string& text, bool /*urgent*/) { Speak(text); });
+  message_box_ = std::make_unique<MessageBoxQueue>(windows_, kMessageTitle, SpeakerForDialogs());
   // Before the first setting is read: a file that cannot be read is told once.
   connections_ += settings_.Problem.Connect([this](const std::string& text) {
     PostToLoop([this, text] { message_box_->Show(text, MessageBox::Icon::Exclamation); });
@@ -82,7 +80,7 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
   accessibility_ = std::make_unique<LinuxAccessibility>(windows_);
   all_windows_ = std::make_unique<DesktopWindows>(windows_, *accessibility_);
   shell_ = std::make_unique<FileShell>(std::string(g_get_user_data_dir()) + "/corvane");
-  alerts_ = std::make_shared<PageAlerts>(windows_);
+  alerts_ = std::make_shared<PageAlerts>(windows_, SpeakerForDialogs());
   engine_ = std::make_unique<WebEngine>(MakeEngineOptions());
   engine_->SetPreferences(EngineChoices::Read(settings_).preferences);
   MakeOptionsDialog();
@@ -166,21 +164,10 @@ void LinuxDesktop::AskLabel(const std::string& label,
   });
 }
 
-std::string LinuxDesktop::OwnSetting(const std::string& key, const std::string& fallback) const {
-  return settings_.GetSetting(kApplication, kSection, key, fallback);
-}
-
-bool LinuxDesktop::SpeechIsWanted() const { return OwnSetting("Speech", "False") == "True"; }
-
-// Dialogs speak for themselves, also when no character could be loaded; not for a
-// user who has switched speech off. Before the character has said anything, the
-// stored choices tell how the user wants it to sound.
-void LinuxDesktop::Speak(const std::string& text) {
-  if (!SpeechIsWanted()) return;
-  const auto choice = [this](const char* key) {
-    return static_cast<int>(number::leading(OwnSetting(key, "2")));
+Speaker LinuxDesktop::SpeakerForDialogs() {
+  return [this](const std::string& text, GtkWindow* dialog) {
+    if (speak_dialog_) speak_dialog_({text, windows_.WindowOf(dialog)});
   };
-  speech_->SpeakNow(text, {.pitch = 50 + 20 * choice("Pitch"), .speed = 50 + 50 * choice("Rate")});
 }
 
 std::unique_ptr<Form> LinuxDesktop::CreateForm(const std::string& name) {
@@ -243,8 +230,7 @@ std::unique_ptr<MessageHook> LinuxDesktop::CreateMessageHook() {
 
 Shell& LinuxDesktop::GetShell() { return *shell_; }
 std::unique_ptr<FileDialog> LinuxDesktop::CreateFileDialog() {
-  return std::make_unique<GtkFileDialog>(
-      windows_, dialogs_, [this](const std::string& text, bool /*urgent*/) { Speak(text); });
+  return std::make_unique<GtkFileDialog>(windows_, dialogs_, SpeakerForDialogs());
 }
 
 std::unique_ptr<Image> LinuxDesktop::CreateImage(const std::string& name) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -21,6 +22,7 @@
 #include "platform/linux/page_alerts.h"
 #include "platform/linux/permissions_dialog.h"
 #include "platform/linux/session_end.h"
+#include "platform/linux/speech/linux_voice.h"
 #include "platform/linux/speech/speech_output.h"
 #include "platform/linux/stall_meter.h"
 #include "platform/linux/store/engine_registry.h"
@@ -56,6 +58,10 @@ class LinuxDesktop : public Desktop {
   std::unique_ptr<RebarWindow> CreateRebarWindow(ElasticFrame& parent, std::uint32_t style,
                                                  int width, int height) override;
   std::unique_ptr<Agent> CreateAgent() override;
+  Voice& GetVoice() override { return voice_; }
+  void SpeakDialogsThrough(std::function<void(const DialogWords&)> speak) override {
+    speak_dialog_ = std::move(speak);
+  }
   std::unique_ptr<ActivationHook> CreateActivationHook() override;
   std::unique_ptr<KeyboardHook> CreateKeyboardHook() override;
   std::unique_ptr<MessageHook> CreateMessageHook() override;
@@ -98,10 +104,9 @@ class LinuxDesktop : public Desktop {
   void MakeDownloadsDialog();
   void AskLabel(const std::string& label,
                 const std::function<void(std::optional<std::string>)>& done);
-  std::string OwnSetting(const std::string& key, const std::string& fallback) const;
-  bool SpeechIsWanted() const;
-  void Speak(const std::string& text);
   void End();
+  /// What dialogs speak with.
+  Speaker SpeakerForDialogs();
   void QuitWhenNothingIsLeft();
   void TellNotices();
 
@@ -117,6 +122,8 @@ class LinuxDesktop : public Desktop {
   std::unique_ptr<LinuxAccessibility> accessibility_;
   std::unique_ptr<Windows> all_windows_;  // those of other programs, too
   std::unique_ptr<SpeechOutput> speech_;
+  LinuxVoice voice_;
+  std::function<void(const DialogWords&)> speak_dialog_;
   std::unique_ptr<MessageBoxQueue> message_box_;
   SpokenDialogs dialogs_;  // the program's own questions
   DialogListener dialog_listener_;

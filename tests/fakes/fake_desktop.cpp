@@ -32,6 +32,13 @@ void FakeForm::Show() {
   visible = true;
 }
 
+void FakeForm::ShowModal(Form* form) {
+  visible = true;
+  modal = true;
+  owner = form;
+  desktop_.windows.windows[handle_].owner = form ? form->hwnd() : 0;
+}
+
 FakeRebarWindow::FakeRebarWindow(FakeDesktop& desktop, WindowHandle parent)
     : desktop_(desktop), handle_(desktop.windows.Add("", "ReBarWindow32", parent)) {
   desktop.rebar = this;
@@ -126,7 +133,10 @@ std::unique_ptr<ActivationHook> FakeDesktop::CreateActivationHook() {
 }
 
 std::unique_ptr<KeyboardHook> FakeDesktop::CreateKeyboardHook() {
-  return std::make_unique<FakeKeyboardHook>(keyboard_hook);
+  auto made_hook = std::make_unique<FakeKeyboardHook>(keyboard_hook);
+  keyboard_hooks.push_back(made_hook.get());
+  made_hook->on_gone = [this, gone = made_hook.get()] { std::erase(keyboard_hooks, gone); };
+  return made_hook;
 }
 
 std::unique_ptr<MessageHook> FakeDesktop::CreateMessageHook() {

@@ -100,11 +100,7 @@ class FakeForm : public Form {
   void SetStatusBar(StatusBar&) override {}
   bool Visible() const override { return visible; }
   void Show() override;
-  void ShowModal(Form* form) override {
-    visible = true;
-    modal = true;
-    owner = form;
-  }
+  void ShowModal(Form* form) override;
   void Hide() override { visible = false; }
   void Close(UnloadMode mode) override {
     bool cancel = false;
@@ -187,6 +183,10 @@ class FakeDesktop : public Desktop {
     }
     return std::make_unique<FakeAgent>(speech);
   }
+  FakeVoice& GetVoice() override { return voice; }
+  void SpeakDialogsThrough(std::function<void(const DialogWords&)> speak) override {
+    speak_dialog = std::move(speak);
+  }
   std::unique_ptr<ActivationHook> CreateActivationHook() override;
   std::unique_ptr<KeyboardHook> CreateKeyboardHook() override;
   std::unique_ptr<MessageHook> CreateMessageHook() override;
@@ -234,6 +234,13 @@ class FakeDesktop : public Desktop {
   std::string Name() const override { return "Testing"; }
   bool StartedByAutomation() const override { return by_automation; }
 
+  /// A key goes down somewhere in the program: all hooks hear of it.
+  void PressKey(int code, char32_t character = 0) {
+    for (FakeKeyboardHook* each : std::vector(keyboard_hooks)) {
+      if (each->enabled) each->KeyDown.Raise({code, character});
+    }
+  }
+
   /// The living control or form of that name; the newest where there are several.
   template <class Fake>
   Fake& Get(const std::string& name) {
@@ -262,13 +269,16 @@ class FakeDesktop : public Desktop {
   FakeAutomation automation;
   FakeAccessibility accessibility;
   FakeAgent::Journal speech;
+  FakeVoice voice{speech};
+  std::function<void(const DialogWords&)> speak_dialog;
   FakeFileDialog::Script file_dialogs;
   OwnOptions own_options;
   int engine_options = 0;          ///< how often they were shown
   int downloads = 0;               ///< how often their list was shown
   std::vector<FakeTimer*> timers;  ///< in the order of their making
   FakeActivationHook* hook = nullptr;
-  FakeKeyboardHook* keyboard_hook = nullptr;
+  FakeKeyboardHook* keyboard_hook = nullptr;      ///< the one made last
+  std::vector<FakeKeyboardHook*> keyboard_hooks;  ///< all that live
   FakeMessageHook* message_hook = nullptr;
   FakeRebarWindow* rebar = nullptr;
   std::string focus;    ///< the control that was focused last

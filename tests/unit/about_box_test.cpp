@@ -26,6 +26,18 @@ TEST_F(AboutBox, StandsOverItsWindowWithItsCaption) {
   EXPECT_EQ(p.desktop.focus, "OK");
 }
 
+TEST_F(AboutBox, F1ReadsTheWholeBoxAgain) {
+  p.StartTalking();
+  p.Spoken();
+  Open();
+  const auto first = p.Spoken();
+  ASSERT_EQ(first.size(), 1U);
+  KeyEvent f1{kKeyF1, 0};
+  Box().KeyDown.Raise(f1);
+  EXPECT_EQ(f1.KeyCode, 0);
+  EXPECT_EQ(p.Spoken(), first);
+}
+
 TEST_F(AboutBox, HasTheProgramsIconAndALineAboveTheButton) {
   p.Start();
   Open();

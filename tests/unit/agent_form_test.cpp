@@ -5,7 +5,8 @@ namespace {
 
 struct AgentForm : ::testing::Test {
   FakeDesktop desktop;
-  MSAgent agent{desktop};
+  ProcessSpeech speech{desktop};
+  MSAgent agent{desktop, speech};
 
   FakeTimer& Timer1() { return *desktop.timers[0]; }
   FakeTimer& Timer2() { return *desktop.timers[1]; }
@@ -53,8 +54,8 @@ TEST_F(AgentForm, NothingIsSpokenBeforeTheWelcomeHasEnded) {
 TEST_F(AgentForm, OtherRequestsDoNotMoveTheChainOn) {
   agent.Load_Init(nullptr);
   Timer1().Fire();
-  desktop.speech.agent->RequestComplete.Raise(AgentRequest{0});
-  desktop.speech.agent->RequestComplete.Raise(AgentRequest{999});
+  desktop.speech.agent->RequestComplete.Raise(AgentRequest{0}, RequestEnd::Done);
+  desktop.speech.agent->RequestComplete.Raise(AgentRequest{999}, RequestEnd::Done);
   EXPECT_EQ(desktop.speech.calls.size(), 1U);
 }
 
@@ -188,7 +189,7 @@ TEST_F(PageAlert, WithOnlyOkIsClosedAndShownAgainHere) {
   EXPECT_TRUE(desktop.Get<FakeForm>("MSAgent").modal);
   EXPECT_EQ(desktop.Get<FakeForm>("MSAgent").Caption(), "Message Box");
   EXPECT_THAT(desktop.speech.calls,
-              ElementsAre("stop", "stop", "speak \\Pit=\\\\Spd=\\Wrong password (urgent)",
+              ElementsAre("stop", "speak \\Pit=\\\\Spd=\\Wrong password (urgent)",
                           "speak \\Pit=\\\\Spd=\\OK button"));
   EXPECT_EQ(desktop.focus, "cmdOK");
 }
@@ -239,6 +240,18 @@ TEST_F(PageAlert, FieldsOfTheBoxSpeakThemselves) {
   desktop.Get<FakeCommandButton>("cmdOK").SetFocus();
   EXPECT_THAT(desktop.speech.Spoken(),
               ElementsAre("\\Pit=\\\\Spd=\\Hi", "\\Pit=\\\\Spd=\\OK button"));
+}
+
+TEST_F(PageAlert, F1SaysTheBoxAgain) {
+  Ready();
+  desktop.hook->Activated.Raise(Alert("Microsoft Internet Explorer", "OK", "Hi"));
+  Timer2().Fire();
+  desktop.speech.calls.clear();
+  KeyEvent f1{kKeyF1, 0};
+  desktop.Get<FakeForm>("MSAgent").KeyDown.Raise(f1);
+  EXPECT_EQ(f1.KeyCode, 0);
+  EXPECT_THAT(desktop.speech.Spoken(),
+              ElementsAre("\\Pit=\\\\Spd=\\Hi (urgent)", "\\Pit=\\\\Spd=\\OK button"));
 }
 
 TEST_F(PageAlert, OkEmptiesTheTextAndHidesTheBox) {
@@ -293,12 +306,18 @@ TEST(AgentFormLife, ItemComesBackWhenTheCharacterCannotBeHad) {
 
 TEST(AgentFormLife, UnloadingStopsSpeechAndHooks) {
   FakeDesktop desktop;
-  auto agent = std::make_unique<MSAgent>(desktop);
+  ProcessSpeech speech{desktop};
+  auto agent = std::make_unique<MSAgent>(desktop, speech);
   agent->Load_Init(nullptr);
   desktop.timers[0]->Fire();
   desktop.speech.agent->BecomeReady();
+  std::vector<bool> switched;
+  desktop.keyboard_hook->on_switch = [&](bool on) { switched.push_back(on); };
+  desktop.message_hook->on_switch = [&](bool on) { switched.push_back(on); };
+  desktop.hook->on_switch = [&](bool on) { switched.push_back(on); };
   agent.reset();
   EXPECT_THAT(desktop.speech.calls, ElementsAre("stop"));
+  EXPECT_THAT(switched, ElementsAre(false, false, false));
   EXPECT_EQ(desktop.speech.agent, nullptr);
 }
 

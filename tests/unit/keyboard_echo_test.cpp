@@ -142,9 +142,7 @@ struct KeyboardEcho : ::testing::Test {
   Program program;
   void SetUp() override { program.StartTalking(); }
   MSAgent& Agent() { return *program.Service()->gMSAgent(); }
-  void Press(int code, char32_t character = 0) {
-    program.desktop.keyboard_hook->KeyDown.Raise({code, character});
-  }
+  void Press(int code, char32_t character = 0) { program.desktop.PressKey(code, character); }
   void Highlight(const MenuSelect& select) {
     program.desktop.message_hook->MenuSelected.Raise(select);
   }
@@ -234,8 +232,7 @@ TEST_F(KeyboardEcho, KeysBeforeTheCharacterIsReadyAreIgnored) {
   silent.desktop.settings.Main("Speech") = "True";
   silent.desktop.settings.Main("KeyEcho") = "True";
   silent.Start();
-  silent.desktop.keyboard_hook->KeyDown.Raise({'A', U'a'});
-  silent.desktop.keyboard_hook->KeyDown.Raise({17, 0});
+  silent.desktop.PressKey('A', U'a');
   EXPECT_THAT(silent.desktop.speech.calls, IsEmpty());
 }
 
@@ -258,7 +255,8 @@ TEST_F(KeyboardEcho, PitchItemIsSpokenAtItsPitchWhichIsThenRestored) {
 
 TEST_F(KeyboardEcho, PreviewBeforeAnyRateIsChosenLeavesNone) {
   FakeDesktop desktop;
-  MSAgent agent{desktop};
+  ProcessSpeech speech{desktop};
+  MSAgent agent{desktop, speech};
   agent.Load_Init(nullptr);
   desktop.timers[0]->Fire();
   desktop.speech.agent->BecomeReady();
@@ -296,7 +294,8 @@ TEST_F(KeyboardEcho, SpeechSwitchedOffTakesTheHooksAway) {
 
 TEST(AgentHooks, MissingCharacterSwitchesAllThreeOff) {
   FakeDesktop desktop;
-  MSAgent agent{desktop};
+  ProcessSpeech speech{desktop};
+  MSAgent agent{desktop, speech};
   desktop.speech.load_error = "talker.acf was not found";
   EXPECT_TRUE(desktop.keyboard_hook->enabled && desktop.message_hook->enabled);
   agent.Load_Init(nullptr);

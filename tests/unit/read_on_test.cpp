@@ -56,11 +56,33 @@ TEST_F(ReadingOn, EndsWhenSomethingElseIsSaid) {
   EXPECT_EQ(Pane().SelStart(), 0) << "the caret stays before what was cut off";
 }
 
+TEST_F(ReadingOn, GoesOnAtTheWordsThatWereCutOff) {
+  Press(kKeyF7);
+  Finish();
+  p.Spoken();
+  p.desktop.speech.agent->CutOff();
+  EXPECT_THAT(p.Spoken(), IsEmpty()) << "a cut is no end";
+  EXPECT_EQ(Pane().SelStart(), 16);
+  Press(kKeyF7);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Second paragraph."));
+}
+
+TEST_F(ReadingOn, LeavesTheWordToWhatIsSaidBehindIt) {
+  p.Window(0)->Say("Urgent", true);  // keeps the next two from cutting anything off
+  Press(kKeyF7);
+  p.Window(0)->Say("Where the user has gone", false);
+  p.Spoken();
+  const int piece = p.desktop.speech.last_id - 1;
+  p.desktop.speech.agent->RequestComplete.Raise(AgentRequest{piece}, RequestEnd::Done);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  EXPECT_EQ(Pane().SelStart(), 0);
+}
+
 TEST_F(ReadingOn, ControlSilencesItAndItsReleaseSaysNothing) {
   Press(kKeyF7);
   Finish();
   p.Spoken();
-  p.desktop.keyboard_hook->KeyDown.Raise({kKeyControl, 0});
+  p.desktop.PressKey(kKeyControl);
   KeyEvent released{kKeyControl, 0};
   p.TextPane().KeyUp.Raise(released);
   Finish();

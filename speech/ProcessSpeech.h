@@ -1,0 +1,28 @@
+#pragma once
+
+#include "base/manner.h"
+#include "platform/desktop.h"
+#include "speech/DialogSpeech.h"
+#include "speech/SpeechOrder.h"
+#include "speech/SpeechWindows.h"
+
+namespace corvane {
+
+/// What all speech of the process shares, whether there is a character or not.
+struct ProcessSpeech {
+  /// `desktop` and `how` must outlive it. `all`: the browser windows.
+  explicit ProcessSpeech(
+      Desktop& desktop, const Manner& how = kEstablishedManner,
+      SpeechWindows::All all = [] { return std::vector<std::shared_ptr<ISpeechWindow>>(); })
+      : manner(how),
+        order(desktop, how),
+        windows(desktop, std::move(all)),
+        dialogs(desktop, order, windows) {}
+
+  const Manner& manner;
+  SpeechOrder order;
+  SpeechWindows windows;
+  DialogSpeech dialogs;
+};
+
+}  // namespace corvane

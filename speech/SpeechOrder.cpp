@@ -1,0 +1,83 @@
+#include "speech/SpeechOrder.h"
+
+#include <utility>
+
+#include "base/number.h"
+#include "base/text.h"
+
+namespace corvane {
+namespace {
+
+constexpr int kProtectedMessages = 2;  // ordinary messages after an urgent one
+
+}  // namespace
+
+Voice& SpeechOrder::Speaking() const {
+  if (character_) return *character_;
+  return desktop_.GetVoice();
+}
+
+void SpeechOrder::CharacterGoes() {
+  if (!character_) return;
+  greeting_ = {};
+  StopSpeak();
+  character_.reset();
+}
+
+AgentRequest SpeechOrder::Say(const std::string& text, SpeechStyle style, Urgency urgency) {
+  if (urgency == Urgency::Dialog) dialog_ = greeting_ = {};
+  if (urgency == Urgency::Ordinary && protect_ > 0) {
+    --protect_;
+    NoLongerFollowed();
+  } else {
+    StopSpeak();
+    protect_ = urgency == Urgency::Urgent ? kProtectedMessages : 0;
+  }
+  const AgentRequest request = Speaking().Speak("\\Pit=" + number::digits(style.pitch) +
+                                                    "\\\\Spd=" + number::digits(style.speed) +
+                                                    "\\" + text::replace_all(text, "\\", "/"),
+                                                urgency != Urgency::Ordinary);
+  if (urgency == Urgency::Dialog) dialog_ = request;
+  return request;
+}
+
+void SpeechOrder::SayThrough(const std::string& text, SpeechStyle style,
+                             ISpeechNotify::Spoken spoken) {
+  followed_ = Say(text, style, Urgency::Ordinary);
+  spoken_ = std::move(spoken);
+}
+
+AgentRequest SpeechOrder::Greet(const std::string& text) {
+  return greeting_ = Speaking().Speak(text, false);
+}
+
+void SpeechOrder::StopSpeak() {
+  std::vector<AgentRequest> kept;
+  for (const AgentRequest& request : {dialog_, greeting_}) {
+    if (request.id != 0) kept.push_back(request);
+  }
+  Speaking().StopSpeak(kept);
+  NoLongerFollowed();
+}
+
+// Whoever follows a message would go on with the next one when it ends, and so cut
+// off what has been said behind it.
+void SpeechOrder::NoLongerFollowed() {
+  if (const auto spoken = std::exchange(spoken_, nullptr)) spoken(false);
+}
+
+void SpeechOrder::Silence() {
+  dialog_ = {};
+  if (manner_.today) greeting_ = {};
+  StopSpeak();
+}
+
+void SpeechOrder::Ended(const AgentRequest& request, RequestEnd end) {
+  if (request.id == 0) return;
+  if (request.id == dialog_.id) dialog_ = {};
+  if (request.id == greeting_.id) greeting_ = {};
+  if (request.id != followed_.id) return;
+  if (const auto spoken = std::exchange(spoken_, nullptr)) spoken(end == RequestEnd::Done);
+}
+
+}  // namespace corvane

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/manner.h"
+#include "platform/desktop.h"
+#include "platform/voice.h"
+#include "speech/ISpeechNotify.h"
+
+namespace corvane {
+
+/// How something is to sound; 0 is the voice's own.
+struct SpeechStyle {
+  int pitch = 0;
+  int speed = 0;  ///< words a minute
+};
+
+/// What the five steps of the rate and pitch menus mean, 0 to 4.
+constexpr int SpeedOf(int rate) { return rate * 50 + 50; }
+constexpr int PitchOf(int pitch) { return pitch * 20 + 50; }
+
+/// How much right a message has to be heard.
+enum class Urgency {
+  /// Cuts off what is being spoken, unless that is protected.
+  Ordinary,
+  /// Cuts off what is being spoken, and is protected from the next two ordinary
+  /// messages: these wait until it has been spoken.
+  Urgent,
+  /// A dialog's words: cut off everything, also the greeting and another dialog's
+  /// words, and stay until the user presses a key. What is said behind the dialog
+  /// meanwhile waits, and of that only what the rule above would leave.
+  Dialog,
+};
+
+/// The one rule of what cuts off what in all that the process says, whoever speaks
+/// it. Everything goes through here; nobody else asks a voice to speak or to stop.
+class SpeechOrder {
+ public:
+  SpeechOrder(Desktop& desktop, const Manner& manner) : desktop_(desktop), manner_(manner) {}
+  SpeechOrder(const SpeechOrder&) = delete;
+  SpeechOrder& operator=(const SpeechOrder&) = delete;
+
+  /// From now on the character speaks. Without one the desktop's own voice does.
+  void SpeakWith(std::shared_ptr<AgentCharacter> character) { character_ = std::move(character); }
+  /// The character goes: silence, but for what a dialog says.
+  void CharacterGoes();
+
+  /// Backslashes in `text` are spoken as slashes, so that it never contains a tag.
+  AgentRequest Say(const std::string& text, SpeechStyle style, Urgency urgency);
+  /// Says an ordinary message and tells once what became of it: false as soon as
+  /// anything else is said, or it is cut off.
+  void SayThrough(const std::string& text, SpeechStyle style, ISpeechNotify::Spoken spoken);
+  /// Says the character's first words, which only a dialog cuts off, or the user.
+  AgentRequest Greet(const std::string& text);
+  /// Cuts off what is being spoken and waits, but for what is kept.
+  void StopSpeak();
+
+  /// The user wants silence. What is established: the greeting is heard all the
+  /// same.
+  void Silence();
+  /// The user goes on: what a dialog says may be cut off from now on.
+  void UserGoesOn() { dialog_ = {}; }
+  /// A request of the character's has ended.
+  void Ended(const AgentRequest& request, RequestEnd end);
+
+ private:
+  Voice& Speaking() const;
+  void NoLongerFollowed();
+
+  Desktop& desktop_;
+  const Manner& manner_;
+  std::shared_ptr<AgentCharacter> character_;
+  int protect_ = 0;      // ordinary messages that still cut nothing off
+  AgentRequest dialog_;  // what a dialog says
+  AgentRequest greeting_;
+  AgentRequest followed_;  // what somebody waits for the end of
+  ISpeechNotify::Spoken spoken_;
+};
+
+}  // namespace corvane
