@@ -46,8 +46,14 @@ class Announcer {
     });
   }
 
-  /// Adds the text as a line to the text pane and speaks it as soon as the title has
-  /// been spoken to its end; not at all when that is cut off.
+  /// Speaks as soon as the title has been spoken to its end; not at all when that is
+  /// cut off or something else is said.
+  void SayAfterTitle(const std::string& text) {
+    if (!title_) return Say(text);
+    after_title_ = text;
+  }
+
+  /// Adds the text as a line to the text pane and speaks it behind the title.
   void AddAndSayAfterTitle(const std::string& text) {
     if (!title_) return AddAndSay(text);
     after_title_ = text;

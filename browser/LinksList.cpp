@@ -9,8 +9,11 @@ LinksList::LinksList(PaneContext& pane, AAFormCollection& announcers)
     : pane_(pane), oAAFormCol_(announcers) {
   ComboBox& list = *pane_.controls.cmbListLinks;
   connections_ += list.Click.Connect([this, &list] { pane_.announcer.Say(list.Text()); });
-  connections_ +=
-      list.GotFocus.Connect([this, &list] { pane_.announcer.Say(list.Text() + " Links List"); });
+  // When the focus was moved for the user, the page's title is not cut off.
+  connections_ += list.GotFocus.Connect([this, &list] {
+    const std::string words = list.Text() + " Links List";
+    pane_.state.quiet ? pane_.announcer.SayAfterTitle(words) : pane_.announcer.Say(words);
+  });
   connections_ += list.KeyDown.Connect([this](KeyEvent& key) { cmbListLinks_KeyDown(key); });
   connections_ += list.DblClick.Connect([this] { cmbListLinks_DblClick(); });
 }

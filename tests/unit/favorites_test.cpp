@@ -52,6 +52,16 @@ TEST_F(FavoritesTest, PageIsKeptWithAKeyFromAnywhere) {
   EXPECT_TRUE(p.Address().Press(kKeyD)) << "a letter stays one";
 }
 
+TEST_F(FavoritesTest, WordsForAKeptPageAreNotCutOffByTheKeysRelease) {
+  StartWith(kSideBarFavorites);
+  Visit("http://weather/", "The weather");
+  p.Address().caret = 7;
+  p.Address().Press(kKeyD, kCtrlMask);
+  EXPECT_THAT(p.Spoken(), ElementsAre("The weather added to Favorites"));
+  p.TextPane().Press(kKeyD, kCtrlMask);
+  EXPECT_THAT(p.Spoken(), ElementsAre("The weather is already in Favorites"));
+}
+
 TEST_F(FavoritesTest, TreeShowsTheNewFavoriteAndKeepsItsPlace) {
   shell.File("/data/Favorites/old");
   StartWith(kSideBarFavorites);

@@ -157,6 +157,29 @@ TEST_F(PageReaderTest, AutoFocusFollowsTheChoice) {
   }
 }
 
+TEST_F(PageReaderTest, LinksListIsNamedBehindTheTitle) {
+  Program program;
+  program.desktop.settings.Pane("Focus") = "2";
+  program.StartTalking();
+  program.Spoken();
+  program.Read(MakePage("http://a/", "A", ""));
+  EXPECT_EQ(program.Spoken().back(), "A");
+  program.desktop.speech.agent->CompleteLast();
+  EXPECT_THAT(program.Spoken(), ElementsAre("0 Links in A Links List"));
+  program.Links().SetFocus();
+  EXPECT_THAT(program.Spoken(), ElementsAre("0 Links in A Links List")) << "at once by itself";
+}
+
+TEST_F(PageReaderTest, WordsBehindTheTitleAreNotSaidWhenItIsCutOff) {
+  Program program;
+  program.desktop.settings.Pane("Focus") = "2";
+  program.StartTalking();
+  program.Read(MakePage("http://a/", "A", ""));
+  program.Spoken();
+  program.desktop.speech.agent->CutOff();
+  EXPECT_THAT(program.Spoken(), IsEmpty());
+}
+
 TEST_F(PageReaderTest, TreeOfThePageDoesNotCutOffItsTitle) {
   Program program;
   program.desktop.settings.Pane("Focus") = "3";
