@@ -182,6 +182,13 @@ class Corvane:
         subprocess.run(["xdotool", "mousemove", *at, "click", "1"], check=True)
         time.sleep(0.2)
 
+    def welcomed(self):
+        """Whether the welcome is over: until then what is said waits, and speech cannot
+        be switched off."""
+        events = self.transcript.events()
+        ids = {e["id"] for e in events if e["event"] == "speak" and e["text"].startswith("Hello, welcome")}
+        return any(e["id"] in ids for e in events if e["event"] in ("end", "cut"))
+
     def page(self):
         """The page's accessible document."""
 
@@ -311,6 +318,7 @@ class EndToEndTest(unittest.TestCase):
         self.addCleanup(self.report)
         if wait:
             self.said("Hello, welcome to Corvane 2000", title)
+            wait_until(self.corvane.welcomed, "the end of the welcome")
             wait_until(self.corvane.focused, "a focus")
         return self.corvane
 

@@ -92,6 +92,24 @@ class BadSurroundings(EndToEndTest):
         wait_until(lambda: "Corvane" in corvane.text_of("Text"), "the home page")
         self.assertIsNone(corvane.process.poll())
 
+    def test_alert_of_a_page_is_spoken_without_a_character_and_control_silences_it(self):
+        (self.copy_program() / "talker.acf").unlink()
+        corvane = self.start(wait=False)
+        wait_until(lambda: any("talker.acf" in text for text in corvane.transcript.spoken()), "the error spoken")
+        corvane.keys("Return")
+        wait_until(lambda: "Corvane" in corvane.text_of("Text"), "the home page")
+        corvane.open(self.base + "/alert.html")
+        words = "Your session ends soon. OK Button"
+        self.said(words)
+        corvane.keys("Control_L")
+        wait_until(lambda: self.became_of(words), "the end of the alert's words")
+        self.assertEqual(self.became_of(words), "cut")
+
+    def became_of(self, text):
+        events = self.corvane.transcript.events()
+        ids = [e["id"] for e in events if e["event"] == "speak" and e["text"] == text]
+        return next((e["event"] for e in events if e["id"] == ids[-1] and e["event"] in ("end", "cut")), None)
+
     def test_broken_character_file_is_told(self):
         (self.copy_program() / "talker.acf").write_bytes(b"\x00\x01\x02 not a character")
         corvane = self.start(wait=False)
