@@ -236,7 +236,7 @@ class Menus(EndToEndTest):
         corvane.keys("ctrl+l", "F6", "shift+F6")
         self.said(self.base + "/start.html Address Box")
         self.assertNotIn("Working...", corvane.transcript.spoken())
-        self.assertEqual(corvane.window_names(), ["Corvane"])
+        self.assertEqual(set(corvane.window_names()) - {"Genie"}, {"Corvane"})  # no print dialog
 
     def test_alt_g_opens_go_every_time_and_settings_when_pressed_again(self):
         corvane = self.start(settings={**QUIET, **ESTABLISHED})
