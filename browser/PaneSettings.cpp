@@ -30,7 +30,9 @@ float PaneSettings::Ratio(const std::string& key, const std::string& second_defa
 }
 
 void PaneSettings::LoadSettings() {
-  ErrorsIgnored([&] { pane_.state.sngSplitter = Ratio("Splitter", kFirstRunSplitter); },
+  // A page that gets half of the width only shows a narrow form of itself.
+  const char* first = pane_.manner.whole_screen ? kDefaultRatio : kFirstRunSplitter;
+  ErrorsIgnored([&] { pane_.state.sngSplitter = Ratio("Splitter", first); },
                 [&] { pane_.state.sngSplitterH = Ratio("SplitterH", kDefaultRatio); },
                 [&] { pane_.state.strAddress = Get("StartingAddress", ""); });
 }

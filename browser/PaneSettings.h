@@ -16,7 +16,8 @@ class PaneSettings {
   explicit PaneSettings(PaneContext& pane);
 
   /// Reads splitter ratios and start address. A first run starts the side bar at
-  /// half of the width, a stored 0 at a quarter.
+  /// half of the width, or at a quarter where it fills the screen; a stored 0 is a
+  /// quarter.
   void LoadSettings();
   void Save(const std::string& key, const std::string& value);
 

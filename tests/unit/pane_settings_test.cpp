@@ -17,6 +17,14 @@ TEST(PaneSettings, FirstRunStartsTheSideBarAtHalfTheWidth) {
   EXPECT_EQ(loaded(desktop).sngSplitterH, 0.25F);
 }
 
+TEST(PaneSettings, FirstRunThatFillsTheScreenLeavesThePageThreeQuartersOfIt) {
+  FakeDesktop desktop;
+  Manner manner;
+  manner.whole_screen = true;
+  ctlWebBrowser pane(desktop, manner);
+  EXPECT_EQ(pane.Inside().state.sngSplitter, 0.25F);
+}
+
 TEST(PaneSettings, StoredZeroIsAQuarter) {
   FakeDesktop desktop;
   desktop.settings.Pane("Splitter") = "0";
