@@ -79,6 +79,27 @@ class Automation(EndToEndTest):
         wait_until(lambda: context.iteration(False) or told, "the signal")
         self.assertEqual(told, [True])
 
+    def test_client_that_dies_gives_back_its_claims_on_speech(self):
+        self.start(settings={**TALKING, "Corvane": {"Speech": "False"}}, wait=False)
+        client, dying = self.client(), self.client()
+        echo = ("KeyBoardEcho", GLib.Variant("(b)", (True,)))
+        wait_until(lambda: self.created(client), "the program on the bus")
+        dying.service("SpeechInit")
+        dying.service("SpeechInit")
+        self.said("Hello, welcome to Corvane 2000")
+        client.service(*echo)  # speech is on
+        dying.die()
+
+        def speech_is_off():
+            try:
+                client.service(*echo)
+            except GLib.Error as error:
+                return error.message.endswith("91: Object variable or With block variable not set")
+            return False
+
+        wait_until(speech_is_off, "the end of speech")
+        self.assertNotIn("Corvane message", self.corvane.window_names())
+
     def test_errors_carry_number_and_description(self):
         self.start(settings=TALKING)
         client = self.client()

@@ -5,8 +5,8 @@
 namespace corvane::tests {
 namespace {
 
-PaneState loaded(FakeDesktop& desktop) {
-  PaneContext pane(desktop);
+PaneState loaded(FakeDesktop& desktop, const Manner& manner = kEstablishedManner) {
+  PaneContext pane(desktop, manner);
   PaneSettings(pane).LoadSettings();
   return pane.state;
 }
@@ -21,8 +21,7 @@ TEST(PaneSettings, FirstRunThatFillsTheScreenLeavesThePageThreeQuartersOfIt) {
   FakeDesktop desktop;
   Manner manner;
   manner.whole_screen = true;
-  ctlWebBrowser pane(desktop, manner);
-  EXPECT_EQ(pane.Inside().state.sngSplitter, 0.25F);
+  EXPECT_EQ(loaded(desktop, manner).sngSplitter, 0.25F);
 }
 
 TEST(PaneSettings, StoredZeroIsAQuarter) {
