@@ -124,18 +124,29 @@ Form::WindowState FormWindow::State() const {
   return WindowState::Normal;
 }
 
-// The window manager knows what its frame needs. Where there is none, there is no
-// frame either.
+// What the frame needs of it is known only when the window manager has made one.
 void FormWindow::FillScreen() {
   const auto display = window_.get_display();
   const auto monitor = display->get_primary_monitor();
-  Gdk::Rectangle area;
-  (monitor ? monitor : display->get_monitor(0))->get_workarea(area);
-  SetLeft(static_cast<float>(area.get_x()) * kTwipsPerPixel);
-  SetTop(static_cast<float>(area.get_y()) * kTwipsPerPixel);
-  SetWidth(static_cast<float>(area.get_width()) * kTwipsPerPixel);
-  SetHeight(static_cast<float>(area.get_height()) * kTwipsPerPixel);
-  window_.maximize();
+  (monitor ? monitor : display->get_monitor(0))->get_workarea(filled_);
+  SetLeft(static_cast<float>(filled_.get_x()) * kTwipsPerPixel);
+  SetTop(static_cast<float>(filled_.get_y()) * kTwipsPerPixel);
+  SetWidth(static_cast<float>(filled_.get_width()) * kTwipsPerPixel);
+  SetHeight(static_cast<float>(filled_.get_height()) * kTwipsPerPixel);
+}
+
+// Once: from then on the size is the user's.
+void FormWindow::LeaveRoomForFrame(int width, int height) {
+  Gdk::Rectangle frame;
+  window_.get_window()->get_frame_extents(frame);
+  const int beside = frame.get_width() - width;
+  const int above = frame.get_height() - height;
+  if (beside <= 0 && above <= 0) return;
+  const int free_width = filled_.get_width() - beside;
+  const int free_height = filled_.get_height() - above;
+  filled_ = {};
+  if (width > free_width || height > free_height)
+    window_.resize(std::min(width, free_width), std::min(height, free_height));
 }
 
 void FormWindow::Replace(ClipBox& slot, Gtk::Widget& widget) {
@@ -225,6 +236,7 @@ void FormWindow::Configured() {
   int height = 0;
   window_.get_position(left, top);
   window_.get_size(width, height);
+  if (filled_.get_width() > 0) LeaveRoomForFrame(width, height);
   geometry_ = {Twips(left, asked_.left), Twips(top, asked_.top), Twips(width, asked_.width),
                Twips(height, asked_.height)};
 }

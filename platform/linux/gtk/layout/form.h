@@ -1,5 +1,6 @@
 #pragma once
 
+#include <gdkmm/rectangle.h>
 #include <gtkmm/box.h>
 #include <gtkmm/window.h>
 #include <gtkmm/windowgroup.h>
@@ -59,6 +60,7 @@ class FormWindow : public Form {
   void Present();
   void BringOntoScreen();
   void Configured();
+  void LeaveRoomForFrame(int width, int height);
   bool Escape(const GdkEventKey& event);
 
   WindowTable& windows_;
@@ -72,7 +74,8 @@ class FormWindow : public Form {
   ClipBox content_slot_;
   ClipBox status_slot_;
   Geometry geometry_;
-  Geometry asked_;  // what was set last: it holds while the window is there to the pixel
+  Gdk::Rectangle filled_;  // what the window fills until its frame is known
+  Geometry asked_;         // what was set last: it holds while the window is there to the pixel
   GdkWindowState state_ = GdkWindowState(0);
   WayBack way_back_;
   bool modal_ = false;

@@ -137,17 +137,11 @@ TEST_F(FormTest, AFormThatFillsTheScreenLeavesRoomForItsTitleBar) {
   EXPECT_EQ(form.Left(), static_cast<float>(area.get_x()) * kTwipsPerPixel);
   EXPECT_LE(form.Height(), static_cast<float>(area.get_height()) * kTwipsPerPixel);
 
-  // What a window keeps of it is the place of the next one, less the frame that a
-  // window has which is not maximized.
+  // What it keeps of that is the same place for the next one.
   FormWindow next("frmCorvane", windows_);
   Place(next, form.Left(), form.Top(), form.Width(), form.Height());
   ShowActive(next);
-  constexpr float kFrame = 20 * kTwipsPerPixel;
-  EXPECT_EQ(next.Left(), form.Left());
-  EXPECT_EQ(next.Top(), form.Top());
-  EXPECT_NEAR(next.Width(), form.Width(), kFrame);
-  EXPECT_NEAR(next.Height(), form.Height(), kFrame);
-  EXPECT_EQ(next.State(), Form::WindowState::Normal);
+  ExpectPlace(next, form.Left(), form.Top(), form.Width(), form.Height());
 }
 
 TEST_F(FormTest, PlacesBeyondAllScreensAreBroughtBack) {
