@@ -116,6 +116,7 @@ class FakeHook : public Port {
   bool Enabled() const override { return enabled; }
 
   bool enabled = false;
+  bool into_password = false;  ///< what a keyboard hook answers
   std::function<void(bool)> on_switch;
   std::function<void()> on_gone;
 
@@ -123,9 +124,10 @@ class FakeHook : public Port {
   FakeHook*& place_;
 };
 using FakeActivationHook = FakeHook<ActivationHook>;
-struct FakeKeyboardHook : FakeHook<KeyboardHook> {
+class FakeKeyboardHook : public FakeHook<KeyboardHook> {
+ public:
+  using FakeHook::FakeHook;
   bool IntoPassword() const override { return into_password; }
-  bool into_password = false;
 };
 using FakeMessageHook = FakeHook<MessageHook>;
 
