@@ -236,7 +236,7 @@ class FakeDesktop : public Desktop {
 
   /// A key goes down somewhere in the program: all hooks hear of it.
   void PressKey(int code, char32_t character = 0) {
-    for (auto* each : std::vector(keyboard_hooks)) {
+    for (FakeKeyboardHook* each : std::vector(keyboard_hooks)) {
       if (each->enabled) each->KeyDown.Raise({code, character});
     }
   }
@@ -277,8 +277,8 @@ class FakeDesktop : public Desktop {
   int downloads = 0;               ///< how often their list was shown
   std::vector<FakeTimer*> timers;  ///< in the order of their making
   FakeActivationHook* hook = nullptr;
-  FakeHook<KeyboardHook>* keyboard_hook = nullptr;      ///< the one made last
-  std::vector<FakeHook<KeyboardHook>*> keyboard_hooks;  ///< all that live
+  FakeHook<KeyboardHook>* keyboard_hook = nullptr;  ///< the one made last
+  std::vector<FakeKeyboardHook*> keyboard_hooks;    ///< all that live
   FakeMessageHook* message_hook = nullptr;
   FakeRebarWindow* rebar = nullptr;
   std::string focus;    ///< the control that was focused last

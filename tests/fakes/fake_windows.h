@@ -116,7 +116,6 @@ class FakeHook : public Port {
   bool Enabled() const override { return enabled; }
 
   bool enabled = false;
-  bool into_password = false;  ///< what a keyboard hook answers
   std::function<void(bool)> on_switch;
   std::function<void()> on_gone;
 
@@ -124,10 +123,10 @@ class FakeHook : public Port {
   FakeHook*& place_;
 };
 using FakeActivationHook = FakeHook<ActivationHook>;
-class FakeKeyboardHook : public FakeHook<KeyboardHook> {
- public:
+struct FakeKeyboardHook : FakeHook<KeyboardHook> {
   using FakeHook::FakeHook;
   bool IntoPassword() const override { return into_password; }
+  bool into_password = false;
 };
 using FakeMessageHook = FakeHook<MessageHook>;
 
