@@ -31,6 +31,7 @@ void LinksList::Fill(const HTMLDocument& document, const std::function<bool()>& 
   addresses_.reserve(links.size() + 1);
   list.AddItem(std::to_string(links.size()) + " Links in " + name);
   oAAFormCol_.ClearLinkCollection();
+  filling_ = true;
   for (const auto& link : links) {
     pane_.desktop.DoEvents();
     if (!still_wanted()) return;
@@ -38,6 +39,7 @@ void LinksList::Fill(const HTMLDocument& document, const std::function<bool()>& 
     list.AddItem(LineFor(*link));
     oAAFormCol_.AddLink(link);
   }
+  filling_ = false;
   list.SetListIndex(0);
 }
 
@@ -53,6 +55,7 @@ void LinksList::cmbListLinks_KeyDown(const KeyEvent& key) {
 void LinksList::cmbListLinks_DblClick() {
   ErrorsShown(pane_.desktop.GetMessageBox(), "cmbListLinksDblClick Error: ", [&] {
     const int index = pane_.controls.cmbListLinks->ListIndex();
+    if (index < 0 && filling_) return pane_.announcer.Say("Extracting Links ...");
     if (index < 0 || static_cast<std::size_t>(index) >= addresses_.size()) {
       throw RunTimeError(kErrSubscriptOutOfRange, "cmbListLinks_DblClick",
                          "Subscript out of range");
@@ -64,8 +67,10 @@ void LinksList::cmbListLinks_DblClick() {
       pane_.announcer.AddAndSay(RefusedWords(address));
       return;
     }
+    WebBrowser& browser = *pane_.controls.brwWebBrowser;
+    if (index > 0 && browser.GoToPlace(address)) return;
     pane_.StartReading();
-    pane_.controls.brwWebBrowser->Navigate2(address);
+    browser.Navigate2(address);
   });
 }
 

@@ -28,6 +28,7 @@ class LinksList {
   PaneContext& pane_;
   AAFormCollection& oAAFormCol_;
   std::vector<std::string> addresses_;  // parallel to the list; 0 is the page itself
+  bool filling_ = false;                // nothing is selected before the list is whole
   Connections connections_;
 };
 

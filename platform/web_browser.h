@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -9,6 +10,16 @@
 namespace corvane {
 
 struct FileRequest;
+
+/// A place in the page shown that the user has been led to.
+struct PagePlace {
+  std::string words;       ///< the first ones there; empty where its focus tells of it
+  std::size_t before = 0;  ///< characters of the page's text in front of it, blanks left out
+};
+
+/// LocationURL of the page that tells why there is none, where what was asked for is
+/// no address.
+inline constexpr const char* kProblemAddress = "about:problem";
 
 /// The control that renders pages. One navigation raises, in this order,
 /// DownloadBegin, any number of StatusTextChange, DownloadComplete. A failed
@@ -29,6 +40,10 @@ class WebBrowser : public Control {
   /// Goes to what a person typed: an address with or without scheme, a host with
   /// or without port, a file's path. Nothing usable leads to an error page.
   virtual void Navigate2(const std::string& url) = 0;
+  /// Goes to a place in the page shown, as its link there would, when the address is
+  /// one: then nothing is loaded and PlaceReached follows, or an Announcement where
+  /// there is no such place. False, and nothing done, for any other address.
+  virtual bool GoToPlace(const std::string& url) = 0;
   /// GoBack and GoForward do nothing where there is no such page.
   virtual void GoBack() = 0;
   virtual void GoForward() = 0;
@@ -84,6 +99,8 @@ class WebBrowser : public Control {
   /// A sentence of the program's own about the page that the user is to hear now.
   /// However often pages give cause for it, it does not come often.
   Event<const std::string&> Announcement;
+  /// The user has been led to another place in the page, also by a link in it.
+  Event<const PagePlace&> PlaceReached;
   /// A page, and with it the user, opens a window. The next control that is made
   /// while this is raised shows the page; without one it never appears.
   Event<> NewWindow;

@@ -17,6 +17,12 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   using FakeControl::FakeControl;
 
   void Navigate2(const std::string& url) override { Note("Navigate2 " + url); }
+  bool GoToPlace(const std::string& url) override {
+    const bool is_here =
+        document && url.find('#') != std::string::npos && url.starts_with(document->location + "#");
+    if (is_here) Note("GoToPlace " + url);
+    return is_here;
+  }
   void GoBack() override { Note("GoBack"); }
   void GoForward() override { Note("GoForward"); }
   void GoHome() override { Note("GoHome"); }

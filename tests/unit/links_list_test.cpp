@@ -122,6 +122,22 @@ TEST_F(LinksListTest, ChoosingWithNothingSelectedIsReported) {
               ElementsAre("cmbListLinksDblClick Error: Subscript out of range"));
 }
 
+TEST_F(LinksListTest, EnterWhileTheListIsBeingFilledSaysSo) {
+  p.Browser().calls.clear();
+  bool pressed = false;
+  p.desktop.on_yield = [&] {
+    if (pressed || p.Links().list.size() != 2) return;
+    pressed = true;
+    p.Spoken();
+    p.Links().Press(kKeyReturn, 0, kKeyReturn);
+    EXPECT_THAT(p.Spoken(), ElementsAre("Extracting Links ..."));
+  };
+  p.Read(MakePage("http://a/", "A", "", {{"one", "http://1/"}, {"two", "http://2/"}}));
+  EXPECT_TRUE(pressed);
+  EXPECT_THAT(p.Browser().calls, IsEmpty());
+  EXPECT_THAT(p.desktop.boxes.Texts(), IsEmpty());
+}
+
 TEST_F(LinksListTest, WaitingEventsRunBeforeEveryLink) {
   std::vector<std::pair<std::string, std::string>> links(100, {"x", "u"});
   const auto page = MakePage("http://a/", "A", "", links);

@@ -21,6 +21,15 @@ std::string WithoutFragment(const std::string& address) {
   return address.substr(0, address.find('#'));
 }
 
+/// Whether the address names a place in a page; behind "#!" and "#/" stand pages that
+/// scripts show.
+bool NamesPlace(const std::string& address) {
+  const std::size_t sign = address.find('#');
+  if (sign == std::string::npos) return false;
+  const std::string name = address.substr(sign + 1, 1);
+  return name != "!" && name != "/";
+}
+
 bool IsScript(const std::string& address) {
   return g_ascii_strncasecmp(address.c_str(), "javascript:", 11) == 0;
 }
@@ -63,7 +72,8 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
       changes_(std::make_unique<PageChanges>(
           view_.get(), requests_->Notices(),
           PageChanges::Host{[this] { ReadAgain(); },
-                            [this](const std::string& text) { listener_.say(text); }})),
+                            [this](const std::string& text) { listener_.say(text); },
+                            [this](const PagePlace& place) { listener_.place(place); }})),
       keys_(std::make_unique<PageKeys>(view_.get(), KeysHost(), engine.Options().hang.keys)),
       closing_(
           view_.get(), [this] { listener_.close(); }, [this] { return dialog_open_; }),
@@ -182,6 +192,20 @@ void EngineView::Navigate(const std::string& typed) {
   Load(target.uri);
 }
 
+bool EngineView::GoToPlace(const std::string& address) {
+  const bool is_here = NamesPlace(address) && WithoutFragment(address) == WithoutFragment(address_);
+  if (!is_here || Busy() || problem_ || !document_is_present_) return false;
+  requests_->UserActed();
+  watchdog_.WatchSoon();
+  changes_->Jump(address, [weak = std::weak_ptr(self_), address] {
+    const auto alive = weak.lock();
+    if (!alive) return;
+    (*alive)->Navigate(address);
+    (*alive)->ReadAgain();  // what cannot tell of the place is read instead
+  });
+  return true;
+}
+
 void EngineView::LoadSearch(const std::string& search) {
   navigation_.Requested();
   fallback_ = search;  // answered here when the service cannot be reached
@@ -254,7 +278,7 @@ void EngineView::ShowProblem(const Problem& problem) {
   // What is not an address stands under one that no list of addresses takes.
   const bool is_address =
       g_uri_is_valid(problem.address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
-  const std::string address = is_address ? problem.address : "about:problem";
+  const std::string address = is_address ? problem.address : kProblemAddress;
   leaving_.Leave([this, problem, address] {
     leaving_.ProblemLoads();
     coming_problem_ = problem;

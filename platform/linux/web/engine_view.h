@@ -43,6 +43,8 @@ class EngineView {
     std::function<void()> close = [] {};
     /// Files are wanted from the user.
     std::function<void(const FileRequest&)> files = [](const auto&) {};
+    /// The user has been led to another place in the page.
+    std::function<void(const PagePlace&)> place = [](const auto&) {};
   };
 
   /// `opener`: the view whose page opens this one; null for a view of its own.
@@ -58,6 +60,8 @@ class EngineView {
   void TakeOver(Listener listener);
 
   void Navigate(const std::string& typed);
+  /// As WebBrowser::GoToPlace.
+  bool GoToPlace(const std::string& address);
   void GoBack();
   void GoForward();
   void GoHome();

@@ -15,7 +15,8 @@ WebKitBrowser::WebKitBrowser(const std::string& name, WebEngine& engine, WindowT
       [this](const std::string& text) { Announcement.Raise(text); },
       [this] { NewWindow.Raise(); },
       [this] { WindowClosing.Raise(); },
-      [this](const FileRequest& request) { FilesWanted.Raise(request); }};
+      [this](const FileRequest& request) { FilesWanted.Raise(request); },
+      [this](const PagePlace& place) { PlaceReached.Raise(place); }};
   if (view_) {
     // When there is somebody who listens.
     take_over_.Start(0, [this, listener] { view_->TakeOver(listener); });

@@ -18,6 +18,7 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
   Gtk::Widget& widget() override { return *widget_; }
 
   void Navigate2(const std::string& url) override { view_->Navigate(url); }
+  bool GoToPlace(const std::string& url) override { return view_->GoToPlace(url); }
   void GoBack() override { view_->GoBack(); }
   void GoForward() override { view_->GoForward(); }
   void GoHome() override { view_->GoHome(); }

@@ -163,6 +163,77 @@ TEST_F(PageChangeTest, APlaceThatTakesTheFocusIsLeftToIt) {
   EXPECT_THAT(view_.Said(), IsEmpty());
 }
 
+TEST_F(PageChangeTest, APlaceTellsHowMuchTextStandsInFrontOfIt) {
+  Load(
+      "<script>//not shown</script><a href='#x'>Go to</a> <p hidden>Unseen</p>"
+      "<p>T\xC3\xA4xt &#x1D4B6;&nbsp;b</p><div>a <b>bc</b><h2 id=x>Here</h2></div><p>Behind</p>");
+  PressFirst();
+  ASSERT_TRUE(Hears("Here"));
+  ASSERT_EQ(view_.places.size(), 1U);
+  EXPECT_EQ(view_.places[0].before, std::string("Goto"
+                                                "T.xt"
+                                                ".b"
+                                                "abc")
+                                        .size());
+}
+
+TEST_F(PageChangeTest, TheProgramGoesToAPlaceAsItsLinkWould) {
+  Load(
+      "<a href='#x'>Go</a><p>Between</p><h2 id=x>Here</h2>"
+      "<script>let clicks = 0; document.links[0].onclick = () => clicks++</script>");
+  EXPECT_TRUE(view_->GoToPlace(server_.Url() + "#x"));
+  ASSERT_TRUE(Hears("Here"));
+  EXPECT_THAT(view_.EventsWithoutStatus(), IsEmpty()) << "nothing is loaded or read";
+  EXPECT_EQ(view_.places.at(0).before, std::string("GoBetween").size());
+  EXPECT_EQ(view_.EvaluateInPage("location.hash + ' ' + clicks"), "#x 1");
+  EXPECT_TRUE(view_->GoToPlace(server_.Url() + "#x"));
+  EXPECT_TRUE(WaitUntil([&] { return view_.Count("say Here") == 2; })) << "also the second time";
+}
+
+TEST_F(PageChangeTest, TheProgramGoesToAPlaceThatNoLinkOfThePageLeadsTo) {
+  Load("<p>Between</p><h2 id=x>Here</h2>");
+  EXPECT_TRUE(view_->GoToPlace(server_.Url() + "#x"));
+  EXPECT_TRUE(Hears("Here"));
+  EXPECT_EQ(view_.EvaluateInPage("location.hash"), "#x");
+}
+
+TEST_F(PageChangeTest, AFieldThatThePageCannotNameWhileTheFocusIsElsewhereIsSaid) {
+  Load("<p>Between</p><input id=x><p>Behind</p>");
+  auto* other = gtk_window_new(GTK_WINDOW_TOPLEVEL);
+  gtk_widget_show_all(other);
+  gtk_window_present(GTK_WINDOW(other));
+  ASSERT_TRUE(WaitUntil([&] { return view_.EvaluateInPage("document.hasFocus()") == "false"; }));
+  EXPECT_TRUE(view_->GoToPlace(server_.Url() + "#x"));
+  EXPECT_TRUE(Hears("Behind"));
+  gtk_widget_destroy(other);
+}
+
+TEST_F(PageChangeTest, APlaceThatIsNotThereIsSaidToBeMissing) {
+  Load("<a href='#gone'>Go</a><p>Text</p>");
+  EXPECT_TRUE(view_->GoToPlace(server_.Url() + "#gone"));
+  EXPECT_TRUE(Hears("There is no such place in the page"));
+  EXPECT_THAT(view_.places, IsEmpty());
+}
+
+TEST_F(PageChangeTest, OtherAddressesAreNoPlaces) {
+  Load("<p id=x>Text</p>");
+  for (const std::string& address :
+       {server_.Url(), server_.Url("/other#x"), server_.Url() + "#/x", server_.Url() + "#!x"}) {
+    EXPECT_FALSE(view_->GoToPlace(address)) << address;
+  }
+}
+
+TEST_F(PageChangeTest, APageThatRunsNoScriptsHasPlacesToo) {
+  server_.Page("/", "<title>A</title><a href='#x'>Go</a><p id=x>Here</p>", "text/html",
+               {{"Content-Security-Policy", "sandbox"}});
+  view_.Go(server_.Url());
+  view_.log.clear();
+  EXPECT_TRUE(view_->GoToPlace(server_.Url() + "#x"));
+  EXPECT_TRUE(WaitUntil([&] { return view_->LocationURL() == server_.Url() + "#x"; }));
+  // Some such documents have this part of the page scripts, others are read again.
+  EXPECT_TRUE(WaitUntil([&] { return view_.Count("say Here") + view_.Count("complete") > 0; }));
+}
+
 TEST_F(PageChangeTest, MuchNewTextIsTold) {
   Load(
       "<button>More</button><div id=d></div><script>document.querySelector('button').onclick ="

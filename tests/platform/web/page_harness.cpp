@@ -118,7 +118,11 @@ EngineView::Listener TestView::Listener() {
           [this](const std::string& text) { log.push_back("say " + text); },
           [this] { new_window(); },
           [this] { log.push_back("close"); },
-          [this](const FileRequest& request) { files(request); }};
+          [this](const FileRequest& request) { files(request); },
+          [this](const PagePlace& place) {
+            places.push_back(place);
+            if (!place.words.empty()) log.push_back("say " + place.words);
+          }};
 }
 
 void TestView::Show() {

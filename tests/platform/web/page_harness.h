@@ -50,6 +50,8 @@ class TestView {
   /// "begin", "complete", "close", "status TEXT" and "say TEXT" in the order
   /// reported.
   std::vector<std::string> log;
+  /// The places that the user was led to; their words are in the log as well.
+  std::vector<PagePlace> places;
   std::vector<std::string> EventsWithoutStatus() const;
   bool HasStatus(const std::string& part) const;
   /// What the user was to hear.

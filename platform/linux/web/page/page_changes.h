@@ -8,6 +8,7 @@
 #include "platform/linux/web/page/page_script.h"
 #include "platform/linux/web/requests/allowance.h"
 #include "platform/linux/web/requests/page_notices.h"
+#include "platform/web_browser.h"
 
 namespace corvane::desktop {
 
@@ -22,17 +23,25 @@ class PageChanges {
     std::function<void()> read;
     /// Speaks a text.
     std::function<void(const std::string&)> say;
+    /// The user has been led to another place in the page.
+    std::function<void(const PagePlace&)> place;
   };
   /// `notices`: of the view; for what any page could bring about at any time.
   PageChanges(WebKitWebView* view, PageNotices& notices, Host host);
 
+  /// Goes to a place in the page as the link with that address would, and tells of it.
+  /// `refused` is called instead where the page runs no scripts.
+  void Jump(const std::string& address, std::function<void()> refused);
+
  private:
+  void TellPlace(const std::string& text);
   void Receive(const std::string& kind, const std::string& text);
 
   // A person does not do more than this; a page process gone bad might say so.
   static constexpr int kMost = 40;
   static constexpr int kSeconds = 60;
 
+  WebKitWebView* view_;
   PageNotices& notices_;
   Host host_;
   Allowance allowance_{kMost, kSeconds};

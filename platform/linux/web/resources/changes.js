@@ -214,9 +214,54 @@
     }
   }
 
-  // What stands at the place that an address within the page names: the first words
-  // there, none when the focus goes there and is told by itself.
-  const wordsAt = (hash) => {
+  // --- places in the page ------------------------------------------------------
+
+  const getter = (type, name) => {
+    const read = Object.getOwnPropertyDescriptor(type.prototype, name).get;
+    return (object) => read.call(object);
+  };
+  const parentOf = getter(Node, 'parentNode');
+  const previousOf = getter(Node, 'previousSibling');
+  const innerTextOf = getter(HTMLElement, 'innerText');
+
+  const shownText = (node) => {
+    if (node instanceof Text) return node.data;
+    if (!(node instanceof Element) || !Element.prototype.checkVisibility.call(node)) return '';
+    return node instanceof HTMLElement ? innerTextOf(node) : node.textContent;
+  };
+
+  // How many characters of the page's text stand in front of the node. Blanks are left
+  // out: a text loses some and gains others on its way to who reads it.
+  const charactersBefore = (target) => {
+    const uncounted = /[ \t\n\v\f\r\u00A0\uDC00-\uDFFF]+/g;  // and the second half of a pair
+    let count = 0;
+    for (let node = target; node; node = parentOf(node)) {
+      if (node instanceof HTMLBodyElement) return count;
+      for (let near = previousOf(node); near; near = previousOf(near)) {
+        count += shownText(near).replace(uncounted, '').length;
+      }
+    }
+    return 0;  // beside the body
+  };
+
+  // The first words at the place; none when the focus goes there and is told by itself.
+  const wordsAt = (target) => {
+    if (activeElement() === target && document.hasFocus()) return '';
+    if (target instanceof HTMLElement) {
+      const own = words(innerTextOf(target).trim().split('\n')[0]);
+      if (own) return own;
+    }
+    const walker = document.createTreeWalker(root(), NodeFilter.SHOW_TEXT);
+    walker.currentNode = target;
+    for (let node = walker.nextNode(); node; node = walker.nextNode()) {
+      const text = words(node.data);
+      if (text && node.parentElement?.checkVisibility()) return text;
+    }
+    return '';
+  };
+
+  // Tells of the place that an address within the page names; false where there is none.
+  const tellPlace = (hash) => {
     let id = hash.slice(1);
     try {
       id = decodeURIComponent(id);
@@ -225,33 +270,47 @@
     }
     const target = elementById(id) ??
       Array.prototype.find.call(all('a[name]'), (anchor) => anchor.name === id);
-    if (!target) return id === '' || id === 'top' ? {top: true} : null;
-    if (activeElement() === target) return null;
-    if (target instanceof HTMLElement) {
-      const own = words(target.innerText.trim().split('\n')[0]);
-      if (own) return {words: own};
+    if (target) {
+      post('jumped', `${charactersBefore(target)}\n${wordsAt(target)}`);
+    } else if (id === '' || id === 'top') {
+      post('top');
+    } else {
+      return false;
     }
-    const walker = document.createTreeWalker(root(), NodeFilter.SHOW_TEXT);
-    walker.currentNode = target;
-    for (let node = walker.nextNode(); node; node = walker.nextNode()) {
-      const text = words(node.data);
-      if (text && node.parentElement?.checkVisibility()) return {words: text};
-    }
-    return null;
+    return true;
   };
 
-  const followed = (event, link) => {
-    const url = new URL(link.href);
+  // The name of the place in this page that an address leads to, from its "#" on; null
+  // for any other address.
+  const placeIn = (address) => {
+    const url = new URL(address);
     const here = new URL(location.href);
     const {hash} = url;
-    if (/^#[!/]/.test(hash) || !link.href.includes('#')) return;
+    if (/^#[!/]/.test(hash) || !address.includes('#')) return null;
     url.hash = here.hash = '';
-    if (url.href !== here.href) return;
+    return url.href === here.href ? hash : null;
+  };
+
+  // The page goes where its link leads when its scripts have had their say.
+  const followed = (event, link) => {
+    const place = placeIn(link.href);
+    if (place === null) return;
     setTimeout(() => {
-      if (event.defaultPrevented) return;
-      const place = wordsAt(hash);
-      if (place) post(place.top ? 'top' : 'jumped', place.words);
+      if (!event.defaultPrevented) tellPlace(place);
     }, 0);
+  };
+
+  // Goes to a place in this page as the link that leads there would.
+  const jump = (address) => {
+    const link = globalThis.corvane?.findLink?.(address);
+    const click = new MouseEvent('click', {bubbles: true, cancelable: true, composed: true});
+    action?.end();
+    action = new Action(link ?? null);
+    if (link) EventTarget.prototype.dispatchEvent.call(link, click);
+    else location.assign(address);
+    // Not later: a document that runs no scripts knows no later.
+    if (!click.defaultPrevented && !tellPlace(placeIn(address) ?? '')) post('nowhere');
+    return 'done';
   };
 
   const acted = (event) => {
@@ -279,5 +338,5 @@
     if (!writes && (event.key === 'Enter' || event.key === ' ')) acted(event);
   }, {capture: true, passive: true});
 
-  Object.defineProperty(globalThis, 'corvaneChanges', {value: Object.freeze({filled})});
+  Object.defineProperty(globalThis, 'corvaneChanges', {value: Object.freeze({filled, jump})});
 })();
