@@ -16,12 +16,12 @@ constexpr std::array<const char*, kToolbarButtons> kCaptions = {
 
 }  // namespace
 
-PaneControls::PaneControls(Desktop& desktop)
+PaneControls::PaneControls(Desktop& desktop, const Manner& manner)
     : ELAMain(desktop.CreateElasticFrame("ELAMain")),
       Timer1(desktop.CreateTimer()),
       ELABottom(desktop.CreateElasticFrame("ELABottom")),
       ELARight(desktop.CreateElasticFrame("ELARight")),
-      ctlText1(desktop, "ctlText1"),
+      ctlText1(desktop, "ctlText1", manner),
       ELABrowser(desktop.CreateElasticFrame("ELABrowser")),
       brwWebBrowser(desktop.CreateWebBrowser("brwWebBrowser")),
       ELASideBar(desktop.CreateElasticFrame("ELASideBar")),

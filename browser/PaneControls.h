@@ -23,7 +23,7 @@ enum ToolbarButton : int {
 /// The browser pane's child controls, made in the order of the pane's design and
 /// put into each other. They have no behaviour here.
 struct PaneControls {
-  explicit PaneControls(Desktop& desktop);
+  PaneControls(Desktop& desktop, const Manner& manner);
 
   std::unique_ptr<ElasticFrame> ELAMain;
   std::unique_ptr<Timer> Timer1;  ///< retry of the accessibility tree's refresh

@@ -13,8 +13,9 @@ constexpr std::size_t kMirrorBound = 12700;  // no piece starts at or behind thi
 
 }  // namespace
 
-ctlText::ctlText(Desktop& desktop, const std::string& name)
+ctlText::ctlText(Desktop& desktop, const std::string& name, const Manner& manner)
     : desktop_(desktop),
+      manner_(manner),
       frame_(desktop.CreateElasticFrame(name)),
       Text1_(desktop.CreateRichTextBox("Text1")),
       List1_(desktop.CreateListBox("List1")),
@@ -34,16 +35,24 @@ ctlText::ctlText(Desktop& desktop, const std::string& name)
 void ctlText::AddText(const std::string& strText, const bool& blnMoveCur,
                       const std::function<void()>& appended) {
   if (strText.empty()) return;
+  if (blnMoveCur && manner_.keep_place) {
+    ErrorsIgnored([&] { Text1_->Append(strText); });
+  } else {
+    Insert(strText, blnMoveCur);
+  }
+  if (appended) ErrorsIgnored(appended);
+  Mirror(strText);
+}
+
+void ctlText::Insert(const std::string& strText, bool move_caret) {
   int end = 0;
   ErrorsIgnored([&] { end = Text1_->TextLength(); }, [&] { Text1_->SetSelStart(end); },
                 [&] { Text1_->SetSelText(strText); });
-  if (blnMoveCur) {
+  if (move_caret) {
     ErrorsIgnored([&] { Text1_->SetSelStart(Text1_->TextLength()); });
   } else {
     ErrorsIgnored([&] { Text1_->SetSelStart(end); }, [&] { Text1_->SetSelText(""); });
   }
-  if (appended) ErrorsIgnored(appended);
-  Mirror(strText);
 }
 
 // The loop's test is strict on purpose: the last character of a text whose

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "base/handling.h"
+#include "base/manner.h"
 #include "platform/desktop.h"
 
 namespace corvane {
@@ -16,15 +17,16 @@ namespace corvane {
 /// the newest text. It speaks nothing; keys and selection changes go to its host.
 class ctlText {
  public:
-  ctlText(Desktop& desktop, const std::string& name);
+  /// `manner` must outlive the control.
+  ctlText(Desktop& desktop, const std::string& name, const Manner& manner = kEstablishedManner);
 
   /// The control itself, for the frame that it stands in.
   ElasticFrame& Frame() { return *frame_; }
 
-  /// Appends `strText` at the end. With `blnMoveCur` the caret goes behind it,
-  /// otherwise to its first character. Then it is mirrored, and waiting events run
-  /// between the pieces: what must come before their work is for `appended`, which
-  /// is called as soon as the text stands in the box. An empty text is left out.
+  /// Appends `strText` at the end. With `blnMoveCur` the caret goes behind it, unless
+  /// the manner keeps the reader's place; otherwise to its first character. Then it is mirrored,
+  /// and waiting events run between the pieces: what must come before their work is for `appended`,
+  /// which is called as soon as the text stands in the box. An empty text is left out.
   void AddText(const std::string& strText, const bool& blnMoveCur,
                const std::function<void()>& appended = nullptr);
   /// Empties the visible text; the mirror keeps its entries.
@@ -139,10 +141,12 @@ class ctlText {
   void Write(Value Format::*field, const Value& value) {
     ErrorsIgnored([&] { Text1_->ChangeSelFormat([&](Format& format) { format.*field = value; }); });
   }
+  void Insert(const std::string& strText, bool move_caret);
   void Mirror(const std::string& strText);
   void UserControl_Resize();
 
   Desktop& desktop_;
+  const Manner& manner_;
   std::unique_ptr<ElasticFrame> frame_;
   std::unique_ptr<RichTextBox> Text1_;
   std::unique_ptr<ListBox> List1_;

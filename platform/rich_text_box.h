@@ -59,6 +59,8 @@ class RichTextBox : public Control {
   virtual std::string SelText() const = 0;
   /// Replaces the selection and leaves the caret behind the new text.
   virtual void SetSelText(const std::string& text) = 0;
+  /// Adds the text at the end, on a line of its own; caret and selection stay.
+  virtual void Append(const std::string& text) = 0;
   virtual std::string SelRTF() const = 0;
   virtual void SetSelRTF(const std::string& rtf) = 0;
   virtual Format SelFormat() const = 0;

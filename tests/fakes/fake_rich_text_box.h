@@ -45,6 +45,15 @@ class FakeRichTextBox : public FakeControl<RichTextBox> {
     start += static_cast<int>(text::length(added));
     length = 0;
   }
+  void Append(const std::string& value) override {
+    const int caret = start;
+    const int selected = length;
+    start = TextLength();
+    length = 0;
+    SetSelText(text.empty() || text.back() == '\n' ? value : "\n" + value);
+    start = caret;
+    length = selected;
+  }
   std::string SelRTF() const override { return "{\\rtf1 " + SelText() + "}"; }
   void SetSelRTF(const std::string& rtf) override { SetSelText(rtf.substr(7, rtf.size() - 8)); }
   Format SelFormat() const override {
@@ -100,6 +109,49 @@ class FakeRichTextBox : public FakeControl<RichTextBox> {
   int printed_on = 0;
 
  private:
+  void Act(int code, int shift, int character) override {
+    try {
+      Move(code, shift, character);
+    } catch (const RunTimeError&) {
+      // it fails: so does the key
+    }
+  }
+  void Move(int code, int shift, int character) {
+    const int line = GetLineFromChar(start);
+    const int column = start - LineIndex(line);
+    const auto to_line = [&](int wanted) {
+      const int at = LineIndex(wanted);
+      if (at >= 0) SetSelStart(at + std::min(column, LineLength(at)));
+    };
+    const auto erase = [&](int from, int count) {
+      start = from;
+      length = count;
+      SetSelText("");
+    };
+    switch (code) {
+      case kKeyLeft:
+        return SetSelStart(std::max(start - 1, 0));
+      case kKeyRight:
+        return SetSelStart(start + 1);
+      case kKeyUp:
+        return line > 0 ? to_line(line - 1) : void();
+      case kKeyDown:
+        return to_line(line + 1);
+      case kKeyHome:
+        return SetSelStart(LineIndex(line));
+      case kKeyEnd:
+        return SetSelStart(LineIndex(line) + LineLength(start));
+      case kKeyBackspace:
+        if (length > 0) return SetSelText("");
+        return start > 0 ? erase(start - 1, 1) : void();
+      case kKeyDelete:
+        if (length > 0) return SetSelText("");
+        return start < TextLength() ? erase(start, 1) : void();
+      default:
+        if (character < ' ' || (shift & (kCtrlMask | kAltMask)) != 0) return;
+        SetSelText(text::character(character));
+    }
+  }
   std::vector<std::string> Lines() const {
     std::vector<std::string> lines(1);
     for (const char c : text) {

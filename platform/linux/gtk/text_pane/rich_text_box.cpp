@@ -229,24 +229,45 @@ void RichTextBoxControl::SetSelRTF(const std::string& rtf) {
 // Replaces the selection by text in the format of the caret.
 void RichTextBoxControl::Insert(const std::string& text) {
   const Format format = SelFormat();
-  const bool plain = !typing_ && !tags_.Used();
   Gtk::TextIter start;
   Gtk::TextIter end;
   Selection(start, end);
   if (start != end) start = buffer_->erase(start, end);
+  const auto behind = InsertAt(start, text, format);
+  if (!text.empty()) buffer_->place_cursor(behind);
+}
+
+// Answers with the place behind the text.
+Gtk::TextIter RichTextBoxControl::InsertAt(const Gtk::TextIter& start, const std::string& text,
+                                           const Format& format) {
+  const bool plain = !typing_ && !tags_.Used();
   const int from = start.get_offset();
   const auto prepared = SoftBreaks::Prepare(text, start.get_line_offset());
+  auto place = *start.gobj();
   if (!prepared.empty()) {
-    auto place = *start.gobj();
     gtk_text_buffer_insert(buffer_->gobj(), &place, prepared.data(),
                            static_cast<int>(prepared.size()));
     if (!plain) {
       tags_.Apply(format, buffer_->get_iter_at_offset(from),
                   buffer_->get_iter_at_offset(gtk_text_iter_get_offset(&place)));
     }
-    gtk_text_buffer_place_cursor(buffer_->gobj(), &place);
   }
   if (tags_.Used()) lines_.Restyled(true);
+  return buffer_->get_iter_at_offset(gtk_text_iter_get_offset(&place));
+}
+
+// Marks that stand at the very end go along with what is inserted there.
+void RichTextBoxControl::Append(const std::string& text) {
+  const Change change(*this);
+  const int caret = buffer_->get_insert()->get_iter().get_offset();
+  const int bound = buffer_->get_selection_bound()->get_iter().get_offset();
+  const auto end = buffer_->end();
+  const int length = end.get_offset();
+  const auto format = tags_.At(end);
+  InsertAt(end, end.starts_line() ? text : "\n" + text, format);
+  if (caret == length || bound == length) {
+    buffer_->select_range(buffer_->get_iter_at_offset(caret), buffer_->get_iter_at_offset(bound));
+  }
 }
 
 void RichTextBoxControl::InsertStyled(const StyledText& text) {

@@ -39,6 +39,7 @@ class RichTextBoxControl : public WidgetControl<RichTextBox> {
   void SetSelLength(int length) override;
   std::string SelText() const override;
   void SetSelText(const std::string& text) override;
+  void Append(const std::string& text) override;
   std::string SelRTF() const override;
   void SetSelRTF(const std::string& rtf) override;
   Format SelFormat() const override;
@@ -59,6 +60,7 @@ class RichTextBoxControl : public WidgetControl<RichTextBox> {
   Gtk::TextIter IterAt(int position) const;
   void Selection(Gtk::TextIter& start, Gtk::TextIter& end) const;
   void Insert(const std::string& text);
+  Gtk::TextIter InsertAt(const Gtk::TextIter& start, const std::string& text, const Format& format);
   void InsertStyled(const StyledText& text);
   StyledText Styled(Gtk::TextIter start, const Gtk::TextIter& end) const;
   void ReplaceAll(const std::function<void()>& insert);

@@ -97,5 +97,25 @@ TEST_F(RichTextBoxTest, CutCopyAndPasteGoThroughTheClipboard) {
   WaitFor("the copy", [&] { return copied == "two"; });
 }
 
+TEST_F(RichTextBoxTest, WhatIsAppendedLeavesCaretAndSelectionAlone) {
+  Show();
+  box_.SetText("one\ntwo");
+  int changes = 0;
+  listening_ += box_.SelChange.Connect([&] { ++changes; });
+  box_.Append("three\r\n");
+  EXPECT_EQ(box_.Text(), "one\ntwo\nthree\n") << "on a line of its own";
+  EXPECT_EQ(box_.SelStart(), 0);
+  Select(4, 3);
+  changes = 0;
+  box_.Append("four");
+  EXPECT_EQ(box_.SelText(), "two");
+  EXPECT_EQ(changes, 0);
+  box_.SetSelStart(box_.TextLength());
+  const int end = box_.SelStart();
+  box_.Append("five");
+  EXPECT_EQ(box_.SelStart(), end) << "also at the end";
+  EXPECT_EQ(box_.Text(), "one\ntwo\nthree\nfour\nfive");
+}
+
 }  // namespace
 }  // namespace corvane::desktop
