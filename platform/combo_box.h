@@ -7,8 +7,9 @@
 
 namespace corvane {
 
-/// An edit field with a list, drop-down or always visible (simple). Positions
-/// and lengths in the field are counted in characters.
+/// An edit field with a list, drop-down or always visible (simple). The field of a
+/// simple box shows its list's entries only: it is not typed into, letters look for an
+/// entry. Positions and lengths in the field are counted in characters.
 class ComboBox : public Control {
  public:
   enum class Style { DropDown, Simple };
@@ -32,7 +33,10 @@ class ComboBox : public Control {
 
   /// An entry was selected: with the keyboard, the pointer or SetListIndex.
   Event<> Click;
+  /// An entry of a simple box's list was double-clicked.
   Event<> DblClick;
+  /// The cursor has come to this entry of the drop-down list while it is open.
+  Event<const std::string&> Highlight;
 };
 
 }  // namespace corvane

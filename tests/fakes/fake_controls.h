@@ -18,6 +18,8 @@ namespace corvane::fakes {
 
 class FakeDesktop;
 
+inline constexpr int kKeyEnd = 35;  ///< of no meaning to the product
+
 /// What every fake control can do: it remembers sizes and reports its focus to
 /// the desktop's journal.
 template <class Port>
@@ -44,21 +46,11 @@ class FakeControl : public Port {
   }
   void SetAccessibleName(const std::string& value) override { accessible_name = value; }
 
-  /// A key pressed and released by the user; true when the control was allowed
-  /// to act on it. A control that goes because of it hears no more.
-  bool Press(int code, int shift = 0, int character = 0) {
-    const std::weak_ptr<int> alive = life_;
-    KeyEvent down{code, shift};
-    this->KeyDown.Raise(down);
-    bool acts = down.KeyCode != 0;
-    if (acts && character != 0 && !alive.expired()) {
-      this->KeyPress.Raise(character);
-      acts = character != 0;
-    }
-    KeyEvent up{code, shift};
-    if (!alive.expired() && down.KeyCode != 0) this->KeyUp.Raise(up);
-    return acts;
-  }
+  /// A key pressed by the user and released wherever the focus is then; true when the
+  /// control was allowed to act on it, which it then does. As on the screen, a control
+  /// hears no release of a modifier, nor of a key that a handler has used or after which
+  /// the focus, or the control itself, has gone.
+  bool Press(int code, int shift = 0, int character = 0);
 
   const std::string name;
   bool visible = true;
@@ -68,6 +60,8 @@ class FakeControl : public Port {
   std::string accessible_name;
 
  protected:
+  /// What the control does with a key that its handlers leave to it.
+  virtual void Act(int /*code*/, int /*shift*/, int /*character*/) {}
   /// Raises an error while the desktop says that this control fails.
   void Work() const;
   FakeDesktop& desktop_;
@@ -124,14 +118,25 @@ class FakeCommandButton : public FakeControl<CommandButton> {
 
 class FakeComboBox : public FakeControl<ComboBox> {
  public:
-  using FakeControl::FakeControl;
+  FakeComboBox(FakeDesktop& desktop, const std::string& control_name, Style style)
+      : FakeControl(desktop, control_name), editable(style == Style::DropDown) {}
+
+  /// What was there is selected for typing over it, after the handlers have been told.
+  void SetFocus() override {
+    FakeControl::SetFocus();
+    caret = 0;
+    selected = Length();
+  }
   std::string Text() const override { return text; }
   void SetText(const std::string& value) override {
     text = value;
-    caret = 0;
+    SetSelStart(0);
   }
   int SelStart() const override { return caret; }
-  void SetSelStart(int position) override { caret = position; }
+  void SetSelStart(int position) override {
+    caret = position;
+    selected = 0;
+  }
   int ListCount() const override { return static_cast<int>(list.size()); }
   std::string List(int at) const override { return list.at(static_cast<std::size_t>(at)); }
   void AddItem(const std::string& value) override { list.push_back(value); }
@@ -143,14 +148,74 @@ class FakeComboBox : public FakeControl<ComboBox> {
   int ListIndex() const override { return index; }
   void SetListIndex(int value) override {
     index = value;
-    text = list.at(static_cast<std::size_t>(value));
+    SetText(list.at(static_cast<std::size_t>(value)));
     Click.Raise();
+  }
+  /// Types ASCII text, key by key.
+  void Type(const std::string& characters) {
+    for (const char c : characters) {
+      Press(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c, 0, static_cast<unsigned char>(c));
+    }
   }
 
   std::string text;
   int caret = 0;
+  int selected = 0;  ///< characters from the caret on
   std::vector<std::string> list;
   int index = -1;
+  const bool editable;
+
+ private:
+  int Length() const { return static_cast<int>(text::length(text)); }
+  void Replace(int from, int count, const std::string& with) {
+    const auto first = static_cast<std::size_t>(from);
+    text = text::left(text, first) + with +
+           text::mid(text, first + static_cast<std::size_t>(count) + 1);
+    SetSelStart(from + static_cast<int>(text::length(with)));
+    index = -1;
+  }
+  void Walk(int step) {
+    const int to = std::clamp(index + step, 0, ListCount() - 1);
+    if (to != index && to < ListCount()) SetListIndex(to);
+  }
+  void FindLetter(int letter) {
+    for (int step = 1; step <= ListCount(); ++step) {
+      const int at = (index + step) % ListCount();
+      if (text::same_ignoring_case(text::left(List(at), 1),
+                                   std::string(1, static_cast<char>(letter)))) {
+        return SetListIndex(at);
+      }
+    }
+  }
+  void Act(int code, int shift, int character) override {
+    switch (code) {
+      case kKeyUp:
+      case kKeyDown:
+        return Walk(code == kKeyUp ? -1 : 1);
+      case kKeyLeft:
+        return SetSelStart(std::max(caret - 1, 0));
+      case kKeyRight:
+        return SetSelStart(std::min(caret + 1, Length()));
+      case kKeyHome:
+        return SetSelStart(0);
+      case kKeyEnd:
+        return SetSelStart(Length());
+      case kKeyBackspace:
+      case kKeyDelete:
+        if (!editable) return;
+        if (selected > 0) return Replace(caret, selected, "");
+        if (code == kKeyDelete) return Replace(caret, 1, "");
+        if (caret > 0) Replace(caret - 1, 1, "");
+        return;
+      default:
+        if (character < ' ' || (shift & (kCtrlMask | kAltMask)) != 0) return;
+        if (editable) {
+          Replace(caret, selected, text::character(character));
+        } else {
+          FindLetter(character);
+        }
+    }
+  }
 };
 
 class FakeStatusBar : public FakeControl<StatusBar> {

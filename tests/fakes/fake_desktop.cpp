@@ -4,9 +4,9 @@ namespace corvane::fakes {
 namespace {
 
 // Remembers a control as the newest of its name.
-template <class Fake>
-std::unique_ptr<Fake> made(FakeDesktop& desktop, const std::string& name) {
-  auto control = std::make_unique<Fake>(desktop, name);
+template <class Fake, class... More>
+std::unique_ptr<Fake> made(FakeDesktop& desktop, const std::string& name, More... more) {
+  auto control = std::make_unique<Fake>(desktop, name, more...);
   desktop.living[{name, typeid(Fake)}].push_back(control.get());
   return control;
 }
@@ -85,8 +85,9 @@ std::unique_ptr<Form> FakeDesktop::CreateForm(const std::string& name) {
 std::unique_ptr<ElasticFrame> FakeDesktop::CreateElasticFrame(const std::string& name) {
   return made<FakeElasticFrame>(*this, name);
 }
-std::unique_ptr<ComboBox> FakeDesktop::CreateComboBox(const std::string& name, ComboBox::Style) {
-  return made<FakeComboBox>(*this, name);
+std::unique_ptr<ComboBox> FakeDesktop::CreateComboBox(const std::string& name,
+                                                      ComboBox::Style style) {
+  return made<FakeComboBox>(*this, name, style);
 }
 std::unique_ptr<CommandButton> FakeDesktop::CreateCommandButton(const std::string& name) {
   return made<FakeCommandButton>(*this, name);

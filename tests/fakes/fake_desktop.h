@@ -277,8 +277,8 @@ class FakeDesktop : public Desktop {
   int downloads = 0;               ///< how often their list was shown
   std::vector<FakeTimer*> timers;  ///< in the order of their making
   FakeActivationHook* hook = nullptr;
-  FakeHook<KeyboardHook>* keyboard_hook = nullptr;  ///< the one made last
-  std::vector<FakeKeyboardHook*> keyboard_hooks;    ///< all that live
+  FakeKeyboardHook* keyboard_hook = nullptr;      ///< the one made last
+  std::vector<FakeKeyboardHook*> keyboard_hooks;  ///< all that live
   FakeMessageHook* message_hook = nullptr;
   FakeRebarWindow* rebar = nullptr;
   std::string focus;    ///< the control that was focused last
@@ -307,6 +307,27 @@ FakeControl<Port>::~FakeControl() {
 template <class Port>
 void FakeControl<Port>::Work() const {
   if (desktop_.failing == name) throw RunTimeError(kErrDeviceIo, name, "Device I/O error");
+}
+
+template <class Port>
+bool FakeControl<Port>::Press(int code, int shift, int character) {
+  const FakeDesktop& desktop = desktop_;
+  const std::string focus = desktop.focus;
+  const auto is_here = [&, alive = std::weak_ptr(life_)] {
+    return !alive.expired() && desktop.focus == focus;
+  };
+  KeyEvent down{code, shift};
+  this->KeyDown.Raise(down);
+  bool acts = down.KeyCode != 0 && is_here();
+  if (acts && character != 0) {
+    this->KeyPress.Raise(character);
+    acts = character != 0 && is_here();
+  }
+  if (acts) Act(code, shift, character);
+  const bool modifier = code == kKeyShift || code == kKeyControl || code == kKeyAlt;
+  KeyEvent up{code, shift};
+  if (!modifier && down.KeyCode != 0 && is_here()) this->KeyUp.Raise(up);
+  return acts;
 }
 
 template <class Port>

@@ -19,4 +19,7 @@ std::string WithoutMnemonic(const std::string& caption);
 /// Text on one line: every line end becomes a blank.
 std::string OnOneLine(const std::string& text);
 
+/// The letter as it is compared when entries are looked for.
+inline gunichar Folded(gunichar letter) { return g_unichar_tolower(letter); }
+
 }  // namespace corvane::desktop

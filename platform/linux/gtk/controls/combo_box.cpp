@@ -17,7 +17,16 @@ std::unique_ptr<ComboBoxControl> ComboBoxControl::Create(const std::string& name
 
 std::string ComboBoxControl::Text() const { return Field().get_text(); }
 
-void ComboBoxControl::SetText(const std::string& text) { Field().set_text(Valid(OnOneLine(text))); }
+// What replaces a text that is selected for typing over it is selected, too.
+void ComboBoxControl::SetText(const std::string& text) {
+  Gtk::Entry& field = Field();
+  int start = 0;
+  int end = 0;
+  const bool whole = field.has_focus() && field.get_selection_bounds(start, end) && start == 0 &&
+                     end == static_cast<int>(field.get_text_length());
+  field.set_text(Valid(OnOneLine(text)));
+  if (whole) field.select_region(0, -1);
+}
 
 int ComboBoxControl::SelStart() const {
   int start = 0;

@@ -4,6 +4,10 @@
 #include <gtkmm/cssprovider.h>
 #include <gtkmm/stylecontext.h>
 
+#include "platform/linux/gtk/post.h"
+#include "platform/linux/gtk/text.h"
+#include "platform/linux/gtk/virtual_key.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -14,6 +18,22 @@ void KeepArrowOutOfTabOrder(GtkWidget* widget, gpointer) {
   } else if (GTK_IS_CONTAINER(widget)) {
     gtk_container_forall(GTK_CONTAINER(widget), &KeepArrowOutOfTabOrder, nullptr);
   }
+}
+
+void FindList(GtkWidget* widget, gpointer found) {
+  if (GTK_IS_TREE_VIEW(widget)) {
+    *static_cast<GtkTreeView**>(found) = GTK_TREE_VIEW(widget);
+  } else if (GTK_IS_CONTAINER(widget)) {
+    gtk_container_forall(GTK_CONTAINER(widget), &FindList, found);
+  }
+}
+
+// The toolkit gives out its open list for other readers only.
+Gtk::TreeView* OpenListOf(Gtk::ComboBox& combo) {
+  AtkObject* popup = gtk_combo_box_get_popup_accessible(combo.gobj());
+  GtkTreeView* found = nullptr;
+  if (GTK_IS_ACCESSIBLE(popup)) FindList(gtk_accessible_get_widget(GTK_ACCESSIBLE(popup)), &found);
+  return found == nullptr ? nullptr : Glib::wrap(found);
 }
 
 }  // namespace
@@ -35,8 +55,19 @@ DropDownCombo::DropDownCombo(const std::string& name, WindowTable& windows) : co
     if (chosen < 0) {
       Typed();
     } else {
+      chosen_ = true;
       Choose(chosen);
     }
+  });
+  combo_.property_popup_shown().signal_changed().connect([this] {
+    PostToLoop([self = self_] {
+      if (!*self) return;
+      if ((*self)->combo_.property_popup_shown()) {
+        (*self)->ListShown();
+      } else {
+        (*self)->ListHidden();
+      }
+    });
   });
   field.signal_key_press_event().connect([this](GdkEventKey* event) { return Key(*event); }, false);
 }
@@ -55,6 +86,55 @@ bool DropDownCombo::Key(const GdkEventKey& event) {
   if (event.keyval != GDK_KEY_F4 || (event.state & gtk_accelerator_get_default_mod_mask()) != 0)
     return false;
   combo_.popup();
+  return true;
+}
+
+// The toolkit's list has its cursor nowhere when the field shows none of its entries.
+void DropDownCombo::ListShown() {
+  told_ = -1;
+  chosen_ = false;
+  Gtk::TreeView* list = OpenListOf(combo_);
+  if (list == nullptr) return;
+  if (list != list_) {
+    list_ = list;
+    list_->signal_cursor_changed().connect([this] { TellCursor(); });
+    list_->signal_key_press_event().connect([this](GdkEventKey* event) { return ListKey(*event); },
+                                            false);
+  }
+  Gtk::TreePath cursor;
+  Gtk::TreeViewColumn* column = nullptr;
+  list_->get_cursor(cursor, column);
+  if (cursor.empty() && ListCount() > 0) list_->set_cursor(Gtk::TreePath("0"));
+  TellCursor();
+}
+
+// An entry that was chosen says itself.
+void DropDownCombo::ListHidden() {
+  if (!chosen_) binding().FocusIsBack();
+}
+
+void DropDownCombo::TellCursor() {
+  if (!combo_.property_popup_shown()) return;
+  Gtk::TreePath cursor;
+  Gtk::TreeViewColumn* column = nullptr;
+  list_->get_cursor(cursor, column);
+  if (cursor.empty() || cursor[0] == told_ || !lines_.Has(cursor[0])) return;
+  told_ = cursor[0];
+  Highlight.Raise(lines_.At(told_));
+}
+
+bool DropDownCombo::ListKey(const GdkEventKey& event) {
+  const gunichar letter = gdk_keyval_to_unicode(event.keyval);
+  const bool looks = (ShiftState(event.state) & ~kShiftMask) == 0 && g_unichar_isgraph(letter);
+  if (letter == 0 || !looks) return false;
+  const int found = lines_.NextWith(letter, told_);
+  if (found == told_ || found < 0) {
+    if (lines_.Has(told_)) Highlight.Raise(lines_.At(told_));  // hears where he is
+  } else {
+    Gtk::TreePath path;
+    path.push_back(found);
+    list_->set_cursor(path);
+  }
   return true;
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <gtkmm/combobox.h>
+#include <gtkmm/treeview.h>
 
+#include <memory>
 #include <string>
 
 #include "platform/linux/gtk/controls/combo_box.h"
@@ -9,11 +11,15 @@
 namespace corvane::desktop {
 
 /// A field with a list that drops down: Alt+Down or F4 opens it, Up and Down
-/// walk it while it is closed, from the entry that the field shows.
+/// walk it while it is closed, from the entry that the field shows. In the open list a
+/// letter leads to the next entry that begins with it.
 class DropDownCombo : public ComboBoxControl {
  public:
   DropDownCombo(const std::string& name, WindowTable& windows);
-  ~DropDownCombo() override { showing_ = true; }  // what the widgets tell as they go is no news
+  ~DropDownCombo() override {
+    showing_ = true;  // what the widgets tell as they go is no news
+    *self_ = nullptr;
+  }
   Gtk::Widget& widget() override { return combo_; }
   void SetText(const std::string& text) override;
 
@@ -24,8 +30,16 @@ class DropDownCombo : public ComboBoxControl {
 
  private:
   bool Key(const GdkEventKey& event);
+  void ListShown();
+  void ListHidden();
+  void TellCursor();
+  bool ListKey(const GdkEventKey& event);
 
   Gtk::ComboBox combo_;
+  Gtk::TreeView* list_ = nullptr;  // the open list, once there was one
+  int told_ = -1;                  // the entry that its cursor was told to be on
+  bool chosen_ = false;            // from the open list
+  std::shared_ptr<DropDownCombo*> self_ = std::make_shared<DropDownCombo*>(this);
 };
 
 }  // namespace corvane::desktop

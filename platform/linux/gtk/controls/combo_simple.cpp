@@ -16,6 +16,7 @@ SimpleCombo::SimpleCombo(const std::string& name, WindowTable& windows)
   scroll_.set_can_focus(false);
   scroll_.add(list_);
   field_.set_width_chars(10);
+  field_.set_editable(false);
   box_.pack_start(field_, false, true);
   box_.pack_start(scroll_, true, true);
   box_.set_vexpand(true);
@@ -24,9 +25,6 @@ SimpleCombo::SimpleCombo(const std::string& name, WindowTable& windows)
 
   field_.signal_key_press_event().connect([this](GdkEventKey* event) { return Key(*event); },
                                           false);
-  field_.signal_changed().connect([this] {
-    if (!showing_) Typed();
-  });
   list_.get_selection()->signal_changed().connect([this] {
     if (showing_) return;
     const auto chosen = list_.get_selection()->get_selected();
@@ -65,7 +63,19 @@ int SimpleCombo::PageSize() {
   return std::max(1, last[0] - first[0]);
 }
 
+// Who looks in vain, or finds what is chosen already, hears where he is.
+void SimpleCombo::FindLetter(gunichar letter) {
+  const int found = lines_.NextWith(letter, index_);
+  if (found < 0 || found == index_) return Click.Raise();
+  Choose(found);
+}
+
 bool SimpleCombo::Key(const GdkEventKey& event) {
+  const gunichar letter = gdk_keyval_to_unicode(event.keyval);
+  if ((ShiftState(event.state) & ~kShiftMask) == 0 && letter != 0 && g_unichar_isgraph(letter)) {
+    FindLetter(letter);
+    return true;
+  }
   if (ShiftState(event.state) != 0) return false;
   const int last = ListCount() - 1;
   int wanted = 0;

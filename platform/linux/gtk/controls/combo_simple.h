@@ -11,8 +11,9 @@
 namespace corvane::desktop {
 
 /// A field over a list that is always visible. The field alone takes the focus:
-/// Up, Down, Page Up and Page Down in it walk the list, all other keys edit. A
-/// double click on a line raises DblClick.
+/// Up, Down, Page Up and Page Down in it walk the list, a letter leads to the next line
+/// that begins with it; the other keys move the caret in the line. A double click on a
+/// line raises DblClick.
 class SimpleCombo : public ComboBoxControl {
  public:
   SimpleCombo(const std::string& name, WindowTable& windows);
@@ -27,6 +28,7 @@ class SimpleCombo : public ComboBoxControl {
  private:
   bool Key(const GdkEventKey& event);
   int PageSize();
+  void FindLetter(gunichar letter);
 
   Gtk::Box box_;
   Gtk::Entry field_;

@@ -3,6 +3,7 @@
 #include <gtkmm/cellrenderertext.h>
 
 #include <algorithm>
+#include <string_view>
 
 #include "base/error.h"
 #include "platform/linux/gtk/text.h"
@@ -18,6 +19,16 @@ const Gtk::TreeModelColumnRecord& Columns() {
   return record;
 }
 
+gunichar FirstLetter(const std::string& text) {
+  std::string_view line = text;
+  if (const auto scheme = line.find("://"); scheme != std::string_view::npos) {
+    line.remove_prefix(scheme + 3);
+    if (line.starts_with("www.")) line.remove_prefix(4);
+  }
+  const auto shown = Valid(std::string(line.substr(0, 8)));
+  return shown.empty() ? 0 : Folded(shown[0]);
+}
+
 }  // namespace
 
 LineList::LineList() : model_(Gtk::ListStore::create(Columns())) {}
@@ -30,6 +41,14 @@ const std::string& LineList::At(int index) const {
 int LineList::Find(const std::string& text) const {
   const auto at = std::find(texts_.begin(), texts_.end(), text);
   return at == texts_.end() ? -1 : static_cast<int>(at - texts_.begin());
+}
+
+int LineList::NextWith(gunichar letter, int index) const {
+  for (int step = 1; step <= Count(); ++step) {
+    const int at = (std::max(index, -1) + step) % Count();
+    if (FirstLetter(At(at)) == Folded(letter)) return at;
+  }
+  return -1;
 }
 
 void LineList::Append(const std::string& text) {

@@ -20,6 +20,9 @@ class LineList {
   const std::string& At(int index) const;
   /// Where that line stands first; -1 when it is not there.
   int Find(const std::string& text) const;
+  /// The next line behind `index`, round and round, that begins with the letter; an
+  /// address begins behind its scheme. -1 when there is none.
+  int NextWith(gunichar letter, int index) const;
   bool Has(int index) const { return index >= 0 && index < Count(); }
   void Append(const std::string& text);
   /// Empties the list. The model is a new one: show it again.

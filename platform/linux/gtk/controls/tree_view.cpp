@@ -31,8 +31,6 @@ void TakeApart(Glib::RefPtr<TreeRows> rows) {
   });
 }
 
-gunichar Folded(gunichar character) { return g_unichar_tolower(character); }
-
 }  // namespace
 
 TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows,

@@ -97,14 +97,12 @@ TEST_P(ComboBoxTest, TheEndsOfTheListAreTheEnds) {
   EXPECT_EQ(clicks_.size(), 1U);
 }
 
-TEST_P(ComboBoxTest, TypingEditsTheFieldAndLeavesTheListAlone) {
+TEST_P(ComboBoxTest, KeysMoveTheCaretInTheField) {
   Make(GetParam());
   Fill(2);
   combo_->SetListIndex(1);
-  combo_->SetSelStart(6);
-  Press('x');
-  EXPECT_EQ(combo_->Text(), "item 1x");
-  EXPECT_EQ(combo_->ListIndex(), -1);
+  Press(GDK_KEY_End);
+  EXPECT_EQ(combo_->SelStart(), 6);
   Press(GDK_KEY_Home);
   EXPECT_EQ(combo_->SelStart(), 0);
   Press(GDK_KEY_Right);
@@ -176,6 +174,45 @@ INSTANTIATE_TEST_SUITE_P(Styles, ComboBoxTest,
 
 class SimpleComboTest : public ComboBoxTest {};
 
+TEST_F(SimpleComboTest, ALetterLeadsToTheNextLineThatBeginsWithIt) {
+  Make(ComboBox::Style::Simple);
+  for (const char* line :
+       {"3 lines", "The news", "https://www.weather.org/", "the \xC3\x84nd", "\xC3\x84pfel"}) {
+    combo_->AddItem(line);
+  }
+  Press('t');
+  Press('T', GDK_SHIFT_MASK);
+  Press('t');
+  Press('w');
+  Press(GDK_KEY_adiaeresis);
+  EXPECT_THAT(clicks_, ElementsAre("The news", "the \xC3\x84nd", "The news",
+                                   "https://www.weather.org/", "\xC3\x84pfel"));
+  Press(GDK_KEY_Up);
+  EXPECT_EQ(combo_->ListIndex(), 3) << "the arrows go on from there";
+}
+
+TEST_F(SimpleComboTest, WhoLooksInVainHearsWhereHeIs) {
+  Make(ComboBox::Style::Simple);
+  Fill(3);
+  combo_->SetListIndex(1);
+  Press('x');
+  EXPECT_THAT(clicks_, ElementsAre("item 1", "item 1"));
+  EXPECT_EQ(combo_->ListIndex(), 1);
+}
+
+TEST_F(SimpleComboTest, NothingChangesTheLine) {
+  Make(ComboBox::Style::Simple);
+  Fill(3);
+  combo_->SetListIndex(1);
+  Press(GDK_KEY_End);
+  Press(GDK_KEY_BackSpace);
+  Press(GDK_KEY_Home);
+  Press(GDK_KEY_Delete);
+  Press(GDK_KEY_space);
+  EXPECT_EQ(combo_->Text(), "item 1");
+  EXPECT_EQ(combo_->ListIndex(), 1);
+}
+
 TEST_F(SimpleComboTest, PageKeysWalkByWhatIsSeen) {
   Make(ComboBox::Style::Simple);
   Fill(1000);
@@ -245,6 +282,58 @@ TEST_F(DropDownComboTest, UpAndDownGoOnFromTheEntryWhoseTextIsShown) {
   combo_->SetText("item 1");
   Press(GDK_KEY_Up);
   EXPECT_THAT(clicks_, ElementsAre("item 2", "item 0"));
+}
+
+TEST_F(DropDownComboTest, TypingEditsTheFieldAndLeavesTheListAlone) {
+  Make(ComboBox::Style::DropDown);
+  Fill(2);
+  combo_->SetListIndex(1);
+  combo_->SetSelStart(6);
+  Press('x');
+  EXPECT_EQ(combo_->Text(), "item 1x");
+  EXPECT_EQ(combo_->ListIndex(), -1);
+}
+
+TEST_F(DropDownComboTest, WhatReplacesASelectedTextIsSelectedToo) {
+  Make(ComboBox::Style::DropDown);
+  combo_->SetText("old");
+  combo_->SetFocus();
+  combo_->SetText("new address");
+  Press('x');
+  EXPECT_EQ(combo_->Text(), "x");
+  combo_->SetText("y");
+  Press('x');
+  EXPECT_EQ(combo_->Text(), "xy") << "nothing was selected";
+}
+
+TEST_F(DropDownComboTest, TheOpenListTellsWhereItsCursorIs) {
+  Make(ComboBox::Style::DropDown);
+  for (const char* address : {"http://a.org/", "https://www.b.org/", "http://c.org/"}) {
+    combo_->AddItem(address);
+  }
+  std::vector<std::string> heard;
+  int focused = 0;
+  listening_ +=
+      combo_->Highlight.Connect([&](const std::string& entry) { heard.push_back(entry); });
+  listening_ += combo_->GotFocus.Connect([&] { ++focused; });
+  const auto press = [&](const char* key) {
+    const auto before = heard.size();
+    Outside({"xdotool", "key", key});
+    WaitFor("an entry", [&] { return heard.size() > before; });
+  };
+  for (const char* key : {"F4", "Down", "Down", "b", "x"}) press(key);
+  EXPECT_THAT(heard, ElementsAre("http://a.org/", "https://www.b.org/", "http://c.org/",
+                                 "https://www.b.org/", "https://www.b.org/"));
+  EXPECT_THAT(clicks_, testing::IsEmpty());
+  Outside({"xdotool", "key", "Escape"});
+  WaitFor("the field's name", [&] { return focused > 0; });
+  Settle();
+  EXPECT_EQ(focused, 1);
+  press("F4");
+  Outside({"xdotool", "key", "Down", "Return"});
+  WaitFor("the choice", [&] { return clicks_.size() == 1 && !Open(); });
+  Settle();
+  EXPECT_EQ(focused, 1) << "what was chosen says itself";
 }
 
 TEST_F(DropDownComboTest, AltDownAndF4OpenTheListAndEscapeClosesIt) {
