@@ -1,5 +1,7 @@
 #include "browser/PaneLayout.h"
 
+#include <string>
+
 #include "base/number.h"
 #include "base/text.h"
 
@@ -22,7 +24,15 @@ PaneLayout::PaneLayout(PaneContext& pane, PaneSettings& settings)
   connections_ += c.ELABottom->RealignFrame.Connect([this] { ELABottom_RealignFrame(); });
   connections_ += c.ELABottom->ResizeChildren.Connect([this] { ELABottom_ResizeChildren(); });
   connections_ += c.ELARight->RealignFrame.Connect([this] { ELARight_RealignFrame(); });
+  Speak(*c.ELABottom, "Splitter between left and right");
+  Speak(*c.ELARight, "Splitter between top and bottom");
   connections_ += c.ELARight->ResizeChildren.Connect([this] { ELARight_ResizeChildren(); });
+}
+
+void PaneLayout::Speak(ElasticFrame& frame, const char* splitter) {
+  connections_ += frame.SplitterFocus.Connect([this, splitter] { pane_.announcer.Say(splitter); });
+  connections_ += frame.SplitterStep.Connect(
+      [this](int share) { pane_.announcer.Say(std::to_string(share) + " percent"); });
 }
 
 void PaneLayout::SetElastics() {
@@ -90,9 +100,7 @@ void PaneLayout::HideButtonToolBar(bool hide) {
   ErrorsIgnored([&] { windows.LockUpdate(c.ELATop->hwnd(), false); });
 }
 
-bool PaneLayout::SideBarHidden() const {
-  return pane_.menu.mnuSideBarContent(kSideBarNone).Checked();
-}
+bool PaneLayout::SideBarHidden() const { return !pane_.Shows(kAreaSideBar); }
 
 void PaneLayout::ShowSideBar(bool show) {
   PaneControls& c = pane_.controls;

@@ -29,6 +29,7 @@ class PaneLayout {
   void ReleaseRebar();
 
  private:
+  void Speak(ElasticFrame& frame, const char* splitter);
   void ELATop_RealignFrame();
   void ELABottom_RealignFrame();
   void ELABottom_ResizeChildren();

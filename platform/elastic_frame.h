@@ -28,6 +28,10 @@ class ElasticFrame : public Control {
   Event<> RealignFrame;
   /// The user has dragged the splitter; the children have their new sizes.
   Event<> ResizeChildren;
+  /// The user has come to the splitter with the keyboard.
+  Event<> SplitterFocus;
+  /// The user has moved it with the keyboard: the share of the first child in percent.
+  Event<int> SplitterStep;
 };
 
 }  // namespace corvane

@@ -58,6 +58,62 @@ TEST_F(PaneLayoutTest, DragOfTheTextPaneIsWrittenLikewise) {
   EXPECT_EQ(p.desktop.settings.Pane("SplitterH"), "0.5");
 }
 
+TEST_F(PaneLayoutTest, SplittersSayTheirNamesAndShares) {
+  p.StartTalking();
+  p.Spoken();
+  Frame("ELABottom").SplitterFocus.Raise();
+  Frame("ELABottom").SplitterStep.Raise(51);
+  Frame("ELARight").SplitterFocus.Raise();
+  Frame("ELARight").SplitterStep.Raise(74);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Splitter between left and right", "51 percent",
+                                      "Splitter between top and bottom", "74 percent"));
+}
+
+struct FocusKept : PaneLayoutTest {
+  void SetUp() override {
+    p.StartTalking();
+    p.Address().text = "http://a/";
+    p.Spoken();
+  }
+  ctlWebBrowser& Pane() { return p.Inside().ctlWebBrowser1; }
+};
+
+TEST_F(FocusKept, TheAddressBoxIsSaidWhereTheButtonsGoAndCome) {
+  p.Address().SetFocus();
+  for (const bool hide : {true, false}) {
+    p.Spoken();
+    p.desktop.focus = "nothing";
+    Pane().HideButtonToolBar(hide);
+    EXPECT_EQ(p.desktop.focus, "cboAddress");
+    EXPECT_THAT(p.Spoken(), ElementsAre(::testing::EndsWith(" Address Box")));
+  }
+}
+
+TEST_F(FocusKept, TheNextAreaIsSaidWhereTheUsersIsHidden) {
+  p.desktop.Get<FakeCommandButton>("cmdToolbar3").SetFocus();
+  Pane().HideButtonToolBar(true);
+  EXPECT_EQ(p.desktop.focus, "TreeView1");
+  p.Spoken();
+  Pane().mnuSideBarContent_Click(kSideBarNone);
+  EXPECT_EQ(p.desktop.focus, "brwWebBrowser");
+  EXPECT_THAT(p.Spoken(), ElementsAre("WebBrowser"));
+}
+
+TEST_F(FocusKept, TheLinksListGoesWithTheSideBar) {
+  p.Links().SetFocus();
+  Pane().mnuSideBarContent_Click(kSideBarNone);
+  EXPECT_EQ(p.desktop.focus, "brwWebBrowser");
+}
+
+TEST_F(FocusKept, WhoIsElsewhereStaysThereAndHearsNothing) {
+  p.TextPane().SetFocus();
+  p.Spoken();
+  Pane().HideButtonToolBar(true);
+  Pane().mnuSideBarContent_Click(kSideBarNone);
+  EXPECT_EQ(p.desktop.focus, "Text1");
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
 TEST_F(PaneLayoutTest, HiddenSideBarLeavesTheLayout) {
   p.desktop.settings.Pane("SideBar") = "0";
   Start();
@@ -112,7 +168,7 @@ TEST_F(PaneLayoutTest, ControlsHaveNamesForOtherReaders) {
 
 TEST_F(PaneLayoutTest, AddressListStartsWithTwoAddresses) {
   Start();
-  EXPECT_THAT(p.Address().list, ElementsAre("corvane://home/cv/", "https://www.microsoft.com/"));
+  EXPECT_THAT(p.Address().list, ElementsAre("corvane://home/cv/", "https://www.mozilla.org/"));
 }
 
 TEST_F(PaneLayoutTest, ShutDownSavesTheAddressAndTakesTheRebarAway) {

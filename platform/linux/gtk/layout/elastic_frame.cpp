@@ -29,7 +29,7 @@ ElasticFrameControl::~ElasticFrameControl() {
   box_.LayOut = nullptr;
   box_.Natural = nullptr;
   box_.Removed = nullptr;
-  moved_.Disconnect();
+  split_events_.Clear();
   if (split_) {
     split_->First().Removed = nullptr;
     split_->Second().Removed = nullptr;
@@ -140,7 +140,9 @@ void ElasticFrameControl::Split() {
     if (wish) split_->WishSize(i, *wish);
   }
   box_.Removed = [this](Gtk::Widget& child) { Forget(child); };
-  moved_ = split_->Moved.Connect([this] { SplitterMoved(); });
+  split_events_ += split_->Moved.Connect([this] { SplitterMoved(); });
+  split_events_ += split_->Focused.Connect([this] { SplitterFocus.Raise(); });
+  split_events_ += split_->Stepped.Connect([this](int share) { SplitterStep.Raise(share); });
   ShowSplitHalves();
   split_->show();
   box_.add(*split_);
@@ -148,7 +150,7 @@ void ElasticFrameControl::Split() {
 
 void ElasticFrameControl::Unsplit() {
   if (!split_ || !split_->First().get_visible() || !split_->Second().get_visible()) return;
-  moved_.Disconnect();
+  split_events_.Clear();
   for (auto& item : items_) {
     if (item.half < 0) continue;
     auto& half = item.half == 0 ? split_->First() : split_->Second();

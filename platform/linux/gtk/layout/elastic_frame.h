@@ -69,7 +69,7 @@ class ElasticFrameControl : public WidgetControl<ElasticFrame> {
   WindowTable& windows_;
   ClipBox box_;
   std::unique_ptr<Splitter> split_;
-  Connection moved_;
+  Connections split_events_;
   std::vector<Item> items_;
   Align align_ = Align::Fill;
   Layout layout_ = Layout::Stack;

@@ -1,6 +1,7 @@
 #include "platform/linux/gtk/layout/splitter.h"
 
 #include <atkmm/object.h>
+#include <gdk/gdkkeysyms.h>
 #include <gdkmm/window.h>
 #include <gtkmm/window.h>
 
@@ -24,7 +25,15 @@ Splitter::Splitter(Gtk::Orientation orientation) : Gtk::Paned(orientation) {
     pending_.reset();
     holder_.reset();
     Moved.Raise();
+    if (is_focus()) TellShare();
   });
+}
+
+void Splitter::Place::Set(GtkWidget* widget) {
+  const auto pointer = reinterpret_cast<gpointer*>(&widget_);
+  if (widget_ != nullptr) g_object_remove_weak_pointer(G_OBJECT(widget_), pointer);
+  widget_ = widget;
+  if (widget_ != nullptr) g_object_add_weak_pointer(G_OBJECT(widget_), pointer);
 }
 
 Splitter::~Splitter() {
@@ -95,6 +104,100 @@ void Splitter::on_size_allocate(Gtk::Allocation& allocation) {
     Gtk::Paned::on_size_allocate(allocation);
   }
   own_change_ = before;
+}
+
+bool Splitter::CanBeSeen() const {
+  return get_mapped() && first_.get_visible() && second_.get_visible();
+}
+
+std::vector<Splitter*> Splitter::AllInWindow() {
+  std::vector<Splitter*> all;
+  const GtkCallback collect = [](GtkWidget* widget, gpointer list) {
+    auto& found = *static_cast<std::pair<std::vector<Splitter*>*, GtkCallback>*>(list);
+    if (GTK_IS_PANED(widget)) {
+      auto* splitter = dynamic_cast<Splitter*>(Glib::wrap(widget));
+      if (splitter != nullptr && splitter->CanBeSeen()) found.first->push_back(splitter);
+    }
+    if (GTK_IS_CONTAINER(widget)) {
+      gtk_container_forall(GTK_CONTAINER(widget), found.second, list);
+    }
+  };
+  std::pair search{&all, collect};
+  collect(GTK_WIDGET(get_toplevel()->gobj()), &search);
+  return all;
+}
+
+void Splitter::Take(GtkWidget* came_from) {
+  came_from_.Set(came_from);
+  began_at_ = get_position();
+  grab_focus();
+  if (is_focus()) Focused.Raise();
+}
+
+void Splitter::Leave() {
+  GtkWidget* const back = came_from_.Get();
+  came_from_.Set(nullptr);
+  if (back != nullptr) gtk_widget_grab_focus(back);
+}
+
+// From wherever the focus is to the first bar, from bar to bar, and back.
+void Splitter::GoRound(bool back) {
+  std::vector<Splitter*> all = AllInWindow();
+  if (back) std::reverse(all.begin(), all.end());
+  if (all.empty()) return;
+  if (!is_focus()) {
+    const auto* window = dynamic_cast<Gtk::Window*>(get_toplevel());
+    const auto* focus = window == nullptr ? nullptr : window->get_focus();
+    return all.front()->Take(focus == nullptr ? nullptr : const_cast<GtkWidget*>(focus->gobj()));
+  }
+  const auto next = std::find(all.begin(), all.end(), this);
+  if (next == all.end() || next + 1 == all.end()) return Leave();
+  GtkWidget* const came_from = came_from_.Get();
+  came_from_.Set(nullptr);
+  (*(next + 1))->Take(came_from);
+}
+
+// Who is at the end hears that the bar stays.
+void Splitter::Step(int direction) {
+  const int room = std::max(1, total_ - BarSize());
+  const int before = get_position();
+  set_position(std::clamp(before + direction * std::max(1, room / 100), 0, room));
+  if (get_position() == before) TellShare();
+}
+
+void Splitter::TellShare() {
+  const int room = std::max(1, total_ - BarSize());
+  Stepped.Raise((100 * get_position() + room / 2) / room);
+}
+
+bool Splitter::on_key_press_event(GdkEventKey* event) {
+  const guint modifiers = event->state & gtk_accelerator_get_default_mod_mask();
+  if (event->keyval == GDK_KEY_F8 && (modifiers & ~static_cast<guint>(GDK_SHIFT_MASK)) == 0) {
+    GoRound(modifiers != 0);
+    return true;
+  }
+  if (!is_focus() || modifiers != 0) return Gtk::Paned::on_key_press_event(event);
+  const bool across = get_orientation() == Gtk::ORIENTATION_HORIZONTAL;
+  switch (event->keyval) {
+    case GDK_KEY_Left:
+    case GDK_KEY_Right:
+      if (across) Step(event->keyval == GDK_KEY_Left ? -1 : 1);
+      return true;
+    case GDK_KEY_Up:
+    case GDK_KEY_Down:
+      if (!across) Step(event->keyval == GDK_KEY_Up ? -1 : 1);
+      return true;
+    case GDK_KEY_Escape:
+      set_position(began_at_);
+      Leave();
+      return true;
+    case GDK_KEY_Return:
+    case GDK_KEY_KP_Enter:
+      Leave();
+      return true;
+    default:
+      return Gtk::Paned::on_key_press_event(event);
+  }
 }
 
 // The two areas stand in windows of their own, so their places say nothing about

@@ -3,14 +3,17 @@
 #include <gtkmm/paned.h>
 
 #include <optional>
+#include <vector>
 
 #include "base/event.h"
 #include "platform/linux/gtk/layout/clip_box.h"
 
 namespace corvane::desktop {
 
-/// Two areas with a bar between them that the user moves with the pointer or,
-/// after F8, with the arrow keys. Tells moves by the user from those by layout.
+/// Two areas with a bar between them that the user moves with the pointer or with
+/// the keyboard: F8 goes round the bars that can be seen and back, arrows move a bar by a
+/// hundredth, Return leaves it there, Escape where it was. Tells moves by the user from
+/// those by layout.
 class Splitter : public Gtk::Paned {
  public:
   explicit Splitter(Gtk::Orientation orientation);
@@ -34,13 +37,36 @@ class Splitter : public Gtk::Paned {
 
   /// The user has moved the bar.
   Event<> Moved;
+  /// The user has come to the bar with the keyboard.
+  Event<> Focused;
+  /// The user has moved it with the keyboard; the first area's share in percent.
+  Event<int> Stepped;
 
  protected:
+  bool on_key_press_event(GdkEventKey* event) override;
   bool on_focus(Gtk::DirectionType direction) override;
   void on_size_allocate(Gtk::Allocation& allocation) override;
 
  private:
+  /// The widget that has the focus while no bar has it; it may go meanwhile.
+  class Place {
+   public:
+    ~Place() { Set(nullptr); }
+    void Set(GtkWidget* widget);
+    GtkWidget* Get() const { return widget_; }
+
+   private:
+    GtkWidget* widget_ = nullptr;
+  };
+
   void Apply(int total);
+  bool CanBeSeen() const;
+  std::vector<Splitter*> AllInWindow();
+  void GoRound(bool back);
+  void Take(GtkWidget* came_from);
+  void Leave();
+  void Step(int direction);
+  void TellShare();
   /// The area that is laid out alone, when the focus is in the hidden other one.
   ClipBox* ShownWhileTheOtherHasFocus();
 
@@ -51,6 +77,8 @@ class Splitter : public Gtk::Paned {
   ClipBox first_;
   ClipBox second_;
   std::optional<Wish> pending_;
+  Place came_from_;            // before the first of the bars that were gone round
+  int began_at_ = 0;           // the bar's place when the user came to it
   std::optional<int> holder_;  // whose wish gave the bar its place
   bool own_change_ = false;
   int total_ = 0;

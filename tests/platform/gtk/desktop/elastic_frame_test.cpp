@@ -204,6 +204,59 @@ TEST_F(SplitterTest, TheKeyboardMovesTheBar) {
   Settle();
   EXPECT_GE(drags_, 1);
   EXPECT_GT(one_.Width(), 200 * kPixel);
+  EXPECT_TRUE(window_.form.window().get_focus()->is_ancestor(text.widget()) ||
+              window_.form.window().get_focus() == &text.widget())
+      << "who has done goes back";
+}
+
+TEST_F(SplitterTest, TheKeyboardHearsTheBarAndEachStep) {
+  TextBoxControl text("text", windows_);
+  Split(Layout::SideBySide);
+  two_.Add(text);
+  one_.SetWidth(100 * kPixel);
+  std::vector<std::string> heard;
+  listening_ += window_.frame.SplitterFocus.Connect([&] { heard.push_back("bar"); });
+  listening_ += window_.frame.SplitterStep.Connect(
+      [&](int share) { heard.push_back(std::to_string(share)); });
+  Show();
+  text.SetFocus();
+  for (const guint key : {GDK_KEY_F8, GDK_KEY_Right, GDK_KEY_Right, GDK_KEY_Left, GDK_KEY_Up}) {
+    Key(window_.form.window(), key);
+  }
+  EXPECT_THAT(heard, testing::ElementsAre("bar", "18", "19", "18"));
+  Bar().set_position(0);
+  heard.clear();
+  Key(window_.form.window(), GDK_KEY_Left);
+  EXPECT_THAT(heard, testing::ElementsAre("0")) << "also where it does not move";
+  Key(window_.form.window(), GDK_KEY_Escape);
+  EXPECT_EQ(Bar().get_position(), 100) << "where it was";
+}
+
+TEST_F(SplitterTest, F8PassesOverBarsThatCannotBeSeen) {
+  TextBoxControl text("text", windows_);
+  ElasticFrameControl upper("upper", windows_);
+  ElasticFrameControl lower("lower", windows_);
+  Split(Layout::SideBySide);
+  two_.SetLayout(Layout::Above);
+  two_.Add(upper);
+  two_.Add(lower);
+  two_.SetSplitter(true);
+  upper.Add(text);
+  std::vector<std::string> heard;
+  listening_ += window_.frame.SplitterFocus.Connect([&] { heard.push_back("outer"); });
+  listening_ += two_.SplitterFocus.Connect([&] { heard.push_back("inner"); });
+  listening_ += text.GotFocus.Connect([&] { heard.push_back("text"); });
+  Show();
+  text.SetFocus();
+  for (int i = 0; i < 3; ++i) Key(window_.form.window(), GDK_KEY_F8);
+  Key(window_.form.window(), GDK_KEY_F8, GDK_SHIFT_MASK);
+  Key(window_.form.window(), GDK_KEY_Return);
+  EXPECT_THAT(heard, testing::ElementsAre("text", "outer", "inner", "text", "inner", "text"));
+  heard.clear();
+  one_.SetAlign(Align::None);
+  Settle();
+  for (int i = 0; i < 2; ++i) Key(window_.form.window(), GDK_KEY_F8);
+  EXPECT_THAT(heard, testing::ElementsAre("inner", "text"));
 }
 
 TEST_F(SplitterTest, HidingOneHalfGivesTheOtherAllAndItComesBack) {
