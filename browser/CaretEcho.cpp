@@ -1,6 +1,7 @@
 #include "browser/CaretEcho.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/number.h"
 #include "base/text.h"
@@ -16,22 +17,86 @@ std::string characters(const std::string& line, int from, int count) {
   return text::mid(line, static_cast<std::size_t>(from) + 1, static_cast<std::size_t>(count));
 }
 
-// The key that reads on must not have its words cut off by its own release.
-bool SpeaksItself(const KeyEvent& key) { return key.KeyCode == kKeyF7; }
+// The key that reads on must not have its words cut off by its own release, nor the one
+// that takes back what was typed.
+bool SpeaksItself(const KeyEvent& key) {
+  return key.KeyCode == kKeyF7 || key.KeyCode == kKeyEscape;
+}
+
+bool IsModifier(const KeyEvent& key) {
+  return key.KeyCode == kKeyShift || key.KeyCode == kKeyControl || key.KeyCode == kKeyAlt ||
+         (key.Shift & kAltMask) != 0;
+}
+
+bool IsBlank(const std::string& line) {
+  return text::replace_all(line, "\xC2\xA0", " ").find_first_not_of(" \t") == std::string::npos;
+}
+
+// A sign that no voice says is named.
+std::string Named(const std::string& characters) {
+  return characters == "\\" ? "backslash" : characters;
+}
+
+std::string NamedDeleted(const std::string& characters) {
+  if (characters == " ") return "space";
+  return characters == "\n" ? "line break" : Named(characters);
+}
 
 }  // namespace
 
 CaretEcho::CaretEcho(PaneContext& pane) : pane_(pane) {
-  PaneControls& c = pane_.controls;
-  connections_ += c.ctlText1.KeyUp.Connect([this, &c](KeyEvent& key) {
-    if (key.KeyCode != kKeyTab && !SpeaksItself(key)) TextBoxPress(c.ctlText1.TextWindow());
-  });
-  for (ComboBox* field : {c.cboAddress.get(), c.cmbListLinks.get()}) {
-    connections_ += field->KeyUp.Connect([this, field](KeyEvent& key) {
-      const bool walks = key.KeyCode == kKeyUp || key.KeyCode == kKeyDown;
-      if (!walks && !SpeaksItself(key)) TextBoxPress(field->hwnd());
-    });
+  ConnectPane();
+  for (ComboBox* field : {pane.controls.cboAddress.get(), pane.controls.cmbListLinks.get()}) {
+    ConnectField(*field);
   }
+}
+
+void CaretEcho::ConnectPane() {
+  ctlText& box = pane_.controls.ctlText1;
+  connections_ += box.Text1().GotFocus.Connect([this] { deleting_.reset(); });
+  connections_ += box.KeyDown.Connect([this](KeyEvent& key) {
+    if (std::exchange(pane_moved_, false)) Follow();
+    if (Deletes(key) && !deleting_) deleting_ = AroundPaneCaret();
+  });
+  connections_ += box.KeyUp.Connect([this, &box](KeyEvent& key) {
+    if (Deletes(key) && deleting_) {
+      SayDeleted(box.SelStart(), box.TextLength());
+      Follow();
+    } else if (key.KeyCode != kKeyTab && !SpeaksItself(key)) {
+      TextBoxPress(box.TextWindow());
+    }
+  });
+}
+
+void CaretEcho::ConnectField(ComboBox& field) {
+  connections_ += field.GotFocus.Connect([this] {
+    awaited_ = false;
+    deleting_.reset();
+  });
+  connections_ += field.Click.Connect([this] { chosen_ = true; });
+  connections_ +=
+      field.KeyDown.Connect([this, &field](KeyEvent& key) { FieldKeyDown(field, key); });
+  connections_ += field.KeyUp.Connect([this, &field](KeyEvent& key) { FieldKeyUp(field, key); });
+}
+
+// While one key is still down, the next must not hide what that one has typed.
+void CaretEcho::FieldKeyDown(const ComboBox& field, const KeyEvent& key) {
+  chosen_ = false;
+  if (!awaited_) Follow(field);
+  if (key.KeyCode != 0 && !IsModifier(key)) awaited_ = true;  // 0: a command has used it
+  if (!Deletes(key) || deleting_) return;
+  const std::string text = field.Text();
+  deleting_ = {text, 0, static_cast<int>(text::length(text))};
+}
+
+void CaretEcho::FieldKeyUp(const ComboBox& field, const KeyEvent& key) {
+  awaited_ = false;
+  if (Deletes(key) && deleting_) {
+    SayDeleted(field.SelStart(), static_cast<int>(text::length(field.Text())));
+    return;
+  }
+  const bool walks = key.KeyCode == kKeyUp || key.KeyCode == kKeyDown;
+  if (!walks && !std::exchange(chosen_, false) && !SpeaksItself(key)) TextBoxPress(field.hwnd());
 }
 
 void CaretEcho::TextBoxPress(WindowHandle hWnd) {
@@ -65,6 +130,14 @@ void CaretEcho::Follow() {
   });
 }
 
+void CaretEcho::Follow(const ComboBox& field) {
+  ErrorsIgnored([&] {
+    lngLastLine_ = &field == pane_.controls.cboAddress.get() ? kAddressLine : kLinksLine;
+    lngLastColumn_ = field.SelStart();
+    strLastLine_ = field.Text();
+  });
+}
+
 CaretEcho::EditLine CaretEcho::PaneLine(int& position, int& line) const {
   const ctlText& pane = pane_.controls.ctlText1;
   position = pane.SelStart();
@@ -77,6 +150,54 @@ CaretEcho::EditLine CaretEcho::GetEditLine(int line) const {
   const int start = box.LineIndex(line);
   const int length = box.LineLength(start);
   return {start, box.GetLine(line, length + 2)};
+}
+
+// A deletion takes its characters out of the selection, or of the caret's line and those
+// beside it.
+CaretEcho::Before CaretEcho::AroundPaneCaret() const {
+  const ctlText& pane = pane_.controls.ctlText1;
+  Before before;
+  ErrorsIgnored([&] {
+    before.length = pane.TextLength();
+    before.start = pane.SelStart();
+    before.text = pane.SelText();
+    if (!before.text.empty()) return;
+    const RichTextBox& box = pane.Text1();
+    const int line = pane.GetLineFromChar(before.start);
+    const int first = std::max(line - 1, 0);
+    int end = before.start = box.LineIndex(first);
+    for (int each = first; each <= line + 1 && box.LineIndex(each) >= 0; ++each) {
+      const EditLine edit = GetEditLine(each);
+      if (edit.start > end) before.text += '\n';  // where it does not just wrap
+      before.text += edit.text;
+      end = edit.start + static_cast<int>(text::length(edit.text));
+    }
+  });
+  return before;
+}
+
+bool CaretEcho::Deletes(const KeyEvent& key) const {
+  return pane_.manner.today && (key.KeyCode == kKeyBackspace || key.KeyCode == kKeyDelete);
+}
+
+void CaretEcho::SayDeleted(int caret, int length) {
+  const Before before = *std::exchange(deleting_, std::nullopt);
+  const int count = before.length - length;
+  const int from = caret - before.start;
+  if (count <= 0 || from < 0) return;
+  const std::string deleted = characters(before.text, from, count);
+  if (!deleted.empty()) pane_.announcer.Say(NamedDeleted(deleted));
+}
+
+// Silence would only cut off what is being said.
+void CaretEcho::SayPassed(const std::string& characters) {
+  if (!pane_.manner.today) return pane_.announcer.Say(characters);
+  if (!characters.empty()) pane_.announcer.Say(Named(characters));
+}
+
+void CaretEcho::SayLine(const std::string& line) {
+  if (pane_.manner.today && IsBlank(line)) return pane_.announcer.Say("blank");
+  SayPassed(line);
 }
 
 void CaretEcho::SpeakWord() {
@@ -107,11 +228,11 @@ void CaretEcho::parse_string(const std::string& strLine, int lngLine, int& lngCo
     }
     lngColumn = std::max(lngColumn, 0);
     if (lngLine != lngLastLine_) {
-      announcer.Say(strLine);
+      SayLine(strLine);
     } else if (lngColumn > lngLastColumn_) {
-      announcer.Say(characters(strLine, lngLastColumn_, lngColumn - lngLastColumn_));
+      SayPassed(characters(strLine, lngLastColumn_, lngColumn - lngLastColumn_));
     } else if (lngColumn < lngLastColumn_) {
-      announcer.Say(characters(strLine, lngColumn, lngLastColumn_ - lngColumn));
+      SayPassed(characters(strLine, lngColumn, lngLastColumn_ - lngColumn));
     }
     lngLastColumn_ = lngColumn;
     lngLastLine_ = lngLine;

@@ -17,10 +17,12 @@ enum ShiftBits : int { kShiftMask = 1, kCtrlMask = 2, kAltMask = 4 };
 /// platform's virtual-key codes for every key; letters and digits are their
 /// capital characters.
 enum KeyCodes : int {
+  kKeyBackspace = 8,
   kKeyTab = 9,
   kKeyReturn = 13,
   kKeyShift = 16,
   kKeyControl = 17,
+  kKeyAlt = 18,
   kKeyEscape = 27,
   kKeyHome = 36,
   kKeyLeft = 37,

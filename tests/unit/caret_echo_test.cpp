@@ -8,82 +8,223 @@ namespace {
 struct CaretEchoTest : ::testing::Test {
   Program p;
 
-  void SetUp() override {
+  void SetUp() override { Start(); }
+  void Start() {
     p.StartTalking();
     p.Spoken();
   }
-  void TypeIntoAddress(const std::string& text) {
-    p.Address().text = text;
-    p.Address().caret = static_cast<int>(text::length(text));
-    p.Address().Press('A');
+  /// The user comes to a field and has heard its name.
+  template <class Field>
+  Field& In(Field& field) {
+    field.SetFocus();
+    p.Spoken();
+    return field;
   }
-  void CaretInTextPaneTo(int position, int key = kKeyRight) {
-    p.TextPane().start = position;
-    p.TextPane().Press(key);
+  FakeRichTextBox& InTextPane(const std::string& text, int caret = 0) {
+    p.TextPane().SetText(text);
+    p.TextPane().SetSelStart(caret);
+    return In(p.TextPane());
   }
 };
 
 TEST_F(CaretEchoTest, TypedCharactersAreSpokenOneByOne) {
-  TypeIntoAddress("a");
-  TypeIntoAddress("ab");
-  TypeIntoAddress("ab\xC3\xA9");
-  EXPECT_THAT(p.Spoken(), ElementsAre("a", "b", "\xC3\xA9"));
+  In(p.Address()).Type("abc");
+  p.Address().Press('E', 0, 0xE9);
+  EXPECT_THAT(p.Spoken(), ElementsAre("a", "b", "c", "\xC3\xA9"));
+}
+
+TEST_F(CaretEchoTest, TheFirstCharacterIsHeardWhereverTheUserComesFrom) {
+  In(p.Address()).Type("abcdef");
+  In(p.Links());
+  In(p.Address()).Type("x");
+  EXPECT_EQ(p.Address().text, "x") << "typed over what was there";
+  EXPECT_THAT(p.Spoken(), ElementsAre("x"));
+  InTextPane("line", 3).Press(kKeyRight);
+  In(p.Address()).Type("y");
+  EXPECT_EQ(p.Spoken().back(), "y");
+}
+
+TEST_F(CaretEchoTest, TheFirstWordBehindSearchIsHeardAlone) {
+  In(p.Address()).Type("some address");
+  p.desktop.Get<FakeCommandButton>("cmdToolbar5").Click.Raise();
+  p.Spoken();
+  p.Address().Type("x");
+  EXPECT_EQ(p.Address().text, "Search x");
+  EXPECT_THAT(p.Spoken(), ElementsAre("x"));
+}
+
+TEST_F(CaretEchoTest, WhatIsTypedIntoAChosenAddressIsHeardAlone) {
+  In(p.Address()).Type("abc");
+  p.Address().Press(kKeyDown);
+  p.Spoken();
+  p.Address().Type("x");
+  EXPECT_THAT(p.Spoken(), ElementsAre("x"));
+}
+
+TEST_F(CaretEchoTest, QuickTypingLosesNoCharacter) {
+  FakeComboBox& box = In(p.Address());
+  KeyEvent a{'A', 0};
+  KeyEvent b{'B', 0};
+  box.KeyDown.Raise(a);
+  box.SetText("a");
+  box.SetSelStart(1);
+  box.KeyDown.Raise(b);  // before the other is released
+  box.SetText("ab");
+  box.SetSelStart(2);
+  box.KeyUp.Raise(a);
+  box.KeyUp.Raise(b);
+  EXPECT_EQ(p.Spoken().front(), "ab");
 }
 
 TEST_F(CaretEchoTest, HomeSpeaksEverythingPassedOver) {
   const std::string line(40, 'x');
-  TypeIntoAddress(line);
+  In(p.Address()).Type(line);
   p.Spoken();
-  p.Address().caret = 0;
   p.Address().Press(kKeyHome);
   EXPECT_THAT(p.Spoken(), ElementsAre(line));
 }
 
 TEST_F(CaretEchoTest, AnotherLineIsSpokenWholeThenSingleCharacters) {
-  p.TextPane().SetText("first line\nsecond line");
-  CaretInTextPaneTo(0);
-  CaretInTextPaneTo(11, kKeyDown);
-  CaretInTextPaneTo(12);
-  CaretInTextPaneTo(11, kKeyLeft);
+  InTextPane("first line\nsecond line").Press(kKeyDown);
+  p.TextPane().Press(kKeyRight);
+  p.TextPane().Press(kKeyLeft);
   EXPECT_THAT(p.Spoken(), ElementsAre("second line", "s", "s"));
 }
 
-TEST_F(CaretEchoTest, TabAndTheListKeysSpeakNothing) {
-  p.TextPane().SetText("text");
-  CaretInTextPaneTo(3, kKeyTab);
-  p.Address().text = "abc";
-  p.Address().caret = 3;
-  p.Address().Press(kKeyUp);
-  p.Address().Press(kKeyDown);
-  p.Links().text = "xyz";
-  p.Links().caret = 3;
-  p.Links().Press(kKeyUp);
-  p.Links().Press(kKeyDown);
+TEST_F(CaretEchoTest, TabSpeaksNothing) {
+  InTextPane("text", 3).Press(kKeyTab);
   EXPECT_THAT(p.Spoken(), IsEmpty());
 }
 
-TEST_F(CaretEchoTest, SameLineNumberAndColumnInAnotherFieldSpeaksNothing) {
-  p.TextPane().SetText("text");
-  CaretInTextPaneTo(2);
+TEST_F(CaretEchoTest, KeysThatChooseAnEntryLetItSayItselfAlone) {
+  In(p.Address()).Type("abc");
   p.Spoken();
-  p.Address().text = "address";
-  p.Address().caret = 2;
-  p.Address().Press(kKeyControl);
+  p.Address().Press(kKeyDown);
+  EXPECT_THAT(p.Spoken(), ElementsAre("corvane://home/cv/"));
+  p.Links().list = {"3 Links in A", "one", "two", "three"};
+  p.Links().SetListIndex(1);
+  In(p.Links()).Press(kKeyEnd);
+  p.Spoken();
+  p.Links().Press('T', 0, 't');
+  p.Links().Press(kKeyUp);
+  EXPECT_THAT(p.Spoken(), ElementsAre("two", "one"));
+}
+
+TEST_F(CaretEchoTest, SameLineNumberAndColumnInAnotherFieldSpeaksNothing) {
+  InTextPane("text", 1).Press(kKeyRight);
+  In(p.Address()).Type("ab");
+  p.Spoken();
+  p.Address().Press(kKeyF1);
   EXPECT_THAT(p.Spoken(), IsEmpty());
 }
 
 TEST_F(CaretEchoTest, LinksListIsALineOfItsOwn) {
-  p.Links().text = "A link";
-  p.Links().Press(kKeyHome);
-  EXPECT_THAT(p.Spoken(), ElementsAre("A link"));
+  p.Links().list = {"A link"};
+  p.Links().SetListIndex(0);
+  In(p.Links()).Press(kKeyRight);
+  EXPECT_THAT(p.Spoken(), ElementsAre("A"));
+  InTextPane("first\nsecond\nthird", 6).Press(kKeyDown);
+  EXPECT_THAT(p.Spoken(), ElementsAre("third"));
 }
 
 TEST_F(CaretEchoTest, KeyThatDoesNotMoveTheCaretSpeaksNothing) {
-  TypeIntoAddress("abc");
+  In(p.Address()).Type("abc");
   p.Spoken();
-  p.Address().Press(kKeyShift);
-  p.Address().Press(kKeyControl);
+  for (const int key : {kKeyShift, kKeyControl, kKeyF1}) p.Address().Press(key);
   EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
+TEST_F(CaretEchoTest, WhatACommandSaysIsNotCutOffByItsKeysRelease) {
+  p.Read(MakePage("http://a/", "Title", "text"));
+  In(p.TextPane()).Press('D', kCtrlMask);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Title added to Favorites"));
+}
+
+TEST_F(CaretEchoTest, DeletedCharactersAndEmptyLinesKeepTheEstablishedWay) {
+  InTextPane("a\n\nb\\").Press(kKeyDown);
+  EXPECT_THAT(p.Spoken(), ElementsAre("")) << "an empty line";
+  p.TextPane().Press(kKeyDown);
+  p.TextPane().Press(kKeyEnd);
+  p.TextPane().Press(kKeyBackspace);
+  EXPECT_THAT(p.Spoken(), ElementsAre("b/", "b/", ""));
+}
+
+struct TodaysCaretEcho : CaretEchoTest {
+  void SetUp() override {
+    p.desktop.settings.Main("Manner") = "1";
+    Start();
+  }
+};
+
+TEST_F(TodaysCaretEcho, AnEmptyLineIsBlank) {
+  InTextPane("a\n\nb\n \t\nc").Press(kKeyDown);
+  for (int i = 0; i < 3; ++i) p.TextPane().Press(kKeyDown);
+  EXPECT_THAT(p.Spoken(), ElementsAre("blank", "b", "blank", "c"));
+}
+
+TEST_F(TodaysCaretEcho, WhatIsDeletedInTheTextPaneIsSaid) {
+  InTextPane("first\nab cd\\\nlast", 8);
+  for (int i = 0; i < 3; ++i) p.TextPane().Press(kKeyBackspace);
+  EXPECT_EQ(p.TextPane().text, "first cd\\\nlast");
+  EXPECT_THAT(p.Spoken(), ElementsAre("b", "a", "line break"));
+  for (int i = 0; i < 5; ++i) p.TextPane().Press(kKeyDelete);
+  EXPECT_THAT(p.Spoken(), ElementsAre("space", "c", "d", "backslash", "line break"));
+  p.TextPane().SetSelLength(3);
+  p.TextPane().Press(kKeyDelete);
+  EXPECT_THAT(p.Spoken(), ElementsAre("las"));
+}
+
+TEST_F(TodaysCaretEcho, WhatIsDeletedInTheAddressBoxIsSaid) {
+  In(p.Address()).Type("a\\b");
+  EXPECT_THAT(p.Spoken(), ElementsAre("a", "backslash", "b"));
+  p.Address().Press(kKeyBackspace);
+  p.Address().Press(kKeyHome);
+  p.Spoken();
+  p.Address().Press(kKeyDelete);
+  EXPECT_THAT(p.Spoken(), ElementsAre("a"));
+  In(p.Address()).Press(kKeyDelete);
+  EXPECT_THAT(p.Spoken(), ElementsAre("backslash")) << "all of it was selected";
+}
+
+TEST_F(TodaysCaretEcho, WhereNothingIsDeletedNothingIsSaid) {
+  InTextPane("ab").Press(kKeyBackspace);
+  p.TextPane().Press(kKeyEnd);
+  p.Spoken();
+  p.TextPane().Press(kKeyDelete);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
+TEST_F(TodaysCaretEcho, ABackslashUnderTheCaretIsNamed) {
+  InTextPane("a\\b").Press(kKeyRight);
+  p.TextPane().Press(kKeyRight);
+  p.TextPane().Press(kKeyEnd);
+  p.TextPane().Press(kKeyHome);
+  EXPECT_THAT(p.Spoken(), ElementsAre("a", "backslash", "b", "a/b")) << "not within more";
+}
+
+TEST_F(TodaysCaretEcho, APlaceInTheTextSurvivesWhatIsAnnounced) {
+  p.Read(MakePage("http://a/", "Title", "one\ntwo\nthree"));
+  In(p.TextPane()).Press(kKeyDown);
+  p.TextPane().Press(kKeyDown);
+  p.TextPane().Press(kKeyRight);
+  p.Spoken();
+  const int caret = p.TextPane().start;
+  p.Browser().Announcement.Raise("Download finished: a file");
+  p.Browser().DownloadBegin.Raise();
+  EXPECT_THAT(p.TextPane().text, ::testing::EndsWith("Download finished: a file\nWorking...\n"));
+  EXPECT_EQ(p.TextPane().start, caret);
+  p.Spoken();
+  p.TextPane().Press(kKeyRight);
+  p.TextPane().Press(kKeyDown);
+  EXPECT_THAT(p.Spoken(), ElementsAre("w", "three")) << "the last line has kept its own words";
+  p.Read(MakePage("http://b/", "New", "text"));
+  EXPECT_EQ(p.TextPane().start, 0) << "a new page is read from its start";
+}
+
+TEST_F(CaretEchoTest, AnnouncementsLeaveTheCaretAtTheEndInTheEstablishedWay) {
+  p.Read(MakePage("http://a/", "Title", "one"));
+  p.Browser().Announcement.Raise("Download finished: a file");
+  EXPECT_EQ(p.TextPane().start, p.TextPane().TextLength());
 }
 
 TEST_F(CaretEchoTest, WindowThatIsNoFieldReadsAsAnEmptyFirstLine) {

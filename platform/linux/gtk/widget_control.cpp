@@ -34,10 +34,7 @@ void BecomeKey(GdkEventKey& event, guint keyval) {
   g_free(keys);
 }
 
-bool IsModifier(int code) {
-  constexpr int kKeyAlt = 18;
-  return code == kKeyShift || code == kKeyControl || code == kKeyAlt;
-}
+bool IsModifier(int code) { return code == kKeyShift || code == kKeyControl || code == kKeyAlt; }
 
 }  // namespace
 
