@@ -7,11 +7,14 @@ AutoFocus::AutoFocus(PaneContext& pane, SideBar& side_bar) : pane_(pane), side_b
   connections_ += c.ctlText1.Text1().GotFocus.Connect([this] { Name("Text Box"); });
   connections_ += c.brwWebBrowser->GotFocus.Connect([this] { Name("WebBrowser"); });
   // A tree that was made anew has nothing selected. Whoever comes to it hears
-  // where it begins; when the focus was moved for the user, the page's title is
-  // not cut off.
+  // where it begins, as soon as it has been made; when the focus was moved for the user,
+  // only where that is the manner.
   connections_ += c.TreeView1->GotFocus.Connect([this, &c] {
-    if (pane_.state.quiet || c.TreeView1->SelectedItem() != nullptr) return;
-    if (!side_bar_.SelectFirst()) Name("SideBar");
+    if (c.TreeView1->SelectedItem() != nullptr) return;
+    if (pane_.state.quiet && !pane_.manner.today) return;
+    if (side_bar_.SelectFirst()) return;
+    if (pane_.state.quiet) side_bar_.SayFirstWhenMade();
+    Name("SideBar");
   });
 }
 
@@ -32,9 +35,9 @@ void AutoFocus::AfterReading() {
   pane_.state.quiet = true;
   ErrorsIgnored([&] {
     if (chosen(kFocusLinks)) {
-      c.cmbListLinks->SetFocus();
+      if (pane_.Shows(kAreaLinks)) c.cmbListLinks->SetFocus();
     } else if (chosen(kFocusSideBar)) {
-      c.TreeView1->SetFocus();
+      if (pane_.Shows(kAreaSideBar)) c.TreeView1->SetFocus();
     } else if (chosen(kFocusWebBrowser)) {
       c.brwWebBrowser->SetFocus();
     } else if (chosen(kFocusTextBox)) {

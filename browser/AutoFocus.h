@@ -12,7 +12,8 @@ class AutoFocus {
  public:
   AutoFocus(PaneContext& pane, SideBar& side_bar);
 
-  /// Tests the choices in their order; the first checked one gets the focus.
+  /// Tests the choices in their order; the first checked one gets the focus, unless it
+  /// is hidden.
   void AfterReading();
 
  private:

@@ -12,20 +12,16 @@ constexpr const char* kSearchWord = "Search";
 constexpr std::size_t kSearchWordLength = 6;
 constexpr const char* kWorking = "Working...";
 
-/// The numbered commands of the pane's host.
-enum Action : int {
-  kActionSaveAs = 1,
-  kActionPrint = 2,
-  kActionEngineOptions = 3,
-  kActionFocusTree = 4,
-  kActionFocusText = 5,
-  kActionFocusAddress = 6,
-  kActionFocusToolbar = 7,
-  kActionOpenWebSite = 8,
-  kActionStatusFeedback = 9,
-};
-
 enum EditAction : int { kEditCut = 0, kEditCopy = 1, kEditPaste = 2, kEditSelectAll = 4 };
+
+/// Whether a character code puts something into a field or takes it out: signs, Backspace
+/// with and without Control, what pastes and what cuts.
+bool Edits(int character) {
+  constexpr int kBackspace = 8;
+  constexpr int kPaste = 'V' - 'A' + 1;
+  constexpr int kCut = 'X' - 'A' + 1;
+  return character >= ' ' || character == kBackspace || character == kPaste || character == kCut;
+}
 
 std::string escaped_words(const std::string& words) {
   std::string query;
@@ -66,7 +62,12 @@ Navigation::Navigation(PaneContext& pane, PaneSettings& settings)
       c.cboAddress->Click.Connect([this, &c] { pane_.announcer.Say(c.cboAddress->Text()); });
   connections_ +=
       c.cboAddress->KeyPress.Connect([this](int& KeyAscii) { cboAddress_KeyPress(KeyAscii); });
-  connections_ += c.cboAddress->DblClick.Connect([this] { cboAddress_DblClick(); });
+  connections_ += c.cboAddress->KeyDown.Connect([this](KeyEvent& key) {
+    if (key.KeyCode == kKeyDelete) pane_.state.typing = true;
+  });
+  // The open list is heard as the cursor moves in it.
+  connections_ += c.cboAddress->Highlight.Connect(
+      [this](const std::string& entry) { pane_.announcer.Say(entry); });
   connections_ += c.brwWebBrowser->DownloadBegin.Connect([this] { brwWebBrowser_DownloadBegin(); });
   connections_ +=
       c.brwWebBrowser->DownloadComplete.Connect([this] { brwWebBrowser_DownloadComplete(); });
@@ -84,9 +85,9 @@ void Navigation::Navigate(const std::string& url) {
 
 void Navigation::StartPage() {
   PaneControls& c = pane_.controls;
-  ErrorsIgnored([&] { c.cboAddress->SetText(""); });
+  ErrorsIgnored([&] { ShowAddress(""); });
   if (const auto asked = std::exchange(pane_.state.strFirstAddress, {}); !asked.empty()) {
-    ErrorsIgnored([&] { c.cboAddress->SetText(asked); });
+    ErrorsIgnored([&] { ShowAddress(asked); });
     Navigate(asked);
     ErrorsIgnored([&] { pane_.StartReading(); });
     return;
@@ -102,7 +103,11 @@ void Navigation::StartPage() {
       Navigate(kMakerHomePage);
       break;
     default:
-      ErrorsIgnored([&] { c.cboAddress->SetText(pane_.state.strAddress); },
+      if (!pane_.HasStartAddress()) {
+        Navigate(kMakerHomePage);
+        break;
+      }
+      ErrorsIgnored([&] { ShowAddress(pane_.state.strAddress); },
                     [&] { c.brwWebBrowser->Navigate2(c.cboAddress->Text()); });
   }
   ErrorsIgnored([&] { pane_.StartReading(); });
@@ -110,6 +115,24 @@ void Navigation::StartPage() {
 
 void Navigation::SayAddressBox() {
   pane_.announcer.Say(pane_.controls.cboAddress->Text() + " Address Box");
+}
+
+void Navigation::ShowAddress(const std::string& address) {
+  strShown_ = address;
+  pane_.controls.cboAddress->SetText(address);
+}
+
+void Navigation::AddressBoxLeft() {
+  pane_.state.typing = false;
+  ErrorsIgnored([&] {
+    ComboBox& box = *pane_.controls.cboAddress;
+    if (box.Text() != strShown_) box.SetText(strShown_);
+  });
+}
+
+void Navigation::TakeBackAddress() {
+  AddressBoxLeft();
+  ErrorsIgnored([&] { FocusAddress(); });
 }
 
 // Who is there already hears it again: silence would tell nothing.
@@ -124,7 +147,7 @@ void Navigation::FocusAddress() {
 void Navigation::cboAddress_DblClick() {
   pane_.state.typing = false;
   std::string typed;
-  ErrorsIgnored([&] { typed = pane_.controls.cboAddress->Text(); },
+  ErrorsIgnored([&] { typed = strShown_ = pane_.controls.cboAddress->Text(); },
                 [&] { pane_.announcer.Say(typed); },
                 [&] {
                   if (text::same_ignoring_case(text::left(typed, kSearchWordLength), kSearchWord)) {
@@ -157,7 +180,7 @@ void Navigation::cmdAction(int action) {
         pane_.desktop.ShowEngineOptions();
         break;
       case kActionFocusTree:
-        c.TreeView1->SetFocus();
+        if (pane_.Shows(kAreaSideBar)) c.TreeView1->SetFocus();
         break;
       case kActionFocusText:
         c.ctlText1.SetFocus();
@@ -166,7 +189,7 @@ void Navigation::cmdAction(int action) {
         FocusAddress();
         break;
       case kActionFocusToolbar:
-        c.Toolbar(kBack).SetFocus();
+        if (pane_.Shows(kAreaToolbar)) c.Toolbar(kBack).SetFocus();
         break;
       case kActionOpenWebSite:
         c.cboAddress->SetText("");
@@ -259,10 +282,12 @@ void Navigation::cmdToolbar_KeyDown(KeyEvent& key) {
 void Navigation::cboAddress_KeyPress(int& KeyAscii) {
   if (KeyAscii == kKeyReturn) {
     cboAddress_DblClick();
-  } else if (KeyAscii == kKeyTab && !pane_.menu.mnuSideBarContent(kSideBarNone).Checked()) {
+  } else if (KeyAscii == kKeyTab && pane_.Shows(kAreaSideBar)) {
     ErrorsIgnored([&] { pane_.controls.TreeView1->SetFocus(); });
     KeyAscii = 0;
-  } else if (KeyAscii != kKeyTab && KeyAscii != kKeyEscape) {
+  } else if (KeyAscii == kKeyEscape) {
+    TakeBackAddress();
+  } else if (Edits(KeyAscii)) {
     pane_.state.typing = true;
   }
 }
@@ -287,6 +312,7 @@ void Navigation::brwWebBrowser_DownloadComplete() {
       known = i < box.ListCount() && box.List(i) == address;
     }
     if (!known) box.AddItem(address);
+    strShown_ = address;
     if (!pane_.state.typing) box.SetText(address);
   });
 }

@@ -1,6 +1,7 @@
 #include "browser/PageReader.h"
 
 #include "base/number.h"
+#include "base/text.h"
 #include "platform/button_image.h"
 
 namespace corvane {
@@ -10,6 +11,12 @@ constexpr const char* kWorking = "Working...";
 constexpr const char* kDone = "Done";
 constexpr const char* kExtractingData = "Extracting Data ...";
 constexpr std::int16_t kTicksBetweenWorking = 7;
+
+/// What a page is called aloud; one without a title is not silent.
+std::string NameOf(const HTMLDocument& document) {
+  if (!document.Title.empty()) return document.Title;
+  return document.nameProp.empty() ? document.location : document.nameProp;
+}
 
 }  // namespace
 
@@ -67,8 +74,7 @@ void PageReader::ReadPage() {
   c.timTimer->SetEnabled(false);
   stopIcon_ = kImageStop;
   ErrorsIgnored([&] { c.Toolbar(kStop).SetPicture(stopIcon_); },
-                [&] { pane_.state.strAddress = browser.LocationURL(); },
-                [&] { pane_.status.Show(pane_.state.strAddress); },
+                [&] { KeepAddress(browser.LocationURL()); },
                 [&] { c.ctlText1.AddText(kLineBreak, true); }, [&] { announcer.AddAndSay(kDone); },
                 [&] { pane_.status.Show(browser.LocationName()); });
   // What the user is being asked about a download must not be cut off by a page that
@@ -108,11 +114,17 @@ void PageReader::ReadOn(const HTMLDocumentPtr& document, const Current& current)
   ErrorsIgnored([&] { pane_.controls.brwWebBrowser->TellFocus(); });
 }
 
+void PageReader::KeepAddress(const std::string& address) {
+  if (address != kProblemAddress) pane_.state.strAddress = address;
+  pane_.status.Show(address);
+}
+
 void PageReader::ReadTitleAndText(const HTMLDocument& document) {
   ctlText& text = pane_.controls.ctlText1;
   if (pane_.menu.mnuTextHistory(kClearWithNewPage).Checked()) text.ClearText();
   text.AddText(document.Title + kLineBreak + document.body_innerText, false, [&] {
-    title_ = document.Title;
+    pane_.state.page_text = text.SelStart() + static_cast<int>(text::length(document.Title)) + 1;
+    title_ = NameOf(document);
     SayTitle();
   });
 }

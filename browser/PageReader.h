@@ -21,8 +21,8 @@ class PageReader {
   PageReader(PaneContext& pane, Navigation& navigation, PageElements& elements, LinksList& links,
              SideBar& side_bar);
 
-  /// Speaks the title of the page that was read last, for a user who could not
-  /// hear it then; silent before the first page.
+  /// Speaks the title of the page that was read last, or else its name or address, for a user who
+  /// could not hear it then; silent before the first page.
   void SayTitle();
   /// Gives up a reading that is under way and reads nothing any more.
   void Stop();
@@ -35,6 +35,7 @@ class PageReader {
   void ReadPage();
   void ReadOn(const HTMLDocumentPtr& document, const Current& current);
   void StillLoading();
+  void KeepAddress(const std::string& address);
   void ReadTitleAndText(const HTMLDocument& document);
 
   PaneContext& pane_;
@@ -46,7 +47,7 @@ class PageReader {
   bool firstTick_ = false;
   std::int16_t busyTicks_ = 0;
   int stopIcon_;
-  std::string title_;                 // of the page that was read last
+  std::string title_;                 // spoken, of the page that was read last
   std::shared_ptr<Reading> reading_;  // the present one; a newer one makes it stop
   Connections connections_;
 };

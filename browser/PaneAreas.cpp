@@ -1,11 +1,14 @@
 #include "browser/PaneAreas.h"
 
+#include <utility>
+
 namespace corvane {
 
-PaneAreas::PaneAreas(PaneContext& pane) : pane_(pane) {
+PaneAreas::PaneAreas(PaneContext& pane, Navigation& navigation)
+    : pane_(pane), navigation_(navigation) {
   PaneControls& c = pane_.controls;
   const auto follow = [this](Control& control, PaneArea area) {
-    connections_ += control.GotFocus.Connect([this, area] { pane_.state.Enter(area); });
+    connections_ += control.GotFocus.Connect([this, area] { Enter(area); });
   };
   follow(*c.cboAddress, kAreaAddress);
   for (int i = 0; i < kToolbarButtons; ++i) follow(c.Toolbar(i), kAreaToolbar);
@@ -15,14 +18,21 @@ PaneAreas::PaneAreas(PaneContext& pane) : pane_(pane) {
   follow(c.ctlText1.Text1(), kAreaText);
 }
 
-bool PaneAreas::Shown(int area) const {
-  switch (area) {
-    case kAreaToolbar:
-      return pane_.controls.ButtonContainer->Visible();
-    case kAreaSideBar:
-      return !pane_.menu.mnuSideBarContent(kSideBarNone).Checked();
-    default:
-      return true;
+void PaneAreas::Enter(int area) {
+  const int left = std::exchange(pane_.state.area, area);
+  if (left == kAreaAddress && area != kAreaAddress) navigation_.AddressBoxLeft();
+}
+
+// Who loses the place where he is hears where he is then.
+void PaneAreas::KeepFocus(const std::function<void()>& change) {
+  const int area = pane_.state.area;
+  change();
+  if (!pane_.Shows(area)) {
+    Go(1);
+  } else if (area == kAreaAddress) {
+    navigation_.FocusAddress();
+  } else if (area == kAreaToolbar) {
+    ErrorsIgnored([&] { Focus(area); });
   }
 }
 
@@ -53,9 +63,9 @@ void PaneAreas::Go(int step) {
   int area = pane_.state.area;
   do {
     area = (area + step + kPaneAreas) % kPaneAreas;
-  } while (area != pane_.state.area && !Shown(area));
+  } while (area != pane_.state.area && !pane_.Shows(area));
   // The page tells of its focus later, or not at all while it loads.
-  pane_.state.Enter(area);
+  Enter(area);
   ErrorsIgnored([&] { Focus(area); });
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+
+#include "browser/Navigation.h"
 #include "browser/PaneContext.h"
 
 namespace corvane {
@@ -8,18 +11,22 @@ namespace corvane {
 /// the focus. Areas that are hidden are passed over.
 class PaneAreas {
  public:
-  explicit PaneAreas(PaneContext& pane);
+  PaneAreas(PaneContext& pane, Navigation& navigation);
 
   /// Focuses the next area, or the one before.
   void Next() { Go(1); }
   void Previous() { Go(-1); }
+  /// Makes a change that may take the user's area off the screen or out of its place:
+  /// the focus comes back to it, or goes to the next that is shown.
+  void KeepFocus(const std::function<void()>& change);
 
  private:
   void Go(int step);
-  bool Shown(int area) const;
+  void Enter(int area);
   void Focus(int area);
 
   PaneContext& pane_;
+  Navigation& navigation_;
   Connections connections_;
 };
 

@@ -28,17 +28,12 @@ struct PaneState {
   float sngSplitter = 0.25F;       ///< side bar width / container width
   float sngSplitterH = 0.25F;      ///< text pane height / container height
   bool blnStatusFeedback = false;  ///< status texts are spoken
+  int page_text = 0;               ///< where the page's text begins in the text pane
   int area = kAreaText;            ///< where the user is; so F6 leads to the address box first
   /// An address is being typed: a page that is there at last must not take it, or the
   /// focus, from under the user's fingers.
   bool typing = false;
   bool quiet = false;  ///< the focus is moved for the user: the page's title is not cut off
-
-  /// The user comes to an area; what was typed and left is given up.
-  void Enter(int entered) {
-    area = entered;
-    typing = typing && area == kAreaAddress;
-  }
 };
 
 /// What the pane's collaborators share.
@@ -46,7 +41,7 @@ struct PaneContext {
   explicit PaneContext(Desktop& platform, const Manner& how = kEstablishedManner)
       : desktop(platform),
         manner(how),
-        controls(platform),
+        controls(platform, how),
         menu(platform),
         announcer(platform.GetMessageBox(), controls.ctlText1) {}
   PaneContext(const PaneContext&) = delete;
@@ -60,6 +55,23 @@ struct PaneContext {
   StatusPanel status;
   Announcer announcer;
 
+  /// Whether an area is on the screen. Only there may the focus go.
+  bool Shows(int area) const {
+    switch (area) {
+      case kAreaToolbar:
+        return controls.ButtonContainer->Visible();
+      case kAreaSideBar:
+      case kAreaLinks:
+        return !menu.mnuSideBarContent(kSideBarNone).Checked();
+      default:
+        return true;
+    }
+  }
+  /// Whether there is a page to come back to at the next start. One that only told of a
+  /// problem is none.
+  bool HasStartAddress() const {
+    return !state.strAddress.empty() && state.strAddress != kProblemAddress;
+  }
   /// Starts the reading cycle.
   void StartReading() { controls.timTimer->SetEnabled(true); }
 };

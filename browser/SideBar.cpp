@@ -19,6 +19,8 @@ constexpr StockImage kPageImages[] = {
     StockImage::Frame,    StockImage::Anchors,    StockImage::Anchor, StockImage::Forms,
     StockImage::Form,     StockImage::FormElement};
 
+std::string NoAddressIn(const TreeNode& node) { return "No address in " + node.Text(); }
+
 }  // namespace
 
 SideBar::SideBar(PaneContext& pane, PaneSettings& settings, PaneLayout& layout)
@@ -34,11 +36,7 @@ SideBar::SideBar(PaneContext& pane, PaneSettings& settings, PaneLayout& layout)
   TreeView& tree = *pane_.controls.TreeView1;
   for (const StockImage image : kPageImages) page_images_->Add("", image);
   explorer_.Init(tree, nullptr, 0, 0, 0);
-  // A tree that is made anew with each page says itself when the user comes to it,
-  // not when the page has just been read.
-  connections_ += tree.GotFocus.Connect([this] {
-    if (!pane_.state.quiet || !ShowsPage()) TreeView1_GotFocus();
-  });
+  connections_ += tree.GotFocus.Connect([this] { SaySelected(pane_.state.quiet); });
   connections_ += tree.NodeClick.Connect([this](TreeNode& node) { TreeView1_NodeClick(node); });
   // Opening a node by key is heard like choosing it.
   connections_ += tree.Toggled.Connect([this](TreeNode& node) { TreeView1_NodeClick(node); });
@@ -138,7 +136,8 @@ void SideBar::ShowStructure(const HTMLDocumentPtr& document) {
 }
 
 void SideBar::Made() {
-  if (std::exchange(say_first_, false)) SelectFirst();
+  if (!std::exchange(say_first_, false) || pane_.state.area != kAreaSideBar) return;
+  if (SelectTop()) SaySelected(true);
 }
 
 void SideBar::RefreshAABrowser() {
@@ -156,18 +155,17 @@ TreeView& SideBar::ClearForOutline() {
   return *pane_.controls.TreeView1;
 }
 
-// Whether the tree is made anew with each page.
-bool SideBar::ShowsPage() const {
-  const int content = pane_.menu.mnuSideBarContent.FirstChecked();
-  return content == kSideBarPageStructure || content == kSideBarAccessibility;
-}
-
-bool SideBar::SelectFirst() {
+bool SideBar::SelectTop() {
   TreeView& tree = *pane_.controls.TreeView1;
   const auto nodes = tree.Nodes();
   if (nodes.empty()) return false;
   tree.SetSelectedItem(nodes.front());
-  TreeView1_GotFocus();
+  return true;
+}
+
+bool SideBar::SelectFirst() {
+  if (!SelectTop()) return false;
+  SaySelected(pane_.state.quiet);
   return true;
 }
 
@@ -220,7 +218,7 @@ void SideBar::Follow(TreeNode& node, int content) {
     if (node.Children() > 0) {
       OpenOrClose(node);
     } else {
-      pane_.announcer.AddAndSay("No address in " + node.Text());
+      pane_.announcer.AddAndSay(NoAddressIn(node));
     }
     return;
   }
@@ -233,8 +231,10 @@ void SideBar::Follow(TreeNode& node, int content) {
     pane_.announcer.AddAndSay(RefusedWords(address));
     return;
   }
+  WebBrowser& browser = *pane_.controls.brwWebBrowser;
+  if (content == kSideBarPageStructure && browser.GoToPlace(address)) return;
   pane_.StartReading();
-  pane_.controls.brwWebBrowser->Navigate2(address);
+  browser.Navigate2(address);
 }
 
 void SideBar::OpenOrClose(TreeNode& node) {
@@ -244,11 +244,11 @@ void SideBar::OpenOrClose(TreeNode& node) {
 }
 
 // Each of the tree's words is a line of its own in the text pane.
-void SideBar::TreeView1_GotFocus() {
+void SideBar::SaySelected(bool after_title) {
   ErrorsIgnored([&] {
     const TreeNode* selected = pane_.controls.TreeView1->SelectedItem();
     const std::string words = Required(selected).Text() + " Sidebar Item";
-    if (pane_.state.quiet) {
+    if (after_title) {
       pane_.announcer.AddAndSayAfterTitle(words);
     } else {
       pane_.announcer.AddAndSay(words);
@@ -277,8 +277,8 @@ void SideBar::TreeView1_KeyUp(const KeyEvent& key) {
       mnuSideBarContent_Click(content);
       say_first_ = !SelectFirst();
     } else if (key.KeyCode == kKeyF1) {
-      const TreeNode* selected = pane_.controls.TreeView1->SelectedItem();
-      pane_.announcer.AddAndSay(Required(selected).Tag());
+      const TreeNode& selected = Required(pane_.controls.TreeView1->SelectedItem());
+      pane_.announcer.AddAndSay(selected.Tag().empty() ? NoAddressIn(selected) : selected.Tag());
     }
   });
 }

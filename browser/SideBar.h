@@ -33,6 +33,9 @@ class SideBar {
   /// when the tree is empty.
   bool SelectFirst();
 
+  /// Has the first node said, behind the page's title, once the tree has been made.
+  void SayFirstWhenMade() { say_first_ = true; }
+
   /// The window closes: what is still being made is given up.
   void Close();
 
@@ -51,14 +54,14 @@ class SideBar {
   unsigned Begin();
   void ShowStructure(const HTMLDocumentPtr& document);
   void Made();
-  bool ShowsPage() const;
   void ShowFolder(const std::string& path);
   std::string HistoryPath() const;
   void Explain(TreeNode& node);
   void Follow(TreeNode& node, int content);
   std::string AddressOf(const TreeNode& node, int content) const;
   void OpenOrClose(TreeNode& node);
-  void TreeView1_GotFocus();
+  bool SelectTop();
+  void SaySelected(bool after_title);
   void TreeView1_NodeClick(const TreeNode& node);
   void TreeView1_KeyDown(const KeyEvent& key);
   void TreeView1_KeyUp(const KeyEvent& key);

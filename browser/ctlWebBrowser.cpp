@@ -25,9 +25,10 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop, const Manner& manner)
       favorites_(pane_, side_bar_),
       help_(pane_, side_bar_),
       echo_(pane_),
+      places_(pane_, echo_),
       read_on_(pane_, echo_),
       reader_(pane_, navigation_, elements_, links_, side_bar_),
-      areas_(pane_) {
+      areas_(pane_, navigation_) {
   PaneMenu& menu = pane_.menu;
   connections_ += menu.mnuTextHistory.Click.Connect([this](int i) { mnuTextHistory_Click(i); });
   connections_ += menu.mnuHome.Click.Connect([this](int i) { mnuHome_Click(i); });

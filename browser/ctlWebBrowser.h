@@ -13,6 +13,7 @@
 #include "browser/PaneContext.h"
 #include "browser/PaneLayout.h"
 #include "browser/PaneSettings.h"
+#include "browser/Places.h"
 #include "browser/ReadOn.h"
 #include "browser/SideBar.h"
 
@@ -47,12 +48,12 @@ class ctlWebBrowser {
 
   /// Numbers of cmdAction that a host sends.
   enum Action : int {
-    kSaveAs = 1,
-    kPrintPage = 2,
-    kEngineOptions = 3,
-    kFocusAddress = 6,
-    kOpenWebSite = 8,
-    kStatusFeedback = 9,
+    kSaveAs = kActionSaveAs,
+    kPrintPage = kActionPrint,
+    kEngineOptions = kActionEngineOptions,
+    kFocusAddress = kActionFocusAddress,
+    kOpenWebSite = kActionOpenWebSite,
+    kStatusFeedback = kActionStatusFeedback,
   };
 
   void Navigate(const std::string& url) { navigation_.Navigate(url); }
@@ -72,12 +73,16 @@ class ctlWebBrowser {
   void PreviousArea() { areas_.Previous(); }
   /// Reads the text pane aloud from its caret on.
   void ReadOn() { read_on_.Start(); }
-  void HideButtonToolBar(bool hide) { layout_.HideButtonToolBar(hide); }
+  void HideButtonToolBar(bool hide) {
+    areas_.KeepFocus([&] { layout_.HideButtonToolBar(hide); });
+  }
   /// Speaks the title of the page that was read last; silent before the first.
   void SayWhereYouAre() { reader_.SayTitle(); }
   void GetHelp(const std::string& file) { help_.GetHelp(file); }
   void MenuToggleCheck(int index, MenuArray& menu) { settings_.MenuToggleCheck(menu, index); }
-  void mnuSideBarContent_Click(int index) { side_bar_.mnuSideBarContent_Click(index); }
+  void mnuSideBarContent_Click(int index) {
+    areas_.KeepFocus([&] { side_bar_.mnuSideBarContent_Click(index); });
+  }
   void mnuTextHistory_Click(int index) { settings_.mnuTextHistory_Click(index); }
   void mnuHome_Click(int index) { settings_.mnuHome_Click(index); }
   void mnuFocus_Click(int index) { settings_.mnuFocus_Click(index); }
@@ -112,6 +117,7 @@ class ctlWebBrowser {
   FavoriteCommands favorites_;
   HelpOutline help_;
   CaretEcho echo_;
+  Places places_;
   corvane::ReadOn read_on_;
   PageReader reader_;
   PaneAreas areas_;

@@ -90,7 +90,7 @@ class UserGuide(EndToEndTest):
         self.go("/start.html", "The local news")
         self.hears("ctrl+l", self.base + "/start.html Address Box")
         self.hears("ctrl+l", self.base + "/start.html Address Box")
-        self.hears("Up", "https://www.microsoft.com/")
+        self.hears("Up", "https://www.mozilla.org/")
         self.hears("Down", self.base + "/start.html")
 
     def test_address_given_in_a_terminal_opens_a_window(self):

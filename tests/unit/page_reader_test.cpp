@@ -180,6 +180,29 @@ TEST_F(PageReaderTest, WordsBehindTheTitleAreNotSaidWhenItIsCutOff) {
   EXPECT_THAT(program.Spoken(), IsEmpty());
 }
 
+TEST_F(PageReaderTest, AutoFocusNeverGoesToAHiddenArea) {
+  for (const char* choice : {"2", "3"}) {
+    Program program;
+    program.desktop.settings.Pane("Focus") = choice;
+    program.desktop.settings.Pane("SideBar") = "0";
+    program.Start();
+    program.desktop.focus = "before";
+    program.Read(MakePage("http://a/", "A", ""));
+    EXPECT_EQ(program.desktop.focus, "before") << choice;
+  }
+}
+
+TEST_F(PageReaderTest, PageWithoutATitleIsCalledByItsNameOrAddress) {
+  p.desktop.settings.Pane("Focus") = "0";
+  Start();
+  auto page = MakePage("http://a/file.html", "", "text");
+  page->nameProp = "file.html";
+  p.Read(page);
+  EXPECT_EQ(p.Spoken().back(), "file.html");
+  p.Read(MakePage("http://a/", "", "text"));
+  EXPECT_EQ(p.Spoken().back(), "http://a/");
+}
+
 TEST_F(PageReaderTest, TreeOfThePageDoesNotCutOffItsTitle) {
   Program program;
   program.desktop.settings.Pane("Focus") = "3";
@@ -191,8 +214,10 @@ TEST_F(PageReaderTest, TreeOfThePageDoesNotCutOffItsTitle) {
   program.Read(MakePage("http://a/", "Title", "text"));
   EXPECT_EQ(program.desktop.focus, "TreeView1");
   EXPECT_EQ(program.Spoken().back(), "Title");
+  program.desktop.speech.agent->CompleteLast();
+  EXPECT_THAT(program.Spoken(), ElementsAre("Title Sidebar Item")) << "behind the title";
   program.Tree().SetFocus();  // the user comes to it
-  EXPECT_THAT(program.Spoken(), ElementsAre(::testing::EndsWith(" Sidebar Item")));
+  EXPECT_THAT(program.Spoken(), ElementsAre("Title Sidebar Item"));
 }
 
 class FavoritesWithFocus : public PageReaderTest {

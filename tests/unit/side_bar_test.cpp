@@ -143,6 +143,8 @@ struct ChangedPage : SideBarTest {
 };
 
 TEST_F(ChangedPage, EscapeShowsItAsItIsNow) {
+  p.Tree().SetFocus();
+  p.Spoken();
   p.Tree().Press(kKeyEscape);
   EXPECT_THAT(p.Spoken(), IsEmpty());
   p.Browser().Described(now);
@@ -189,6 +191,8 @@ TEST_F(SideBarTest, EscapeInTheAccessibilityTreeSaysItsFirstNodeWhenItIsThere) {
   const auto window =
       p.desktop.windows.Add("", "Internet Explorer_Server", Pane().controls.ELAMain->hwnd());
   p.desktop.accessibility.objects[{window, kObjectClient}] = page;
+  p.Tree().SetFocus();
+  p.Spoken();
   p.Tree().Press(kKeyEscape);
   EXPECT_THAT(p.Spoken(), IsEmpty());
   p.desktop.accessibility.Arrive();
@@ -235,6 +239,22 @@ TEST_F(SideBarTest, FavoriteThatIsAPageIsFollowedItself) {
   EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 /data/Favorites/saved.HTM"));
   p.Tree().DoubleClick(Choose(1));
   EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 /data/Favorites/saved.html"));
+}
+
+TEST_F(SideBarTest, FavoriteThatIsAPageOfTodaysNameIsFollowedItself) {
+  for (const char* manner : {"0", "1"}) {
+    Program program;
+    program.desktop.settings.Main("Manner") = manner;
+    program.desktop.settings.Pane("SideBar") = "2";
+    program.desktop.shell.File("/data/Favorites/saved.html");
+    program.StartTalking();
+    FakeTreeNode& root = *program.Tree().nodes.at(0);
+    program.Tree().Toggle(root);
+    program.Browser().calls.clear();
+    program.Tree().DoubleClick(root[0]);
+    const bool today = manner == std::string("1");
+    EXPECT_EQ(program.Browser().calls.size(), today ? 1U : 0U) << manner;
+  }
 }
 
 TEST_F(SideBarTest, DesktopLinkIsReadInItsOwnWay) {
@@ -332,6 +352,14 @@ TEST(HostileAddress, IsToldByItsSchemeAndWhereItComesFrom) {
 }
 
 // Keys ---------------------------------------------------------------------------------
+
+TEST_F(SideBarTest, F1OnANodeWithoutAddressSaysSo) {
+  shell.File("/data/Favorites/leaf");
+  StartWith(kSideBarFavorites);
+  p.Tree().SetSelectedItem(&Root());
+  p.Tree().Press(kKeyF1);
+  EXPECT_THAT(p.Spoken(), ElementsAre("No address in Favorites"));
+}
 
 TEST_F(SideBarTest, FocusSaysTheSelectedNode) {
   shell.File("/data/Favorites/leaf");
