@@ -169,7 +169,7 @@ TEST_F(EngineOptionsTest, SitesPermissionsLeadBackToWhatWasSetSoFar) {
   Press({"Down"});
   Outside({"xdotool", "key", "alt+m"});
   WaitFor("the permissions", [&] { return closed_ != nullptr; });
-  EXPECT_EQ(windows_.FindWindow("Web options"), 0U);
+  WaitFor("the end", [&] { return windows_.FindWindow("Web options") == 0; });
   EXPECT_FALSE(applied_.has_value());
   spoken_.clear();
   dialog_.Show();
