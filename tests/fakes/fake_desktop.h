@@ -277,8 +277,8 @@ class FakeDesktop : public Desktop {
   int downloads = 0;               ///< how often their list was shown
   std::vector<FakeTimer*> timers;  ///< in the order of their making
   FakeActivationHook* hook = nullptr;
-  FakeKeyboardHook* keyboard_hook = nullptr;      ///< the one made last
-  std::vector<FakeKeyboardHook*> keyboard_hooks;  ///< all that live
+  FakeHook<KeyboardHook>* keyboard_hook = nullptr;  ///< the one made last
+  std::vector<FakeKeyboardHook*> keyboard_hooks;    ///< all that live
   FakeMessageHook* message_hook = nullptr;
   FakeRebarWindow* rebar = nullptr;
   std::string focus;    ///< the control that was focused last

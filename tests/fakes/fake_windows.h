@@ -124,6 +124,7 @@ class FakeHook : public Port {
 };
 using FakeActivationHook = FakeHook<ActivationHook>;
 struct FakeKeyboardHook : FakeHook<KeyboardHook> {
+  using FakeHook::FakeHook;
   bool IntoPassword() const override { return into_password; }
   bool into_password = false;
 };

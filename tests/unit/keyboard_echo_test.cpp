@@ -172,7 +172,7 @@ TEST_F(KeyboardEcho, CharactersOfAHiddenPasswordAreStars) {
   hiding.StartTalking();
   hiding.Service()->gMSAgent()->blnKeyboardEcho = true;
   const auto named = [&](int key, bool into_password) {
-    hiding.desktop.keyboard_hook->into_password = into_password;
+    hiding.desktop.keyboard_hooks.back()->into_password = into_password;
     hiding.Spoken();
     hiding.desktop.keyboard_hook->KeyDown.Raise({key});
     const auto said = hiding.Spoken();
@@ -188,7 +188,7 @@ TEST_F(KeyboardEcho, CharactersOfAHiddenPasswordAreStars) {
 
 TEST_F(KeyboardEcho, PasswordsAreNamedLikeOtherKeysUnlessTheyAreHidden) {
   Agent().blnKeyboardEcho = true;
-  program.desktop.keyboard_hook->into_password = true;
+  program.desktop.keyboard_hooks.back()->into_password = true;
   Press('A');
   EXPECT_EQ(Calls().back(), "speak \\Pit=90\\\\Spd=150\\A (urgent)");
 }

@@ -89,9 +89,9 @@ TEST_F(EventHooksTest, ModifiersAndNamedKeysHaveTheirCodes) {
 }
 
 TEST_F(EventHooksTest, KeysBringWhatTheyTypeWithoutShift) {
-  Press({"comma", "shift+comma", "Super_R"});
+  Press({"comma", "shift+comma", "F13"});
   WaitFor("the keys", [&] { return keys_.size() == 4; });
-  EXPECT_THAT(keys_, ElementsAre(188, 16, 188, 92));
+  EXPECT_THAT(keys_, ElementsAre(188, 16, 188, 124));
   EXPECT_EQ(characters_, std::u32string({U',', U'\0', U',', U'\0'}));
 }
 

@@ -82,7 +82,7 @@ TEST_F(KeysTest, ShiftedKeysKeepTheirCode) {
 TEST_F(KeysTest, AKeyDownOfCodeZeroIsKeptFromTheField) {
   on_down_ = [](KeyEvent& key) { key.KeyCode = 0; };
   Key(Top(), 'a');
-  EXPECT_THAT(log_, ElementsAre("down 65/0", "up 65/0"));
+  EXPECT_THAT(log_, ElementsAre("down 65/0")) << "its release is not told either";
   EXPECT_EQ(combo_->Text(), "");
 }
 
