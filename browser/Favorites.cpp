@@ -56,6 +56,9 @@ bool Favorites::IsBelow(const std::string& path, const std::string& folder) cons
 
 // The established reader of shortcuts has no more room than that.
 std::string Favorites::AddressIn(const std::string& path) const {
+  // What counts as a saved page in the established manner ends in "htm".
+  const bool is_newer = text::same_ignoring_case(text::mid(path, text::length(path) - 3), "html");
+  if (is_newer && !manner_.today) return {};
   const std::string content = desktop_.GetFileSystem().ReadText(path, kMostOfLinkFile);
   const std::string address = ReadLinkFile(path, content).address;
   const bool is_cut = LinkKindOf(path) == LinkKind::Shortcut && !manner_.today;

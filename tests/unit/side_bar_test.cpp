@@ -234,6 +234,7 @@ TEST_F(SideBarTest, EstablishedReaderCutsALongAddressTo126Characters) {
 TEST_F(SideBarTest, FavoriteThatIsAPageIsFollowedItself) {
   shell.File("/data/Favorites/saved.HTM");
   shell.File("/data/Favorites/saved.html");
+  p.desktop.settings.Main("Manner") = "1";
   StartWith(kSideBarFavorites);
   p.Tree().DoubleClick(Choose(0));
   EXPECT_THAT(p.Browser().calls, ElementsAre("Navigate2 /data/Favorites/saved.HTM"));
