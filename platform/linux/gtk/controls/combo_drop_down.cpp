@@ -98,8 +98,9 @@ void DropDownCombo::ListShown() {
   if (list != list_) {
     list_ = list;
     list_->signal_cursor_changed().connect([this] { TellCursor(); });
-    list_->signal_key_press_event().connect([this](GdkEventKey* event) { return ListKey(*event); },
-                                            false);
+    // The window of the list has the keys before the list itself.
+    list_->get_toplevel()->signal_key_press_event().connect(
+        [this](GdkEventKey* event) { return ListKey(*event); }, false);
   }
   Gtk::TreePath cursor;
   Gtk::TreeViewColumn* column = nullptr;

@@ -157,11 +157,12 @@ void Splitter::GoRound(bool back) {
   (*(next + 1))->Take(came_from);
 }
 
-// Who is at the end hears that the bar stays.
+// From one whole percent to the next. Who is at the end hears that the bar stays.
 void Splitter::Step(int direction) {
   const int room = std::max(1, total_ - BarSize());
   const int before = get_position();
-  set_position(std::clamp(before + direction * std::max(1, room / 100), 0, room));
+  const int share = std::clamp((100 * before + room / 2) / room + direction, 0, 100);
+  set_position((share * room + 50) / 100);
   if (get_position() == before) TellShare();
 }
 
