@@ -63,8 +63,9 @@ MSAgent::MSAgent(Desktop& desktop, ProcessSpeech& speech)
   connections_ += form_->QueryUnload.Connect(
       [this](bool& Cancel, Form::UnloadMode mode) { Form_QueryUnload(Cancel, mode); });
   connections_ += cmdOK_->Click.Connect([this] { cmdOK_Click(); });
-  connections_ +=
-      cmdOK_->GotFocus.Connect([this] { SayInBox(cmdOK_->Caption() + " button", false); });
+  connections_ += cmdOK_->GotFocus.Connect([this] {
+    if (!manner_.today || !follows_) SayInBox(cmdOK_->Caption() + " button", false);
+  });
   connections_ += Text1_->GotFocus.Connect([this] { SayInBox(Text1_->Text(), false); });
   Form_Load();
 }
@@ -112,8 +113,7 @@ void MSAgent::HandOverMessages() {
 void MSAgent::Form_QueryUnload(bool& Cancel, Form::UnloadMode UnloadMode) {
   if (UnloadMode != Form::UnloadMode::ControlMenu) return;
   Cancel = true;
-  form_->Hide();
-  if (manner_.today) ShowNextMessage();
+  CloseBox();
 }
 
 void MSAgent::Load_Init(const std::shared_ptr<ISpeechWindow>& frmCV) {
@@ -274,14 +274,24 @@ void MSAgent::Timer2_Timer() {
   ShowNextMessage();
 }
 
+// The next message takes the place of the one before: between them the window
+// behind would have the focus, and say so.
+void MSAgent::CloseBox() {
+  if (!manner_.today || messages_.empty()) return form_->Hide();
+  ShowNextMessage();
+  SayInBox(cmdOK_->Caption() + " button", false);
+}
+
 void MSAgent::ShowNextMessage() {
   if (messages_.empty()) return;
+  follows_ = form_->Visible();
   shown_ = std::move(messages_.front());
   messages_.pop_front();
   ErrorsIgnored([&] { Text1_->SetText(shown_.text); }, [&] { SayInBox(shown_.text, true); },
                 [&] { form_->ShowModal(OwnerOfBox()); },
                 // The message has just been spoken; its own field would say it again.
                 [&] { cmdOK_->SetFocus(); });
+  follows_ = false;
 }
 
 // Usual: the window whose page has the message.
@@ -306,8 +316,7 @@ void MSAgent::form_KeyDown(KeyEvent& key) {
 
 void MSAgent::cmdOK_Click() {
   Text1_->SetText("");
-  form_->Hide();
-  if (manner_.today) ShowNextMessage();
+  CloseBox();
 }
 
 }  // namespace corvane

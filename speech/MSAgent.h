@@ -86,6 +86,7 @@ class MSAgent {
     WindowHandle window = 0;  ///< that it belongs to
   };
   bool UserWantsSilence() const;
+  void CloseBox();
   void ShowNextMessage();
   void HandOverMessages();
   void SayInBox(const std::string& text, bool urgent);
@@ -117,6 +118,7 @@ class MSAgent {
   std::weak_ptr<ISpeechWindow> owner_;
   std::deque<PageMessage> messages_;
   PageMessage shown_;
+  bool follows_ = false;  // it is taking the place of another one
   int speed_ = 0;
   int pitch_ = 0;
   Connections connections_;

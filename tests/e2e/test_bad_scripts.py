@@ -17,8 +17,9 @@ class BadScripts(PageTest):
 
     def test_alerts_in_a_loop_do_not_hold_the_user(self):
         self.opened(self.base + "/alerts.html")
-        wait_until(lambda: any(text.startswith("Alert ") for text in self.corvane.transcript.spoken()), "an alert")
-        self.corvane.keys("Escape")
+        for number in range(1, 6):  # what a page may show in a short time
+            self.said(f"Alert {number}")
+            self.corvane.keys("Escape")
         wait_until(lambda: "Message Box" not in self.corvane.window_names(), "the box to go")
         self.assert_alive()
 

@@ -96,8 +96,10 @@ class BadSurroundings(EndToEndTest):
         (self.copy_program() / "talker.acf").unlink()
         corvane = self.start(wait=False)
         wait_until(lambda: any("talker.acf" in text for text in corvane.transcript.spoken()), "the error spoken")
+        wait_until(lambda: corvane.focused_name() == "OK", "the box")
         corvane.keys("Return")
         wait_until(lambda: "Corvane" in corvane.text_of("Text"), "the home page")
+        wait_until(lambda: corvane.focused_name() not in (None, "OK"), "the box to go")
         corvane.open(self.base + "/alert.html")
         words = "Your session ends soon. OK Button"
         self.said(words)

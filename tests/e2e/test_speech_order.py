@@ -46,18 +46,16 @@ class SpeechOrder(EndToEndTest):
         self.wait_for_quiet()
 
     def active_window(self):
-        """The place of the active one among the program's windows, by their making."""
+        """What names the active one among the program's windows, whatever comes and goes."""
         application = self.corvane.application()
-        return next((i for i in range(application.get_child_count())
-                     if application.get_child_at_index(i).get_state_set().contains(Atspi.StateType.ACTIVE)), None)
+        children = (application.get_child_at_index(i) for i in range(application.get_child_count()))
+        return next((child.path for child in children if child is not None
+                     and child.get_state_set().contains(Atspi.StateType.ACTIVE)), None)
 
     # Windows ------------------------------------------------------------------
     def test_dialogs_speak_exactly_when_their_window_does(self):
         corvane = self.start(SPOKEN)
-        corvane.keys("ctrl+n")
-        self.wait_for_windows("Corvane", 2)
-        self.said("Corvane home page")
-        self.wait_for_quiet()
+        self.new_window()
         self.speech_off()
         self.assertEqual(self.heard_of_dialogs(), [])
         corvane.transcript.mark()
@@ -81,9 +79,19 @@ class SpeechOrder(EndToEndTest):
         self.wait_for_windows("Corvane", 1)
         self.assertEqual(self.heard_of_dialogs(), [])
 
+    def new_window(self):
+        """Opens a second window and waits until its page has been read."""
+        self.wait_for_quiet()
+        self.corvane.transcript.mark()
+        self.corvane.keys("ctrl+n")
+        self.wait_for_windows("Corvane", 2)
+        self.said("Extracting Links ...", "Corvane home page")
+        self.wait_for_quiet()
+
     def speech_off(self):
         self.corvane.keys("alt+c", "Return")
         wait_until(lambda: "Speech=False" in self.corvane.settings("Corvane"), "speech to go off")
+        self.wait_until_active("Corvane")  # the menu is gone
 
     def speech_on(self):
         self.corvane.transcript.mark()
@@ -117,10 +125,7 @@ class SpeechOrder(EndToEndTest):
 
     def test_menus_and_keys_are_named_only_where_speech_is_on(self):
         corvane = self.start({"Corvane": {"Speech": "True", "KeyEcho": "True"}, "pnlBrowser": PLAIN})
-        corvane.keys("ctrl+n")
-        self.wait_for_windows("Corvane", 2)
-        self.said("Corvane home page")
-        self.wait_for_quiet()
+        self.new_window()
         self.speech_off()
         self.wait_for_quiet()
         corvane.transcript.mark()
@@ -152,7 +157,8 @@ class SpeechOrder(EndToEndTest):
         self.corvane.transcript.mark()
         self.corvane.keys("Return")
         self.said("Second message", "OK button")
-        self.wait_for_windows("Message Box", 1)
+        self.wait_for_quiet()
+        self.assertEqual(self.corvane.transcript.spoken(), ["Second message", "OK button"])
         self.corvane.keys("Return")
         self.wait_for_windows("Message Box", 0)
         self.wait_until_active("Corvane")
@@ -167,9 +173,7 @@ class SpeechOrder(EndToEndTest):
 
     def test_alert_of_the_second_window_leads_back_to_it(self):
         corvane = self.start(SPOKEN)
-        corvane.keys("ctrl+n")
-        self.wait_for_windows("Corvane", 2)
-        self.wait_for_quiet()
+        self.new_window()
         self.page("/alert.html", "One alert")
         second = self.active_window()
         self.said("Your session ends soon")
