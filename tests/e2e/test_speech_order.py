@@ -174,8 +174,8 @@ class SpeechOrder(EndToEndTest):
     def test_alert_of_the_second_window_leads_back_to_it(self):
         corvane = self.start(SPOKEN)
         self.new_window()
-        self.page("/alert.html", "One alert")
         second = self.active_window()
+        self.page("/alert.html", "One alert")
         self.said("Your session ends soon")
         self.wait_for_windows("Message Box", 1)
         self.wait_for_quiet()
