@@ -6,7 +6,7 @@ import time
 from gi.repository import Atspi, GLib
 
 from ear_user import SIDE_BARS, EarUser, menu
-from harness import EndToEndTest, wait_until
+from harness import ESTABLISHED, EndToEndTest, wait_until
 
 STATE, ROLE = Atspi.StateType, Atspi.Role
 WINDOWS = (ROLE.FRAME, ROLE.DIALOG, ROLE.ALERT, ROLE.FILE_CHOOSER, ROLE.WINDOW)
@@ -186,7 +186,8 @@ class OwnWindows(EndToEndTest):
                 self.assert_open_dialog_named(window, controls)
 
     def test_message_box(self):
-        corvane = self.start(settings={"Corvane": {"Speech": "True", "MainLeft": "left"}}, wait=False)
+        corvane = self.start(settings={"Corvane": {**ESTABLISHED["Corvane"], "MainLeft": "left"}},
+                             wait=False)
         self.said("FormLoad Error: Type mismatch. OK Button")
         wait_until(corvane.focused, "a focus")
         self.assert_all_named("a message box")

@@ -332,8 +332,6 @@ TEST_F(DropDownComboTest, TheOpenListTellsWhereItsCursorIs) {
   press("F4");
   Outside({"xdotool", "key", "Down", "Return"});
   WaitFor("the choice", [&] { return clicks_.size() == 1 && !Open(); });
-  Settle();
-  EXPECT_EQ(focused, 1) << "what was chosen says itself";
 }
 
 TEST_F(DropDownComboTest, AltDownAndF4OpenTheListAndEscapeClosesIt) {
