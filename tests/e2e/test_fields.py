@@ -149,7 +149,7 @@ class Fields(EndToEndTest):
         self.assertEqual(self.press("ctrl+l"), [address])
         self.assertEqual(self.press(*menu("View"), "Return")[-1], address)
         self.assertEqual(self.type("zz"), ["z", "z"])
-        self.assertEqual(self.press(*menu("View"), "Return")[-1], address)
+        self.assertEqual(self.press(*menu("View"), "Return")[-1], "zz Address Box")
 
     def test_no_page_leads_into_a_hidden_tree(self):
         settings = {**SETTINGS, "pnlBrowser": {"SideBar": "0", "Focus": "3", "Home": "3"}}
@@ -163,6 +163,7 @@ class Fields(EndToEndTest):
         self.press("Down")
         self.assertEqual(self.press("Return"), ["All terms"])
         self.assertEqual(self.press("F6", "F6")[-1], "Text Box")
+        self.assertEqual(self.press("Down"), ["blank"])
         self.assertEqual(self.press("Down"), ["The text of the terms"])
 
     def test_a_place_in_the_text_survives_what_is_announced(self):
@@ -172,6 +173,7 @@ class Fields(EndToEndTest):
         self.press("Down")
         self.assertEqual(self.press("ctrl+plus"), ["110 percent"])
         self.assertEqual(self.press("ctrl+d"), ["Places added to Favorites"])
+        self.assertEqual(self.press("Right"), ["Between the links and the terms"])
         self.assertEqual(self.press("Right"), ["B"])
         said = [self.press("Down")[0] for _ in range(2)]
         self.assertIn("blank", said)
