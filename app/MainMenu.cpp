@@ -17,7 +17,7 @@ struct Captions {
 };
 constexpr Captions kEstablished = {"Settin&gs", "Help", "&IE Settings", "Use Explorer's"};
 // Every title has a letter of its own, and nothing is named after another program.
-constexpr Captions kToday = {"&Settings", "&Help", "&Web Options", "Use Start Page of Web Options"};
+constexpr Captions kToday = {"&Settings", "&Help", "Web Opt&ions", "Use Start Page of Web Options"};
 
 }  // namespace
 

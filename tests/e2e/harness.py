@@ -242,8 +242,14 @@ class Corvane:
 
     def find(self, name):
         """The control of that name, not its label, or None."""
-        named = (n for n in self.accessibles() if n.get_name() == name)
-        return next((n for n in named if n.get_role() != Atspi.Role.LABEL), None)
+
+        def is_it(node):
+            try:
+                return node.get_name() == name and node.get_role() != Atspi.Role.LABEL
+            except GLib.GError:
+                return False  # it is gone
+
+        return next((n for n in self.accessibles() if is_it(n)), None)
 
     def focused(self):
         # One that moves while it is looked for is found nowhere.

@@ -51,7 +51,7 @@ TEST(MainMenu, SpeaksOfNoOtherProgramToday) {
   EXPECT_THAT(captions(m.mnuFile),
               ElementsAre("&File", "&Edit", "&Go", "&Settings", "&View", "Spee&ch", "&Help"));
   EXPECT_THAT(captions(m.mnuSettings),
-              ElementsAre("&Web Options", "-", "Side&Bar", "&Text History", "&Home", "Auto&Focus",
+              ElementsAre("Web Opt&ions", "-", "Side&Bar", "&Text History", "&Home", "Auto&Focus",
                           "-", "Enable &Status Change Feedback"));
   EXPECT_THAT(captions(m.mnuHome), ElementsAre("None", "-", "Use Start Page of Web Options",
                                                "Use Corvane's", "Last one Opened"));
