@@ -1,0 +1,341 @@
+// Runs behind names.js, in the same script world. It tells what an element is to its
+// user besides its name: its states, its value, its place among its like, and the
+// groups that it lies in.
+'use strict';
+(() => {
+  if (!globalThis.corvaneNames || globalThis.corvaneFacts) return;
+
+  const {
+    nameOf, descriptionOf, roleOf, givenRole, isShown, isKeptBack, isElement, isInside, elementAbove,
+    elementsBelow, named, attribute, has, matches, getter, short, typeOf, valueOf, tagOf, words, limit,
+  } = globalThis.corvaneNames;
+  const {numberOf} = globalThis.corvane.parts;
+  const MOST_GROUPS = 8;
+  const MOST_LIKE = 20000;  // elements looked at to find a place among the like
+
+  const isField = (element) => element instanceof HTMLInputElement ||
+    element instanceof HTMLSelectElement || element instanceof HTMLTextAreaElement ||
+    element instanceof HTMLButtonElement;
+  const whole = (text) => (/^\s*\d{1,9}\s*$/.test(text) ? Number(text) : 0);
+  const one = (text, allowed) => (allowed.has(text.trim().toLowerCase()) ? text.trim().toLowerCase() : '');
+
+  // --- states -----------------------------------------------------------------------
+
+  const BOTH = words('true false');
+  const THREE = words('true false mixed');
+  const CHECKED = words('checkbox menuitemcheckbox menuitemradio radio switch option treeitem');
+  const SELECTED = words('option tab row gridcell columnheader rowheader treeitem');
+  const checkedOf = (element, role) => {
+    if (element instanceof HTMLInputElement && /^(checkbox|radio)$/.test(typeOf(element))) {
+      return element.indeterminate ? 'mixed' : String(element.checked);
+    }
+    if (!CHECKED.has(role)) return '';
+    const said = one(attribute(element, 'aria-checked'), THREE);
+    return said || (/^(checkbox|menuitemcheckbox|menuitemradio|radio|switch)$/.test(role) ? 'false' : '');
+  };
+  const selectedOf = (element, role) => {
+    if (element instanceof HTMLOptionElement) return String(element.selected);
+    return SELECTED.has(role) ? one(attribute(element, 'aria-selected'), BOTH) : '';
+  };
+  const expandedOf = (element, role) => {
+    if (role === 'summary') {
+      const parent = elementAbove(element);
+      return parent instanceof HTMLDetailsElement ? String(parent.open) : '';
+    }
+    const said = one(attribute(element, 'aria-expanded'), BOTH);
+    if (said || !(element instanceof HTMLButtonElement)) return said;
+    // A button that shows and hides another part of the page.
+    const [target] = named(element, attribute(element, 'popovertarget'));
+    return target instanceof HTMLElement && has(target, 'popover')
+      ? String(matches(target, ':popover-open')) : '';
+  };
+  const POPUPS = words('menu listbox tree grid dialog');
+  const popupOf = (element) => {
+    const said = attribute(element, 'aria-haspopup').trim().toLowerCase();
+    return said === 'true' ? 'menu' : one(said, POPUPS);
+  };
+  const CURRENT = words('page step location date time true');
+  const SORTED = words('ascending descending other');
+  // A header is sorted; what is pressed for it may be a button within.
+  const sortOf = (element) => {
+    let at = element;
+    for (let i = 0; at && i < 4; at = elementAbove(at), i++) {
+      const said = one(attribute(at, 'aria-sort'), SORTED);
+      if (said) return said;
+    }
+    return '';
+  };
+  const isDisabled = (element) => {
+    if (isField(element) && matches(element, ':disabled')) return true;
+    for (let at = element, i = 0; at && i < limit.above; at = elementAbove(at), i++) {
+      const said = attribute(at, 'aria-disabled');
+      if (said === 'true') return true;
+      if (said === 'false') return false;
+    }
+    return false;
+  };
+  const WRITES = words('text search url tel email password date month week time datetime-local number');
+  const isReadOnly = (element) => {
+    if (element instanceof HTMLTextAreaElement) return element.readOnly;
+    if (element instanceof HTMLInputElement && WRITES.has(typeOf(element))) return element.readOnly;
+    return attribute(element, 'aria-readonly') === 'true';
+  };
+  const isRequired = (element) => attribute(element, 'aria-required') === 'true' ||
+    (isField(element) && element.required === true);
+  // A field that the user has not got wrong yet is not called so.
+  const isInvalid = (element) => {
+    const said = attribute(element, 'aria-invalid').trim().toLowerCase();
+    if (said !== '') return said !== 'false';
+    return isField(element) && matches(element, ':user-invalid');
+  };
+  const errorOf = (element) => {
+    if (!isInvalid(element)) return '';
+    const told = named(element, attribute(element, 'aria-errormessage')).filter(isShown)
+      .map((each) => each.textContent ?? '').join(' ');
+    return short(told) || (isField(element) ? short(element.validationMessage ?? '') : '');
+  };
+
+  // --- value ------------------------------------------------------------------------
+
+  const RANGES = words('slider spinbutton scrollbar progressbar meter');
+  const isNumber = (text) => text.trim() !== '' && Number.isFinite(Number(text));
+  const percent = (now, least, most) => {
+    const part = (now - least) / (most - least);
+    return Number.isFinite(part) ? `${Math.round(part * 100)} percent` : String(now);
+  };
+  const rangeValue = (element, role) => {
+    const said = short(attribute(element, 'aria-valuetext'));
+    if (said) return said;
+    if (element instanceof HTMLProgressElement) {
+      return element.position < 0 ? '' : percent(element.value, 0, element.max);
+    }
+    if (element instanceof HTMLMeterElement) return String(element.value);
+    if (element instanceof HTMLInputElement) return short(valueOf(element));
+    const now = attribute(element, 'aria-valuenow');
+    if (!isNumber(now)) return '';
+    const least = Number(attribute(element, 'aria-valuemin') || 0);
+    const most = Number(attribute(element, 'aria-valuemax') || 100);
+    return role === 'progressbar' ? percent(Number(now), least, most) : short(now);
+  };
+  const chosenOf = (select) => Array.from(select.selectedOptions).slice(0, limit.ids)
+    .map((option) => short(option.text)).join(', ');
+  const valueFor = (element, role) => {
+    if (RANGES.has(role)) return rangeValue(element, role);
+    if (element instanceof HTMLSelectElement) return chosenOf(element);
+    if (element instanceof HTMLTextAreaElement) return short(valueOf(element));
+    if (role === 'separator' && has(element, 'aria-valuenow')) return rangeValue(element, role);
+    if (element instanceof HTMLInputElement) {
+      return /^(checkbox|radio|button|submit|reset|image|password|hidden)$/.test(typeOf(element))
+        ? '' : short(valueOf(element));
+    }
+    if (element instanceof HTMLMediaElement) return element.paused ? 'paused' : 'playing';
+    if (role === 'textbox' && !isField(element)) return short(element.textContent ?? '');
+    if (role === 'combobox') {
+      const text = element instanceof HTMLInputElement ? valueOf(element) : element.textContent ?? '';
+      return short(text) === nameOf(element) ? '' : short(text);
+    }
+    return '';
+  };
+
+  // --- place ------------------------------------------------------------------------
+
+  // What holds the like of an element: an option lies in a list box, a tab in a tab
+  // list; between the two there may be anything that is nothing in particular.
+  const HOLDERS = {
+    option: 'listbox', tab: 'tablist', treeitem: 'tree', radio: 'radiogroup',
+    menuitem: 'menu menubar', menuitemcheckbox: 'menu menubar', menuitemradio: 'menu menubar',
+    listitem: 'list', row: 'table grid treegrid', article: 'feed',
+  };
+  const LIKE = {
+    menuitem: words('menuitem menuitemcheckbox menuitemradio'),
+    menuitemcheckbox: words('menuitem menuitemcheckbox menuitemradio'),
+    menuitemradio: words('menuitem menuitemcheckbox menuitemradio'),
+  };
+  const searchIn = (root, method, selector) => {
+    const type = root instanceof Document ? Document
+      : root instanceof DocumentFragment ? DocumentFragment : Element;
+    return type.prototype[method].call(root, selector);
+  };
+  const ownerOf = (element) => {
+    const id = attribute(element, 'id');
+    if (id === '' || id.length > 200) return null;
+    const owner = searchIn(Node.prototype.getRootNode.call(element), 'querySelector',
+      `[aria-owns~="${CSS.escape(id)}"]`);
+    return owner && owner !== element && !Node.prototype.contains.call(element, owner) ? owner : null;
+  };
+  const holderOf = (element, role) => {
+    const wanted = HOLDERS[role]?.split(' ');
+    if (!wanted) return null;
+    let at = ownerOf(element) ?? elementAbove(element);
+    for (let i = 0; at && i < limit.above; i++) {
+      const is = roleOf(at);
+      if (wanted.includes(is)) return at;
+      // A nested list is the next holder of what lies in it.
+      if (is === role && role !== 'treeitem' && role !== 'listitem') return null;
+      at = (is === 'group' ? ownerOf(at) : null) ?? elementAbove(at);
+    }
+    return null;
+  };
+  // The elements of these roles below a holder, those of holders within it left out.
+  const likeBelow = (holder, roles, inner) => {
+    const found = [];
+    let seen = 0;
+    const visit = (element) => {
+      for (const child of [...elementsBelow(element), ...named(element, attribute(element, 'aria-owns'))]) {
+        if (++seen > MOST_LIKE) return;
+        if (isKeptBack(child) || (!isShown(child) && !(child instanceof HTMLOptionElement))) continue;
+        const role = roleOf(child);
+        if (roles.has(role)) found.push(child);
+        else if (!inner.has(role)) visit(child);
+      }
+    };
+    visit(holder);
+    return found;
+  };
+  const treeLevelOf = (element) => {
+    let level = 1;
+    let at = ownerOf(element) ?? elementAbove(element);
+    for (let i = 0; at && i < limit.above; i++) {
+      const role = roleOf(at);
+      if (role === 'tree' || role === 'treegrid') break;
+      if (role === 'group') level += 1;
+      at = (role === 'group' ? ownerOf(at) : null) ?? elementAbove(at);
+    }
+    return level;
+  };
+  const siblingsOfTreeItem = (element) => {
+    let at = ownerOf(element) ?? elementAbove(element);
+    for (let i = 0; at && i < limit.above; at = elementAbove(at), i++) {
+      const role = roleOf(at);
+      if (role === 'group' || role === 'tree') return likeBelow(at, words('treeitem'), words('group'));
+    }
+    return [];
+  };
+  const formOf = getter(HTMLInputElement, 'form');
+  const radiosLike = (radio) => {
+    const name = attribute(radio, 'name');
+    if (name === '') return [];
+    const form = formOf(radio);
+    const all = searchIn(form ?? Node.prototype.getRootNode.call(radio), 'querySelectorAll',
+      `input[type=radio][name="${CSS.escape(name)}"]`);
+    return Array.prototype.filter.call(all, (each) => formOf(each) === form && isShown(each));
+  };
+  // [place, number of all]; 0 where it is not known.
+  const placeOf = (element, role) => {
+    const place = whole(attribute(element, 'aria-posinset'));
+    const size = whole(attribute(element, 'aria-setsize'));
+    if (place > 0) return [place, size];
+    let like = [];
+    if (element instanceof HTMLSelectElement) {
+      return element.selectedIndex >= 0 ? [element.selectedIndex + 1, element.options.length] : [0, 0];
+    }
+    if (element instanceof HTMLInputElement && typeOf(element) === 'radio') like = radiosLike(element);
+    else if (role === 'treeitem') like = siblingsOfTreeItem(element);
+    else if (role in HOLDERS && role !== 'row' && role !== 'listitem') {
+      const holder = holderOf(element, role);
+      if (holder) {
+        const inner = words(HOLDERS[role]);
+        if (role === 'menuitemradio') inner.delete('group');
+        like = likeBelow(holder, LIKE[role] ?? words(role), inner);
+      }
+    }
+    const index = like.indexOf(element);
+    return index < 0 ? [0, 0] : [index + 1, size || like.length];
+  };
+  const levelOf = (element, role) => {
+    const said = whole(attribute(element, 'aria-level'));
+    if (said > 0) return said;
+    if (role === 'heading') return /^h[1-6]$/.test(tagOf(element)) ? Number(tagOf(element)[1]) : 2;
+    return role === 'treeitem' ? treeLevelOf(element) : 0;
+  };
+
+  // --- tables -----------------------------------------------------------------------
+
+  const cellsOf = (row) => elementsBelow(row).filter((each) =>
+    /^(cell|gridcell|columnheader|rowheader)$/.test(roleOf(each)));
+  const sizeOfTable = (table) => {
+    const rows = whole(attribute(table, 'aria-rowcount'));
+    const columns = whole(attribute(table, 'aria-colcount'));
+    const list = likeBelow(table, words('row'), words('table grid treegrid'));
+    return [rows || list.length, columns || (list.length > 0 ? cellsOf(list[0]).length : 0)];
+  };
+  const cellPlace = (cell) => {
+    const row = elementAbove(cell);
+    const table = row && isInside(cell, 'table, [role=table], [role=grid], [role=treegrid]');
+    if (!table) return [0, 0];
+    const rows = likeBelow(table, words('row'), words('table grid treegrid'));
+    return [whole(attribute(cell, 'aria-rowindex')) || whole(attribute(row, 'aria-rowindex')) ||
+        rows.indexOf(row) + 1,
+      whole(attribute(cell, 'aria-colindex')) || cellsOf(row).indexOf(cell) + 1];
+  };
+
+  // --- groups -----------------------------------------------------------------------
+
+  // What is said on the way into it, with or without a name.
+  const ALWAYS = words('dialog alertdialog listbox menu menubar tree treegrid grid table tablist ' +
+    'toolbar radiogroup banner complementary contentinfo main navigation search');
+  const WHEN_NAMED = words('group region form figure list tabpanel article feed application');
+  // A frame that may be looked out of is the group of all that is in it.
+  const frameAround = (element) => {
+    try {
+      return element === document.documentElement ? window.frameElement : null;
+    } catch {
+      return null;
+    }
+  };
+  const groupsOf = (element) => {
+    const groups = [];
+    let at = ownerOf(element) ?? elementAbove(element);
+    for (let i = 0; at && i < limit.above && groups.length < MOST_GROUPS; i++) {
+      const frame = frameAround(at);
+      if (frame) {
+        groups.unshift([numberOf(at), 'frame', nameOf(frame), '', 0, 0, '']);
+        break;
+      }
+      const role = roleOf(at);
+      if (ALWAYS.has(role) || WHEN_NAMED.has(role)) {
+        const name = nameOf(at);
+        if (name !== '' || ALWAYS.has(role)) {
+          const [rows, columns] = /^(table|grid|treegrid)$/.test(role) ? sizeOfTable(at) : [0, 0];
+          groups.unshift([numberOf(at), role, name, short(attribute(at, 'aria-roledescription')), rows,
+            columns, descriptionForGroup(at, role)]);
+        }
+        if (role === 'dialog' || role === 'alertdialog') break;
+      }
+      at = ownerOf(at) ?? elementAbove(at);
+    }
+    return groups;
+  };
+  const descriptionForGroup = (element, role) =>
+    (role === 'dialog' || role === 'alertdialog' ? descriptionOf(element, nameOf(element)) : '');
+
+  // --- all of it --------------------------------------------------------------------
+
+  const CELLS = /^(cell|gridcell|columnheader|rowheader)$/;
+  const factsOf = (element) => {
+    const role = roleOf(element);
+    const name = nameOf(element);
+    const [place, size] = placeOf(element, role);
+    const [row, column] = CELLS.test(role) ? cellPlace(element) : [0, 0];
+    const facts = {
+      number: numberOf(element), role, name, kind: short(attribute(element, 'aria-roledescription')),
+      checked: checkedOf(element, role), pressed: one(attribute(element, 'aria-pressed'), THREE),
+      expanded: expandedOf(element, role), selected: selectedOf(element, role),
+      popup: popupOf(element), current: one(attribute(element, 'aria-current'), CURRENT),
+      sort: sortOf(element), required: isRequired(element),
+      invalid: isInvalid(element), disabled: isDisabled(element), readonly: isReadOnly(element),
+      multiple: element instanceof HTMLSelectElement ? element.multiple
+        : attribute(element, 'aria-multiselectable') === 'true',
+      lines: element instanceof HTMLTextAreaElement || attribute(element, 'aria-multiline') === 'true',
+      level: levelOf(element, role), place, size, row, column, value: valueFor(element, role),
+      error: errorOf(element), description: descriptionOf(element, name), groups: groupsOf(element),
+    };
+    for (const key of Object.keys(facts)) {
+      const value = facts[key];
+      if (value === '' || value === false || value === 0 || value.length === 0) delete facts[key];
+    }
+    return facts;
+  };
+
+  Object.defineProperty(globalThis, 'corvaneFacts', {value: Object.freeze({factsOf})});
+})();
