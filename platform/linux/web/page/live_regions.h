@@ -1,0 +1,36 @@
+#pragma once
+
+#include <webkit2/webkit2.h>
+
+#include <functional>
+#include <optional>
+#include <string_view>
+
+#include "platform/linux/web/page/page_script.h"
+#include "platform/linux/web/requests/allowance.h"
+#include "platform/page_words.h"
+
+namespace corvane::desktop {
+
+/// Reads what the page script found. Nothing when it does not have the right form:
+/// it comes from a process that a hostile page may have taken over.
+std::optional<PageWords> ParsePageWords(std::string_view json);
+
+/// Tells what the pages of a view say by themselves.
+class LiveRegions {
+ public:
+  LiveRegions(WebKitWebView* view, std::function<void(const PageWords&)> say);
+
+ private:
+  void Receive(const std::string& kind, const std::string& text);
+
+  // The script allows ten a second of each frame; a process gone bad might not.
+  static constexpr int kMost = 300;
+  static constexpr int kSeconds = 10;
+
+  std::function<void(const PageWords&)> say_;
+  Allowance allowance_{kMost, kSeconds};
+  PageScript script_;
+};
+
+}  // namespace corvane::desktop
