@@ -24,11 +24,12 @@ void OnPageScript(GObject* view, GAsyncResult* result, gpointer data) {
   *static_cast<std::optional<std::string>*>(data) = Text(text.get());
 }
 
-void SendKey(GtkWidget* widget, GdkEventType type, guint keyval) {
+void SendKey(GtkWidget* widget, GdkEventType type, guint keyval, guint modifiers) {
   GdkEvent* event = gdk_event_new(type);
   event->key.window = GDK_WINDOW(g_object_ref(gtk_widget_get_window(widget)));
   event->key.time = GDK_CURRENT_TIME;
   event->key.keyval = keyval;
+  event->key.state = modifiers;
   event->key.is_modifier = keyval >= GDK_KEY_Shift_L && keyval <= GDK_KEY_Hyper_R;
   GdkKeymap* keymap = gdk_keymap_get_for_display(gdk_display_get_default());
   GdkKeymapKey* keys = nullptr;
@@ -106,9 +107,9 @@ bool WaitUntil(const std::function<bool()>& condition) {
   return condition();
 }
 
-void SendTestKey(GtkWidget* widget, guint keyval) {
-  SendKey(widget, GDK_KEY_PRESS, keyval);
-  SendKey(widget, GDK_KEY_RELEASE, keyval);
+void SendTestKey(GtkWidget* widget, guint keyval, guint modifiers) {
+  SendKey(widget, GDK_KEY_PRESS, keyval, modifiers);
+  SendKey(widget, GDK_KEY_RELEASE, keyval, modifiers);
 }
 
 EngineView::Listener TestView::Listener() {
@@ -191,7 +192,9 @@ void TestView::Focus() {
   ASSERT_TRUE(WaitUntil([this] { return gtk_widget_has_focus(GTK_WIDGET(view_->View())); }));
 }
 
-void TestView::Key(guint keyval) { SendTestKey(GTK_WIDGET(view_->View()), keyval); }
+void TestView::Key(guint keyval, guint modifiers) {
+  SendTestKey(GTK_WIDGET(view_->View()), keyval, modifiers);
+}
 
 void TestView::Click(double x, double y) {
   SendButton(GTK_WIDGET(view_->View()), GDK_BUTTON_PRESS, x, y);

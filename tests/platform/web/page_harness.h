@@ -21,7 +21,7 @@ EngineOptions TestOptions();
 bool WaitUntil(const std::function<bool()>& condition);
 
 /// Presses and releases a key in the widget, as the display would report it.
-void SendTestKey(GtkWidget* widget, guint keyval);
+void SendTestKey(GtkWidget* widget, guint keyval, guint modifiers = 0);
 
 /// One engine view in a window, with a log of what it reported.
 class TestView {
@@ -60,7 +60,7 @@ class TestView {
 
   /// Gives the view the focus as a person would and types a key there.
   void Focus();
-  void Key(guint keyval);
+  void Key(guint keyval, guint modifiers = 0);
   void Click(double x, double y);
   /// Kills all page processes of this program.
   static void KillPageProcesses();
