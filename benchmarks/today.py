@@ -1,0 +1,187 @@
+#!/usr/bin/env python3
+"""Walks the pages of today's widgets by keys and tells how much of what a stop must
+convey is said: names, roles, states, values, places, groups that are entered, live
+words. Prints a table and, with --misses, each stop where something was lacking.
+
+Runs below scripts/with-desktop: today.py BUILD_FOLDER [--page NAME] [--misses]
+"""
+import argparse
+import collections
+import os
+import pathlib
+import re
+import sys
+import tempfile
+import threading
+import time
+
+SOURCE = pathlib.Path(__file__).resolve().parents[1]
+sys.path.insert(0, str(SOURCE / "tests/e2e"))
+
+QUIET = 0.35    # seconds without a new word until a stop is over
+PATIENCE = 4    # that words may take to come
+# How a role may be said.
+ROLES = {
+    "alertdialog": ["alert dialog"], "cell": ["cell", "row"], "checkbox": ["check box", "checkbox"],
+    "columnheader": ["column header"], "combobox": ["combo box", "select"], "contentinfo":
+    ["content information"], "gridcell": ["cell", "row"], "img": ["picture"], "listbox": ["list box", "select"],
+    "menubar": ["menu bar"], "menuitem": ["menu item"], "menuitemcheckbox": ["check menu item"],
+    "menuitemradio": ["radio menu item"], "progressbar": ["progress bar"], "radio": ["radio"],
+    "radiogroup": ["radio group"], "rowheader": ["row header"], "searchbox": ["search field", "text"],
+    "spinbutton": ["spin button"], "tablist": ["tab list"], "tabpanel": ["tab panel"],
+    "textbox": ["text", "edit", "password"], "toolbar": ["tool bar"], "treegrid": ["tree grid"],
+    "treeitem": ["tree item"], "button": ["button", "submit", "reset"],
+}
+# How a state may be said.
+STATES = {
+    ("checked", "true"): ["checked", "on", "selected"],
+    ("checked", "false"): ["not checked", "unchecked", "off", "unselected"],
+    ("checked", "mixed"): ["partly checked"],
+    ("pressed", "true"): ["pressed"], ("pressed", "false"): ["not pressed"],
+    ("pressed", "mixed"): ["partly pressed"],
+    ("expanded", "true"): ["expanded"], ("expanded", "false"): ["collapsed"],
+    ("selected", "true"): ["selected"], ("selected", "false"): ["not selected"],
+    ("required", "true"): ["required"], ("invalid", "true"): ["invalid"], ("disabled", "true"): ["unavailable"],
+    ("readonly", "true"): ["read only"], ("haspopup", "true"): ["has menu"], ("haspopup", "menu"): ["has menu"],
+    ("haspopup", "listbox"): ["has list", "combo box"], ("haspopup", "dialog"): ["has dialog"],
+    ("haspopup", "grid"): ["has grid"], ("haspopup", "tree"): ["has tree"],
+    ("current", "true"): ["current"], ("sort", "ascending"): ["sorted ascending"],
+    ("sort", "descending"): ["sorted descending"], ("modal", "true"): ["dialog"],
+    ("multiselectable", "true"): ["list box", "tree", "grid"],
+}
+
+
+def squeezed(text):
+    return re.sub(r"\s+", " ", text).strip().lower()
+
+
+def has(said, words):
+    return squeezed(words) in said
+
+
+def any_of(said, alternatives):
+    return any(re.search(rf"(^|[^a-z]){re.escape(each)}($|[^a-z])", said) for each in alternatives)
+
+
+def wanted(step):
+    """What a step must convey: (kind, description, check) each."""
+    if step.get("silent"):
+        return
+    if "role" in step and not step.get("stays"):
+        words = ROLES.get(step["role"], [step["role"]])
+        yield "role", step["role"], lambda said: any_of(said, words)
+    if step.get("name") and not step.get("stays"):
+        yield "name", step["name"], lambda said: has(said, step["name"])
+    for state, value in step.get("states", {}).items():
+        words = STATES.get((state, value))
+        if words is None and state == "current":
+            words = ["current " + value]
+        if words is None:
+            words = [value]
+        yield "state", f"{state} {value}", lambda said, words=words: any_of(said, words)
+    for kind in ("value", "description", "place"):
+        if kind in step:
+            yield kind, str(step[kind]), lambda said, kind=kind: has(said, str(step[kind]))
+    if "level" in step:
+        yield "level", str(step["level"]), lambda said: has(said, f"level {step['level']}")
+    for group in step.get("enters", ()):
+        role, name = group[0], group[1]
+        words = ROLES.get(role, [role])
+        yield "group", f"{role} {name}", lambda said, words=words, name=name: (
+            (any_of(said, words) or has(said, step.get("roledescription", "\0"))) and has(said, name or ""))
+    live = step.get("live", ())
+    for each in [live] if isinstance(live, str) else live:
+        yield "live", each, lambda said, each=each: has(said, each)
+
+
+class Walker:
+    def __init__(self, corvane, user, misses):
+        self._corvane, self._user, self._misses = corvane, user, misses
+        self.wanted, self.found = collections.Counter(), collections.Counter()
+        self.silent, self.boxes, self.stops = 0, 0, 0
+
+    def hear(self, expected):
+        """All that is said until nothing more comes."""
+        begun = last = time.monotonic()
+        heard = 0
+        while True:
+            said = self._corvane.transcript.spoken()
+            now = time.monotonic()
+            if len(said) > heard:
+                heard, last = len(said), now
+            complete = heard > 0 and all(check(squeezed(" | ".join(said))) for _, _, check in expected)
+            if (heard and now - last > QUIET and (complete or now - last > 3 * QUIET)) or now - begun > PATIENCE:
+                return said
+            time.sleep(0.02)
+
+    def walk(self, name, steps, base):
+        self._corvane.transcript.mark()
+        self._user.go(f"{base}/patterns/{name}.html")
+        self._corvane.transcript.wait_for("Extracting Links ...", "Done")
+        self._user.wait_for_silence()
+        self._user.enter_page()
+        time.sleep(QUIET)
+        for number, step in enumerate(steps, 1):
+            if not step.get("key"):  # met in reading on only
+                continue
+            expected = list(wanted(step))
+            self._corvane.transcript.mark()
+            self._corvane.keys(step["key"])
+            said = self.hear(expected) if expected else self.pause()
+            self.stops += bool(expected)
+            self.boxes += sum("Error: " in each for each in said)
+            whole = squeezed(" | ".join(said))
+            if expected and not said:
+                self.silent += 1
+            lacking = []
+            for kind, words, check in expected:
+                self.wanted[kind] += 1
+                if check(whole):
+                    self.found[kind] += 1
+                else:
+                    lacking.append(f"{kind} {words!r}")
+            if lacking and self._misses:
+                print(f"{name} {number} {step['key']}: said {said}, lacking {', '.join(lacking)}", flush=True)
+
+    @staticmethod
+    def pause():
+        time.sleep(2 * QUIET)
+        return []
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("build", type=pathlib.Path)
+    parser.add_argument("--page")
+    parser.add_argument("--misses", action="store_true")
+    arguments = parser.parse_args()
+    os.environ["CORVANE_PROGRAM"] = str(arguments.build / "bin/corvane")
+    import harness  # noqa: E402  (it looks for the program when it is read)
+    import patterns  # noqa: E402
+    import web_server  # noqa: E402
+    from ear_user import EarUser  # noqa: E402
+
+    server = web_server.start()
+    base = f"http://127.0.0.1:{server.server_address[1]}"
+    threading.Thread(target=server.serve_forever, daemon=True).start()
+    with tempfile.TemporaryDirectory(prefix="corvane-today-", ignore_cleanup_errors=True) as home:
+        corvane = harness.Corvane(home)
+        try:
+            corvane.transcript.wait_for("Corvane home page")
+            walker = Walker(corvane, EarUser(corvane, ""), arguments.misses)
+            for name, steps in patterns.WALKS.items():
+                if arguments.page in (None, name):
+                    walker.walk(name, steps, base)
+        finally:
+            corvane.kill()
+            server.shutdown()
+    print("| what | said | of | percent |\n|---|---|---|---|")
+    for kind, of in walker.wanted.items():
+        print(f"| {kind} | {walker.found[kind]} | {of} | {100 * walker.found[kind] / of:.1f} |")
+    print(f"| silent stops | {walker.silent} | {walker.stops} | |")
+    print(f"| error boxes | {walker.boxes} | {walker.stops} | |")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
