@@ -125,6 +125,7 @@ TEST_F(AgentTest, VoiceSpeaksWithoutACharacterAndAfterAnother) {
   audio_->SetRoom(10);
   const AgentRequest first = voice.Speak("\\Pit=110\\\\Spd=200\\One", true);
   const AgentRequest second = voice.Speak("Two", false);
+  ASSERT_TRUE(RunLoopUntil([&] { return !spoken_->Entries().empty(); })) << "the first is begun";
   voice.StopSpeak({second});
   audio_->SetRoom(static_cast<std::size_t>(-1));
   const auto genie = LoadGenie();

@@ -6,10 +6,15 @@
 
 namespace corvane::desktop {
 
-/// Runs the main loop until `done`; false when it is not so after half a minute,
-/// which only a broken program needs.
+/// Runs the main loop until `done`, which is asked again at least every few
+/// milliseconds, since a worker's doing wakes no loop; false when it is not so after
+/// half a minute, which only a broken program needs.
 inline bool RunLoopUntil(const std::function<bool()>& done) {
   bool late = false;
+  GSource* again = g_timeout_source_new(5);
+  g_source_set_callback(
+      again, [](void*) -> gboolean { return G_SOURCE_CONTINUE; }, nullptr, nullptr);
+  g_source_attach(again, nullptr);
   GSource* limit = g_timeout_source_new_seconds(30);
   g_source_set_callback(
       limit,
@@ -21,8 +26,10 @@ inline bool RunLoopUntil(const std::function<bool()>& done) {
   g_source_attach(limit, nullptr);
   bool is_done = done();
   for (; !is_done && !late; is_done = done()) g_main_context_iteration(nullptr, TRUE);
-  g_source_destroy(limit);
-  g_source_unref(limit);
+  for (GSource* source : {limit, again}) {
+    g_source_destroy(source);
+    g_source_unref(source);
+  }
   return is_done;
 }
 
