@@ -52,6 +52,8 @@ class FakeSettings : public SettingsStore {
  public:
   std::string GetSetting(const std::string& application, const std::string& section,
                          const std::string& key, const std::string& fallback) const override {
+    if (!fallback.empty() || !asked.contains({application, key}))
+      asked[{application, key}] = fallback;
     const auto at = values.find({application, section, key});
     return at == values.end() ? fallback : at->second;
   }
@@ -69,6 +71,8 @@ class FakeSettings : public SettingsStore {
   }
 
   std::map<std::tuple<std::string, std::string, std::string>, std::string> values;
+  /// Each setting that was read, with the last default that was no empty text.
+  mutable std::map<std::pair<std::string, std::string>, std::string> asked;
   std::vector<std::string> saves;
   std::set<std::string> refused;  ///< keys that cannot be written
 };

@@ -4,6 +4,7 @@
 #include "platform/linux/engine_options_dialog.h"
 #include "platform/linux/web/engine_settings.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
+#include "tests/settings_document.h"
 
 namespace corvane::desktop {
 namespace {
@@ -14,6 +15,7 @@ class MemoryStore : public SettingsStore {
  public:
   std::string GetSetting(const std::string& application, const std::string&, const std::string& key,
                          const std::string& fallback) const override {
+    asked.emplace(key, fallback);
     const auto at = values.find(application + "/" + key);
     return at == values.end() ? fallback : at->second;
   }
@@ -22,6 +24,7 @@ class MemoryStore : public SettingsStore {
     values[application + "/" + key] = value;
   }
   std::map<std::string, std::string> values;
+  mutable std::map<std::string, std::string> asked;  ///< settings that were read, their defaults
 };
 
 TEST(EngineChoices, AreTheDefaultsInAnEmptyStore) {
@@ -60,6 +63,15 @@ TEST(EngineChoices, NonsenseCountsAsTheDefault) {
   EXPECT_EQ(choices.preferences.zoom, 1.0);
   EXPECT_EQ(choices.preferences.minimum_font_size, 0);
   EXPECT_EQ(choices.search_service, kDefaultSearchService);
+}
+
+TEST(EngineChoices, AreAllInTheDocumentOfTheSettings) {
+  const test::SettingsDocument document(CORVANE_SOURCE_DIR);
+  const MemoryStore store;
+  EngineChoices::Read(store);
+  EXPECT_EQ(store.asked.size(), 6U);
+  for (const auto& [key, fallback] : store.asked)
+    document.Expect(test::SettingsDocument::Table::Others, "Corvane", key, fallback, "-");
 }
 
 class EngineOptionsTest : public test::DesktopTest {
