@@ -32,6 +32,8 @@ constexpr std::array kCommands = {
     KeyCommand{kKeyF6, 0, "F6", [](Target t) { t.pane.NextArea(); }},
     KeyCommand{kKeyF6, kShiftMask, "Shift+F6", [](Target t) { t.pane.PreviousArea(); }},
     KeyCommand{kKeyF7, 0, "F7", [](Target t) { t.pane.ReadOn(); }},
+    KeyCommand{kKeyF8, 0, "F8", [](Target t) { t.pane.NextSplitter(); }},
+    KeyCommand{kKeyF8, kShiftMask, "Shift+F8", [](Target t) { t.pane.PreviousSplitter(); }},
     KeyCommand{kKeyF9, 0, "F9", Do<Page::ReadAgain>},
     KeyCommand{'F', kCtrlMask, "Ctrl+F", Do<Page::Find>},
     KeyCommand{kKeyF3, 0, "F3", Do<Page::FindNext>},

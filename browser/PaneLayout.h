@@ -20,6 +20,9 @@ class PaneLayout {
   void CreateRebar();
   /// Shows (false) or hides (true) the button row.
   void HideButtonToolBar(bool hide);
+  /// Leads the user to the next splitter, or to the one before.
+  void NextSplitter() { GoToSplitter(ElasticFrame::Way::Forward); }
+  void PreviousSplitter() { GoToSplitter(ElasticFrame::Way::Back); }
   /// The side bar column's place follows the side bar choice "None".
   void ShowSideBar(bool show);
 
@@ -29,6 +32,7 @@ class PaneLayout {
   void ReleaseRebar();
 
  private:
+  void GoToSplitter(ElasticFrame::Way way) { pane_.controls.ELAMain->GoToSplitter(way); }
   void Speak(ElasticFrame& frame, const char* splitter);
   void ELATop_RealignFrame();
   void ELABottom_RealignFrame();

@@ -71,6 +71,9 @@ class ctlWebBrowser {
   /// Goes round the pane's areas.
   void NextArea() { areas_.Next(); }
   void PreviousArea() { areas_.Previous(); }
+  /// Goes round the bars between the areas.
+  void NextSplitter() { layout_.NextSplitter(); }
+  void PreviousSplitter() { layout_.PreviousSplitter(); }
   /// Reads the text pane aloud from its caret on.
   void ReadOn() { read_on_.Start(); }
   void HideButtonToolBar(bool hide) {

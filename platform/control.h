@@ -35,6 +35,7 @@ enum KeyCodes : int {
   kKeyF5 = 116,
   kKeyF6 = 117,
   kKeyF7 = 118,
+  kKeyF8 = 119,
   kKeyF9 = 120,
 };
 

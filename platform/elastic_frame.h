@@ -13,6 +13,8 @@ class ElasticFrame : public Control {
   /// first two children are divided by a bar that the user can drag, with the
   /// pointer or the keyboard.
   enum class Layout { Stack, SideBySide, Above };
+  /// Which splitter comes next when the user goes round them.
+  enum class Way { Forward, Back };
 
   /// Appends a child; the frame does not own it.
   virtual void Add(Control& child) = 0;
@@ -20,6 +22,10 @@ class ElasticFrame : public Control {
   virtual void SetAlign(Align align) = 0;
   virtual void SetLayout(Layout layout) = 0;
   virtual void SetSplitter(bool splitter) = 0;
+  /// Leads the user round the splitters of the window that can be seen: from wherever
+  /// the focus is to the first (Forward) or last of them, from one to the next, and
+  /// back to where the focus was. Nothing happens when there is none.
+  virtual void GoToSplitter(Way way) = 0;
   /// Lays the children out again and raises RealignFrame.
   virtual void Realign() = 0;
 

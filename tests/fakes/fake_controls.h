@@ -81,12 +81,14 @@ class FakeElasticFrame : public FakeControl<ElasticFrame> {
   }
   void SetLayout(Layout value) override { layout = value; }
   void SetSplitter(bool value) override { splitter = value; }
+  void GoToSplitter(Way way) override { ways.push_back(way); }
   void Realign() override { RealignFrame.Raise(); }
 
   std::vector<Control*> children;
   Align align = Align::Fill;
   Layout layout = Layout::Stack;
   bool splitter = false;
+  std::vector<Way> ways;  ///< in which the user went round the splitters
 };
 
 class FakeImage : public FakeControl<Image> {

@@ -110,6 +110,16 @@ TEST_F(Keys, F6GoesOnFromWhereTheUserIs) {
   EXPECT_EQ(p.desktop.focus, "TreeView1");
 }
 
+TEST_F(Keys, F8GoesRoundTheSplitters) {
+  p.Address().SetFocus();
+  EXPECT_TRUE(Press(kKeyF8, 0));
+  EXPECT_TRUE(Press(kKeyF8, kShiftMask));
+  using Way = ElasticFrame::Way;
+  const auto& frame = p.Inside().ctlWebBrowser1.Frame();
+  EXPECT_THAT(dynamic_cast<const FakeElasticFrame&>(frame).ways,
+              ElementsAre(Way::Forward, Way::Back));
+}
+
 TEST_F(Keys, F6PassesOverWhatIsHidden) {
   p.Inside().menu.mnuSideBarContent(0).Click.Raise();
   p.Inside().menu.mnuView(0).Click.Raise();

@@ -125,6 +125,11 @@ void ElasticFrameControl::SetSplitter(bool splitter) {
   });
 }
 
+void ElasticFrameControl::GoToSplitter(Way way) {
+  if (auto* window = dynamic_cast<Gtk::Window*>(box_.get_toplevel()))
+    Splitter::GoRound(*window, way == Way::Back);
+}
+
 void ElasticFrameControl::Split() {
   if (split_ || items_.size() < 2) return;
   split_ = std::make_unique<Splitter>(Direction());

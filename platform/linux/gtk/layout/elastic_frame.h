@@ -29,6 +29,7 @@ class ElasticFrameControl : public WidgetControl<ElasticFrame> {
   void SetAlign(Align align) override;
   void SetLayout(Layout layout) override;
   void SetSplitter(bool splitter) override;
+  void GoToSplitter(Way way) override;
   void Realign() override;
 
   /// The frame that this one sits in, if any.

@@ -3,7 +3,6 @@
 #include <atkmm/object.h>
 #include <gdk/gdkkeysyms.h>
 #include <gdkmm/window.h>
-#include <gtkmm/window.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -110,7 +109,7 @@ bool Splitter::CanBeSeen() const {
   return get_mapped() && first_.get_visible() && second_.get_visible();
 }
 
-std::vector<Splitter*> Splitter::AllInWindow() {
+std::vector<Splitter*> Splitter::AllIn(Gtk::Window& window) {
   std::vector<Splitter*> all;
   const GtkCallback collect = [](GtkWidget* widget, gpointer list) {
     auto& found = *static_cast<std::pair<std::vector<Splitter*>*, GtkCallback>*>(list);
@@ -123,7 +122,7 @@ std::vector<Splitter*> Splitter::AllInWindow() {
     }
   };
   std::pair search{&all, collect};
-  collect(GTK_WIDGET(get_toplevel()->gobj()), &search);
+  collect(GTK_WIDGET(window.gobj()), &search);
   return all;
 }
 
@@ -140,21 +139,17 @@ void Splitter::Leave() {
   if (back != nullptr) gtk_widget_grab_focus(back);
 }
 
-// From wherever the focus is to the first bar, from bar to bar, and back.
-void Splitter::GoRound(bool back) {
-  std::vector<Splitter*> all = AllInWindow();
+void Splitter::GoRound(Gtk::Window& window, bool back) {
+  std::vector<Splitter*> all = AllIn(window);
   if (back) std::reverse(all.begin(), all.end());
   if (all.empty()) return;
-  if (!is_focus()) {
-    const auto* window = dynamic_cast<Gtk::Window*>(get_toplevel());
-    const auto* focus = window == nullptr ? nullptr : window->get_focus();
-    return all.front()->Take(focus == nullptr ? nullptr : const_cast<GtkWidget*>(focus->gobj()));
-  }
-  const auto next = std::find(all.begin(), all.end(), this);
-  if (next == all.end() || next + 1 == all.end()) return Leave();
-  GtkWidget* const came_from = came_from_.Get();
-  came_from_.Set(nullptr);
-  (*(next + 1))->Take(came_from);
+  auto* const focus = window.get_focus();
+  const auto here = std::find(all.begin(), all.end(), focus);
+  if (here == all.end()) return all.front()->Take(focus == nullptr ? nullptr : focus->gobj());
+  if (here + 1 == all.end()) return (*here)->Leave();
+  GtkWidget* const came_from = (*here)->came_from_.Get();
+  (*here)->came_from_.Set(nullptr);
+  (*(here + 1))->Take(came_from);
 }
 
 // From one whole percent to the next. Who is at the end hears that the bar stays.
@@ -173,10 +168,6 @@ void Splitter::TellShare() {
 
 bool Splitter::on_key_press_event(GdkEventKey* event) {
   const guint modifiers = event->state & gtk_accelerator_get_default_mod_mask();
-  if (event->keyval == GDK_KEY_F8 && (modifiers & ~static_cast<guint>(GDK_SHIFT_MASK)) == 0) {
-    GoRound(modifiers != 0);
-    return true;
-  }
   if (!is_focus() || modifiers != 0) return Gtk::Paned::on_key_press_event(event);
   const bool across = get_orientation() == Gtk::ORIENTATION_HORIZONTAL;
   switch (event->keyval) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gtkmm/paned.h>
+#include <gtkmm/window.h>
 
 #include <optional>
 #include <vector>
@@ -11,11 +12,14 @@
 namespace corvane::desktop {
 
 /// Two areas with a bar between them that the user moves with the pointer or with
-/// the keyboard: F8 goes round the bars that can be seen and back, arrows move a bar by a
-/// hundredth, Return leaves it there, Escape where it was. Tells moves by the user from
-/// those by layout.
+/// the keyboard: arrows move it by a hundredth, Return leaves it there, Escape where it
+/// was. Tells moves by the user from those by layout.
 class Splitter : public Gtk::Paned {
  public:
+  /// Leads the focus from wherever it is to the first bar of the window that can be
+  /// seen (`back`: to the last), from bar to bar, and back to where it was.
+  static void GoRound(Gtk::Window& window, bool back);
+
   explicit Splitter(Gtk::Orientation orientation);
   ~Splitter() override;
 
@@ -60,9 +64,8 @@ class Splitter : public Gtk::Paned {
   };
 
   void Apply(int total);
+  static std::vector<Splitter*> AllIn(Gtk::Window& window);
   bool CanBeSeen() const;
-  std::vector<Splitter*> AllInWindow();
-  void GoRound(bool back);
   void Take(GtkWidget* came_from);
   void Leave();
   void Step(int direction);

@@ -132,6 +132,9 @@ class SplitterTest : public ElasticFrameTest {
     }
     throw std::runtime_error("no splitter");
   }
+  using Way = ElasticFrame::Way;
+  void GoRound(Way way = Way::Forward) { window_.frame.GoToSplitter(way); }
+
   int drags_ = 0;
   float ratio_ = 0.25F;
 };
@@ -198,7 +201,7 @@ TEST_F(SplitterTest, TheKeyboardMovesTheBar) {
   one_.SetWidth(200 * kPixel);
   Show();
   text.SetFocus();
-  Key(window_.form.window(), GDK_KEY_F8);
+  GoRound();
   Key(window_.form.window(), GDK_KEY_Right);
   Key(window_.form.window(), GDK_KEY_Return);
   Settle();
@@ -220,7 +223,8 @@ TEST_F(SplitterTest, TheKeyboardHearsTheBarAndEachStep) {
       [&](int share) { heard.push_back(std::to_string(share)); });
   Show();
   text.SetFocus();
-  for (const guint key : {GDK_KEY_F8, GDK_KEY_Right, GDK_KEY_Right, GDK_KEY_Left, GDK_KEY_Up}) {
+  GoRound();
+  for (const guint key : {GDK_KEY_Right, GDK_KEY_Right, GDK_KEY_Left, GDK_KEY_Up}) {
     Key(window_.form.window(), key);
   }
   EXPECT_THAT(heard, testing::ElementsAre("bar", "18", "19", "18"));
@@ -232,7 +236,7 @@ TEST_F(SplitterTest, TheKeyboardHearsTheBarAndEachStep) {
   EXPECT_EQ(Bar().get_position(), 100) << "where it was";
 }
 
-TEST_F(SplitterTest, F8PassesOverBarsThatCannotBeSeen) {
+TEST_F(SplitterTest, TheWayRoundPassesOverBarsThatCannotBeSeen) {
   TextBoxControl text("text", windows_);
   ElasticFrameControl upper("upper", windows_);
   ElasticFrameControl lower("lower", windows_);
@@ -248,15 +252,35 @@ TEST_F(SplitterTest, F8PassesOverBarsThatCannotBeSeen) {
   listening_ += text.GotFocus.Connect([&] { heard.push_back("text"); });
   Show();
   text.SetFocus();
-  for (int i = 0; i < 3; ++i) Key(window_.form.window(), GDK_KEY_F8);
-  Key(window_.form.window(), GDK_KEY_F8, GDK_SHIFT_MASK);
+  for (int i = 0; i < 3; ++i) GoRound();
+  GoRound(Way::Back);
   Key(window_.form.window(), GDK_KEY_Return);
   EXPECT_THAT(heard, testing::ElementsAre("text", "outer", "inner", "text", "inner", "text"));
   heard.clear();
   one_.SetAlign(Align::None);
   Settle();
-  for (int i = 0; i < 2; ++i) Key(window_.form.window(), GDK_KEY_F8);
+  for (int i = 0; i < 2; ++i) GoRound();
   EXPECT_THAT(heard, testing::ElementsAre("inner", "text"));
+}
+
+TEST_F(SplitterTest, IsReachedFromOutsideOfItsAreas) {
+  TextBoxControl above("above", windows_);
+  window_.frame.SetLayout(Layout::Above);
+  window_.frame.Add(above);
+  ElasticFrameControl split("split", windows_);
+  window_.frame.Add(split);
+  split.SetLayout(Layout::SideBySide);
+  split.Add(one_);
+  split.Add(two_);
+  split.SetSplitter(true);
+  std::vector<std::string> heard;
+  listening_ += split.SplitterFocus.Connect([&] { heard.push_back("bar"); });
+  listening_ += above.GotFocus.Connect([&] { heard.push_back("above"); });
+  Show();
+  above.SetFocus();
+  GoRound();
+  GoRound();
+  EXPECT_THAT(heard, testing::ElementsAre("above", "bar", "above"));
 }
 
 TEST_F(SplitterTest, HidingOneHalfGivesTheOtherAllAndItComesBack) {
