@@ -73,7 +73,10 @@ void CaretEcho::ConnectField(ComboBox& field) {
     awaited_ = false;
     deleting_.reset();
   });
-  connections_ += field.Click.Connect([this] { chosen_ = true; });
+  connections_ += field.Click.Connect([this] {
+    chosen_ = true;
+    awaited_ = false;  // the open list has taken the release of the key
+  });
   connections_ +=
       field.KeyDown.Connect([this, &field](KeyEvent& key) { FieldKeyDown(field, key); });
   connections_ += field.KeyUp.Connect([this, &field](KeyEvent& key) { FieldKeyUp(field, key); });

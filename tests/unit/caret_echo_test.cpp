@@ -61,6 +61,17 @@ TEST_F(CaretEchoTest, WhatIsTypedIntoAChosenAddressIsHeardAlone) {
   EXPECT_THAT(p.Spoken(), ElementsAre("x"));
 }
 
+TEST_F(CaretEchoTest, WhatIsTypedBehindAChoiceFromTheOpenListIsHeardAlone) {
+  In(p.Address()).Type("abc");
+  p.Address().AddItem("http://a/");
+  KeyEvent opens{115, 0};
+  p.Address().KeyDown.Raise(opens);  // F4; the list gets its release
+  p.Address().SetListIndex(0);
+  p.Spoken();
+  p.Address().Type("x");
+  EXPECT_THAT(p.Spoken(), ElementsAre("x"));
+}
+
 TEST_F(CaretEchoTest, QuickTypingLosesNoCharacter) {
   FakeComboBox& box = In(p.Address());
   KeyEvent a{'A', 0};

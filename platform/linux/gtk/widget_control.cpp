@@ -64,6 +64,7 @@ struct WidgetBinding::State {
   } width, height;
   std::optional<Point> place;
   bool had_focus = false;
+  bool own_list_open = false;
   bool menu_took_focus = false;
   std::set<guint16> down;  // keys that were pressed here, by their hardware code
   std::vector<sigc::connection> signals;
@@ -88,7 +89,7 @@ struct WidgetBinding::State {
 };
 
 // The toolkit tells of one change twice. On some desktops a menu takes the focus for
-// as long as it is open; its return is no news.
+// as long as it is open, as the control's own list does; its return is no news.
 void WidgetBinding::State::FocusChanged() {
   if (std::exchange(had_focus, focus.has_focus()) == focus.has_focus()) return;
   if (!focus.has_focus()) {
@@ -97,7 +98,7 @@ void WidgetBinding::State::FocusChanged() {
     auto* grab = GTK_IS_WINDOW(top)
                      ? gtk_window_group_get_current_grab(gtk_window_get_group(GTK_WINDOW(top)))
                      : nullptr;
-    menu_took_focus = grab && GTK_IS_MENU_SHELL(grab);
+    menu_took_focus = own_list_open || (grab && GTK_IS_MENU_SHELL(grab));
     return;
   }
   // The toolkit passes keys only to what has been on the screen once. What lies in
@@ -210,6 +211,8 @@ WidgetBinding* WidgetBinding::Focused() {
   }
   return nullptr;
 }
+
+void WidgetBinding::OwnListOpen(bool open) { state_->own_list_open = open; }
 
 void WidgetBinding::FocusIsBack() {
   if (state_->focus.has_focus()) {

@@ -65,7 +65,10 @@ class WidgetBinding {
 
   WindowHandle hwnd() const;
   void SetFocus();
-  /// A menu over the control was left with nothing chosen: it tells its focus again.
+  /// A list of the control's own that may take the focus is open, or is not any more:
+  /// what it takes comes back without being told.
+  void OwnListOpen(bool open);
+  /// A menu or list over the control was left with nothing chosen: it tells its focus again.
   void FocusIsBack();
   bool Visible() const;
   void SetVisible(bool visible);

@@ -60,6 +60,9 @@ DropDownCombo::DropDownCombo(const std::string& name, WindowTable& windows) : co
     }
   });
   combo_.property_popup_shown().signal_changed().connect([this] {
+    const bool shown = combo_.property_popup_shown();
+    binding().OwnListOpen(shown);
+    if (!shown) told_ = -1;
     PostToLoop([self = self_] {
       if (!*self) return;
       if ((*self)->combo_.property_popup_shown()) {
@@ -91,7 +94,6 @@ bool DropDownCombo::Key(const GdkEventKey& event) {
 
 // The toolkit's list has its cursor nowhere when the field shows none of its entries.
 void DropDownCombo::ListShown() {
-  told_ = -1;
   chosen_ = false;
   Gtk::TreeView* list = OpenListOf(combo_);
   if (list == nullptr) return;

@@ -268,6 +268,10 @@ class DropDownComboTest : public ComboBoxTest {
                  nullptr);
     return shown != FALSE;
   }
+  bool FieldHasFocus() {
+    const auto* focus = window_.form.window().get_focus();
+    return focus != nullptr && focus->has_focus();
+  }
 };
 
 TEST_F(DropDownComboTest, UpAndDownGoOnFromTheEntryWhoseTextIsShown) {
@@ -329,9 +333,27 @@ TEST_F(DropDownComboTest, TheOpenListTellsWhereItsCursorIs) {
   WaitFor("the field's name", [&] { return focused > 0; });
   Settle();
   EXPECT_EQ(focused, 1);
-  press("F4");
-  Outside({"xdotool", "key", "Down", "Return"});
-  WaitFor("the choice", [&] { return clicks_.size() == 1 && !Open(); });
+}
+
+TEST_F(DropDownComboTest, AChoiceFromTheOpenListIsToldOnce) {
+  Make(ComboBox::Style::DropDown);
+  Fill(3);
+  int highlights = 0;
+  int focused = 0;
+  listening_ += combo_->Highlight.Connect([&](const std::string&) { ++highlights; });
+  listening_ += combo_->GotFocus.Connect([&] { ++focused; });
+  for (const int times : {1, 2}) {
+    highlights = 0;
+    Outside({"xdotool", "key", "F4"});
+    WaitFor("the open list", [&] { return highlights > 0; });
+    Settle();
+    EXPECT_EQ(highlights, 1) << "where its cursor is";
+    Outside({"xdotool", "key", times == 1 ? "Down" : "Up", "Return"});
+    WaitFor("the choice", [&] { return std::ssize(clicks_) == times && !Open(); });
+    Settle();
+    WaitFor("the field", [&] { return FieldHasFocus(); });
+    EXPECT_EQ(focused, 0) << "the choice says itself";
+  }
 }
 
 TEST_F(DropDownComboTest, AltDownAndF4OpenTheListAndEscapeClosesIt) {
