@@ -8,9 +8,9 @@
 
 namespace corvane {
 
-/// Reads the text pane aloud from its caret to the end, piece after piece, and
+/// Reads the text pane aloud from its caret to the end, sentence after sentence, and
 /// takes the caret along. Whatever else is said ends it, and so does the key that
-/// silences: the caret then stands before the piece that was being spoken.
+/// silences: the caret then stands before the sentence that was being spoken.
 class ReadOn {
  public:
   ReadOn(PaneContext& pane, CaretEcho& echo);
@@ -29,8 +29,9 @@ class ReadOn {
   std::shared_ptr<int> turn_;  // the reading under way
 };
 
-/// How many bytes of the text from `offset` on are spoken as one piece: a
-/// paragraph, of a long one some sentences. Above 0 unless the text is at its end.
+/// How many bytes of the text from `offset` on are spoken as one piece: a sentence, or
+/// the line's rest; of a long sentence some words. Where it is not clear that a sentence
+/// ends (behind "Dr.") the next is part of it. Above 0 unless the text is at its end.
 std::size_t PieceLength(const std::string& text, std::size_t offset);
 
 }  // namespace corvane

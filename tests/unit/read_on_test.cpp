@@ -67,6 +67,18 @@ TEST_F(ReadingOn, GoesOnAtTheWordsThatWereCutOff) {
   EXPECT_THAT(p.Spoken(), ElementsAre("Second paragraph."));
 }
 
+TEST_F(ReadingOn, GoesOnAtTheSentenceThatWasCutOff) {
+  Pane().SetText("The first goes on. It has two more. This one ends it.");
+  Press(kKeyF7);
+  Finish();
+  EXPECT_THAT(p.Spoken(), ElementsAre("The first goes on.", "It has two more."));
+  p.desktop.speech.agent->CutOff();
+  EXPECT_EQ(Pane().SelStart(), 19);
+  Press(kKeyF7);
+  Finish();
+  EXPECT_THAT(p.Spoken(), ElementsAre("It has two more.", "This one ends it."));
+}
+
 TEST_F(ReadingOn, LeavesTheWordToWhatIsSaidBehindIt) {
   p.Window(0)->Say("Urgent", true);  // keeps the next two from cutting anything off
   Press(kKeyF7);
@@ -127,15 +139,35 @@ TEST_F(ReadingOn, IsSilentWithSpeechSwitchedOff) {
   EXPECT_THAT(p.Spoken(), IsEmpty());
 }
 
-TEST(ReadingPieces, AreParagraphs) {
+TEST(ReadingPieces, AreLinesWithoutSentences) {
   EXPECT_EQ(PieceLength("One two\nthree", 0), 7U);
   EXPECT_EQ(PieceLength("One two\nthree", 8), 5U);
   EXPECT_EQ(PieceLength("", 0), 0U);
 }
 
-TEST(ReadingPieces, OfLongParagraphsEndWithASentence) {
-  const std::string sentence = std::string(150, 'x') + ". ";
-  EXPECT_EQ(PieceLength(sentence + sentence + sentence, 0), 303U);
+// The sentences that a line is read as.
+std::vector<std::string> Pieces(const std::string& line) {
+  std::vector<std::string> pieces;
+  for (std::size_t at = 0; at < line.size();) {
+    const std::size_t length = PieceLength(line, at);
+    pieces.push_back(line.substr(at, length));
+    at = std::min(line.find_first_not_of(' ', at + length), line.size());
+  }
+  return pieces;
+}
+
+TEST(ReadingPieces, AreSentences) {
+  EXPECT_THAT(
+      Pieces("It rains. Who knows why? \"Nobody!\" (So they say.) Élan is all."),
+      ElementsAre("It rains.", "Who knows why?", "\"Nobody!\"", "(So they say.)", "Élan is all."));
+}
+
+TEST(ReadingPieces, AreNotCutBehindAStopThatOnlyShortens) {
+  for (const char* line : {"Dr. Smith came", "See No. 5 there", "Prof. Jones, p. X",
+                           "Cats, e.g. Siamese ones", "The U.S. Senate met", "Yahoo! is a name",
+                           "J. R. Hartley wrote it", "Version 2. 3 came later"}) {
+    EXPECT_THAT(Pieces(line), ElementsAre(line));
+  }
 }
 
 TEST(ReadingPieces, OfLongSentencesEndWithAWord) {

@@ -77,7 +77,8 @@ void EspeakSynthesizer::Synthesize(const std::string& text, const VoiceStyle& st
   };
 
   // Short runs of marks are named; in sentences they only make the pauses.
-  espeak_SetParameter(espeakPUNCTUATION, IsOnlyMarks(text) ? espeakPUNCT_ALL : espeakPUNCT_NONE, 0);
+  const bool only_marks = IsOnlyMarks(text);
+  espeak_SetParameter(espeakPUNCTUATION, only_marks ? espeakPUNCT_ALL : espeakPUNCT_NONE, 0);
   const std::string_view silence = NameOfSilence(text);
   TextPieces pieces(silence.empty() ? std::string_view(text) : silence);
   std::string piece;
@@ -85,7 +86,10 @@ void EspeakSynthesizer::Synthesize(const std::string& text, const VoiceStyle& st
   bool more = pieces.Next(piece);
   while (more && !refused) {
     more = pieces.Next(following);
-    const unsigned int flags = espeakCHARS_UTF8 | (more ? espeakENDPAUSE : 0);
+    // What comes behind a sentence must not run into it. Without a mark at its end the
+    // text may be a name that is said of something: that ends at once.
+    const bool pause = more || (!only_marks && EndsSentence(piece));
+    const unsigned int flags = espeakCHARS_UTF8 | (pause ? espeakENDPAUSE : 0);
     espeak_Synth(piece.c_str(), piece.size() + 1, 0, POS_CHARACTER, 0, flags, nullptr,
                  const_cast<Sink*>(&guarded));
     piece.swap(following);

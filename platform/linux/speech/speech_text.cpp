@@ -67,6 +67,12 @@ bool IsOnlyMarks(std::string_view text) {
   return true;
 }
 
+bool EndsSentence(std::string_view text) {
+  const std::size_t last = text.find_last_not_of(" \n\"')]");
+  return last != std::string_view::npos &&
+         std::string_view(".!?").find(text[last]) != std::string_view::npos;
+}
+
 char32_t TakeCharacter(std::string_view& text) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   const unsigned char first = byte(0);

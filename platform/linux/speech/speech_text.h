@@ -35,6 +35,10 @@ std::string_view NameOfSilence(std::string_view text);
 /// passes a comma: its marks must then be named or nothing would be heard.
 bool IsOnlyMarks(std::string_view text);
 
+/// Whether a text ends with the mark of a sentence's end, quotes and brackets behind it
+/// left aside.
+bool EndsSentence(std::string_view text);
+
 /// The first character of `text` (not empty), taken off it; U+FFFD for each byte
 /// that belongs to no valid character.
 char32_t TakeCharacter(std::string_view& text);

@@ -197,6 +197,20 @@ TEST_F(EspeakTest, MarksInASentenceAreNotNamed) {
   EXPECT_LT(marked.size(), 2 * plain.size());
 }
 
+// Samples at the end of the sound that are as good as none.
+std::ptrdiff_t SilenceBehind(const Sound& sound) {
+  const auto loud = [](std::int16_t sample) { return std::abs(sample) > 40; };
+  return std::find_if(sound.rbegin(), sound.rend(), loud) - sound.rbegin();
+}
+
+TEST_F(EspeakTest, ASentenceEndsWithAPauseAndAWordAtOnce) {
+  constexpr std::ptrdiff_t kPause = kSampleRate / 4;
+  EXPECT_GT(SilenceBehind(Speak(espeak_, "The first goes on.")), kPause);
+  EXPECT_GT(SilenceBehind(Speak(espeak_, "\"Who knows?\"")), kPause);
+  EXPECT_LT(SilenceBehind(Speak(espeak_, "Links List")), kPause / 4);
+  EXPECT_LT(SilenceBehind(Speak(espeak_, ".")), kPause / 2) << "a mark that is named";
+}
+
 TEST(Espeak, CanBeStartedAgain) {
   for (int i = 0; i < 3; ++i) {
     EspeakSynthesizer espeak;
