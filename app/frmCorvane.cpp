@@ -130,8 +130,8 @@ void frmCorvane::Place() {
 // Pages made for today give a narrow window only a part of themselves.
 bool frmCorvane::FillsScreen() const {
   const auto stored = [this](const char* key) { return !Setting(key, "").empty(); };
-  return process_.Manner().whole_screen && process_.Forms().size() == 1 && !stored("MainLeft") &&
-         !stored("MainTop") && !stored("MainWidth") && !stored("MainHeight");
+  return process_.Manner().whole_screen && !stored("MainLeft") && !stored("MainTop") &&
+         !stored("MainWidth") && !stored("MainHeight");
 }
 
 // The echo is one for all windows; another program may have switched it on.

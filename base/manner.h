@@ -23,7 +23,7 @@ struct Manner {
   /// Passwords are heard as "star" for each character and are written nowhere.
   /// False: they are spoken.
   bool hide_passwords = false;
-  /// A first window takes all of the screen that there is for windows.
+  /// While no place is stored windows take all of the screen that there is for them.
   bool whole_screen = false;
 };
 

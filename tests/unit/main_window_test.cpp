@@ -219,13 +219,19 @@ TEST(MainWindow, FirstWindowTakesAPartOfTheScreen) {
   EXPECT_EQ(p.desktop.Get<FakeForm>("frmCorvane").width, 8500);
 }
 
-TEST(MainWindow, FirstWindowTakesAllOfTheScreenAsIsUsualToday) {
+TEST(MainWindow, WindowsOfAFirstRunTakeAllOfTheScreenAsIsUsualToday) {
   Program p;
   p.desktop.settings.Main("Manner") = "1";
   p.Start();
-  EXPECT_TRUE(p.desktop.Get<FakeForm>("frmCorvane").fills_screen);
+  const auto fills = [&](std::size_t window) {
+    return dynamic_cast<FakeForm&>(*p.Inside(window).form).fills_screen;
+  };
+  EXPECT_TRUE(fills(0));
   p.Inside().menu.mnuFileItem(0).Click.Raise();
-  EXPECT_FALSE(p.desktop.Get<FakeForm>("frmCorvane").fills_screen) << "the second";
+  EXPECT_TRUE(fills(1)) << "the second";
+  p.Window(1)->Unload();  // stores its place
+  p.Inside().menu.mnuFileItem(0).Click.Raise();
+  EXPECT_FALSE(fills(1));
 }
 
 TEST(MainWindow, AStoredPlaceIsTakenAsItWas) {
