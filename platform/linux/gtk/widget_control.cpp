@@ -101,9 +101,6 @@ void WidgetBinding::State::FocusChanged() {
     menu_took_focus = own_list_open || (grab && GTK_IS_MENU_SHELL(grab));
     return;
   }
-  // The toolkit passes keys only to what has been on the screen once. What lies in
-  // a hidden part can have the focus too, and who cannot see goes on typing there.
-  if (!focus.get_realized()) gtk_widget_realize(focus.gobj());
   if (!std::exchange(menu_took_focus, false)) control->GotFocus.Raise();
 }
 

@@ -2,7 +2,6 @@
 
 #include <atkmm/object.h>
 #include <gdk/gdkkeysyms.h>
-#include <gdkmm/window.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -78,30 +77,11 @@ void Splitter::Apply(int total) {
   set_position(std::clamp(place, 0, std::max(0, total - BarSize())));
 }
 
-// The toolkit takes the focus away from what is in a hidden area at each layout. But
-// who cannot see may well go on in a list that is not on the screen.
-ClipBox* Splitter::ShownWhileTheOtherHasFocus() {
-  const auto* window = dynamic_cast<Gtk::Window*>(get_toplevel());
-  const auto* focus = window == nullptr ? nullptr : window->get_focus();
-  if (focus == nullptr || !get_realized()) return nullptr;
-  if (!first_.get_visible() && focus->is_ancestor(first_)) return &second_;
-  if (!second_.get_visible() && focus->is_ancestor(second_)) return &first_;
-  return nullptr;
-}
-
 void Splitter::on_size_allocate(Gtk::Allocation& allocation) {
   const bool before = std::exchange(own_change_, true);
   Apply(get_orientation() == Gtk::ORIENTATION_HORIZONTAL ? allocation.get_width()
                                                          : allocation.get_height());
-  if (ClipBox* shown = ShownWhileTheOtherHasFocus()) {
-    set_allocation(allocation);
-    shown->get_parent_window()->move_resize(allocation.get_x(), allocation.get_y(),
-                                            allocation.get_width(), allocation.get_height());
-    Gtk::Allocation all(0, 0, allocation.get_width(), allocation.get_height());
-    shown->size_allocate(all);
-  } else {
-    Gtk::Paned::on_size_allocate(allocation);
-  }
+  Gtk::Paned::on_size_allocate(allocation);
   own_change_ = before;
 }
 

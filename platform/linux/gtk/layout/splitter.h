@@ -70,8 +70,6 @@ class Splitter : public Gtk::Paned {
   void Leave();
   void Step(int direction);
   void TellShare();
-  /// The area that is laid out alone, when the focus is in the hidden other one.
-  ClipBox* ShownWhileTheOtherHasFocus();
 
   struct Wish {
     int area = 0;

@@ -77,23 +77,6 @@ TEST_F(ElasticFrameTest, AFrameWithoutAlignmentIsNotShown) {
   EXPECT_EQ(two_.Width(), 300 * kPixel);
 }
 
-TEST_F(ElasticFrameTest, AControlInAHiddenChildTakesKeysWhenItHasTheFocus) {
-  TextBoxControl field("field", windows_);
-  window_.frame.Add(one_);
-  window_.frame.Add(two_);
-  one_.Add(field);
-  one_.SetAlign(Align::None);
-  Show();
-  ASSERT_FALSE(field.widget().get_mapped());
-  WaitFor("the window to be active",
-          [&] { return window_.form.window().property_is_active().get_value(); });
-  field.SetFocus();
-  std::vector<int> keys;
-  listening_ += field.KeyDown.Connect([&](KeyEvent& key) { keys.push_back(key.KeyCode); });
-  Key(field.widget(), GDK_KEY_Down);
-  EXPECT_THAT(keys, testing::ElementsAre(kKeyDown));
-}
-
 TEST_F(ElasticFrameTest, RealignIsRaisedWhenTheSizeChangesOrWhenAskedFor) {
   int raised = 0;
   float width = 0;
@@ -303,30 +286,6 @@ TEST_F(SplitterTest, HidingOneHalfGivesTheOtherAllAndItComesBack) {
   EXPECT_EQ(&Bar(), bar) << "the halves have not been taken out meanwhile";
   EXPECT_EQ(one_.Width(), 200 * kPixel);
   EXPECT_EQ(drags_, 0);
-}
-
-TEST_F(SplitterTest, AHiddenHalfKeepsTheFocusWhenTheOtherIsLaidOut) {
-  TextBoxControl field("field", windows_);
-  Split(Layout::SideBySide);
-  one_.Add(field);
-  one_.SetAlign(Align::None);
-  Show();
-  WaitFor("the window to be active",
-          [&] { return window_.form.window().property_is_active().get_value(); });
-  field.SetFocus();
-  std::vector<int> keys;
-  listening_ += field.KeyDown.Connect([&](KeyEvent& key) { keys.push_back(key.KeyCode); });
-  Resize(800, 300);
-  EXPECT_EQ(two_.Width(), 800 * kPixel);
-  EXPECT_EQ(two_.Height(), 300 * kPixel);
-  Key(window_.form.window(), GDK_KEY_Down);
-  EXPECT_THAT(keys, testing::ElementsAre(kKeyDown));
-  one_.SetAlign(Align::Fill);
-  one_.SetWidth(200 * kPixel);
-  Settle();
-  EXPECT_TRUE(one_.widget().get_mapped());
-  EXPECT_EQ(one_.Width(), 200 * kPixel);
-  EXPECT_EQ(two_.Width(), (600 - kBar) * kPixel);
 }
 
 TEST_F(SplitterTest, AFrameThatStopsSplittingSharesItsArea) {
