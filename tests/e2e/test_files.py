@@ -51,6 +51,28 @@ class Files(FilesTest):
         self.assert_alive()
         self.assertEqual(list(self.folder.glob("*")), [])
 
+    def test_a_new_folder_is_made_while_saving(self):
+        self.opened(self.base + "/rhyme.html")
+        corvane = self.corvane
+        self.save_as()
+        for _ in range(20):
+            corvane.transcript.mark()
+            corvane.keys("Tab")
+            wait_until(corvane.transcript.spoken, "a part of the dialog")
+            if corvane.transcript.spoken() == ["Create Folder Button"]:
+                break
+        corvane.keys("space")
+        self.said("Folder Name, edit box, empty")
+        corvane.type("rhymes")
+        corvane.keys("Return")
+        self.said("Folder rhymes")
+        self.assertTrue((self.folder / "rhymes").is_dir())
+        corvane.transcript.mark()
+        corvane.keys("F1")
+        self.said("Save as. Folder rhymes. Create Folder Button")
+        corvane.keys("Escape")
+        self.gone("Save as")
+
     def gone(self, title):
         wait_until(lambda: title not in self.corvane.window_names(), "the end of " + title)
 

@@ -24,7 +24,26 @@ bool GoUp(GtkWindow* dialog) {
   return gone;
 }
 
+// Of the labels in the bubble only that of a problem is no button's and no field's.
+void FindProblem(GtkWidget* widget, gpointer found) {
+  if (GTK_IS_LABEL(widget)) {
+    if (gtk_label_get_mnemonic_widget(GTK_LABEL(widget)) == nullptr)
+      *static_cast<GtkLabel**>(found) = GTK_LABEL(widget);
+  } else if (GTK_IS_CONTAINER(widget) && !GTK_IS_BUTTON(widget)) {
+    gtk_container_forall(GTK_CONTAINER(widget), &FindProblem, found);
+  }
+}
+
 }  // namespace
+
+GtkLabel* NewFolderProblem(GtkWindow* dialog) {
+  GtkLabel* problem = nullptr;
+  GtkWidget* focus = gtk_window_get_focus(dialog);
+  if (focus == nullptr) return problem;
+  GtkWidget* bubble = gtk_widget_get_ancestor(focus, GTK_TYPE_POPOVER);
+  if (bubble != nullptr) FindProblem(bubble, &problem);
+  return problem;
+}
 
 bool ChooserTakesKey(GtkWindow* dialog, const GdkEventKey& event) {
   const guint pressed = event.state & gtk_accelerator_get_default_mod_mask();

@@ -11,4 +11,8 @@ namespace corvane::desktop {
 /// asked for every key of a dialog first; true when the key was used.
 bool ChooserTakesKey(GtkWindow* dialog, const GdkEventKey& event);
 
+/// Where the toolkit's bubble for a new folder shows why it does not take the name that
+/// is written in it; null when the focus is not in the bubble.
+GtkLabel* NewFolderProblem(GtkWindow* dialog);
+
 }  // namespace corvane::desktop

@@ -5,6 +5,7 @@
 #include <glibmm/fileutils.h>
 #include <glibmm/miscutils.h>
 #include <gtkmm/button.h>
+#include <gtkmm/label.h>
 #include <gtkmm/windowgroup.h>
 
 #include <utility>
@@ -74,6 +75,7 @@ void GtkFileDialog::Show(Kind kind, const OpenFileName& record,
   introduced_ = false;
   folder_said_.clear();
   selection_said_.clear();
+  problem_ = nullptr;
   Make();
   SetUp();
   EnterInTable();
@@ -316,7 +318,18 @@ bool GtkFileDialog::KeyDown(const GdkEventKey& event) {
 }
 
 void GtkFileDialog::FocusMoved() {
-  if (introduced_ && dialog_) Say(WordsOfFocus());
+  if (!introduced_ || !dialog_) return;
+  Say(WordsOfFocus());
+  ListenToNewFolder();
+}
+
+// The toolkit only shows why it does not take a name.
+void GtkFileDialog::ListenToNewFolder() {
+  GtkLabel* label = NewFolderProblem(GTK_WINDOW(dialog_->gobj()));
+  if (label == nullptr || label == std::exchange(problem_, label)) return;
+  Glib::wrap(label)->property_label().signal_changed().connect([self = self_, label] {
+    if (*self) (*self)->Say(gtk_label_get_text(label));
+  });
 }
 
 // The toolkit tells of one change several times.

@@ -54,6 +54,7 @@ class GtkFileDialog : public FileDialog {
   Gtk::Button* ButtonOf(int control) const;
   bool KeyDown(const GdkEventKey& event);
   void FocusMoved();
+  void ListenToNewFolder();
   void SelectionChanged();
   void FolderChanged();
   std::string Where() const;
@@ -74,7 +75,8 @@ class GtkFileDialog : public FileDialog {
   bool introduced_ = false;
   std::string folder_said_;
   std::string selection_said_;
-  int question_ = 0;  // being asked; 0: none
+  GtkLabel* problem_ = nullptr;  // of a new folder, once listened to
+  int question_ = 0;             // being asked; 0: none
   std::shared_ptr<GtkFileDialog*> self_;
 };
 

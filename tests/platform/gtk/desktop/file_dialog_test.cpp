@@ -218,6 +218,75 @@ TEST_F(FileDialogTest, TabLeavesTheNameAndComesBackToIt) {
   }
 }
 
+TEST_F(FileDialogTest, AFolderIsChosen) {
+  Show(FileDialog::Kind::Folder);
+  EXPECT_THAT(spoken_.front(), StartsWith("Choose a folder. Folder my pages. "));
+  Press({"Left"});
+  TypePath(folder_ + "/inner");
+  Press({"Return"});
+  WaitForResult();
+  EXPECT_TRUE(result_->chosen);
+  EXPECT_EQ(UpToNul(result_->record.file), folder_ + "/inner");
+}
+
+// The toolkit asks for the name of a new folder in a bubble of the dialog.
+class NewFolderTest : public FileDialogTest, public testing::WithParamInterface<FileDialog::Kind> {
+ protected:
+  void GoToName() {
+    Show(GetParam());
+    for (int i = 0; spoken_.back() != "Create Folder Button"; ++i) {
+      ASSERT_LT(i, 20);
+      spoken_.clear();
+      Press({"Tab"});
+      WaitFor("words for the control " + std::to_string(i), [&] { return !spoken_.empty(); });
+    }
+    Press({"space"});
+    WaitForSpeech("Folder Name, edit box, empty");
+    spoken_.clear();
+  }
+};
+
+TEST_P(NewFolderTest, IsMadeAndOpened) {
+  GoToName();
+  Press({"n", "e", "w", "Return"});
+  WaitForSpeech("Folder new");
+  EXPECT_TRUE(std::filesystem::is_directory(folder_ + "/new"));
+}
+
+TEST_P(NewFolderTest, IsMadeByItsButton) {
+  GoToName();
+  Press({"n", "e", "w", "Tab"});
+  WaitForSpeech("Create Button");
+  Press({"space"});
+  WaitForSpeech("Folder new");
+  EXPECT_TRUE(std::filesystem::is_directory(folder_ + "/new"));
+}
+
+TEST_P(NewFolderTest, IsGivenUpWithEscapeAndTheDialogStays) {
+  GoToName();
+  Press({"n", "Escape"});
+  WaitForSpeech("Create Folder Button");
+  EXPECT_FALSE(result_);
+  Press({"Escape"});
+  WaitForResult();
+  EXPECT_FALSE(std::filesystem::exists(folder_ + "/n"));
+}
+
+TEST_P(NewFolderTest, SaysWhyANameCannotBeTaken) {
+  GoToName();
+  Press({"i", "n", "n", "e", "r"});
+  WaitForSpeech("A folder with that name already exists");
+  EXPECT_EQ(spoken_.size(), 1U);
+  Press({"s", "Return"});
+  WaitForSpeech("Folder inners");
+}
+
+INSTANTIATE_TEST_SUITE_P(Kinds, NewFolderTest,
+                         testing::Values(FileDialog::Kind::Save, FileDialog::Kind::Folder),
+                         [](const auto& kind) {
+                           return kind.param == FileDialog::Kind::Save ? "Save" : "Folder";
+                         });
+
 TEST_F(FileDialogTest, ATypedPathIsTaken) {
   Show();
   TypePath(folder_ + "/a.html");
