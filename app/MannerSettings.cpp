@@ -1,6 +1,9 @@
 #include "app/MannerSettings.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <optional>
+#include <utility>
 
 namespace corvane {
 namespace {
@@ -12,7 +15,11 @@ constexpr const char* kLabel = "The program behaves";
 constexpr const char* kEstablished = "in its established way";
 constexpr const char* kToday = "as is usual today";
 
-bool IsSwitch(const MannerChoice& choice) { return choice.on == std::string("True"); }
+std::optional<std::size_t> IndexOf(const MannerChoice& choice, const std::string& value) {
+  const auto found = std::find(choice.values.begin(), choice.values.end(), value);
+  if (found == choice.values.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - choice.values.begin());
+}
 
 }  // namespace
 
@@ -22,9 +29,10 @@ std::vector<std::string> MannerSettings::Read() {
   if (stored != "0" && stored != "1") unusable.emplace_back(kKey);
   Manner manner = stored == "1" ? TodaysManner() : EstablishedManner();
   for (const MannerChoice& choice : MannerChoices()) {
-    const std::string value = store_.GetSetting(choice.application, kSection, choice.key, "");
-    if (value == choice.on || value == choice.off) {
-      manner.*choice.member = value == choice.on;
+    const std::string value =
+        store_.GetSetting(std::string(choice.application), kSection, std::string(choice.key), "");
+    if (const auto index = IndexOf(choice, value)) {
+      choice.set(manner, *index);
     } else if (!value.empty()) {
       unusable.emplace_back(choice.key);
     }
@@ -42,8 +50,9 @@ std::vector<OwnOption> MannerSettings::List() const {
   std::vector<OwnOption> options = {
       {kLabel, {kEstablished, kToday}, manner_.today ? kToday : kEstablished}};
   for (const MannerChoice& choice : MannerChoices()) {
-    OwnOption option{choice.label, {}, manner_.*choice.member ? choice.on : choice.off};
-    if (!IsSwitch(choice)) option.choices = {choice.off, choice.on};
+    OwnOption option{
+        std::string(choice.label), {}, std::string(choice.values[choice.get(manner_)])};
+    if (!choice.IsSwitch()) option.choices.assign(choice.values.begin(), choice.values.end());
     options.push_back(std::move(option));
   }
   return options;
@@ -59,7 +68,9 @@ void MannerSettings::Apply(const std::vector<std::string>& values) {
   if (changed(0)) store_.SaveSetting(kWindow, kSection, kKey, values[0] == kToday ? "1" : "0");
   for (std::size_t i = 0; const MannerChoice& choice : MannerChoices()) {
     ++i;
-    if (changed(i)) store_.SaveSetting(choice.application, kSection, choice.key, values[i]);
+    if (!changed(i)) continue;
+    store_.SaveSetting(std::string(choice.application), kSection, std::string(choice.key),
+                       values[i]);
   }
   Read();
 }

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <span>
+#include <string_view>
 
 namespace corvane {
+
+/// Which of a page's own live words are said.
+enum class LiveWordsHeard { All, Important, None };
 
 /// How the program behaves where its established way and the way that people
 /// expect of a program today part. The members' own values are the established
@@ -14,6 +19,17 @@ struct Manner {
   /// Every field of every form is announced; an element that has no announcer
   /// costs the others nothing. False: it ends the walk with a message box.
   bool whole_forms = false;
+  /// Elements of a page are said with all that there is to them: name, role,
+  /// states, place, the groups that the focus enters. False: the established
+  /// sentences alone.
+  bool full_sentences = false;
+  /// A field's internal name is said, too. False: only where nothing else names it.
+  bool field_names = true;
+  /// In a field what is heard is what the caret reaches: a character, word, line.
+  /// False: the characters that it crosses.
+  bool field_caret = false;
+  /// Which words are heard that a page says by itself.
+  LiveWordsHeard live_words = LiveWordsHeard::None;
   /// Keys beside letters and digits are named by words. False: by the character
   /// whose code is the key code.
   bool key_words = false;
@@ -29,14 +45,17 @@ struct Manner {
 
 /// One choice of the manner, as the settings store keeps it and a dialog shows it.
 struct MannerChoice {
-  const char* application;  ///< in the settings store
-  const char* key;
-  const char* label;  ///< in plain words, for a dialog
-  bool Manner::*member;
-  const char* off;  ///< how the store writes it
-  const char* on;
-  bool established;  ///< the value that goes with Manner 0
-  bool today;        ///< and with Manner 1
+  std::string_view application;  ///< in the settings store
+  std::string_view key;
+  std::string_view label;  ///< in plain words, for a dialog
+  /// How the store writes each value; "False" and "True" for a switch.
+  std::span<const std::string_view> values;
+  std::size_t established;  ///< the value that goes with Manner 0
+  std::size_t today;        ///< and with Manner 1
+  std::size_t (*get)(const Manner&);
+  void (*set)(Manner&, std::size_t value);
+
+  bool IsSwitch() const { return values.front() == "False"; }
 };
 
 /// All choices but the first, `Manner` itself, which decides those that the user

@@ -16,7 +16,7 @@ std::vector<std::string> Values(const OwnOptions& options) {
 std::size_t IndexOf(const char* key) {
   std::size_t index = 1;  // behind the manner itself
   for (const MannerChoice& choice : MannerChoices()) {
-    if (choice.key == std::string(key)) return index;
+    if (choice.key == key) return index;
     ++index;
   }
   throw std::runtime_error(key);
@@ -27,8 +27,8 @@ TEST(MannerSettings, AnEmptyStoreMeansTheEstablishedWay) {
   MannerSettings settings(store);
   EXPECT_THAT(settings.Read(), IsEmpty());
   for (const MannerChoice& choice : MannerChoices()) {
-    EXPECT_EQ(settings.Current().*choice.member, choice.established) << choice.key;
-    EXPECT_EQ(kEstablishedManner.*choice.member, choice.established) << choice.key;
+    EXPECT_EQ(choice.get(settings.Current()), choice.established) << choice.key;
+    EXPECT_EQ(choice.get(kEstablishedManner), choice.established) << choice.key;
   }
   EXPECT_FALSE(settings.Current().today);
 }
@@ -39,21 +39,21 @@ TEST(MannerSettings, MannerOneMeansTodaysWayInEverything) {
   MannerSettings settings(store);
   EXPECT_THAT(settings.Read(), IsEmpty());
   for (const MannerChoice& choice : MannerChoices())
-    EXPECT_EQ(settings.Current().*choice.member, choice.today) << choice.key;
+    EXPECT_EQ(choice.get(settings.Current()), choice.today) << choice.key;
   EXPECT_TRUE(settings.Current().today);
 }
 
 TEST(MannerSettings, EachChoiceCanBeMadeAgainstTheManner) {
   for (const char* manner : {"0", "1"}) {
     for (const MannerChoice& choice : MannerChoices()) {
-      for (const bool wanted : {false, true}) {
+      for (std::size_t wanted = 0; wanted < choice.values.size(); ++wanted) {
         FakeSettings store;
         store.Main("Manner") = manner;
-        store.SaveSetting(choice.application, "Settings", choice.key,
-                          wanted ? choice.on : choice.off);
+        store.SaveSetting(std::string(choice.application), "Settings", std::string(choice.key),
+                          std::string(choice.values[wanted]));
         MannerSettings settings(store);
         EXPECT_THAT(settings.Read(), IsEmpty());
-        EXPECT_EQ(settings.Current().*choice.member, wanted) << choice.key << " under " << manner;
+        EXPECT_EQ(choice.get(settings.Current()), wanted) << choice.key << " under " << manner;
       }
     }
   }
@@ -101,14 +101,15 @@ TEST(MannerSettings, WhatWasNotTouchedInTheDialogGoesOnFollowingTheManner) {
 }
 
 TEST(MannerSettings, NoTwoChoicesShareAKeyOrALabel) {
-  std::set<std::string> keys;
-  std::set<std::string> labels;
+  std::set<std::string_view> keys;
+  std::set<std::string_view> labels;
   for (const MannerChoice& choice : MannerChoices()) {
     EXPECT_TRUE(keys.insert(choice.key).second) << choice.key;
     EXPECT_TRUE(labels.insert(choice.label).second) << choice.label;
   }
 }
 
+// The manual's table has each choice with the values of both manners.
 TEST(MannerSettings, TheProgramOffersThemToTheOptionsDialog) {
   Program p;
   p.desktop.settings.Main("Manner") = "1";
