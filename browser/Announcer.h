@@ -60,6 +60,15 @@ class Announcer {
     ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true); });
   }
 
+  /// Speaks behind what is being spoken, which it does not cut off, and tells what
+  /// became of it.
+  void SayBehind(
+      const std::string& text, ISpeechNotify::Spoken spoken = [](bool) {}) {
+    ErrorsShown(box_, "Say Error: ", [&] {
+      if (sink_ != nullptr) sink_->SayBehind(text, std::move(spoken));
+    });
+  }
+
   /// Adds the text as a line to the text pane and speaks it, before the pane lets
   /// waiting keys have their say.
   void AddAndSay(const std::string& text, bool urgent = false) {

@@ -22,9 +22,16 @@ class ISpeechNotify {
     ISpeechNotify_SayThrough(Text, std::move(spoken));
   }
 
+  /// Says it behind what is being said, without cutting that off, and tells what became
+  /// of it.
+  void SayBehind(const std::string& Text, Spoken spoken) {
+    ISpeechNotify_SayBehind(Text, std::move(spoken));
+  }
+
  private:
   virtual void ISpeechNotify_Say(const std::string& Text, const bool& blnUrgent) = 0;
   virtual void ISpeechNotify_SayThrough(const std::string& Text, Spoken spoken) = 0;
+  virtual void ISpeechNotify_SayBehind(const std::string& Text, Spoken spoken) = 0;
 };
 
 }  // namespace corvane

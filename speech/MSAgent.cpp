@@ -199,6 +199,11 @@ void MSAgent::SayThrough(const std::string& Text, ISpeechNotify::Spoken spoken) 
   Speak({Text, Urgency::Ordinary, std::move(spoken)});
 }
 
+void MSAgent::SayBehind(const std::string& Text, ISpeechNotify::Spoken spoken) {
+  if (state_ != State::Ready) return spoken(false);
+  speech_.order.SayBehind(Text, Style(), std::move(spoken));
+}
+
 void MSAgent::Speak(Message message) {
   const bool welcoming = state_ == State::Welcoming && manner_.today;
   if (state_ == State::Ready || welcoming) {

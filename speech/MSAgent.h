@@ -43,6 +43,9 @@ class MSAgent {
   /// Speaks `Text` as an ordinary message and tells once whether it was spoken to
   /// its end.
   void SayThrough(const std::string& Text, ISpeechNotify::Spoken spoken);
+  /// Speaks `Text` behind what is being spoken and tells once what became of it;
+  /// dropped while the character is not ready.
+  void SayBehind(const std::string& Text, ISpeechNotify::Spoken spoken);
 
   /// Keyboard echo is on.
   bool blnKeyboardEcho = false;

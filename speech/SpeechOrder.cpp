@@ -1,5 +1,6 @@
 #include "speech/SpeechOrder.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/number.h"
@@ -24,6 +25,13 @@ void SpeechOrder::CharacterGoes() {
   character_.reset();
 }
 
+AgentRequest SpeechOrder::Speak(const std::string& text, SpeechStyle style, bool urgent) const {
+  return Speaking().Speak("\\Pit=" + number::digits(style.pitch) +
+                              "\\\\Spd=" + number::digits(style.speed) + "\\" +
+                              text::replace_all(text, "\\", "/"),
+                          urgent);
+}
+
 AgentRequest SpeechOrder::Say(const std::string& text, SpeechStyle style, Urgency urgency) {
   if (urgency == Urgency::Dialog) dialog_ = greeting_ = {};
   if (urgency == Urgency::Ordinary && protect_ > 0) {
@@ -33,18 +41,23 @@ AgentRequest SpeechOrder::Say(const std::string& text, SpeechStyle style, Urgenc
     StopSpeak();
     protect_ = urgency == Urgency::Urgent ? kProtectedMessages : 0;
   }
-  const AgentRequest request = Speaking().Speak("\\Pit=" + number::digits(style.pitch) +
-                                                    "\\\\Spd=" + number::digits(style.speed) +
-                                                    "\\" + text::replace_all(text, "\\", "/"),
-                                                urgency != Urgency::Ordinary);
+  const AgentRequest request = Speak(text, style, urgency != Urgency::Ordinary);
   if (urgency == Urgency::Dialog) dialog_ = request;
   return request;
 }
 
 void SpeechOrder::SayThrough(const std::string& text, SpeechStyle style,
                              ISpeechNotify::Spoken spoken) {
-  followed_ = Say(text, style, Urgency::Ordinary);
+  // Who goes on when he has been heard to the end lets what waits behind him be heard,
+  // too.
+  const bool goes_on = !spoken_ && !behind_.empty() && protect_ == 0;
+  followed_ = goes_on ? Speak(text, style, false) : Say(text, style, Urgency::Ordinary);
   spoken_ = std::move(spoken);
+}
+
+void SpeechOrder::SayBehind(const std::string& text, SpeechStyle style,
+                            ISpeechNotify::Spoken spoken) {
+  behind_.push_back({Speak(text, style, false), std::move(spoken)});
 }
 
 AgentRequest SpeechOrder::Greet(const std::string& text) {
@@ -76,6 +89,14 @@ void SpeechOrder::Ended(const AgentRequest& request, RequestEnd end) {
   if (request.id == 0) return;
   if (request.id == dialog_.id) dialog_ = {};
   if (request.id == greeting_.id) greeting_ = {};
+  const auto behind = std::find_if(behind_.begin(), behind_.end(), [&](const Behind& each) {
+    return each.request.id == request.id;
+  });
+  if (behind != behind_.end()) {
+    const auto told = std::move(behind->spoken);
+    behind_.erase(behind);
+    return told(end == RequestEnd::Done);
+  }
   if (request.id != followed_.id) return;
   if (const auto spoken = std::exchange(spoken_, nullptr)) spoken(end == RequestEnd::Done);
 }

@@ -53,6 +53,9 @@ class SpeechOrder {
   /// Says an ordinary message and tells once what became of it: false as soon as
   /// anything else is said, or it is cut off.
   void SayThrough(const std::string& text, SpeechStyle style, ISpeechNotify::Spoken spoken);
+  /// Says something behind all that is being spoken or waits to be, which it does not
+  /// cut off, and tells once what became of it. It is itself cut off like ordinary words.
+  void SayBehind(const std::string& text, SpeechStyle style, ISpeechNotify::Spoken spoken);
   /// Says the character's first words, which only a dialog cuts off, or the user.
   AgentRequest Greet(const std::string& text);
   /// Cuts off what is being spoken and waits, but for what is kept.
@@ -67,6 +70,7 @@ class SpeechOrder {
   void Ended(const AgentRequest& request, RequestEnd end);
 
  private:
+  AgentRequest Speak(const std::string& text, SpeechStyle style, bool urgent) const;
   Voice& Speaking() const;
   void NoLongerFollowed();
 
@@ -78,6 +82,12 @@ class SpeechOrder {
   AgentRequest greeting_;
   AgentRequest followed_;  // what somebody waits for the end of
   ISpeechNotify::Spoken spoken_;
+  /// Words behind others, until their ends are told.
+  struct Behind {
+    AgentRequest request;
+    ISpeechNotify::Spoken spoken;
+  };
+  std::vector<Behind> behind_;
 };
 
 }  // namespace corvane

@@ -255,6 +255,7 @@ struct ParseString : ::testing::Test {
   struct Sink : ISpeechNotify {
     std::vector<std::string> said;
     void ISpeechNotify_SayThrough(const std::string& Text, Spoken) override { Say(Text, false); }
+    void ISpeechNotify_SayBehind(const std::string& Text, Spoken) override { Say(Text, false); }
     void ISpeechNotify_Say(const std::string& Text, const bool&) override { said.push_back(Text); }
   } sink;
 
@@ -313,6 +314,7 @@ TEST_F(ParseString, NothingIsUrgent) {
   struct Urgency : ISpeechNotify {
     std::vector<bool> flags;
     void ISpeechNotify_SayThrough(const std::string& Text, Spoken) override { Say(Text, false); }
+    void ISpeechNotify_SayBehind(const std::string& Text, Spoken) override { Say(Text, false); }
     void ISpeechNotify_Say(const std::string&, const bool& urgent) override {
       flags.push_back(urgent);
     }
