@@ -1,10 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "base/event.h"
+#include "platform/element_facts.h"
 
 namespace corvane {
 
@@ -15,6 +17,12 @@ struct ElementCaret {
   bool known = true;         ///< false: where the caret is cannot be told
   /// What the key that was released has done to the field's text.
   enum class Edit { None, Typed, Removed } edit = Edit::None;
+  /// How far the key leads that was released.
+  enum class Step { Character, Word, Line, Paragraph } step = Step::Character;
+  bool extends = false;  ///< the key selects
+  /// The line at the caret as it is shown, of a field of several lines; nothing where
+  /// it was not told.
+  std::optional<std::string> line = std::nullopt;
 };
 
 /// One element of a page, filled from the page record. Texts are UTF-8. The
@@ -46,11 +54,18 @@ class HTMLElement {
   /// focus, and what it holds; empty for all others.
   std::string part;
   std::string part_value;
+  /// What the element is to its user, as its last event told it; null before.
+  ElementFactsPtr facts;
+  ElementFactsPtr facts_before;  ///< as it was told before that
+  /// The change that is being told has come with the focus, not after it.
+  bool changed_with_focus = false;
 
   Event<> onfocus;
   Event<> onkeyup;
   /// Of an input that holds a number or a colour: with each step of its value.
   Event<> onchange;
+  /// The page has changed what the element is to its user: a state, a value.
+  Event<> onstate;
 };
 
 using HTMLElementPtr = std::shared_ptr<HTMLElement>;
@@ -72,6 +87,9 @@ class HTMLDocument {
   std::vector<HTMLElementPtr> anchors;  ///< every named anchor
   std::vector<HTMLForm> forms;
   std::vector<std::shared_ptr<HTMLDocument>> frames;
+  /// Of the page's top document: the page that was read before it has shown another
+  /// one in its place, without loading it; its user is still in it.
+  bool in_place = false;
   /// Of the page's top document: the event that is being raised is the page's own
   /// doing, not what something follows that the user has done.
   bool unasked = false;

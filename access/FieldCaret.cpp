@@ -1,0 +1,120 @@
+#include "access/FieldCaret.h"
+
+#include <algorithm>
+
+#include "access/TextChange.h"
+#include "base/text.h"
+
+namespace corvane {
+namespace {
+
+constexpr std::size_t kMostSelected = 300;  // characters that are said themselves
+
+std::string Part(const std::string& text, std::size_t from, std::size_t to) {
+  return from < to ? text::mid(text, from + 1, to - from) : std::string();
+}
+
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
+
+std::string Said(const std::string& characters, const char* what) {
+  const std::size_t count = text::length(characters);
+  if (count <= kMostSelected) return characters + " " + what;
+  return std::to_string(count) + " characters " + what;
+}
+
+std::string Changed(const TextChange& change, bool removal) {
+  const bool removed = removal || change.added.empty();
+  const std::string& characters = removed ? change.removed : change.added;
+  if (text::length(characters) <= kMostSelected) return characters;
+  return Said(characters, removed ? "removed" : "inserted");
+}
+
+}  // namespace
+
+std::string CharacterAt(const std::string& text, std::size_t place) {
+  const std::string character = text::mid(text, place + 1, 1);
+  if (character.empty()) return "end";
+  return character == "\n" || character == "\r" ? "end of line" : character;
+}
+
+std::string WordAt(const std::string& text, std::size_t place) {
+  std::size_t begin = text::offset_of(text, place);
+  // At the end of a word it is that word that the caret has reached.
+  if (begin == text.size() || IsBlank(text[begin])) {
+    while (begin > 0 && IsBlank(text[begin - 1])) --begin;
+  }
+  std::size_t end = begin;
+  while (begin > 0 && !IsBlank(text[begin - 1])) --begin;
+  while (end < text.size() && !IsBlank(text[end])) ++end;
+  return text.substr(begin, end - begin);
+}
+
+std::string LineAt(const std::string& text, std::size_t place) {
+  const std::size_t at = text::offset_of(text, place);
+  const std::size_t before = at == 0 ? std::string::npos : text.rfind('\n', at - 1);
+  const std::size_t begin = before == std::string::npos ? 0 : before + 1;
+  const std::size_t end = std::min(text.find('\n', at), text.size());
+  return text.substr(begin, end - begin);
+}
+
+FieldCaret::Place FieldCaret::PlaceIn(const HTMLElement& field) {
+  const auto count = [](int characters) {
+    return static_cast<std::size_t>(std::max(characters, 0));
+  };
+  const std::size_t length = text::length(field.value);
+  const std::size_t end = length - std::min(length, count(field.caret.text_after));
+  return {end - std::min(end, count(field.caret.selection_length)), end};
+}
+
+void FieldCaret::Follow(const HTMLElement& field) {
+  value_ = field.value;
+  place_ = PlaceIn(field);
+}
+
+std::string FieldCaret::Selected(const HTMLElement& field, const Place& now) const {
+  const auto outside = [&](const Place& whole, const Place& part) {
+    if (part.start == part.end) return Part(field.value, whole.start, whole.end);
+    return Part(field.value, whole.start, std::min(whole.end, part.start)) +
+           Part(field.value, std::max(whole.start, part.end), whole.end);
+  };
+  if (const std::string added = outside(now, place_); !added.empty()) {
+    return Said(added, "selected");
+  }
+  return Said(outside(place_, now), "unselected");
+}
+
+std::string FieldCaret::Reached(const HTMLElement& field) {
+  using Step = ElementCaret::Step;
+  const Place now = PlaceIn(field);
+  std::string words;
+  if (field.value != value_ && field.caret.edit == ElementCaret::Edit::None) {
+    // The page has put it there; what its facts tell has been heard.
+    if (!field.facts || field.facts->value != field.value) words = field.value;
+    if (field.value.empty()) words = "blank";
+  } else if (field.value != value_) {
+    words = Changed(Between(value_, field), field.caret.edit == ElementCaret::Edit::Removed);
+  } else if (now.start != now.end || (place_.start != place_.end && field.caret.extends)) {
+    if (now != place_) words = Selected(field, now);
+  } else if (now != place_ || field.caret.step == Step::Line) {
+    switch (field.caret.step) {
+      case Step::Word:
+        words = WordAt(field.value, now.end);
+        break;
+      case Step::Line:
+        words = now == place_ ? "" : field.caret.line.value_or(LineAt(field.value, now.end));
+        if (words.empty() && now != place_) words = "blank";
+        break;
+      case Step::Paragraph:
+        words = LineAt(field.value, now.end);
+        if (words.empty()) words = "blank";
+        break;
+      case Step::Character:
+        words = CharacterAt(field.value, now.end);
+        break;
+    }
+  }
+  Follow(field);
+  return words;
+}
+
+}  // namespace corvane
