@@ -30,6 +30,7 @@ std::unique_ptr<AAElement> MakeAnnouncer(const std::string& type_name) {
 void AAFormCollection::ResetStructure(const HTMLDocumentPtr& oDoc, std::function<void()> done) {
   const auto reset = [&] {
     ++walk_;
+    focus_words_.Forget();
     document_ = oDoc;
     elements_ = Slots(1);
     late_.clear();

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "access/AAElement.h"
+#include "access/FocusWords.h"
 #include "base/event.h"
 #include "base/manner.h"
 #include "platform/desktop.h"
@@ -22,7 +23,7 @@ class AAFormCollection {
 
   /// `manner` must outlive the collection.
   explicit AAFormCollection(Desktop& desktop, const Manner& manner = kEstablishedManner)
-      : desktop_(desktop), manner_(manner) {}
+      : desktop_(desktop), manner_(manner), focus_words_(manner) {}
   AAFormCollection(const AAFormCollection&) = delete;
   AAFormCollection& operator=(const AAFormCollection&) = delete;
 
@@ -51,6 +52,17 @@ class AAFormCollection {
   /// Slot 0 is empty, links begin at slot 1.
   const Slots& Links() const { return links_; }
 
+  /// Says what an element is that has got the focus; `established` is its announcer's
+  /// sentence.
+  void SayFocused(const HTMLElement& element, const std::string& established) {
+    Say(focus_words_.Of(element, established));
+  }
+
+  /// Says what the user has chosen in a list; `option` is its number there, from 0.
+  void SayChosen(const HTMLElement& list, const std::string& words, int option) {
+    Say(focus_words_.OfChoice(list, words, option));
+  }
+
   /// Where announcers report their errors.
   MessageBox& Box() const { return desktop_.GetMessageBox(); }
   const Manner& HowToSay() const { return manner_; }
@@ -64,6 +76,7 @@ class AAFormCollection {
 
   Desktop& desktop_;
   const Manner& manner_;
+  FocusWords focus_words_;
   HTMLDocumentPtr document_;
   Slots elements_ = Slots(1);
   Slots links_ = Slots(1);

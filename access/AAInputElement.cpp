@@ -42,7 +42,7 @@ std::string AAInputElement::StateWord(const HTMLElement& input) {
 }
 
 void AAInputElement::Listen() {
-  caret_.Hold(Element());
+  caret_.Enter(Element());
   connections_ += Element().onfocus.Connect([this] { AAInput_onfocus(); });
   connections_ += Element().onkeyup.Connect([this] { AAInput_onkeyup(); });
   connections_ += Element().onchange.Connect([this] { AAInput_onchange(); });
@@ -51,23 +51,21 @@ void AAInputElement::Listen() {
 void AAInputElement::AAInput_onfocus() {
   ErrorsShown(Collection().Box(), "AAInput_onfocus Error: ", [&] {
     const HTMLElement& input = Element();
-    caret_.Hold(input);
+    caret_.Enter(input);
     stepped_ = false;
     part_ = input.part;
     part_value_ = input.part_value;
-    Collection().Say(Described(input, Collection().HowToSay()));
+    Collection().SayFocused(input, Described(input, Collection().HowToSay()));
   });
 }
 
 void AAInputElement::AAInput_onkeyup() {
   ErrorsShown(Collection().Box(), "AAInput_onkeyup Error: ", [&] {
     const HTMLElement& input = Element();
-    const Manner& manner = Collection().HowToSay();
     if (!IsTextField(input)) return;
     if (!input.part.empty()) return Collection().Say(PartCrossed());
     if (std::exchange(stepped_, false)) return caret_.Follow(input);
-    Collection().Say(
-        Heard(input, manner.today ? caret_.Done(input) : caret_.Crossed(input), manner));
+    Collection().Say(caret_.Heard(input, Collection().HowToSay()));
   });
 }
 

@@ -16,7 +16,9 @@ void AALinkElement::Listen() {
 
 void AALinkElement::AALink_onfocus() {
   ErrorsShown(Collection().Box(), "AALink_onfocus Error: ", [&] {
-    Collection().Say(Collection().HowToSay().today ? WordsOfLink(Element()) : Element().innerText);
+    const HTMLElement& link = Element();
+    Collection().SayFocused(link,
+                            Collection().HowToSay().today ? WordsOfLink(link) : link.innerText);
   });
 }
 

@@ -31,17 +31,22 @@ std::string AASelectElement::Option(int index) const {
 
 std::string AASelectElement::Choice() const { return Option(Element().selectedIndex); }
 
-std::string AASelectElement::Changed() {
+AASelectElement::Change AASelectElement::Changed() {
   const std::vector<int>& now = Element().chosen;
   const std::vector<int> before = std::exchange(chosen_, now);
-  std::vector<int> changed;
+  Change change;
   std::set_difference(now.begin(), now.end(), before.begin(), before.end(),
-                      std::back_inserter(changed));
-  const bool let_go = changed.empty();
-  if (let_go) {
+                      std::back_inserter(change.options));
+  change.let_go = change.options.empty();
+  if (change.let_go) {
     std::set_difference(before.begin(), before.end(), now.begin(), now.end(),
-                        std::back_inserter(changed));
+                        std::back_inserter(change.options));
   }
+  return change;
+}
+
+std::string AASelectElement::Named(const Change& change) const {
+  const std::vector<int>& changed = change.options;
   if (changed.empty()) return {};
   std::string words = Option(changed.front());
   for (std::size_t i = 1; i < std::min(changed.size(), kMostNamed); ++i) {
@@ -50,7 +55,7 @@ std::string AASelectElement::Changed() {
   if (changed.size() > kMostNamed) {
     words = Sentence({words, std::to_string(changed.size() - kMostNamed) + " more"});
   }
-  return let_go ? Sentence({words, "unselected"}) : words;
+  return change.let_go ? Sentence({words, "unselected"}) : words;
 }
 
 void AASelectElement::AASelect_onfocus() {
@@ -58,15 +63,20 @@ void AASelectElement::AASelect_onfocus() {
     const HTMLElement& select = Element();
     chosen_ = select.chosen;
     const std::string label = Beside("", select, Collection().HowToSay());
-    Collection().Say(label.empty() ? Sentence({select.type, select.name, Choice()})
-                                   : Sentence({select.type, select.name, label, Choice()}));
+    Collection().SayFocused(select, label.empty()
+                                        ? Sentence({select.type, select.name, Choice()})
+                                        : Sentence({select.type, select.name, label, Choice()}));
   });
 }
 
 void AASelectElement::AASelect_onchange() {
   ErrorsShown(Collection().Box(), "AASelect_onchange Error: ", [&] {
-    Collection().Say(text::same_ignoring_case(Element().type, "select-multiple") ? Changed()
-                                                                                 : Choice());
+    if (!text::same_ignoring_case(Element().type, "select-multiple")) {
+      return Collection().SayChosen(Element(), Choice(), Element().selectedIndex);
+    }
+    const Change change = Changed();
+    if (change.options.size() != 1) return Collection().Say(Named(change));
+    Collection().SayChosen(Element(), Named(change), change.options.front());
   });
 }
 

@@ -20,8 +20,13 @@ class AASelectElement : public AAElement {
   /// The text of the chosen option; empty while nothing is chosen.
   std::string Choice() const;
   std::string Option(int index) const;
-  /// What has changed since it was asked last.
-  std::string Changed();
+  struct Change {
+    std::vector<int> options;
+    bool let_go = false;
+  };
+  /// The options chosen since it was asked last; where there are none, those let go.
+  Change Changed();
+  std::string Named(const Change& change) const;
 
   std::vector<int> chosen_;  // when announced last
 };

@@ -8,7 +8,7 @@
 namespace corvane {
 
 void AATextAreaElement::Listen() {
-  caret_.Hold(Element());
+  caret_.Enter(Element());
   connections_ += Element().onfocus.Connect([this] { AATextArea_onfocus(); });
   connections_ += Element().onkeyup.Connect([this] { AATextArea_onkeyup(); });
 }
@@ -16,17 +16,18 @@ void AATextAreaElement::Listen() {
 void AATextAreaElement::AATextArea_onfocus() {
   ErrorsShown(Collection().Box(), "AATextArea_onfocus Error: ", [&] {
     const HTMLElement& area = Element();
-    caret_.Hold(area);
-    const std::string before = Beside(area.text_before_begin, area, Collection().HowToSay());
-    Collection().Say(before.empty() ? Sentence({area.type, area.name, area.value})
-                                    : Sentence({area.type, area.name, before, area.value}));
+    caret_.Enter(area);
+    const Manner& manner = Collection().HowToSay();
+    const std::string before = Beside(area.text_before_begin, area, manner);
+    const std::string text = TextOnEntry(area, manner);
+    Collection().SayFocused(area, before.empty() ? Sentence({area.type, area.name, text})
+                                                 : Sentence({area.type, area.name, before, text}));
   });
 }
 
 void AATextAreaElement::AATextArea_onkeyup() {
   ErrorsShown(Collection().Box(), "AATextArea_onkeyup Error: ", [&] {
-    Collection().Say(Collection().HowToSay().today ? caret_.Done(Element())
-                                                   : caret_.Crossed(Element()));
+    Collection().Say(caret_.Heard(Element(), Collection().HowToSay()));
   });
 }
 

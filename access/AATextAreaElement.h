@@ -1,7 +1,7 @@
 #pragma once
 
 #include "access/AAElement.h"
-#include "access/CaretCrossing.h"
+#include "access/CaretEcho.h"
 
 namespace corvane {
 
@@ -15,7 +15,7 @@ class AATextAreaElement : public AAElement {
   void AATextArea_onfocus();
   void AATextArea_onkeyup();
 
-  CaretCrossing caret_;
+  CaretEcho caret_;
 };
 
 }  // namespace corvane

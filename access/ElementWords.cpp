@@ -144,6 +144,7 @@ Words StatesWithout(const ElementFacts& facts, bool with_checked) {
   if (!facts.sort.empty()) {
     words.push_back(facts.sort == "other" ? "sorted" : "sorted " + facts.sort);
   }
+  if (facts.vertical) words.emplace_back("vertical");
   if (facts.level > 0) words.push_back("level " + std::to_string(facts.level));
   return words;
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "access/AAInputElement.h"
+#include "access/ElementWords.h"
 #include "access/Sentence.h"
 #include "base/text.h"
 
@@ -69,11 +70,28 @@ void PageElements::Reset(const HTMLDocumentPtr& document, std::function<void()> 
 
 void PageElements::Follow(const HTMLElementPtr& element) {
   HTMLElement* each = element.get();
+  followed_ += each->onstate.Connect([this, each] { Changed(*each); });
   if (!HasAnnouncer(*each)) {
-    followed_ += each->onfocus.Connect([this, each] { oAAFormCol_Say(Described(*each)); });
+    followed_ +=
+        each->onfocus.Connect([this, each] { oAAFormCol_.SayFocused(*each, Described(*each)); });
   } else if (CanBeChecked(*each)) {
     followed_ +=
         each->onchange.Connect([this, each] { oAAFormCol_Say(AAInputElement::StateWord(*each)); });
+  }
+}
+
+// What changes with the focus belongs to what is being said of it.
+void PageElements::Changed(const HTMLElement& element) {
+  if (!element.facts || !element.facts_before) return;
+  ElementFacts before = *element.facts_before;
+  // What is typed is heard as it is typed.
+  if (element.caret.edit != ElementCaret::Edit::None) before.value = element.facts->value;
+  const std::string words = ChangeWords(before, *element.facts);
+  if (words.empty()) return;
+  if (element.changed_with_focus) {
+    pane_.announcer.SayBehind(words);
+  } else {
+    oAAFormCol_Say(words);
   }
 }
 

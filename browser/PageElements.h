@@ -23,6 +23,7 @@ class PageElements {
  private:
   void oAAFormCol_Say(const std::string& sText);
   void Follow(const HTMLElementPtr& element);
+  void Changed(const HTMLElement& element);
 
   PaneContext& pane_;
   AAFormCollection oAAFormCol_;

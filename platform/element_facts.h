@@ -45,6 +45,7 @@ struct ElementFacts {
   bool read_only = false;
   bool multiple = false;  ///< several can be chosen
   bool lines = false;     ///< a text of several lines
+  bool vertical = false;  ///< a slider or separator that goes up and down
   int level = 0;          ///< 0: none
   int place = 0;          ///< among its like, from 1; 0: unknown
   int size = 0;           ///< how many there are of its like; 0: unknown
