@@ -32,6 +32,14 @@ int SelectedOf(const VariantPtr& reply) {
   return start >= 0 && end > start ? end - start : 0;
 }
 
+std::string LineIn(const VariantPtr& reply) {
+  if (!IsOfType(reply, "(sii)")) return {};
+  const gchar* line = nullptr;
+  g_variant_get(reply.get(), "(&sii)", &line, nullptr, nullptr);
+  const std::string text(line);
+  return text.size() <= kMostBytes ? text : std::string();
+}
+
 struct Facts {
   FieldFocus focus;
   std::uint32_t role = 0;
@@ -48,6 +56,13 @@ FieldFocus FocusOf(Facts facts) {
   return std::move(focus);
 }
 
+void AskForLine(AccessBus& bus, const ElementRef& ref, const std::shared_ptr<Facts>& facts,
+                const std::shared_ptr<Together>& all) {
+  bus.Call(ref, kText, "GetStringAtOffset",
+           g_variant_new("(iu)", facts->focus.caret, ATSPI_TEXT_GRANULARITY_LINE),
+           [facts, all](const VariantPtr& reply) { facts->focus.line = LineIn(reply); });
+}
+
 // All questions at once: the page answers them one after the other.
 void Ask(AccessBus& bus, const ElementRef& ref, const std::shared_ptr<Facts>& facts,
          const std::shared_ptr<Together>& all) {
@@ -61,8 +76,9 @@ void Ask(AccessBus& bus, const ElementRef& ref, const std::shared_ptr<Facts>& fa
       ref, kText, "GetText", g_variant_new("(ii)", 0, kLongestText),
       [facts, all](const VariantPtr& reply) { facts->focus.text = TextOf(reply, kMostBytes); });
   bus.Call(ref, kProperties, "Get", Property(kText, "CaretOffset"),
-           [facts, all](const VariantPtr& reply) {
+           [&bus, ref, facts, all](const VariantPtr& reply) {
              facts->focus.caret = IntegerOf(reply).value_or(-1);
+             if (facts->focus.caret >= 0) AskForLine(bus, ref, facts, all);
            });
   bus.Call(ref, kText, "GetSelection", g_variant_new("(i)", 0),
            [facts, all](const VariantPtr& reply) { facts->focus.selected = SelectedOf(reply); });

@@ -10,11 +10,16 @@ namespace corvane::desktop {
 namespace {
 
 constexpr std::size_t kLongestPart = 100;
+constexpr std::size_t kLongestLineHeard = 1000;
 constexpr const char* kEmptyPart = "empty";
 
 }  // namespace
 
 void Complete(ElementEvent& event, const FieldFocus& focus) {
+  if (event.look_at_line) {
+    if (focus.caret >= 0) event.caret.line = Shorten(focus.line, kLongestLineHeard);
+    return;
+  }
   if (focus.is_part) {
     event.part = Shorten(focus.name, kLongestPart);
     event.part_value = focus.is_empty ? kEmptyPart : Shorten(focus.text, kLongestPart);

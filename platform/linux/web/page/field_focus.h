@@ -19,6 +19,7 @@ struct FieldFocus {
   bool is_empty = false;  ///< of a part: the text only shows what belongs there
   int caret = -1;         ///< characters before it; -1: unknown
   int selected = 0;       ///< characters selected
+  std::string line;       ///< at the caret, as it is shown
 };
 
 /// Looks at what has the focus in the page of a view and hands that on, later; an empty

@@ -66,6 +66,7 @@ void PageChanges::Receive(const std::string& kind, const std::string& text) {
   if (kind == "jumped") return TellPlace(text);
   std::string words;
   if (kind == "opened") words = "Opened: " + Shorten(text, kLongestPlace);
+  if (kind == "lost") words = "What had the focus is gone";
   if (kind == "nowhere") words = "There is no such place in the page";
   if (kind == "state") words = WordsOf(text);
   if (!words.empty()) host_.say(words);

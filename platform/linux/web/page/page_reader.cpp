@@ -113,7 +113,8 @@ PageReader::PageReader(WebKitWebView* view, std::function<void(const std::string
       self_(std::make_shared<PageReader*>(this)),
       look_(std::move(look)) {
   script_ = std::make_unique<PageScript>(
-      webkit_web_view_get_user_content_manager(view), std::vector{"record.js", "events.js"},
+      webkit_web_view_get_user_content_manager(view),
+      std::vector{"record.js", "names.js", "facts.js", "caret.js", "events.js", "attention.js"},
       "corvane", [this](const std::string& kind, const std::string& text) { Receive(kind, text); });
 }
 
@@ -405,6 +406,8 @@ void PageReader::Raise(const ElementEvent& event, HTMLElement& element) {
       return element.onfocus.Raise();
     case ElementEvent::Kind::KeyUp:
       return element.onkeyup.Raise();
+    case ElementEvent::Kind::State:
+      return element.onstate.Raise();
     case ElementEvent::Kind::Change:
       return element.onchange.Raise();
     case ElementEvent::Kind::Leave:

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "platform/linux/web/page/facts_record.h"
 #include "platform/linux/web/web_text.h"
 
 namespace corvane::desktop {
@@ -70,11 +71,21 @@ std::vector<int> NumbersOf(const Json& json) {
   return numbers;
 }
 
-ElementCaret CaretOf(const Json& caret, const Json& edit) {
+// [selected, after, known], what the key did to the text, [how far it leads, whether
+// it selects], the line
+ElementCaret CaretOf(const Json& event) {
+  const Json& caret = Member(event, "caret");
+  const Json& step = Member(event, "step");
   ElementCaret result{NumberOf(At(caret, 0), 0), NumberOf(At(caret, 1), 0),
                       NumberOf(At(caret, 2), 0) == 1};
-  if (NumberOf(edit, 0) == 1) result.edit = ElementCaret::Edit::Typed;
-  if (NumberOf(edit, 0) == 2) result.edit = ElementCaret::Edit::Removed;
+  const int edit = NumberOf(Member(event, "edit"), 0);
+  if (edit == 1) result.edit = ElementCaret::Edit::Typed;
+  if (edit == 2) result.edit = ElementCaret::Edit::Removed;
+  const int far = NumberOf(At(step, 0), 0);
+  if (far > 0 && far <= 3) result.step = static_cast<ElementCaret::Step>(far);
+  result.extends = NumberOf(At(step, 1), 0) == 1;
+  const Json& line = Member(event, "line");
+  if (line.is_string()) result.line = TextOf(line);
   return result;
 }
 
@@ -207,6 +218,8 @@ std::optional<ElementEvent> ParseElementEvent(std::string_view text) {
     event.kind = ElementEvent::Kind::KeyUp;
   } else if (kind == "change") {
     event.kind = ElementEvent::Kind::Change;
+  } else if (kind == "state") {
+    event.kind = ElementEvent::Kind::State;
   } else if (kind == "leave") {
     event.kind = ElementEvent::Kind::Leave;
   } else {
@@ -215,6 +228,8 @@ std::optional<ElementEvent> ParseElementEvent(std::string_view text) {
   event.document_id = TextOf(Member(json, "document"));
   event.number = NumberOf(Member(json, "number"), 0);
   event.href = TextOf(Member(json, "href"));
+  event.facts = FactsOf(Member(json, "facts"));
+  event.with_focus = NumberOf(Member(json, "fresh"), 0) == 1;
   const Json& state = Member(json, "state");
   event.has_state = state.is_array();
   event.value = TextOf(At(state, 0));
@@ -222,10 +237,12 @@ std::optional<ElementEvent> ParseElementEvent(std::string_view text) {
   event.selectedIndex = NumberOf(At(state, 2), -1);
   event.options = TextsOf(At(state, 3));
   event.chosen = NumbersOf(At(state, 4));
-  event.caret = CaretOf(Member(json, "caret"), Member(json, "edit"));
+  event.caret = CaretOf(json);
   event.unasked = NumberOf(Member(json, "unasked"), 0) == 1;
   event.again = NumberOf(Member(json, "again"), 0) == 1;
-  event.look = NumberOf(Member(json, "look"), 0) == 1;
+  const int look = NumberOf(Member(json, "look"), 0);
+  event.look = look == 1 || look == 2;
+  event.look_at_line = look == 2;
   std::unordered_map<int, HTMLElementPtr> alone;
   Elements elements(alone);
   const Json& field = Member(json, "field");
@@ -236,6 +253,10 @@ std::optional<ElementEvent> ParseElementEvent(std::string_view text) {
 }
 
 void Apply(const ElementEvent& event, HTMLElement& element) {
+  if (event.facts) {
+    element.facts_before = std::exchange(element.facts, event.facts);
+    element.changed_with_focus = event.with_focus;
+  }
   if (!event.has_state) return;
   element.value = event.value;
   element.status = event.status;

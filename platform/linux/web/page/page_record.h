@@ -37,7 +37,7 @@ struct PageRecord {
 /// What an element's event brings.
 struct ElementEvent {
   /// Leave: the focus has left a field whose text is hidden.
-  enum class Kind { Focus, KeyUp, Change, Leave };
+  enum class Kind { Focus, KeyUp, Change, State, Leave };
   Kind kind = Kind::Focus;
   std::string document_id;
   int number = 0;
@@ -49,11 +49,14 @@ struct ElementEvent {
   std::vector<std::string> options;
   std::vector<int> chosen;
   ElementCaret caret;
-  bool unasked = false;  ///< the page's doing, not the user's
-  bool again = false;    ///< told once more
-  bool look = false;     ///< a script cannot tell all: see FieldFocus
-  std::string part;      ///< found by looking
+  bool unasked = false;       ///< the page's doing, not the user's
+  bool again = false;         ///< told once more
+  bool look = false;          ///< a script cannot tell all: see FieldFocus
+  bool look_at_line = false;  ///< all but the line at the caret
+  std::string part;           ///< found by looking
   std::string part_value;
+  ElementFactsPtr facts;     ///< what the element is to its user; null when it is not told
+  bool with_focus = false;   ///< of a state: it has changed as the focus came
   HTMLElementPtr described;  ///< the element itself, where no record holds it
 };
 

@@ -99,6 +99,7 @@
   const isAside = (element) => element instanceof HTMLScriptElement ||
     element instanceof HTMLStyleElement || element instanceof HTMLTemplateElement ||
     /^(tooltip|progressbar|status|alert|presentation|none)$/.test(attribute(element, 'role')) ||
+    Element.prototype.closest.call(element, '[aria-live="polite"], [aria-live="assertive"]') !== null ||
     attribute(element, 'aria-hidden') === 'true' || attribute(element, 'aria-busy') === 'true';
 
   // The parts of the page below an element that are hidden now, without what is in them.
@@ -194,6 +195,9 @@
       if (state === this.state || state === '') return;
       this.state = state;
       this.told = true;  // it says enough
+      // Of the element that has the focus it is told as it happens; who is led on has
+      // heard where to.
+      if (globalThis.corvaneAttention?.attends(this.element) || activeElement() !== this.focus) return;
       post('state', state);
     }
     // Who is led to the part hears it by its focus.

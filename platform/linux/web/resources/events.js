@@ -3,7 +3,7 @@
 // and form elements, and of whatever else gets the focus.
 'use strict';
 (() => {
-  if (!globalThis.corvane || globalThis.corvaneListens) return;
+  if (!globalThis.corvaneCaret || globalThis.corvaneListens) return;
   Object.defineProperty(globalThis, 'corvaneListens', {value: true});
 
   const {
@@ -11,17 +11,18 @@
     numberOf, classOf, hrefOf, isLink, isField, stateOf, describeField, describeLinks, maxValue,
     isRecorded, kindOf,
   } = globalThis.corvane.parts;
+  const {ofEditor, lineOfEditor, lineOfArea, stepOf} = globalThis.corvaneCaret;
   const MOST_WORDS = 300;  // characters of what an element shows
 
   // --- what an element is to its user ------------------------------------------
 
+  const isPage = (element) => element === bodyOf(document) || element === rootOf(document);
   // The editable part of the page that the focus is in, where that is no field.
   const isEditor = (element) => element instanceof HTMLElement && element.isContentEditable &&
     !isField(element);
 
   // [selected characters, characters after the caret, whether that is known]
   const caretOf = (element) => {
-    if (isEditor(element)) return [...caretOfEditor(element), 1];
     let start = null;
     let end = null;
     try {
@@ -34,15 +35,6 @@
     const value = element.value;
     return [characters(value.slice(start, end)), characters(value.slice(end)), 1];
   };
-  const caretOfEditor = (editor) => {
-    const selection = window.getSelection();
-    if (!selection || selection.rangeCount === 0) return [0, 0];
-    const selected = selection.getRangeAt(0);
-    const after = document.createRange();
-    after.selectNodeContents(editor);
-    after.setStart(selected.endContainer, selected.endOffset);
-    return [characters(selected.toString()), characters(after.toString())];
-  };
 
   // Words for an element that is neither a link nor a field: its role or tag, and
   // the name that its author gave it or what it shows.
@@ -54,9 +46,8 @@
       collapsed(words.slice(0, MOST_WORDS)), '', '', '', 0, -1, [], [], '', ''];
   };
   // An editable part of the page is a text area to its user.
-  const describeEditor = (element) => [numberOf(element), 'HTMLTextAreaElement', 'textarea',
-    collapsed(attribute(element, 'aria-label')), '', '', '', ...stateOfEditor(element), '', ''];
-  const stateOfEditor = (element) => [clean(element.textContent, maxValue), 0, -1, [], []];
+  const describeEditor = (element, state) => [numberOf(element), 'HTMLTextAreaElement', 'textarea',
+    collapsed(attribute(element, 'aria-label')), '', '', '', ...state, '', ''];
 
   // The label of one field. The document is searched for it only where an id could
   // lead from a label to the field, and not again while the label found stands.
@@ -84,26 +75,50 @@
   const PARTED = new Set(['date', 'time', 'datetime-local', 'month', 'week']);
   const WITHOUT_CARET = new Set(['number', 'email']);
 
+  // The line at the caret of what has several; another has to look where it may be
+  // shown in more than one piece.
+  const LINE_STEP = 2;
+  const tellLine = (message, element) => {
+    if (isEditor(element)) {
+      message.line = lineOfEditor(element);
+    } else if (element instanceof HTMLTextAreaElement) {
+      const {line, fits} = lineOfArea(element);
+      message.line = line;
+      if (!fits && message.kind === 'keyup') message.look = 2;
+    }
+  };
+
   const told = new WeakSet();  // described in an event
   const tell = (kind, element, more = {}) => {
     const field = isField(element);
     const editor = isEditor(element);
     const link = isLink(element);
-    if (!field && !editor && !link && kind !== 'focus') return;
+    if (!field && !editor && !link && kind !== 'focus' && kind !== 'state') return;
     begin();
     const message = {kind, document: documentId, number: numberOf(element), ...more};
     message.href = link ? hrefOf(element) : '';
     if (field || editor) {
-      message.state = field ? stateOf(element) : stateOfEditor(element);
-      message.caret = caretOf(element);
+      if (field) {
+        message.state = stateOf(element);
+        message.caret = caretOf(element);
+      } else {
+        const {value, caret} = ofEditor(element);
+        message.state = [value, 0, -1, [], []];
+        message.caret = caret;
+      }
+      if (kind === 'keyup') message.step = step;
+      if (kind === 'state') message.edit = edit;
+      if (kind === 'focus' || (kind === 'keyup' && step[0] === LINE_STEP)) tellLine(message, element);
       const what = kindOf(element);
       if (PARTED.has(what) || (kind === 'keyup' && WITHOUT_CARET.has(what))) message.look = 1;
     }
+    const chooses = kind === 'change' && element instanceof HTMLSelectElement;
+    if (kind === 'focus' || kind === 'state' || chooses) message.facts = globalThis.corvaneFacts.factsOf(element);
     // An element that no record holds is described whole.
     if (!isRecorded(element) && (kind === 'focus' || !told.has(element))) {
       told.add(element);
       if (field) message.field = describeField(element, labelOf);
-      else if (editor) message.field = describeEditor(element);
+      else if (editor) message.field = describeEditor(element, message.state);
       else if (link) message.link = describeLinks([element], 1);
       else message.field = describeOther(element);
     }
@@ -140,28 +155,28 @@
     waitingFocus = element;
   };
 
-  // A radio button that is reached with an arrow key has the focus a moment
-  // before it is chosen; it is told when it is.
+  // A radio button that is reached with an arrow key has the focus a moment before it
+  // is chosen; its choice is part of what is told of it.
   let arriving = null;
-  const focused = (element) => {
-    if (!(element instanceof HTMLInputElement) || element.type !== 'radio') {
-      return tellFocus(element);
-    }
-    arriving = element;
-    setTimeout(() => {
-      if (arriving !== element) return;
-      arriving = null;
-      tellFocus(element);
-    }, 0);
-  };
+  const isRadio = (element) => element instanceof HTMLInputElement && element.type === 'radio';
 
+  let latest = null;   // that has got the focus
+  let telling = null;  // of it, in a moment
   const isStepped = (element) => element instanceof HTMLInputElement && STEPPED.has(element.type);
   const isSecret = (element) => element instanceof HTMLInputElement && element.type === 'password';
 
   // `focus`, since an input of several parts has no `focusin`.
   const hearers = {
+    // Told when the page has done what it does with the focus: it may choose a tab, or
+    // lead on at once.
     focus: (element) => {
-      if (element !== bodyOf(document) && element !== rootOf(document)) focused(element);
+      if (isPage(element) && !isEditor(element)) return;
+      latest = element;
+      if (isRadio(element)) arriving = element;
+      telling ??= setTimeout(() => {
+        telling = arriving = null;
+        tellFocus(globalThis.corvaneAttention?.arrive(latest) ?? latest);
+      }, 0);
     },
     blur: (element) => {
       if (isSecret(element)) tell('leave', element);
@@ -178,8 +193,10 @@
     },
   };
   const heard = (event) => {
-    const element = event.isTrusted ? event.composedPath()[0] : null;
-    if (element instanceof Element) hearers[event.type](element, event);
+    const target = event.isTrusted ? event.composedPath()[0] : null;
+    if (target instanceof Element) hearers[event.type](target, event);
+    // A document that is edited as a whole has the focus itself.
+    else if (target === document && event.type === 'focus') hearers.focus(bodyOf(document) ?? rootOf(document));
   };
 
   // The release of a key that was pressed elsewhere, such as the Tab that led
@@ -187,6 +204,7 @@
   // others, such as the Control that silences the program.
   let pressedIn = null;
   let edit = 0;  // what the key that is down has done: 1 typed, 2 removed
+  let step = [0, 0];  // and how far it leads, whether it selects
   const MODIFIERS = new Set(['Shift', 'Control', 'Alt', 'AltGraph', 'Meta', 'CapsLock', 'NumLock']);
   const isTyping = (event, element) => pressedIn === element && !MODIFIERS.has(event.key);
   const editOf = (event) => {
@@ -202,6 +220,7 @@
     if (event.type === 'keydown') {
       pressedIn = event.composedPath()[0];
       if (!event.repeat) edit = 0;
+      if (!MODIFIERS.has(event.key)) step = stepOf(event);
     }
   };
   for (const type of Object.keys(hearers)) {
@@ -221,7 +240,7 @@
     if (!Document.prototype.hasFocus.call(document) || depth > 10) return;
     let element = activeIn(document);
     while (element?.shadowRoot && activeIn(element.shadowRoot)) element = activeIn(element.shadowRoot);
-    if (!element || element === bodyOf(document) || element === rootOf(document)) return;
+    if (!element || (isPage(element) && !isEditor(element))) return;
     if (element instanceof HTMLIFrameElement || element instanceof HTMLFrameElement) {
       try {
         element.contentWindow.corvaneEvents?.tellAgain(depth + 1);
@@ -230,7 +249,9 @@
       }
       return;
     }
-    tell('focus', element, {unasked: 1, again: 1});
+    const target = globalThis.corvaneAttention?.arrive(element) ?? element;
+    tell('focus', target, {unasked: 1, again: 1});
   };
-  Object.defineProperty(globalThis, 'corvaneEvents', {value: Object.freeze({tellAgain})});
+  Object.defineProperty(globalThis, 'corvaneEvents',
+    {value: Object.freeze({tellAgain, tell, tellFocus})});
 })();

@@ -285,6 +285,12 @@
   };
   const groupsOf = (element) => {
     const groups = [];
+    // The options that a list's choice stands among.
+    const section = element instanceof HTMLSelectElement && element.selectedIndex >= 0
+      ? elementAbove(element.options[element.selectedIndex]) : null;
+    if (section instanceof HTMLOptGroupElement) {
+      groups.push([numberOf(section), 'group', short(section.label), '', 0, 0, '']);
+    }
     let at = ownerOf(element) ?? elementAbove(element);
     for (let i = 0; at && i < limit.above && groups.length < MOST_GROUPS; i++) {
       const frame = frameAround(at);
@@ -327,6 +333,7 @@
       multiple: element instanceof HTMLSelectElement ? element.multiple
         : attribute(element, 'aria-multiselectable') === 'true',
       lines: element instanceof HTMLTextAreaElement || attribute(element, 'aria-multiline') === 'true',
+      vertical: attribute(element, 'aria-orientation') === 'vertical' && /^(slider|separator)$/.test(role),
       level: levelOf(element, role), place, size, row, column, value: valueFor(element, role),
       error: errorOf(element), description: descriptionOf(element, name), groups: groupsOf(element),
     };

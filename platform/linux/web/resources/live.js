@@ -203,6 +203,21 @@
   // The name that a part says before its words; its words are no name of it.
   const titleOf = (part) => (has(part, 'aria-label') || has(part, 'aria-labelledby') ? nameOf(part) : '');
 
+  // A part of a region that was there and is shown only now.
+  const revealed = (part, told) => {
+    const region = regionOf(part);
+    if (!region || region === part || !known.has(region) || !isShown(part)) return;
+    const words = wordsOf(part);
+    const title = titleOf(part);
+    // In the words of the region a part with a title is that alone.
+    if (words === '' || known.get(region).includes(title || words)) return;
+    const before = told.get(region) ?? {words: [], whole: null};
+    const text = short([title, words].filter((each) => each).join(' '));
+    before.whole ??= atomicAround(part, region);
+    if (!before.words.includes(text)) before.words.push(text);
+    told.set(region, before);
+  };
+
   const look = () => {
     turn = null;
     const changes = waiting;
@@ -221,6 +236,7 @@
         }
         if (change.attributeName === 'role' || change.attributeName === 'aria-live') meet(target);
         if (shownAnew.size < MOST.targets) shownAnew.add(target);
+        revealed(target, told);
         continue;
       }
       const region = regionOf(target);

@@ -399,6 +399,8 @@
     return cut.isWellFormed() ? cut : cut.toWellFormed();
   };
   const hintOf = (field) => short(attribute(field, 'placeholder') || attribute(field, 'aria-placeholder'));
+  const isWrittenIn = (field) => (field instanceof HTMLInputElement || field instanceof HTMLTextAreaElement
+    ? field.value : field.textContent) !== '';
   // What gets the focus and is nothing in particular is called by what it shows.
   const nameOf = (element) => {
     const role = roleOf(element);
@@ -418,7 +420,8 @@
       const title = short(attribute(element, 'title'));
       if (title !== name) text = title;
     }
-    return (text || hintOf(element)) === name ? '' : text || hintOf(element);
+    const hint = isWrittenIn(element) ? '' : hintOf(element);
+    return short([hint, text].filter((each) => each !== '' && each !== name).join(', '));
   };
 
   Object.defineProperty(globalThis, 'corvaneNames', {value: Object.freeze({

@@ -1,0 +1,94 @@
+#include "platform/linux/web/page/facts_record.h"
+
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "base/text.h"
+
+namespace corvane::desktop {
+namespace {
+
+using Json = nlohmann::json;
+
+constexpr std::size_t kLongestText = 4000;  // bytes; the script allows 1,000 characters
+constexpr std::size_t kMostGroups = 20;
+
+std::string Text(const Json& json) {
+  const auto* text = json.get_ptr<const Json::string_t*>();
+  if (text == nullptr || text->size() > kLongestText) return {};
+  return text::replace_all(*text, std::string(1, '\0'), "\xEF\xBF\xBD");
+}
+
+int Number(const Json& json) {
+  if (!json.is_number_integer()) return 0;
+  const auto number = json.get<std::int64_t>();
+  return number < 0 || number > std::numeric_limits<int>::max() ? 0 : static_cast<int>(number);
+}
+
+Tri State(const Json& json) {
+  const std::string word = Text(json);
+  if (word == "true") return Tri::Yes;
+  if (word == "false") return Tri::No;
+  return word == "mixed" ? Tri::Mixed : Tri::None;
+}
+
+const Json kNothing;
+
+const Json& At(const Json& list, std::size_t index) {
+  return list.is_array() && index < list.size() ? list[index] : kNothing;
+}
+
+std::vector<ElementGroup> Groups(const Json& json) {
+  std::vector<ElementGroup> groups;
+  if (!json.is_array()) return groups;
+  for (const Json& group : json) {
+    if (groups.size() == kMostGroups) break;
+    groups.push_back({Number(At(group, 0)), Text(At(group, 1)), Text(At(group, 2)),
+                      Text(At(group, 3)), Number(At(group, 4)), Number(At(group, 5)),
+                      Text(At(group, 6))});
+  }
+  return groups;
+}
+
+}  // namespace
+
+ElementFactsPtr FactsOf(const Json& json) {
+  if (!json.is_object()) return nullptr;
+  const auto member = [&](const char* name) -> const Json& {
+    const auto found = json.find(name);
+    return found == json.end() ? kNothing : *found;
+  };
+  const auto flag = [&](const char* name) { return member(name) == true; };
+  auto facts = std::make_shared<ElementFacts>();
+  facts->number = Number(member("number"));
+  facts->role = Text(member("role"));
+  facts->role_description = Text(member("kind"));
+  facts->name = Text(member("name"));
+  facts->checked = State(member("checked"));
+  facts->pressed = State(member("pressed"));
+  facts->expanded = State(member("expanded"));
+  facts->selected = State(member("selected"));
+  facts->popup = Text(member("popup"));
+  facts->current = Text(member("current"));
+  facts->sort = Text(member("sort"));
+  facts->required = flag("required");
+  facts->invalid = flag("invalid");
+  facts->disabled = flag("disabled");
+  facts->read_only = flag("readonly");
+  facts->multiple = flag("multiple");
+  facts->lines = flag("lines");
+  facts->vertical = flag("vertical");
+  facts->level = Number(member("level"));
+  facts->place = Number(member("place"));
+  facts->size = Number(member("size"));
+  facts->row = Number(member("row"));
+  facts->column = Number(member("column"));
+  facts->value = Text(member("value"));
+  facts->error = Text(member("error"));
+  facts->description = Text(member("description"));
+  facts->groups = Groups(member("groups"));
+  return facts;
+}
+
+}  // namespace corvane::desktop
