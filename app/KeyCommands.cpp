@@ -35,6 +35,7 @@ constexpr std::array kCommands = {
     KeyCommand{kKeyF8, 0, "F8", [](Target t) { t.pane.NextSplitter(); }},
     KeyCommand{kKeyF8, kShiftMask, "Shift+F8", [](Target t) { t.pane.PreviousSplitter(); }},
     KeyCommand{kKeyF9, 0, "F9", Do<Page::ReadAgain>},
+    KeyCommand{kKeyF12, 0, "F12", [](Target t) { t.pane.StepThroughLiveWords(); }},
     KeyCommand{'F', kCtrlMask, "Ctrl+F", Do<Page::Find>},
     KeyCommand{kKeyF3, 0, "F3", Do<Page::FindNext>},
     KeyCommand{kKeyF3, kShiftMask, "Shift+F3", Do<Page::FindPrevious>},

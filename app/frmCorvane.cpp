@@ -181,6 +181,13 @@ void frmCorvane::ISpeechNotify_SayThrough(const std::string& Text, Spoken spoken
   });
 }
 
+void frmCorvane::ISpeechNotify_SayBehind(const std::string& Text, Spoken spoken) {
+  ErrorsIgnored([&] {
+    if (!Required(parts_).menu.mnuSpeech(kSpeechEnable).Checked()) return spoken(false);
+    Required(Required(service_).gMSAgent()).SayBehind(Text, std::move(spoken));
+  });
+}
+
 // The words are urgent, so that the new page's own do not cut them off.
 void frmCorvane::ctlWebBrowser1_NewWindow() {
   ErrorsIgnored([&] { Application(process_).StartBrowser(service_); },

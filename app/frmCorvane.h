@@ -59,6 +59,7 @@ class frmCorvane : public ISpeechNotify,
  private:
   void ISpeechNotify_Say(const std::string& Text, const bool& blnUrgent) override;
   void ISpeechNotify_SayThrough(const std::string& Text, Spoken spoken) override;
+  void ISpeechNotify_SayBehind(const std::string& Text, Spoken spoken) override;
   void ISpeechWindow_SetMainApp(std::shared_ptr<corvane::MainApp> service) override;
   void ISpeechWindow_Show() override;
   MenuItem& ISpeechWindow_EnableSpeechItem() override;

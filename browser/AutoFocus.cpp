@@ -24,8 +24,10 @@ void AutoFocus::Name(const char* area) {
 
 // Each item is tested by itself: one that the menu does not have fails and sets
 // no focus.
-void AutoFocus::AfterReading() {
+void AutoFocus::AfterReading(const HTMLDocumentPtr& document) {
   if (pane_.state.typing) return;
+  const bool is_there = document && document->in_place && pane_.state.area == kAreaPage;
+  if (is_there && pane_.manner.today) return;
   const auto chosen = [&](int index) {
     bool checked = false;
     ErrorsIgnored([&] { checked = pane_.menu.mnuFocus()(index).Checked(); });

@@ -13,8 +13,8 @@ class AutoFocus {
   AutoFocus(PaneContext& pane, SideBar& side_bar);
 
   /// Tests the choices in their order; the first checked one gets the focus, unless it
-  /// is hidden.
-  void AfterReading();
+  /// is hidden. Today's user who is in a page that changes in place stays there.
+  void AfterReading(const HTMLDocumentPtr& document);
 
  private:
   void Name(const char* area);

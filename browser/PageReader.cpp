@@ -110,7 +110,7 @@ void PageReader::ReadOn(const HTMLDocumentPtr& document, const Current& current)
   if (!current()) return;
   ErrorsIgnored([&] { ReadTitleAndText(Required(document)); });
   if (!current()) return;
-  auto_focus_.AfterReading();
+  auto_focus_.AfterReading(document);
   ErrorsIgnored([&] { pane_.controls.brwWebBrowser->TellFocus(); });
 }
 

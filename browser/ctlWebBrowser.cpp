@@ -21,6 +21,7 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop, const Manner& manner)
       navigation_(pane_, settings_),
       elements_(pane_),
       links_(pane_, elements_.Announcers()),
+      live_words_(pane_),
       side_bar_(pane_, settings_, layout_),
       favorites_(pane_, side_bar_),
       help_(pane_, side_bar_),

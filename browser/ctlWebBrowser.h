@@ -6,6 +6,7 @@
 #include "browser/FavoriteCommands.h"
 #include "browser/HelpOutline.h"
 #include "browser/LinksList.h"
+#include "browser/LiveWords.h"
 #include "browser/Navigation.h"
 #include "browser/PageElements.h"
 #include "browser/PageReader.h"
@@ -79,6 +80,8 @@ class ctlWebBrowser {
   void HideButtonToolBar(bool hide) {
     areas_.KeepFocus([&] { layout_.HideButtonToolBar(hide); });
   }
+  /// Lets more or fewer of the present page's live words be heard.
+  void StepThroughLiveWords() { live_words_.StepThroughChoices(); }
   /// Speaks the title of the page that was read last; silent before the first.
   void SayWhereYouAre() { reader_.SayTitle(); }
   void GetHelp(const std::string& file) { help_.GetHelp(file); }
@@ -116,6 +119,7 @@ class ctlWebBrowser {
   Navigation navigation_;
   PageElements elements_;
   LinksList links_;
+  LiveWords live_words_;
   SideBar side_bar_;
   FavoriteCommands favorites_;
   HelpOutline help_;

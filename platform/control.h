@@ -37,6 +37,7 @@ enum KeyCodes : int {
   kKeyF7 = 118,
   kKeyF8 = 119,
   kKeyF9 = 120,
+  kKeyF12 = 123,
 };
 
 /// A key going down or up. A handler that sets KeyCode to 0 keeps the key from

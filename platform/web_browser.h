@@ -6,6 +6,7 @@
 
 #include "platform/control.h"
 #include "platform/html_document.h"
+#include "platform/page_words.h"
 
 namespace corvane {
 
@@ -101,6 +102,8 @@ class WebBrowser : public Control {
   Event<const std::string&> Announcement;
   /// The user has been led to another place in the page, also by a link in it.
   Event<const PagePlace&> PlaceReached;
+  /// The page says something by itself. Only while the user is in its window.
+  Event<const PageWords&> PageSays;
   /// A page, and with it the user, opens a window. The next control that is made
   /// while this is raised shows the page; without one it never appears.
   Event<> NewWindow;

@@ -157,6 +157,23 @@ TEST_F(PageReaderTest, AutoFocusFollowsTheChoice) {
   }
 }
 
+TEST_F(PageReaderTest, WhoIsInAPageThatChangesInPlaceStaysThere) {
+  for (const auto& [manner, focus] :
+       {std::pair{"0", "TreeView1"}, std::pair{"1", "brwWebBrowser"}}) {
+    Program program;
+    program.desktop.settings.Main("Manner") = manner;
+    program.desktop.settings.Pane("Focus") = "3";
+    program.Start();
+    program.Read(MakePage("http://a/", "A", ""));
+    program.Browser().SetFocus();
+    auto page = MakePage("http://a/#/b", "B", "");
+    page->in_place = true;
+    program.Read(page);
+    EXPECT_EQ(program.desktop.focus, focus) << manner;
+    EXPECT_EQ(program.Inside().ctlWebBrowser1.Inside().state.strAddress, "http://a/#/b");
+  }
+}
+
 TEST_F(PageReaderTest, LinksListIsNamedBehindTheTitle) {
   Program program;
   program.desktop.settings.Pane("Focus") = "2";

@@ -71,9 +71,11 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
                                          [this](const std::string& text) { listener_.say(text); })),
       changes_(std::make_unique<PageChanges>(
           view_.get(), requests_->Notices(),
-          PageChanges::Host{[this] { ReadAgain(); },
+          PageChanges::Host{[this] { ReadMoved(); },
                             [this](const std::string& text) { listener_.say(text); },
                             [this](const PagePlace& place) { listener_.place(place); }})),
+      live_(std::make_unique<LiveRegions>(
+          view_.get(), [this](const PageWords& words) { listener_.page_says(words); })),
       keys_(std::make_unique<PageKeys>(view_.get(), KeysHost(), engine.Options().hang.keys)),
       closing_(
           view_.get(), [this] { listener_.close(); }, [this] { return dialog_open_; }),
@@ -106,6 +108,7 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
 EngineView::~EngineView() {
   g_signal_handlers_disconnect_by_data(view_.get(), this);
   changes_.reset();
+  live_.reset();
   keys_.reset();
   requests_.reset();  // takes back what is asked
   find_.reset();
@@ -324,6 +327,12 @@ void EngineView::ReadAgain() {
   if (navigation_.Idle()) StartReading();
 }
 
+void EngineView::ReadMoved() {
+  if (Busy()) return;
+  moved_ = true;
+  ReadAgain();
+}
+
 void EngineView::StartReading() {
   leaving_.Arrived();
   watchdog_.Watch();
@@ -355,6 +364,7 @@ Connection EngineView::Describe(std::function<void(const HTMLDocumentPtr&)> desc
 
 void EngineView::FinishReading(HTMLDocumentPtr document) {
   document_ = std::move(document);
+  if (document_) document_->in_place = std::exchange(moved_, false);
   document_is_present_ = true;
   stayed_ = false;
   ShowSettled();

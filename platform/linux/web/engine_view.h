@@ -12,6 +12,7 @@
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/navigation.h"
 #include "platform/linux/web/page/find_in_page.h"
+#include "platform/linux/web/page/live_regions.h"
 #include "platform/linux/web/page/page_changes.h"
 #include "platform/linux/web/page/page_reader.h"
 #include "platform/linux/web/page_closing.h"
@@ -45,6 +46,8 @@ class EngineView {
     std::function<void(const FileRequest&)> files = [](const auto&) {};
     /// The user has been led to another place in the page.
     std::function<void(const PagePlace&)> place = [](const auto&) {};
+    /// Words of the page's own, which it says by itself.
+    std::function<void(const PageWords&)> page_says = [](const auto&) {};
   };
 
   /// `opener`: the view whose page opens this one; null for a view of its own.
@@ -104,6 +107,7 @@ class EngineView {
   void LoadSearch(const std::string& search);
   void ShowProblem(const Problem& problem);
   void ReadAgain();
+  void ReadMoved();
   void StartReading();
   void Settle();
   void ShowSettled();
@@ -122,6 +126,7 @@ class EngineView {
   std::unique_ptr<PageRequests> requests_;
   std::unique_ptr<FindInPage> find_;
   std::unique_ptr<PageChanges> changes_;
+  std::unique_ptr<LiveRegions> live_;
   std::unique_ptr<PageKeys> keys_;
   PageClosing closing_;
   Watchdog watchdog_;
@@ -136,6 +141,7 @@ class EngineView {
   HTMLDocumentPtr document_;
   bool document_is_present_ = false;  // it is of the page shown
   bool stayed_ = false;               // since before the last navigation
+  bool moved_ = false;                // what is read next has come without being loaded
   std::optional<Problem> problem_;    // the page shown is this problem's
   std::optional<Problem> coming_problem_;
   const bool opened_by_page_;

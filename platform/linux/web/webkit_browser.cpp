@@ -16,7 +16,10 @@ WebKitBrowser::WebKitBrowser(const std::string& name, WebEngine& engine, WindowT
       [this] { NewWindow.Raise(); },
       [this] { WindowClosing.Raise(); },
       [this](const FileRequest& request) { FilesWanted.Raise(request); },
-      [this](const PagePlace& place) { PlaceReached.Raise(place); }};
+      [this](const PagePlace& place) { PlaceReached.Raise(place); },
+      [this](const PageWords& words) {
+        if (IsInFront()) PageSays.Raise(words);
+      }};
   if (view_) {
     // When there is somebody who listens.
     take_over_.Start(0, [this, listener] { view_->TakeOver(listener); });
@@ -27,6 +30,11 @@ WebKitBrowser::WebKitBrowser(const std::string& name, WebEngine& engine, WindowT
   // The class by which the window with the page in it is looked up.
   Bind(*widget_, *widget_, name, "Internet Explorer_Server", windows);
   widget_->show();
+}
+
+bool WebKitBrowser::IsInFront() const {
+  GtkWidget* window = gtk_widget_get_toplevel(GTK_WIDGET(view_->View()));
+  return GTK_IS_WINDOW(window) && gtk_window_is_active(GTK_WINDOW(window));
 }
 
 void WebKitBrowser::ExecWB(Command command, CommandOption /*option*/) {

@@ -42,6 +42,9 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
   bool MayClose() override { return view_->MayClose(); }
 
  private:
+  /// Whether the user is in the window that shows the page.
+  bool IsInFront() const;
+
   std::unique_ptr<EngineView> view_;
   Gtk::Widget* widget_ = nullptr;
   Delay take_over_;
