@@ -34,6 +34,12 @@ PageKeys::PageKeys(WebKitWebView* view, Host host, double patience)
                      return KeysOf(self).KeyPressed(*event);
                    }),
                    this);
+  g_signal_connect(view_, "key-release-event",
+                   G_CALLBACK(+[](GtkWidget*, GdkEventKey* event, gpointer) -> gboolean {
+                     NameBackTab(*event);
+                     return FALSE;
+                   }),
+                   this);
   g_signal_connect(view_, "focus-in-event",
                    G_CALLBACK(+[](GtkWidget*, GdkEventFocus*, gpointer self) -> gboolean {
                      PageKeys& keys = KeysOf(self);
@@ -52,6 +58,12 @@ PageKeys::~PageKeys() {
   ForgetWindow();
 }
 
+// The engine tells a page of a Tab with Shift as of a key without a name, and dialogs
+// that keep the focus within let it go.
+void PageKeys::NameBackTab(GdkEventKey& event) {
+  if (event.keyval == GDK_KEY_ISO_Left_Tab) event.keyval = GDK_KEY_Tab;
+}
+
 gboolean PageKeys::KeyPressed(GdkEventKey& event) {
   if (IsFromEngine()) {
     // Whoever listens has had this key already; only the widget goes on.
@@ -64,6 +76,7 @@ gboolean PageKeys::KeyPressed(GdkEventKey& event) {
   }
   host_.input(event);
   if (IsTab(event)) WatchTab(IsBack(event));
+  NameBackTab(event);
   return FALSE;
 }
 

@@ -39,6 +39,7 @@ class PageKeys {
   PageKeys& operator=(const PageKeys&) = delete;
 
  private:
+  static void NameBackTab(GdkEventKey& event);
   gboolean KeyPressed(GdkEventKey& event);
   void Keep(GdkEventKey& event);
   void WatchTab(bool back);
