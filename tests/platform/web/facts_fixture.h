@@ -14,10 +14,6 @@ namespace corvane::desktop {
 /// A test that asks the page scripts about elements of a page.
 class FactsTest : public PageTest {
  protected:
-  FactsTest()
-      : scripts_(webkit_web_view_get_user_content_manager(view_->View()), {"names.js", "facts.js"},
-                 "corvaneFacts", [](const auto&, const auto&) {}) {}
-
   void Load(const std::string& content) {
     server_.Page("/", "<!doctype html><title>A</title>" + content);
     view_.Go(server_.Url());
@@ -46,9 +42,6 @@ class FactsTest : public PageTest {
     return nlohmann::json::parse(
         Asked("JSON.stringify(corvaneFacts.factsOf(" + Find(selector) + "))"), nullptr, false);
   }
-
- private:
-  PageScript scripts_;
 };
 
 }  // namespace corvane::desktop

@@ -12,11 +12,6 @@ using testing::IsEmpty;
 
 class LiveTest : public PageTest {
  protected:
-  LiveTest()
-      : names_(webkit_web_view_get_user_content_manager(view_->View()), {"names.js"},
-               "corvaneNames", [](const auto&, const auto&) {}),
-        live_(view_->View(), [this](const PageWords& words) { page_words_.push_back(words); }) {}
-
   void Load(const std::string& content) {
     server_.Page("/", "<!doctype html><title>A</title>" + content);
     view_.Go(server_.Url());
@@ -25,7 +20,7 @@ class LiveTest : public PageTest {
   }
   /// Runs a script in the page, then waits until a mark that it makes last is heard.
   std::vector<std::string> After(const std::string& script) {
-    page_words_.clear();
+    view_.page_words.clear();
     view_.RunInPage(script);
     ++mark_;
     const std::string mark = "mark " + std::to_string(mark_);
@@ -33,10 +28,12 @@ class LiveTest : public PageTest {
         "setTimeout(() => { const p = document.createElement('p'); p.setAttribute('role', 'log');"
         "p.textContent = '" +
         mark + "'; document.body.append(p); }, 700)");
-    const auto heard = [&] { return !page_words_.empty() && page_words_.back().words == mark; };
+    const auto heard = [&] {
+      return !view_.page_words.empty() && view_.page_words.back().words == mark;
+    };
     EXPECT_TRUE(WaitUntil(heard)) << "the mark was never heard";
     std::vector<std::string> words;
-    for (const auto& each : page_words_) words.push_back(Written(each));
+    for (const auto& each : view_.page_words) words.push_back(Written(each));
     if (!words.empty()) words.pop_back();
     return words;
   }
@@ -46,12 +43,8 @@ class LiveTest : public PageTest {
     return (each.urgent ? "! " : "") + each.words;
   }
 
-  std::vector<PageWords> page_words_;
-
  private:
   int mark_ = 0;
-  PageScript names_;
-  LiveRegions live_;
 };
 
 TEST_F(LiveTest, PoliteAndAssertiveWordsAreToldApart) {
@@ -114,6 +107,14 @@ TEST_F(LiveTest, ARegionThatAppearsWithItsTextIsTold) {
   EXPECT_THAT(After("a.style.display = 'none'; b.className = 'x'"), IsEmpty());
 }
 
+TEST_F(LiveTest, APartThatIsShownOnlyNowIsTold) {
+  Load(
+      "<div id=r aria-live=polite><p>One</p><div id=two role=group aria-label='2 of 3' hidden>"
+      "Plums</div></div>");
+  EXPECT_THAT(After("two.hidden = false"), ElementsAre("2 of 3 Plums"));
+  EXPECT_THAT(After("two.className = 'wide'"), IsEmpty());
+}
+
 TEST_F(LiveTest, ProgressIsToldInTenths) {
   Load(
       "<progress id=a max=100 value=0></progress><div id=b role=progressbar aria-label=Upload "
@@ -158,9 +159,9 @@ TEST_F(LiveTest, AFloodEndsInANumber) {
   view_.RunInPage(
       "for (let i = 0; i < 40; i++) setTimeout(() => { const p = document.createElement('p'); "
       "p.textContent = 'line ' + i; a.append(p); }, i * 60)");
-  const auto counted = [&] { return page_words_.empty() ? 0 : page_words_.back().more; };
+  const auto counted = [&] { return view_.page_words.empty() ? 0 : view_.page_words.back().more; };
   ASSERT_TRUE(WaitUntil([&] { return counted() > 0; })) << "nothing was left out";
-  EXPECT_LE(page_words_.size(), 11U);
+  EXPECT_LE(view_.page_words.size(), 11U);
 }
 
 TEST(PageWordsText, OnlyTheRightFormIsTaken) {

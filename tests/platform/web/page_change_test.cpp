@@ -247,20 +247,21 @@ TEST_F(PageChangeTest, MuchNewTextIsTold) {
   EXPECT_EQ(view_.Count("say " + std::string(kChanged)), 1);
 }
 
-TEST_F(PageChangeTest, APartThatOpensSaysSo) {
+TEST_F(PageChangeTest, WhatOpensAroundTheFocusSaysSo) {
   Load(
-      "<button aria-expanded=false>Menu</button><script>document.querySelector('button').onclick"
-      "= ({target: t}) => t.setAttribute('aria-expanded', t.ariaExpanded === 'false')</script>");
+      "<ul><li role=treeitem aria-expanded=false><span tabindex=0>Songs</span></ul><script>"
+      "const item = document.querySelector('li'); item.onkeydown = (event) => { if (event.key "
+      "=== ' ') item.ariaExpanded = item.ariaExpanded === 'false' }</script>");
   PressFirst(GDK_KEY_space);
   EXPECT_TRUE(Hears("expanded"));
   view_.Key(GDK_KEY_space);
   EXPECT_TRUE(Hears("collapsed"));
 }
 
-TEST_F(PageChangeTest, DetailsThatOpenSaySo) {
-  Load("<details><summary>More</summary>Text</details>");
-  PressFirst();
-  EXPECT_TRUE(Hears("expanded"));
+TEST_F(PageChangeTest, WhatHadTheFocusAndIsGoneLeavesNobodyInSilence) {
+  Load("<button onclick='this.remove()'>Vanish</button><p>Text");
+  PressFirst(GDK_KEY_space);
+  EXPECT_TRUE(Hears("What had the focus is gone"));
 }
 
 TEST_F(PageChangeTest, APageThatComesEmptyIsReadWhenItIsFilled) {

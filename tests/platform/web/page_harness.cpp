@@ -123,7 +123,8 @@ EngineView::Listener TestView::Listener() {
           [this](const PagePlace& place) {
             places.push_back(place);
             if (!place.words.empty()) log.push_back("say " + place.words);
-          }};
+          },
+          [this](const PageWords& words) { page_words.push_back(words); }};
 }
 
 void TestView::Show() {

@@ -52,6 +52,8 @@ class TestView {
   std::vector<std::string> log;
   /// The places that the user was led to; their words are in the log as well.
   std::vector<PagePlace> places;
+  /// What the page said by itself.
+  std::vector<PageWords> page_words;
   std::vector<std::string> EventsWithoutStatus() const;
   bool HasStatus(const std::string& part) const;
   /// What the user was to hear.

@@ -81,6 +81,32 @@ void MeasurePage(const char* name, const std::string& page) {
   std::fflush(stdout);
 }
 
+// How long the page's process is busy to tell what one element is to its user.
+void MeasureFacts(const char* name, const std::string& page, const char* selector) {
+  constexpr const char* kRounds = "200";  // the page's clock counts milliseconds
+  TestServer server;
+  server.Page("/", "<!doctype html><title>A</title>" + page);
+  TestView view(SharedEngine());
+  view.Go(server.Url());
+  std::string answer;
+  const std::string script =
+      std::string("(() => { const all = document.querySelectorAll('") + selector +
+      "'); const begun = performance.now(); for (let i = 0; i < " + kRounds +
+      "; i++) corvaneFacts.factsOf(all[i * 7919 % all.length]); return String((performance.now() "
+      "- begun) / " +
+      kRounds + "); })()";
+  Evaluate(view->View(), script, nullptr, [&](auto text) { answer = text.value_or("-1"); });
+  WaitUntil([&] { return !answer.empty(); });
+  std::printf("{\"facts\": \"%s\", \"facts_ms\": %.3f}\n", name, std::atof(answer.c_str()));
+  std::fflush(stdout);
+}
+
+std::string Repeated(int count, const std::string& text) {
+  std::string all;
+  for (int i = 0; i < count; ++i) all += text;
+  return all;
+}
+
 void MeasureCrash() {
   TestServer server;
   server.Page("/", "<title>A</title>");
@@ -121,6 +147,21 @@ int main(int argc, char** argv) {
     MeasurePage("links", PageOfLinks(50'000));
     MeasurePage("text", text);
     MeasurePage("line", long_line);
+    MeasureFacts("a link among 10,000", PageOfLinks(10'000), "a");
+    MeasureFacts("a labelled field in a form",
+                 "<main><form aria-label=F><fieldset><legend>L</legend>" +
+                     Repeated(200, "<label>Name <input required title=T></label>") +
+                     "</fieldset></form></main>",
+                 "input");
+    MeasureFacts("an option among 5,000",
+                 "<div role=listbox aria-label=B>" +
+                     Repeated(5'000, "<div role=option tabindex=-1>One</div>") + "</div>",
+                 "[role=option]");
+    MeasureFacts("a cell among 20,000",
+                 "<table role=grid aria-label=G>" +
+                     Repeated(2'000, "<tr>" + Repeated(10, "<td tabindex=-1>1</td>") + "</tr>") +
+                     "</table>",
+                 "td");
     MeasureCrash();
   }
   return 0;
