@@ -23,6 +23,8 @@ import web_server  # noqa: E402
 PATIENCE = float(os.environ.get("CORVANE_PATIENCE", 120))  # seconds until something that must happen is given up
 # Settings of the established manner; without them the program runs as it is installed.
 ESTABLISHED = {"Corvane": {"Speech": "True", "Manner": "0"}}
+# And of the pane, where only what is said of fields and links is to be established.
+ESTABLISHED_SENTENCES = {"FullSentences": "False", "FieldNames": "True", "FieldCaret": "False"}
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 # A program on a busy machine answers late.
 Atspi.set_timeout(3000, 15000)  # milliseconds: of a call, and of one to a program that starts

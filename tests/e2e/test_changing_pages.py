@@ -27,7 +27,7 @@ class ChangingPages(EndToEndTest):
 
     def test_page_that_a_script_shows_is_read_like_any_other(self):
         corvane = self.begin()
-        self.press("Tab", "Shoes")
+        self.press("Tab", "navigation, Shoes, link")
         self.press("Return", *(text.format("Shop: Shoes") for text in READ))
         wait_until(lambda: "All our Shoes." in corvane.text_of("Text"), "the new text")
         self.assertEqual(corvane.text_of("Address"), self.base + "/shop/shoes")
@@ -36,13 +36,13 @@ class ChangingPages(EndToEndTest):
 
     def test_link_within_the_page_says_where_it_leads(self):
         self.begin()
-        self.press("Tab", "Shoes")
-        self.press("Tab", "Terms")
+        self.press("Tab", "navigation, Shoes, link")
+        self.press("Tab", "Terms, link")
         self.press("Return", "Terms and conditions")
 
     def test_new_text_is_told_and_read_with_f9(self):
         corvane = self.begin()
-        for name in ("Shoes", "Terms", "button, More offers"):
+        for name in ("navigation, Shoes, link", "Terms, link", "button, More offers"):
             self.press("Tab", name)
         self.press("space", "The page has changed. F9 reads it again.")
         self.assertNotIn("Two for one", corvane.text_of("Text"))
@@ -51,7 +51,7 @@ class ChangingPages(EndToEndTest):
 
     def test_button_that_opens_a_part_says_so(self):
         self.begin()
-        for name in ("Shoes", "Terms", "button, More offers", "button, Menu"):
+        for name in ("navigation, Shoes, link", "Terms, link", "button, More offers", "button, Menu, collapsed"):
             self.press("Tab", name)
         self.press("space", "expanded")
 

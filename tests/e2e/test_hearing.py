@@ -1,10 +1,12 @@
 """Hearing what one does: form fields, keys and menus, with whole transcripts."""
 import time
 
-from harness import ESTABLISHED, EndToEndTest, wait_until
+from harness import ESTABLISHED, ESTABLISHED_SENTENCES, EndToEndTest, wait_until
 
-SPOKEN = {"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "0", "Focus": "0"}}
-ECHO = {"Corvane": {"Speech": "True", "KeyEcho": "True"}, "pnlBrowser": {"SideBar": "0", "Focus": "0"}}
+PANE = {"SideBar": "0", "Focus": "0"}
+TODAY = {"Corvane": {"Speech": "True"}, "pnlBrowser": PANE}
+SPOKEN = {"Corvane": {"Speech": "True"}, "pnlBrowser": {**PANE, **ESTABLISHED_SENTENCES}}
+ECHO = {"Corvane": {"Speech": "True", "KeyEcho": "True"}, "pnlBrowser": SPOKEN["pnlBrowser"]}
 
 
 class Hearing(EndToEndTest):
@@ -29,6 +31,29 @@ class Hearing(EndToEndTest):
             self.said(*texts)
         time.sleep(0.3)  # nothing more may follow
         self.assertEqual(corvane.transcript.spoken(), list(texts), keys)
+
+    def test_form_is_filled_in_by_ear_in_todays_sentences(self):
+        self.open_form("/form.html", "The order", settings=TODAY)
+        self.hears("Tab", "text, Your name, Ann")
+        self.hears("Home", "A")
+        self.hears("Right", "n")
+        self.hears("End", "end")
+        self.hears("x", "x")
+        self.hears("BackSpace", "x")
+        self.hears("shift+Left", "n selected")
+        self.hears("shift+Home", "An selected")
+        self.hears("Right", "end")
+        self.hears("Tab", "password, Secret")
+        self.hears("1", "1")
+        self.hears("Tab", "radio, Large, selected, 2 of 2")
+        self.hears("Up", "radio, Small, selected, 1 of 2")
+        self.hears("Tab", "checkbox, terms, unchecked")
+        self.hears("space", "checked")
+        self.hears("Tab", "select-one, colour, Red, 1 of 3")
+        self.hears("Down", "Green, 2 of 3")
+        self.hears("Tab", "textarea, Letter, Dear")
+        self.hears("Tab", "submit, Send")
+        self.hears("Tab", "News, link")
 
     def test_form_is_filled_in_by_ear(self):
         self.open_form("/form.html", "The order")

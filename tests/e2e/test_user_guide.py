@@ -133,15 +133,15 @@ class UserGuide(EndToEndTest):
         self.begin()
         self.go("/shop.html", "Shop")
         self.until("Tab", "WebBrowser")
-        self.hears_only("Tab", "Shoes")
+        self.hears_only("Tab", "navigation, Shoes, link")
         self.hears("Return", "Working...", *READING, "Done", "Shop: Shoes")
         self.hears("alt+Left", *READING, "Done", "Shop")
         self.until("Tab", "WebBrowser")
-        self.until("Tab", "Terms")
+        self.until("Tab", "Terms, link")
         self.hears_only("Return", "Terms and conditions")
         self.until("Tab", "button, More offers")
         self.hears_only("space", "The page has changed. F9 reads it again.")
-        self.hears_only("Tab", "button, Menu")
+        self.hears_only("Tab", "button, Menu, collapsed")
         self.hears("space", "expanded")
         self.hears("F9", *READING, "Done", "Shop")
         self.assertIn("Two for one", self.corvane.text_of("Text"))
@@ -149,7 +149,7 @@ class UserGuide(EndToEndTest):
     def test_tab_goes_round_everything_in_both_directions(self):
         self.begin()
         self.go("/weather.html", "The weather")
-        round_trip = ["WebBrowser", "Back to the news", "Text Box", "Back Button",
+        round_trip = ["WebBrowser", "Back to the news, link", "Text Box", "Back Button",
                       self.base + "/weather.html Address Box", "HTML_Internet Explorer document Sidebar Item",
                       "1 Links in The weather Links List"]
         self.until("Tab", " Links List")
