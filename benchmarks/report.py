@@ -133,6 +133,9 @@ def engine_rows(figures):
         if record:
             row(f"page finished → record usable, {name}, median (longest stall meanwhile)",
                 f"{median(record):.0f} ms ({median(stall):.0f} ms)", budget)
+    for element in dict.fromkeys(f["facts"] for f in figures if "facts" in f):
+        row(f"page time to tell what has the focus, {element}, median",
+            f"{median(of('facts_ms', facts=element)):.2f} ms", "2 ms")
     for key, what in [("crash_to_signal_ms", "page process killed → noticed, median"),
                       ("crash_to_problem_page_ms", "page process killed → page that says so, median"),
                       ("refresh_ms", "Refresh → next load begun, median")]:

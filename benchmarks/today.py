@@ -29,7 +29,7 @@ ROLES = {
     "menuitemradio": ["radio menu item"], "progressbar": ["progress bar"], "radio": ["radio"],
     "radiogroup": ["radio group"], "rowheader": ["row header"], "searchbox": ["search field", "text"],
     "spinbutton": ["spin button"], "tablist": ["tab list"], "tabpanel": ["tab panel"],
-    "textbox": ["text", "edit", "password"], "toolbar": ["tool bar"], "treegrid": ["tree grid"],
+    "textbox": ["text", "textarea", "edit", "password"], "toolbar": ["tool bar"], "treegrid": ["tree grid"],
     "treeitem": ["tree item"], "button": ["button", "submit", "reset"],
 }
 # How a state may be said.
@@ -47,7 +47,8 @@ STATES = {
     ("haspopup", "grid"): ["has grid"], ("haspopup", "tree"): ["has tree"],
     ("current", "true"): ["current"], ("sort", "ascending"): ["sorted ascending"],
     ("sort", "descending"): ["sorted descending"], ("modal", "true"): ["dialog"],
-    ("multiselectable", "true"): ["list box", "tree", "grid"],
+    ("multiselectable", "true"): ["list box", "tree", "grid", "multiple"], ("invalid", "false"): ["valid"],
+    ("multiline", "true"): ["textarea"], ("orientation", "vertical"): ["vertical"],
 }
 
 
@@ -60,7 +61,7 @@ def has(said, words):
 
 
 def any_of(said, alternatives):
-    return any(re.search(rf"(^|[^a-z]){re.escape(each)}($|[^a-z])", said) for each in alternatives)
+    return any(re.search(rf"(^|[^a-z]){re.escape(squeezed(each))}($|[^a-z])", said) for each in alternatives)
 
 
 def wanted(step):
@@ -69,7 +70,7 @@ def wanted(step):
         return
     if "role" in step and not step.get("stays"):
         words = ROLES.get(step["role"], [step["role"]])
-        yield "role", step["role"], lambda said: any_of(said, words)
+        yield "role", step["role"], lambda said, words=words: any_of(said, words)
     if step.get("name") and not step.get("stays"):
         yield "name", step["name"], lambda said: has(said, step["name"])
     for state, value in step.get("states", {}).items():
@@ -79,9 +80,16 @@ def wanted(step):
         if words is None:
             words = [value]
         yield "state", f"{state} {value}", lambda said, words=words: any_of(said, words)
+    # What is typed is heard as it is typed.
+    typed = step.get("stays") and (len(step["key"]) == 1 or step["key"] == "BackSpace")
+    if typed and "value" in step:
+        letter = step.get("text", step["key"])
+        yield "value", letter, lambda said, letter=letter: has(said, letter)
     for kind in ("value", "description", "place"):
-        if kind in step:
+        if kind in step and not (typed and kind == "value"):
             yield kind, str(step[kind]), lambda said, kind=kind: has(said, str(step[kind]))
+    if "text" in step and not typed:
+        yield "text", step["text"], lambda said: has(said, step["text"])
     if "level" in step:
         yield "level", str(step["level"]), lambda said: has(said, f"level {step['level']}")
     for group in step.get("enters", ()):
@@ -155,7 +163,7 @@ def main():
     parser.add_argument("--page")
     parser.add_argument("--misses", action="store_true")
     arguments = parser.parse_args()
-    os.environ["CORVANE_PROGRAM"] = str(arguments.build / "bin/corvane")
+    os.environ["CORVANE_PROGRAM"] = str(arguments.build.resolve() / "bin/corvane")
     import harness  # noqa: E402  (it looks for the program when it is read)
     import patterns  # noqa: E402
     import web_server  # noqa: E402
