@@ -234,6 +234,14 @@ std::string ChangeWords(const ElementFacts& before, const ElementFacts& now) {
   if (before.invalid && !now.invalid) words.emplace_back("valid");
   if (before.disabled && !now.disabled) words.emplace_back("available");
   if (now.value != before.value) words.push_back(now.value);
+  if (now.suggestions >= 0 && now.suggestions != before.suggestions) {
+    words.push_back(now.suggestions == 0 ? "no suggestions"
+                                         : Count(now.suggestions, "suggestion", "suggestions"));
+  }
+  if (now.suggestion != before.suggestion && !now.suggestion.empty()) {
+    words.push_back(now.suggestion);
+    words.push_back(PlaceWords(now));
+  }
   return Joined(words);
 }
 

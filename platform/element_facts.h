@@ -52,7 +52,9 @@ struct ElementFacts {
   int row = 0;            ///< of a cell, from 1
   int column = 0;
   std::string value;
-  std::string error;  ///< why it is invalid
+  int suggestions = -1;    ///< that a field offers for what is typed; -1: unknown
+  std::string suggestion;  ///< the one that the arrows have reached
+  std::string error;       ///< why it is invalid
   std::string description;
   std::vector<ElementGroup> groups;  ///< that it lies in, the outermost first
 

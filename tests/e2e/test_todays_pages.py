@@ -48,6 +48,15 @@ class TodaysPages(EndToEndTest):
                   ("Right", "41"),
                   ("Home", "0"))
 
+    def test_suggestions_of_a_field_are_counted_and_walked(self):
+        self.walk("native-datalist", "Data list: which tree",
+                  ("Tab", "combo box, Tree"),
+                  ("b", "b", "2 suggestions"),
+                  ("Down", "Beech, 1 of 2"),
+                  ("Down", "Birch, 2 of 2"),
+                  ("Return", "Birch"),
+                  ("BackSpace", "h", "1 suggestion"))
+
     def test_dialog_is_entered_with_its_title_and_keeps_the_focus(self):
         self.walk("dialog-modal", "Dialog: an address book",
                   ("Tab", "main, button, Add an address"),

@@ -140,5 +140,21 @@ TEST(MoreWords, AreWhatAnEstablishedSentenceLacks) {
   EXPECT_THAT(MoreWords(box, true), ElementsAre("checked", "required", "3 of 4"));
 }
 
+TEST(ElementWords, OfAFieldsSuggestionsTheNumberIsSaidAndEachThatIsReached) {
+  ElementFacts before;
+  ElementFacts now;
+  now.suggestions = 2;
+  EXPECT_EQ(ChangeWords(before, now), "2 suggestions");
+  EXPECT_EQ(ChangeWords(now, now), "");
+  before = now;
+  now.suggestions = 0;
+  EXPECT_EQ(ChangeWords(before, now), "no suggestions");
+  now.suggestions = -1;
+  now.suggestion = "Birch";
+  now.place = 2;
+  now.size = 3;
+  EXPECT_EQ(ChangeWords(before, now), "Birch, 2 of 3");
+}
+
 }  // namespace
 }  // namespace corvane

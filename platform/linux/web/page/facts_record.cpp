@@ -85,6 +85,8 @@ ElementFactsPtr FactsOf(const Json& json) {
   facts->row = Number(member("row"));
   facts->column = Number(member("column"));
   facts->value = Text(member("value"));
+  facts->suggestions = Number(member("suggestions")) - 1;
+  facts->suggestion = Text(member("suggestion"));
   facts->error = Text(member("error"));
   facts->description = Text(member("description"));
   facts->groups = Groups(member("groups"));

@@ -118,6 +118,12 @@
       losing = setTimeout(lookForLoss, LOSS);
     }, {capture: true, passive: true});
   }
+  for (const type of ['play', 'pause']) {
+    window.addEventListener(type, (event) => {
+      const [target] = event.isTrusted ? event.composedPath() : [];
+      if (target === focused && performance.now() - lastInput < FOLLOWS) tell('state', target);
+    }, {capture: true, passive: true});
+  }
   window.addEventListener('blur', (event) => {
     if (!event.isTrusted || event.composedPath()[0] !== focused) return;
     focused = active = null;

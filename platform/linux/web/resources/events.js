@@ -113,7 +113,9 @@
       if (PARTED.has(what) || (kind === 'keyup' && WITHOUT_CARET.has(what))) message.look = 1;
     }
     const chooses = kind === 'change' && element instanceof HTMLSelectElement;
-    if (kind === 'focus' || kind === 'state' || chooses) message.facts = globalThis.corvaneFacts.factsOf(element);
+    if (kind === 'focus' || kind === 'state' || chooses) {
+      message.facts = {...globalThis.corvaneFacts.factsOf(element), ...more.facts};
+    }
     // An element that no record holds is described whole.
     if (!isRecorded(element) && (kind === 'focus' || !told.has(element))) {
       told.add(element);
