@@ -84,12 +84,11 @@ class EarUser:
             wait_until(self._spoken, "a word about an element")
 
     def follow(self, title):
-        """Follows the first link of the links list."""
-        self._corvane.keys("ctrl+l")
-        self._corvane.transcript.mark()
-        self._corvane.keys("shift+F6", "shift+F6", "shift+F6")
-        self.hear("", " Links List")
-        self._page(title, "Down", "Return")
+        """Follows the first link of the page, in the page itself: the links list hides
+        with the side bar."""
+        self.enter_page()
+        self.walk(1)
+        self._page(title, "Return")
 
     def back(self, title):
         self._page(title, "alt+Left")

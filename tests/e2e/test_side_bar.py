@@ -139,7 +139,8 @@ class SideBar(EndToEndTest):
                 corvane.focus("Links")
                 corvane.transcript.mark()
                 corvane.keys(*to_first, *to_first[-1:] * line)
-                self.said(link)
+                in_page = f"{'' if line else 'main, '}{link}, link"
+                self.said(link if to_first == ["Down"] else in_page)
                 corvane.keys("Return")
                 self.said("Extracting Links ...", "Done", title)
 
