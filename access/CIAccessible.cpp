@@ -211,7 +211,8 @@ bool CIAccessible::IsDesktop(const AccessiblePtr& object) const {
 
 void CIAccessible::FindTopParent(const AccessiblePtr& pIAccessible, int rLevel,
                                  AccessiblePtr& pResult) const {
-  const AccessiblePtr object = pIAccessible;  // which may be the result's own variable
+  // A copy: what is handed in may be the result's own variable.
+  const AccessiblePtr object = pIAccessible;  // NOLINT(performance-unnecessary-copy-initialization)
   const AccessiblePtr parent = accParent(object);
   pResult.reset();
   if (rLevel >= kDeepest || !parent) return;

@@ -220,7 +220,7 @@ WindowDialogs& frmCorvane::Dialogs() { return Required(parts_).dialogs; }
 
 std::string frmCorvane::HelpFile() {
   const FileSystem& files = desktop_.GetFileSystem();
-  const std::string file = files.ProgramFolder() + files.Separator() + kHelpText;
+  std::string file = files.ProgramFolder() + files.Separator() + kHelpText;
   if (files.Exists(file)) return file;
   desktop_.GetMessageBox().Show(kHelpMissing, MessageBox::Icon::Exclamation);
   return "";

@@ -138,7 +138,7 @@ bool IsLetterOrDigit(int code) {
 std::string KeyWords(const PressedKey& key) {
   if (key.code == 0 && key.character == 0) return "";
   if (const char* name = Find(kKeys, static_cast<char32_t>(key.code))) return name;
-  if (const std::string name = NamedKey(key.code); !name.empty()) return name;
+  if (std::string name = NamedKey(key.code); !name.empty()) return name;
   if (key.code >= kKeyF1 && key.code <= kLastF) {
     return "F" + std::to_string(key.code - kKeyF1 + 1);
   }
