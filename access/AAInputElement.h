@@ -3,7 +3,7 @@
 #include <string>
 
 #include "access/AAElement.h"
-#include "access/CaretEcho.h"
+#include "access/FieldEcho.h"
 
 namespace corvane {
 
@@ -25,7 +25,7 @@ class AAInputElement : public AAElement {
   void AAInput_onchange();
   std::string PartCrossed();
 
-  CaretEcho caret_;
+  FieldEcho caret_;
   bool stepped_ = false;  // the key that is down has stepped the value
   std::string part_;      // announced last
   std::string part_value_;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "access/AAElement.h"
-#include "access/CaretEcho.h"
+#include "access/FieldEcho.h"
 
 namespace corvane {
 
@@ -15,7 +15,7 @@ class AATextAreaElement : public AAElement {
   void AATextArea_onfocus();
   void AATextArea_onkeyup();
 
-  CaretEcho caret_;
+  FieldEcho caret_;
 };
 
 }  // namespace corvane

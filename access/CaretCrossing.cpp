@@ -8,13 +8,11 @@
 namespace corvane {
 namespace {
 
-std::size_t Count(int characters) { return static_cast<std::size_t>(std::max(characters, 0)); }
-
 /// The characters before the caret; with a selection the number of those selected.
 std::size_t PositionIn(const HTMLElement& field) {
-  if (field.caret.selection_length > 0) return Count(field.caret.selection_length);
-  const std::size_t length = text::length(field.value);
-  return length - std::min(length, Count(field.caret.text_after));
+  const int selected = field.caret.selection_length;
+  if (selected > 0) return static_cast<std::size_t>(selected);
+  return CharactersBeforeCaret(field);
 }
 
 }  // namespace

@@ -163,9 +163,11 @@ std::string Count(int number, const char* one, const char* many) {
   return std::to_string(number) + " " + (number == 1 ? one : many);
 }
 
+// Each frame counts its elements by itself, so the number alone tells no two apart.
 bool IsIn(const std::vector<ElementGroup>& groups, const ElementGroup& group) {
-  return std::any_of(groups.begin(), groups.end(),
-                     [&](const ElementGroup& each) { return each.number == group.number; });
+  return std::any_of(groups.begin(), groups.end(), [&](const ElementGroup& each) {
+    return each.number == group.number && each.role == group.role && each.name == group.name;
+  });
 }
 
 }  // namespace

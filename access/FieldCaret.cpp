@@ -58,12 +58,9 @@ std::string LineAt(const std::string& text, std::size_t place) {
 }
 
 FieldCaret::Place FieldCaret::PlaceIn(const HTMLElement& field) {
-  const auto count = [](int characters) {
-    return static_cast<std::size_t>(std::max(characters, 0));
-  };
-  const std::size_t length = text::length(field.value);
-  const std::size_t end = length - std::min(length, count(field.caret.text_after));
-  return {end - std::min(end, count(field.caret.selection_length)), end};
+  const std::size_t end = CharactersBeforeCaret(field);
+  const auto selected = static_cast<std::size_t>(std::max(field.caret.selection_length, 0));
+  return {end - std::min(end, selected), end};
 }
 
 void FieldCaret::Follow(const HTMLElement& field) {
@@ -95,14 +92,14 @@ std::string FieldCaret::Reached(const HTMLElement& field) {
     words = Changed(Between(value_, field), field.caret.edit == ElementCaret::Edit::Removed);
   } else if (now.start != now.end || (place_.start != place_.end && field.caret.extends)) {
     if (now != place_) words = Selected(field, now);
-  } else if (now != place_ || field.caret.step == Step::Line) {
+  } else if (now != place_) {
     switch (field.caret.step) {
       case Step::Word:
         words = WordAt(field.value, now.end);
         break;
       case Step::Line:
-        words = now == place_ ? "" : field.caret.line.value_or(LineAt(field.value, now.end));
-        if (words.empty() && now != place_) words = "blank";
+        words = field.caret.line.value_or(LineAt(field.value, now.end));
+        if (words.empty()) words = "blank";
         break;
       case Step::Paragraph:
         words = LineAt(field.value, now.end);

@@ -11,7 +11,11 @@ std::string FocusWords::Entered(const ElementFacts& facts) {
   std::string words;
   for (const auto& entered : EnteredWords(groups_, facts.groups)) words += entered + ", ";
   groups_ = facts.groups;
-  groups_.emplace_back().number = facts.number;  // of what is within, this has been said
+  // Of what is within, this has been said.
+  ElementGroup& itself = groups_.emplace_back();
+  itself.number = facts.number;
+  itself.role = facts.role;
+  itself.name = facts.name;
   return words;
 }
 

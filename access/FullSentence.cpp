@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "access/AAInputElement.h"
-#include "access/CaretEcho.h"
 #include "access/ElementWords.h"
+#include "access/FieldEcho.h"
 #include "access/FieldKinds.h"
 #include "base/text.h"
 

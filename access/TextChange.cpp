@@ -11,16 +11,18 @@ bool StartsCharacter(char unit) { return (static_cast<unsigned char>(unit) & 0xC
 
 }  // namespace
 
+std::size_t CharactersBeforeCaret(const HTMLElement& field) {
+  const std::size_t length = text::length(field.value);
+  return length - std::min(length, static_cast<std::size_t>(std::max(field.caret.text_after, 0)));
+}
+
 TextChange Between(const std::string& before, const HTMLElement& field) {
   const std::string& after = field.value;
   const std::size_t shorter = std::min(before.size(), after.size());
   std::size_t end = 0;
   std::size_t most = shorter;
   if (field.caret.known && field.caret.selection_length <= 0) {
-    const std::size_t length = text::length(after);
-    const std::size_t place =
-        length - std::min(length, static_cast<std::size_t>(std::max(field.caret.text_after, 0)));
-    most = std::min(most, after.size() - text::offset_of(after, place));
+    most = std::min(most, after.size() - text::offset_of(after, CharactersBeforeCaret(field)));
   }
   const auto rest = [](const std::string& text, std::size_t at) { return text.size() - at; };
   while (end < most && before[rest(before, end + 1)] == after[rest(after, end + 1)]) ++end;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "platform/html_document.h"
@@ -11,6 +12,10 @@ struct TextChange {
   std::string removed;
   std::string added;
 };
+
+/// How many characters of a field's text stand in front of its caret, which is the end
+/// of what is selected.
+std::size_t CharactersBeforeCaret(const HTMLElement& field);
 
 /// How the text that a field held became what it holds, by what both begin and end
 /// with in common. Where that leaves a choice, as among equal letters, the end begins

@@ -65,7 +65,8 @@ class Announcer {
   void SayBehind(
       const std::string& text, ISpeechNotify::Spoken spoken = [](bool) {}) {
     ErrorsShown(box_, "Say Error: ", [&] {
-      if (sink_ != nullptr) sink_->SayBehind(text, std::move(spoken));
+      if (sink_ == nullptr) return spoken(false);
+      sink_->SayBehind(text, std::move(spoken));
     });
   }
 

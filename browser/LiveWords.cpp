@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "access/ElementWords.h"
-#include "access/Sentence.h"
 #include "platform/element_facts.h"
 
 namespace corvane {
@@ -52,6 +51,7 @@ void LiveWords::StepThroughChoices() {
   heard_ = static_cast<LiveWordsHeard>(next);
   chosen_ = pane_.manner.live_words;
   waiting_.clear();
+  left_out_ = 0;
   pane_.announcer.AddAndSay(kChoiceWords[next]);
 }
 

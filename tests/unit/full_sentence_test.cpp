@@ -151,6 +151,17 @@ TEST(FocusWords, AChoiceInAListIsSaidWithItsPlaceAndTheGroupThatItBegins) {
   EXPECT_EQ(plain.OfChoice(list, "Soup", 0), "Soup");
 }
 
+TEST(FocusWords, AFrameThatCountsItsElementsAnewIsAnotherGroup) {
+  const Manner manner = Full();
+  FocusWords words(manner);
+  ElementFacts outside = Facts("button", "Larger");
+  outside.number = 3;
+  ElementFacts inside = Facts("link", "Harbour");
+  inside.groups = {{3, "frame", "Map", "", 0, 0, ""}};
+  words.Of(Element("HTMLButtonElement", "button", outside), "");
+  EXPECT_EQ(words.Of(Element("HTMLAnchorElement", "", inside), ""), "Map, frame, Harbour, link");
+}
+
 TEST(FocusWords, AGroupThatHasTheFocusIsNotSaidAgainOnTheWayIn) {
   const Manner manner = Full();
   FocusWords words(manner);

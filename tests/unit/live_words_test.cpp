@@ -134,6 +134,28 @@ TEST_F(LiveWordsTest, EndWithThePage) {
   EXPECT_THAT(p.Spoken(), ElementsAre("three")) << "the choice was for the page before";
 }
 
+TEST_F(LiveWordsTest, AreHeardAgainAfterSpeechWasOff) {
+  Start();
+  Says(Polite("one"));
+  p.Inside().menu.mnuSpeech(0).Click.Raise();
+  Says(Polite("two"));
+  p.Inside().menu.mnuSpeech(0).Click.Raise();
+  p.MakeReady();
+  p.Spoken();
+  Says(Polite("three"));
+  EXPECT_THAT(p.Spoken(), ElementsAre("three"));
+}
+
+TEST_F(LiveWordsTest, ThatWereLeftOutAreForgottenWithAnotherChoice) {
+  Start();
+  for (int i = 0; i < 10; ++i) Says(Polite("line " + std::to_string(i)));
+  for (int i = 0; i < 3; ++i) F12();
+  p.Spoken();
+  Over();
+  Over();
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
 TEST_F(LiveWordsTest, FollowAChoiceForAllPagesAtOnce) {
   Start();
   auto values = std::vector<std::string>();

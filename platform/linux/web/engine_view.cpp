@@ -71,7 +71,10 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
                                          [this](const std::string& text) { listener_.say(text); })),
       changes_(std::make_unique<PageChanges>(
           view_.get(), requests_->Notices(),
-          PageChanges::Host{[this] { ReadMoved(); },
+          PageChanges::Host{[this] {
+                              moved_ = !Busy();
+                              ReadAgain();
+                            },
                             [this](const std::string& text) { listener_.say(text); },
                             [this](const PagePlace& place) { listener_.place(place); }})),
       live_(std::make_unique<LiveRegions>(
@@ -325,12 +328,6 @@ void EngineView::ReadAgain() {
   navigation_.Requested();
   navigation_.Started();
   if (navigation_.Idle()) StartReading();
-}
-
-void EngineView::ReadMoved() {
-  if (Busy()) return;
-  moved_ = true;
-  ReadAgain();
 }
 
 void EngineView::StartReading() {

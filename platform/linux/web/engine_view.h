@@ -107,7 +107,6 @@ class EngineView {
   void LoadSearch(const std::string& search);
   void ShowProblem(const Problem& problem);
   void ReadAgain();
-  void ReadMoved();
   void StartReading();
   void Settle();
   void ShowSettled();

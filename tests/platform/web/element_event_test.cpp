@@ -225,6 +225,24 @@ TEST_F(ElementEventTest, TheFocusThatAPageHasSetIsToldWhenItIsAskedFor) {
   EXPECT_FALSE(unasked.back()) << "the user has gone there";
 }
 
+TEST_F(ElementEventTest, AMoveWhileThePageIsReadAgainIsToldToThoseWhoListenAfterwards) {
+  Load("<input name=q><input name=r>");
+  view_->TellFocus();
+  TabTo("q");
+  const auto old = view_.Document();
+  view_->Do(WebBrowser::PageCommand::ReadAgain);
+  ASSERT_TRUE(WaitUntil([&] { return view_.Document() && view_.Document() != old; }));
+  connections_.Clear();  // who listened knows only the elements that were
+  events_.clear();
+  view_.Key(GDK_KEY_Tab);
+  ASSERT_TRUE(
+      WaitUntil([&] { return view_.EvaluateInPage("document.activeElement.name") == "r"; }));
+  view_.EvaluateInPage("1");
+  for (const auto& element : view_.Document()->forms.at(0).elements) Listen(element);
+  view_->TellFocus();
+  EXPECT_TRUE(WaitFor("focus r"));
+}
+
 TEST_F(ElementEventTest, NothingIsToldOfAPageInWhichNothingHasTheFocus) {
   Load("<input name=q>");
   view_->TellFocus();

@@ -253,6 +253,7 @@ void PageReader::FinishIfComplete() {
 }
 
 void PageReader::Finish() {
+  listened_ = false;  // nobody knows the elements of this reading yet
   elements_.clear();
   introduced_.clear();
   late_elements_ = 0;
@@ -335,12 +336,14 @@ void PageReader::Attach(PageRecord record) {
   parent->frames[index] = record.document;
 }
 
-// What was told before somebody asked had no listener yet; in a page that is read again
-// it had.
+// What was told before somebody asked had no listener yet. In a page that is read again
+// it had, but for what came since it was read.
 void PageReader::TellFocus() {
   const auto top = documents_.find({});
   const std::string document = top != documents_.end() ? top->second : "";
-  if (std::exchange(asked_, document) != document) focused_ = {};
+  const bool unheard = std::exchange(unheard_, false);
+  if (std::exchange(asked_, document) != document || unheard) focused_ = {};
+  listened_ = true;
   Evaluate(view_, "corvaneEvents.tellAgain()", nullptr, [](const auto&) {});
 }
 
@@ -393,6 +396,7 @@ void PageReader::Deliver(const ElementEvent& event) {
     in_password_ = element->type == "password";
     const ElementPlace place{event.document_id, event.number};
     if (std::exchange(focused_, place) == place && event.again) return;
+    unheard_ = unheard_ || !listened_;
   }
   const HTMLDocumentPtr page = document_;  // a listener may leave it
   if (Introduce(event, element)) page->onelementadded.Raise(element);

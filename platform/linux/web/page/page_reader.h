@@ -105,6 +105,8 @@ class PageReader {
   std::size_t late_elements_ = 0;                    // that no record holds
   using ElementPlace = std::pair<std::string, int>;  // a document and the number in it
   ElementPlace focused_;                             // told of last
+  bool listened_ = false;                            // since the focus was last asked for
+  bool unheard_ = false;                             // it has moved before
   std::string asked_;                                // the document whose focus was asked for last
   bool in_password_ = false;
 

@@ -11,7 +11,7 @@ namespace corvane {
 
 /// What is heard of the keys in one field: the characters that the caret crosses or,
 /// where the manner wants it, what it reaches.
-class CaretEcho {
+class FieldEcho {
  public:
   /// The field has got the focus.
   void Enter(const HTMLElement& field);
