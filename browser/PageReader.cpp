@@ -29,7 +29,11 @@ PageReader::PageReader(PaneContext& pane, Navigation& navigation, PageElements& 
       side_bar_(side_bar),
       auto_focus_(pane, side_bar),
       stopIcon_(kImageStop) {
-  connections_ += pane_.controls.timTimer->Tick.Connect([this] { timTimer_Timer(); });
+  Timer& tick = *pane_.controls.timTimer;
+  connections_ += tick.Tick.Connect([this] { timTimer_Timer(); });
+  // A page that is complete is read at once, yet not from within the engine's event.
+  connections_ +=
+      pane_.controls.brwWebBrowser->DownloadComplete.Connect([&tick] { tick.TickSoon(); });
 }
 
 void PageReader::timTimer_Timer() {

@@ -113,7 +113,8 @@ void PaneLayout::UserControl_Show() {
   ErrorsIgnored([&] { c.ELAMain->SetAlign(Align::Fill); });
   if (blnShown_) return;
   blnShown_ = true;
-  ErrorsIgnored([&] { c.ELAMain->SetVisible(true); }, [&] { pane_.StartReading(); });
+  ErrorsIgnored([&] { c.ELAMain->SetVisible(true); }, [&] { pane_.StartReading(); },
+                [&] { c.timTimer->TickSoon(); });  // the first page need not wait
 }
 
 void PaneLayout::UserControl_Resize() {

@@ -15,6 +15,9 @@ class Timer {
   /// Enabling an enabled timer changes nothing: its next tick comes when it
   /// would have come.
   virtual void SetEnabled(bool enabled) = 0;
+  /// An enabled timer ticks as soon as the event loop comes to it, never from within
+  /// this call, and then at its intervals again. Nothing for a disabled one.
+  virtual void TickSoon() = 0;
 
   Event<> Tick;
 };

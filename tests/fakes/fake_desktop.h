@@ -64,13 +64,16 @@ class FakeTimer : public Timer {
     if (refuses) throw RunTimeError(kErrDeviceIo, "Timer", "No more timers");
     enabled = value;
   }
+  void TickSoon() override { soon = enabled; }
   /// One tick, if the timer runs.
   void Fire() {
+    soon = false;
     if (enabled) Tick.Raise();
   }
 
   int interval = 0;
   bool enabled = false;
+  bool soon = false;  ///< the next tick is to come at once
   bool refuses = false;
 
  private:

@@ -26,6 +26,19 @@ TEST_F(PageReaderTest, PageReadWithinOneTickSaysItsWordsInOrder) {
   EXPECT_FALSE(p.Reading().enabled);
 }
 
+TEST_F(PageReaderTest, APageThatIsCompleteIsReadAtOnceButNotFromWithinTheEnginesEvent) {
+  Start();
+  p.Browser().Begin();
+  EXPECT_FALSE(p.Reading().soon);
+  p.Spoken();
+  p.Browser().Finish(MakePage("http://a/", "A", ""));
+  EXPECT_TRUE(p.Reading().soon);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  p.Reading().Fire();
+  EXPECT_THAT(p.Spoken(), ::testing::Contains("A"));
+  EXPECT_FALSE(p.Reading().enabled);
+}
+
 TEST_F(PageReaderTest, SideBarThatShowsThePageAddsItsWord) {
   for (const char* content : {"4", "5"}) {
     Program program;

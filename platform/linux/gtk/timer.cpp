@@ -6,11 +6,41 @@
 
 namespace corvane::desktop {
 
-struct LoopTimer::State {
+struct LoopTimer::State : std::enable_shared_from_this<LoopTimer::State> {
   LoopTimer* timer = nullptr;  // null once it is gone
   int interval = 0;
   bool enabled = false;
   sigc::connection source;
+
+  // The handler may switch the timer off and on again, or destroy it: then this
+  // source is disconnected and must not go on.
+  void Run() {
+    source = Glib::signal_timeout().connect(
+        [weak = weak_from_this()] {
+          const auto state = weak.lock();
+          return state != nullptr && state->RaiseTick();
+        },
+        static_cast<unsigned>(interval));
+  }
+  void RunSoon() {
+    source.disconnect();
+    source = Glib::signal_timeout().connect(
+        [weak = weak_from_this()] {
+          if (const auto state = weak.lock()) {
+            state->source = {};  // this one, which ends
+            if (state->interval > 0) state->Run();
+            state->RaiseTick();
+          }
+          return false;
+        },
+        0);
+  }
+
+ private:
+  bool RaiseTick() {
+    if (timer != nullptr) timer->Tick.Raise();
+    return timer != nullptr;
+  }
 };
 
 LoopTimer::LoopTimer() : state_(std::make_shared<State>()) { state_->timer = this; }
@@ -30,18 +60,11 @@ void LoopTimer::SetEnabled(bool enabled) {
   if (state_->enabled == enabled) return;
   state_->enabled = enabled;
   state_->source.disconnect();
-  if (!enabled || state_->interval == 0) return;
-  // The handler may switch the timer off and on again, or destroy it: then this
-  // source is disconnected and must not go on.
-  state_->source = Glib::signal_timeout().connect(
-      [weak = std::weak_ptr<State>(state_)] {
-        if (const auto state = weak.lock(); state && state->timer) {
-          state->timer->Tick.Raise();
-          return state->timer != nullptr;
-        }
-        return false;
-      },
-      static_cast<unsigned>(state_->interval));
+  if (enabled && state_->interval > 0) state_->Run();
+}
+
+void LoopTimer::TickSoon() {
+  if (state_->enabled) state_->RunSoon();
 }
 
 }  // namespace corvane::desktop

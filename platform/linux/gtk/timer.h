@@ -18,6 +18,7 @@ class LoopTimer : public Timer {
   void SetInterval(int milliseconds) override;
   bool Enabled() const override;
   void SetEnabled(bool enabled) override;
+  void TickSoon() override;
 
  private:
   struct State;

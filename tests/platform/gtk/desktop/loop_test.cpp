@@ -48,6 +48,46 @@ TEST_F(LoopTest, ATimerMayBeRestartedOrDestroyedByItsOwnTick) {
   EXPECT_EQ(ticks, 3);
 }
 
+TEST_F(LoopTest, ATickThatIsWantedSoonComesOnceAndTheOthersAtTheirInterval) {
+  LoopTimer timer;
+  int ticks = 0;
+  const auto listening = timer.Tick.Connect([&] { ++ticks; });
+  timer.TickSoon();  // disabled
+  timer.SetInterval(100'000);
+  timer.SetEnabled(true);
+  timer.TickSoon();
+  timer.TickSoon();
+  EXPECT_EQ(ticks, 0) << "from within the call";
+  WaitFor("the tick", [&] { return ticks == 1; });
+  LoopTimer other;
+  int later = 0;
+  const auto waiting = other.Tick.Connect([&] {
+    if (++later == 3) other.SetEnabled(false);
+  });
+  other.SetInterval(1);
+  other.SetEnabled(true);
+  other.TickSoon();
+  WaitFor("the other timer", [&] { return later == 3; });
+  EXPECT_EQ(ticks, 1);
+  other.TickSoon();  // disabled again
+  timer.TickSoon();
+  timer.SetEnabled(false);
+  bool ran = false;
+  PostToLoop([&] { ran = true; });
+  WaitFor("the loop", [&] { return ran; });
+  EXPECT_EQ(ticks, 1);
+  EXPECT_EQ(later, 3);
+}
+
+TEST_F(LoopTest, ATimerMayBeDestroyedByATickThatWasWantedSoon) {
+  auto timer = std::make_unique<LoopTimer>();
+  const auto listening = timer->Tick.Connect([&] { timer.reset(); });
+  timer->SetInterval(1);
+  timer->SetEnabled(true);
+  timer->TickSoon();
+  WaitFor("the timer to go", [&] { return timer == nullptr; });
+}
+
 TEST_F(LoopTest, AnIntervalOfZeroNeverTicks) {
   LoopTimer timer;
   const auto listening = timer.Tick.Connect([] { FAIL() << "ticked"; });
