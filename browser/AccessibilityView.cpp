@@ -58,8 +58,8 @@ void AccessibilityView::Fetch() {
   explorer_.ClearNodes();
   CWin32API search(pane_.desktop.GetWindows());
   search.FindWindow(pane_.controls.ELAMain->hwnd(), "", kRenderingClass, windows_, false);
-  fetching_ =
-      pane_.desktop.GetAccessibility().Fetch(windows_, [this] { Reported([&] { Build(); }); });
+  fetching_ = pane_.desktop.GetAccessibility().Fetch(windows_, Accessibility::Depth::Top,
+                                                     [this] { Reported([&] { Build(); }); });
 }
 
 // A page that has just come may not have told its elements yet: then a root is

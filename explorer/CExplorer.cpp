@@ -6,13 +6,15 @@
 #include "base/handling.h"
 #include "base/number.h"
 #include "explorer/LabelPieces.h"
+#include "explorer/WaitingItem.h"
 
 namespace corvane {
 namespace {
 
 constexpr const char* kPlaceholder = "dummy99999999";
-constexpr float kListMargin = 730;         // twips that a filling column leaves free
-constexpr float kLeastColumnWidth = 2000;  // twips
+constexpr std::size_t kBetweenEvents = 64;  // children
+constexpr float kListMargin = 730;          // twips that a filling column leaves free
+constexpr float kLeastColumnWidth = 2000;   // twips
 
 bool HoldsOnlyThePlaceholder(const TreeNode& node) {
   return node.Children() == 1 && node.Child(0).Text() == kPlaceholder;
@@ -195,15 +197,35 @@ void CExplorer::TV_Expand(TreeNode& Node) {
   tree_->LockUpdate(false);
 }
 
-// Thousands of children take a while; events that are waiting run in between,
-// and may do away with the node or the whole tree.
+// Thousands of children take a while; events that are waiting run now and then, and may
+// do away with the node or the whole tree. A few children are added in one go: what an
+// item adds to them later then comes behind them.
 void CExplorer::AddChildren(TreeNodeId node, const ExplorerData& parent,
                             const ExplorerItems& items) {
+  std::size_t added = 0;
   for (const auto& item : items) {
-    desktop_.DoEvents();
+    if (++added % kBetweenEvents == 0) desktop_.DoEvents();
     if (tree_->Find(node) == nullptr) return;
     ErrorsIgnored([&] { AddChild(parent, item); });
   }
+}
+
+void CExplorer::AddMoreChildren(TreeNodeId node, const ExplorerItems& items) {
+  const TreeNode* parent = tree_->Find(node);
+  const std::size_t record = parent == nullptr ? 0 : FindItemByNode(*parent);
+  if (record == 0) return;
+  const ExplorerData data = m_Items.At(record).data;
+  TreeNode* waiting = parent->Children() > 0 ? &parent->Child(0) : nullptr;
+  if (waiting != nullptr && !std::dynamic_pointer_cast<WaitingItem>(GetItemObject(*waiting))) {
+    waiting = nullptr;
+  }
+  for (const auto& item : items) ErrorsIgnored([&] { AddChild(data, item); });
+  if (waiting == nullptr) return;
+  TreeNode* first = parent->Children() > 1 ? &parent->Child(1) : nullptr;
+  const bool selected = tree_->SelectedItem() == waiting;
+  if (selected && first != nullptr) tree_->SetSelectedItem(first);
+  RemoveNode(*waiting);
+  if (selected && first != nullptr) tree_->NodeClick.Raise(*first);  // who waited there hears it
 }
 
 void CExplorer::AddChild(const ExplorerData& parent, const std::shared_ptr<IExplorerItem>& item) {

@@ -47,6 +47,9 @@ class CExplorer {
   /// Adds a node. A picture that the tree does not have costs the picture, not
   /// the node. RunTimeError when no node stands for the parent.
   TreeNode& AddNode(const std::string& Text, const NodeOptions& options);
+  /// Adds to the children of a node that has been opened, which may be gone. What only
+  /// stood for them (WaitingItem) goes.
+  void AddMoreChildren(TreeNodeId node, const ExplorerItems& items);
   /// Asks the node's item to delete itself and, unless it refuses, removes the
   /// node. A node without a record stays.
   void RemoveNode(TreeNode& Node);

@@ -1,11 +1,15 @@
 #include "explorer/CIAccessibleBrowser.h"
 
 #include "base/handling.h"
+#include "explorer/CExplorer.h"
+#include "explorer/WaitingItem.h"
 
 namespace corvane {
 namespace {
 
 constexpr const char* kSource = "IExplorerItem";
+constexpr int kAtOnce = 32;  // children: what the user's next keys reach
+constexpr int kPiece = 64;   // of the others
 
 }  // namespace
 
@@ -29,26 +33,44 @@ std::string CIAccessibleBrowser::Label(const std::string& name) const {
   return role;
 }
 
-bool CIAccessibleBrowser::IsShown(const CIAccessibleBrowser& child) const {
-  if (child.Role == kRoleVanished) return false;
-  return blnShowInvisible || (child.State & kStateInvisible) == 0;
+void CIAccessibleBrowser::AddIfShown(const AccessiblePtr& object, AccessibleKid kid,
+                                     ExplorerItems& items) const {
+  auto item = std::make_shared<CIAccessibleBrowser>(accessibility_, windows_);
+  item->setChild(object, kid);
+  item->blnShowInvisible = blnShowInvisible;
+  if (item->Role == kRoleVanished) return;
+  if (blnShowInvisible || (item->State & kStateInvisible) == 0) items.push_back(std::move(item));
 }
 
-ExplorerItems CIAccessibleBrowser::IExplorerItem_GetChildren(CExplorer& /*Explorer*/,
-                                                             TreeNode& /*Parent*/) {
+ExplorerItems CIAccessibleBrowser::IExplorerItem_GetChildren(CExplorer& Explorer,
+                                                             TreeNode& Parent) {
   ExplorerItems items;
   ErrorsIgnored([&] {
     std::vector<AccessiblePtr> objects;
     std::vector<AccessibleKid> kids;
-    access_.IAccessibleChildren(objects, kids, objIAChild, true);
-    for (std::size_t i = 0; i < objects.size(); ++i) {
-      auto item = std::make_shared<CIAccessibleBrowser>(accessibility_, windows_);
-      item->setChild(objects[i], kids[i]);
-      item->blnShowInvisible = blnShowInvisible;
-      if (IsShown(*item)) items.push_back(std::move(item));
-    }
+    const int there = access_.accChildCount(objIAChild);
+    const int told = access_.IAccessibleChildren(objects, kids, objIAChild, false, kAtOnce);
+    for (std::size_t i = 0; i < objects.size(); ++i) AddIfShown(objects[i], kids[i], items);
+    if (there == 0 || (told > 0 && told < kAtOnce)) return;
+    if (told == 0) items.push_back(std::make_shared<WaitingItem>());
+    FetchMore(Explorer, Parent.Id(), told);
   });
   return items;
+}
+
+// The node, and this item with it, may be gone before they come: then nothing is added.
+void CIAccessibleBrowser::FetchMore(CExplorer& explorer, TreeNodeId node, int from) {
+  fetching_ = accessibility_.FetchChildren(objIAChild, from, kPiece,
+                                           [=, this, &explorer](const auto& children) {
+                                             ErrorsIgnored([&] {
+                                               ExplorerItems items;
+                                               for (const auto& child : children)
+                                                 AddIfShown(child.object, child.kid, items);
+                                               explorer.AddMoreChildren(node, items);
+                                               if (children.size() == kPiece)
+                                                 FetchMore(explorer, node, from + kPiece);
+                                             });
+                                           });
 }
 
 void CIAccessibleBrowser::IExplorerItem_SetText(const std::string& /*Value*/) {

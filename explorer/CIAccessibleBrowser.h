@@ -5,12 +5,14 @@
 
 #include "access/CIAccessible.h"
 #include "explorer/IExplorerItem.h"
+#include "platform/tree_view.h"
 
 namespace corvane {
 
 /// One accessible element in the side bar's tree, labelled with its name and its
 /// role in words. Reads everything once, when it is given its element; an
-/// element is asked for its children when its node is opened.
+/// element is asked for its children when its node is opened: for the first few at
+/// once, for others piece by piece while the user goes on.
 class CIAccessibleBrowser : public IExplorerItem {
  public:
   CIAccessibleBrowser(Accessibility& accessibility, const Windows& windows)
@@ -42,7 +44,8 @@ class CIAccessibleBrowser : public IExplorerItem {
   void IExplorerItem_Delete() override;
 
   std::string Label(const std::string& name) const;
-  bool IsShown(const CIAccessibleBrowser& child) const;
+  void AddIfShown(const AccessiblePtr& object, AccessibleKid kid, ExplorerItems& items) const;
+  void FetchMore(CExplorer& explorer, TreeNodeId node, int from);
 
   Accessibility& accessibility_;
   const Windows& windows_;
@@ -50,6 +53,7 @@ class CIAccessibleBrowser : public IExplorerItem {
   std::string label_;
   std::string value_;
   bool has_children_ = false;
+  Connection fetching_;  // of further children
 };
 
 }  // namespace corvane

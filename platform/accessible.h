@@ -17,6 +17,7 @@ namespace corvane {
 /// translates its own roles to these and their kin, 1 to 64.
 enum AccessibleRole : int {
   kRoleVanished = -1,  ///< the element is there no more
+  kRoleDocument = 15,
   kRoleDialog = 18,
   kRoleLink = 30,
   kRoleGraphic = 40,
@@ -108,15 +109,25 @@ class Accessibility {
  public:
   virtual ~Accessibility() = default;
 
+  /// How much of a window is fetched: the element at its top, or all below it, too.
+  /// Top leaves a page alone: one that is asked for anything may become slow to leave.
+  enum class Depth { Top, All };
   /// Fetches what the windows show, without keeping the caller waiting; then
   /// calls `done` from the event loop. From then on the windows' objects answer
-  /// all that lies in them. For 0, the desktop, it is fetched which windows other
+  /// what was fetched of them. For 0, the desktop, it is fetched which windows other
   /// programs have: from then on those are found like the program's own, and
   /// answer what they can answer at once. What cannot be fetched is raised as a
   /// Problem first.
   /// Letting go of the connection gives the request up.
-  [[nodiscard]] virtual Connection Fetch(const std::vector<WindowHandle>& windows,
+  [[nodiscard]] virtual Connection Fetch(const std::vector<WindowHandle>& windows, Depth depth,
                                          std::function<void()> done) = 0;
+  /// Reads at most `most` of the elements below one, from number `from` on (counted
+  /// from 0), without keeping the caller waiting; then calls `done` from the event loop.
+  /// Fewer than `most`: there are no more, or they cannot be had.
+  /// Letting go of the connection gives the request up.
+  [[nodiscard]] virtual Connection FetchChildren(
+      const AccessiblePtr& parent, int from, int most,
+      std::function<void(const std::vector<AccessibleElement>&)> done) = 0;
 
   /// The object of a window or of its contents (AccessibleObjectId); where windows
   /// have no frame of their own both are the same. The desktop's own, whose children

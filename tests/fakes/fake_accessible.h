@@ -53,10 +53,15 @@ class FakeAccessible : public Accessible, public std::enable_shared_from_this<Fa
   std::vector<AccessibleElement> Children(int most) const override {
     Refuse();
     ++asked_for_children;
+    if (slow) return {};
+    auto children = AllChildren();
+    if (static_cast<int>(children.size()) > most) children.resize(static_cast<std::size_t>(most));
+    return children;
+  }
+  std::vector<AccessibleElement> AllChildren() const {
     std::vector<AccessibleElement> children;
     for (const auto& object : objects) children.push_back({object, {}});
     for (const auto& each : simple) children.push_back({nullptr, each.first});
-    if (static_cast<int>(children.size()) > most) children.resize(static_cast<std::size_t>(most));
     return children;
   }
   AccessiblePtr Child(std::int32_t kid) const override {
@@ -88,6 +93,7 @@ class FakeAccessible : public Accessible, public std::enable_shared_from_this<Fa
   std::vector<Ptr> objects;
   std::weak_ptr<FakeAccessible> parent;
   WindowHandle window = 0;
+  bool slow = false;     ///< its children cannot be told at once
   int undelivered = 0;   ///< children that are counted and then are not there
   bool refuses = false;  ///< nothing is answered any more
   std::shared_ptr<std::vector<std::string>> journal = std::make_shared<std::vector<std::string>>();
@@ -111,10 +117,27 @@ class FakeAccessible : public Accessible, public std::enable_shared_from_this<Fa
 /// the test says so.
 class FakeAccessibility : public Accessibility {
  public:
-  Connection Fetch(const std::vector<WindowHandle>& windows, std::function<void()> done) override {
+  Connection Fetch(const std::vector<WindowHandle>& windows, Depth asked,
+                   std::function<void()> done) override {
     Refuse();
+    depth = asked;
     fetched.push_back(windows);
     pending = std::make_shared<std::function<void()>>(std::move(done));
+    return Connection([mine = pending] { *mine = nullptr; });
+  }
+  Connection FetchChildren(
+      const AccessiblePtr& parent, int from, int most,
+      std::function<void(const std::vector<AccessibleElement>&)> done) override {
+    Refuse();
+    pieces.push_back({from, most});
+    pending = std::make_shared<std::function<void()>>([parent, from, most, done = std::move(done)] {
+      auto children = std::dynamic_pointer_cast<FakeAccessible>(parent)->AllChildren();
+      children.erase(children.begin(), std::min(children.begin() + from, children.end()));
+      if (static_cast<int>(children.size()) > most) {
+        children.resize(static_cast<std::size_t>(most));
+      }
+      done(children);
+    });
     return Connection([mine = pending] { *mine = nullptr; });
   }
   /// What was asked for has arrived.
@@ -151,6 +174,8 @@ class FakeAccessibility : public Accessibility {
                                       {30, "link"},          {40, "graphic"},    {41, "text"},
                                       {42, "editable text"}, {43, "push button"}};
   std::vector<std::vector<WindowHandle>> fetched;  ///< every request
+  Depth depth = Depth::All;                        ///< of the last one
+  std::vector<std::pair<int, int>> pieces;         ///< of children: from, how many
   std::shared_ptr<std::function<void()>> pending;
   bool refuses = false;
 

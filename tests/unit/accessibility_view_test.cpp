@@ -57,6 +57,15 @@ TEST_F(AccessibilityViewTest, TreeIsBuiltWhenTheElementsHaveArrived) {
   EXPECT_FALSE(timer.enabled);
 }
 
+TEST_F(AccessibilityViewTest, NothingInThePageIsAskedForBeforeItsNodeIsOpened) {
+  Render(page);
+  Refresh();
+  EXPECT_EQ(desktop.accessibility.depth, Accessibility::Depth::Top);
+  EXPECT_EQ(page->asked_for_children, 0);
+  tree.Nodes().front()->SetExpanded(true);
+  EXPECT_EQ(page->asked_for_children, 1);
+}
+
 TEST_F(AccessibilityViewTest, AViewThatCannotBeMadeIsReported) {
   Render(page);
   desktop.accessibility.refuses = true;

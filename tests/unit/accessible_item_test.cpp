@@ -117,6 +117,50 @@ TEST_F(AccessibleItemTest, ChildrenStandInTheirOrderSimpleOnesToo) {
   EXPECT_EQ(children[1]->m_vKid, 2);
 }
 
+struct ManyElements : AccessibleItemTest {
+  Ptr list = FakeAccessible::Make("Fruit", 33);
+
+  ManyElements() {
+    for (int i = 1; i <= 300; ++i) list->Add(FakeAccessible::Make(std::to_string(i), 30));
+    explorer.Init(*tree, nullptr, 0, 0, 0);
+    explorer.SetRoot(Item(list));
+  }
+  TreeNode& Root() { return *tree->Nodes().front(); }
+};
+
+TEST_F(ManyElements, ComePieceByPieceInTheirOrder) {
+  Root().SetExpanded(true);
+  EXPECT_EQ(Root().Children(), 32U) << "what the next keys reach is there at once";
+  accessibility.Arrive();
+  EXPECT_EQ(Root().Children(), 96U);
+  for (int i = 0; i < 4; ++i) accessibility.Arrive();
+  ASSERT_EQ(Root().Children(), 300U);
+  for (std::size_t i = 0; i < 300; ++i) {
+    EXPECT_EQ(Root().Child(i).Text(), std::to_string(i + 1) + " link");
+  }
+  EXPECT_THAT(accessibility.pieces,
+              ElementsAre(std::pair(32, 64), std::pair(96, 64), std::pair(160, 64),
+                          std::pair(224, 64), std::pair(288, 64)));
+  EXPECT_EQ(accessibility.pending, nullptr);
+}
+
+TEST_F(ManyElements, ThatCannotBeToldAtOnceAreWaitedFor) {
+  list->slow = true;
+  Root().SetExpanded(true);
+  ASSERT_EQ(Root().Children(), 1U);
+  EXPECT_EQ(Root().Child(0).Text(), "Working...");
+  accessibility.Arrive();
+  EXPECT_EQ(Root().Children(), 64U);
+  EXPECT_EQ(Root().Child(0).Text(), "1 link");
+}
+
+TEST_F(ManyElements, OfATreeThatIsReplacedAreGivenUp) {
+  Root().SetExpanded(true);
+  explorer.SetRoot(Item(FakeAccessible::Make("Other", 33)));
+  accessibility.Arrive();
+  EXPECT_EQ(tree->Nodes().size(), 1U);
+}
+
 TEST_F(AccessibleItemTest, InvisibleChildIsShownOnlyOnRequestWhichIsPassedDown) {
   const Ptr list = FakeAccessible::Make("Fruit", 33);
   const Ptr hidden = list->Add(FakeAccessible::Make("Hidden", 30));

@@ -59,6 +59,13 @@ inline std::shared_ptr<TestItem> Branch(const std::string& text, ExplorerItems c
   return item;
 }
 
+/// So many leaves, called by their numbers from 1.
+inline ExplorerItems Leaves(int count) {
+  ExplorerItems leaves;
+  for (int i = 1; i <= count; ++i) leaves.push_back(Leaf(std::to_string(i)));
+  return leaves;
+}
+
 /// A controller over a tree and a list that the test looks into.
 struct Explorer : ::testing::Test {
   FakeDesktop desktop;

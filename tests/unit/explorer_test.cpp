@@ -1,3 +1,4 @@
+#include "explorer/WaitingItem.h"
 #include "tests/unit/explorer_fixture.h"
 
 namespace corvane::tests {
@@ -76,7 +77,7 @@ TEST_F(Explorer, NodesWithoutAPictureGetTheDefaults) {
 
 TEST_F(Explorer, TreeIsLockedWhileChildrenAreAdded) {
   int locks = -1;
-  auto root = Branch("root", {Leaf("a")});
+  auto root = Branch("root", Leaves(64));
   root->while_building = [&] { locks = tree.locks; };
   int while_adding = -1;
   desktop.on_yield = [&] { while_adding = tree.locks; };
@@ -98,13 +99,42 @@ TEST_F(Explorer, TreeReplacedWhileChildrenAreMadeKeepsTheNewOne) {
 }
 
 TEST_F(Explorer, TreeReplacedBetweenTwoChildrenKeepsTheNewOne) {
-  explorer.SetRoot(Branch("old", {Leaf("a"), Leaf("b"), Leaf("c")}));
+  explorer.SetRoot(Branch("old", Leaves(200)));
   desktop.on_yield = [&, n = 0]() mutable {
     if (++n == 2) explorer.SetRoot(Leaf("new"));
   };
   tree.nodes[0]->SetExpanded(true);
   EXPECT_EQ(explorer.m_ItemCount(), 1U);
   EXPECT_EQ(tree.nodes[0]->text, "new");
+}
+
+TEST_F(Explorer, ChildrenThatComeLaterStandBehindTheFirst) {
+  FakeTreeNode& node = Open(Branch("root", {Leaf("a")}));
+  explorer.AddMoreChildren(node.Id(), {Leaf("b"), Branch("c", {Leaf("d")})});
+  EXPECT_THAT(node.Labels(), ElementsAre("a", "b", "c"));
+  EXPECT_EQ(node.children.at(2)->Labels().size(), 1U) << "it can be opened";
+  explorer.AddMoreChildren(TreeNodeId{987654}, {Leaf("lost")});
+  EXPECT_EQ(tree.Nodes().size(), 5U);
+}
+
+TEST_F(Explorer, WhatStoodForChildrenGoesWhenTheyComeAndTheUserOnItGoesToTheFirst) {
+  FakeTreeNode& node = Open(Branch("root", {std::make_shared<WaitingItem>()}));
+  EXPECT_THAT(node.Labels(), ElementsAre("Working..."));
+  tree.SetSelectedItem(node.children.at(0).get());
+  std::vector<std::string> clicked;
+  const auto listening =
+      tree.NodeClick.Connect([&](TreeNode& each) { clicked.push_back(each.Text()); });
+  explorer.AddMoreChildren(node.Id(), {Leaf("a"), Leaf("b")});
+  EXPECT_THAT(clicked, ElementsAre("a")) << "the user hears it";
+  EXPECT_THAT(node.Labels(), ElementsAre("a", "b"));
+  EXPECT_EQ(tree.SelectedItem(), node.children.at(0).get());
+  EXPECT_EQ(explorer.m_ItemCount(), 3U);
+}
+
+TEST_F(Explorer, NothingStandsForChildrenThatNeverCame) {
+  FakeTreeNode& node = Open(Branch("root", {std::make_shared<WaitingItem>()}));
+  explorer.AddMoreChildren(node.Id(), {});
+  EXPECT_THAT(node.Labels(), IsEmpty());
 }
 
 TEST_F(Explorer, ExtraRootsStandBesideTheRoot) {

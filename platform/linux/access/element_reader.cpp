@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "platform/accessible.h"
+#include "platform/linux/access/bus_answer.h"
 #include "platform/linux/access/element_facts.h"
+#include "platform/linux/access/together.h"
 
 namespace corvane::desktop::reader {
 namespace {
@@ -125,6 +127,51 @@ void ReadChildren(AccessBus& bus, const ElementRef& ref,
       });
     }
   });
+}
+
+namespace {
+
+constexpr const char* kNoElement = "/org/a11y/atspi/null";
+
+std::optional<ElementRef> RefOf(const VariantPtr& reply) {
+  if (!IsOfType(reply, "((so))")) return {};
+  const char* name = nullptr;
+  const char* path = nullptr;
+  g_variant_get(reply.get(), "((&s&o))", &name, &path);
+  if (*name == '\0' || g_str_equal(path, kNoElement)) return {};
+  return ElementRef{name, path};
+}
+
+}  // namespace
+
+// All questions are on their way at once; their number is the caller's.
+void ReadSomeChildren(AccessBus& bus, const ElementRef& ref, int from, int most,
+                      std::function<void(std::optional<std::vector<Element>>)> done) {
+  struct Filling {
+    std::vector<std::optional<Element>> elements;
+    bool answered = false;
+  };
+  const auto filling = std::make_shared<Filling>();
+  filling->elements.resize(static_cast<std::size_t>(std::max(0, most)));
+  const auto all = std::make_shared<Together>([filling, done = std::move(done)] {
+    if (!filling->answered) return done(std::nullopt);
+    std::vector<Element> there;
+    for (auto& element : filling->elements) {
+      if (element) there.push_back(std::move(*element));
+    }
+    done(std::move(there));
+  });
+  for (int i = 0; i < most; ++i) {
+    bus.Call(ref, kAccessibleInterface, "GetChildAtIndex", g_variant_new("(i)", from + i),
+             [&bus, filling, all, i](const VariantPtr& reply) {
+               filling->answered = filling->answered || reply != nullptr;
+               const auto child = RefOf(reply);
+               if (!child) return;
+               ReadElement(bus, *child, [filling, all, i](Element element) {
+                 filling->elements[static_cast<std::size_t>(i)] = std::move(element);
+               });
+             });
+  }
 }
 
 namespace {

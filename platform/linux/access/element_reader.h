@@ -21,6 +21,11 @@ void ReadElement(AccessBus& bus, const ElementRef& ref, std::function<void(Eleme
 void ReadChildren(AccessBus& bus, const ElementRef& ref,
                   std::function<void(std::optional<std::vector<Element>>)> done);
 
+/// At most `most` of them, from number `from` on, counted from 0; the others are not
+/// touched. Nothing when it does not answer.
+void ReadSomeChildren(AccessBus& bus, const ElementRef& ref, int from, int most,
+                      std::function<void(std::optional<std::vector<Element>>)> done);
+
 /// The place of the element above one; nothing when it does not answer.
 void ReadParent(AccessBus& bus, const ElementRef& ref,
                 std::function<void(std::optional<ElementRef>)> done);

@@ -28,6 +28,12 @@ void PostToUser(std::function<void()> run) {
       +[](gpointer data) { delete static_cast<std::function<void()>*>(data); });
 }
 
+std::shared_ptr<const Snapshot> Only(Element element) {
+  auto snapshot = std::make_shared<Snapshot>();
+  snapshot->Add(std::move(element), {});
+  return snapshot;
+}
+
 AtkObject* ElementOf(const WindowTable& windows, WindowHandle window) {
   Gtk::Widget* widget = windows.WidgetOf(window);
   return widget != nullptr ? gtk_widget_get_accessible(widget->gobj()) : nullptr;
@@ -85,6 +91,7 @@ struct LinuxAccessibility::Request {
     std::shared_ptr<const Snapshot> snapshot;
   };
   std::vector<Part> parts;
+  Depth depth = Depth::Top;
   bool desktop = false;                             ///< is asked for, too
   std::optional<std::vector<OtherWindow>> windows;  ///< of other programs
   std::string problem;
@@ -92,11 +99,13 @@ struct LinuxAccessibility::Request {
   std::shared_ptr<std::atomic<bool>> cancelled = std::make_shared<std::atomic<bool>>(false);
   std::function<void()> arrived;  // tells the user's thread
 
+  static void LeaveAlone(Part& part);
   // Reads one part after the other.
   static void ReadFrom(std::size_t index, const std::shared_ptr<Request>& request, AccessBus& bus) {
     if (*request->cancelled) return;
     if (index == request->parts.size()) return ReadDesktop(request, bus);
     auto& part = request->parts[index];
+    if (part.snapshot) return ReadFrom(index + 1, request, bus);
     if (part.root) return ReadPart(index, request, bus);
     reader::FindDocument(bus, part.plug, [=, &bus, &part](std::optional<ElementRef> root) {
       part.root = root;
@@ -106,6 +115,12 @@ struct LinuxAccessibility::Request {
   }
   static void ReadPart(std::size_t index, const std::shared_ptr<Request>& request, AccessBus& bus) {
     auto& part = request->parts[index];
+    if (request->depth == Depth::Top) {
+      return reader::ReadElement(bus, *part.root, [=, &bus, &part](Element top) {
+        part.snapshot = Only(std::move(top));
+        ReadFrom(index + 1, request, bus);
+      });
+    }
     reader::ReadTree(bus, *part.root, request->cancelled,
                      [=, &bus, &part](std::shared_ptr<const Snapshot> snapshot) {
                        part.snapshot = std::move(snapshot);
@@ -120,6 +135,17 @@ struct LinuxAccessibility::Request {
     });
   }
 };
+
+// From the first question on, the engine makes an element of everything in a page, and
+// tells the bus of each when the page is left: seconds for a page of many thousands.
+void LinuxAccessibility::Request::LeaveAlone(Part& part) {
+  Element page;
+  page.ref = part.plug;
+  page.role = kRoleDocument;
+  page.child_count = 1;  // or more, or none: that is asked when they are wanted
+  part.root = part.plug;
+  part.snapshot = Only(std::move(page));
+}
 
 LinuxAccessibility::LinuxAccessibility(WindowTable& windows)
     : windows_(windows),
@@ -136,9 +162,10 @@ LinuxAccessibility::~LinuxAccessibility() {
   family_.reset();
 }
 
-Connection LinuxAccessibility::Fetch(const std::vector<WindowHandle>& windows,
+Connection LinuxAccessibility::Fetch(const std::vector<WindowHandle>& windows, Depth depth,
                                      std::function<void()> done) {
   auto request = std::make_shared<Request>();
+  request->depth = depth;
   request->done = std::move(done);
   for (const WindowHandle window : windows) {
     if (window == 0) request->desktop = true;
@@ -148,7 +175,9 @@ Connection LinuxAccessibility::Fetch(const std::vector<WindowHandle>& windows,
     }
     const auto plug = PlugOf(ElementOf(windows_, window));
     trees_.erase(window);
-    if (plug) request->parts.push_back({window, *plug, {}, nullptr});
+    if (!plug) continue;
+    request->parts.push_back({window, *plug, {}, nullptr});
+    if (depth == Depth::Top) Request::LeaveAlone(request->parts.back());
   }
   request->arrived = [weak = std::weak_ptr(request), self = std::weak_ptr(self_)] {
     PostToUser([request = weak.lock(), self] {
@@ -164,6 +193,26 @@ Connection LinuxAccessibility::Fetch(const std::vector<WindowHandle>& windows,
     });
   });
   return Connection([cancelled = request->cancelled] { *cancelled = true; });
+}
+
+Connection LinuxAccessibility::FetchChildren(
+    const AccessiblePtr& parent, int from, int most,
+    std::function<void(const std::vector<AccessibleElement>&)> done) {
+  const auto cancelled = std::make_shared<std::atomic<bool>>(false);
+  const auto tell = [cancelled, self = std::weak_ptr(self_),
+                     done = std::move(done)](std::vector<AccessibleElement> children) {
+    PostToUser([=, children = std::move(children)] {
+      if (!self.expired() && !*cancelled) done(children);
+    });
+  };
+  if (const auto remote = std::dynamic_pointer_cast<const RemoteAccessible>(parent)) {
+    remote->ReadChildren(from, most, tell);
+  } else {
+    auto children = parent ? parent->Children(from + most) : std::vector<AccessibleElement>();
+    children.erase(children.begin(), std::min(children.begin() + from, children.end()));
+    tell(std::move(children));
+  }
+  return Connection([cancelled] { *cancelled = true; });
 }
 
 void LinuxAccessibility::Finish(const std::shared_ptr<Request>& request) {
@@ -185,6 +234,7 @@ void LinuxAccessibility::Finish(const std::shared_ptr<Request>& request) {
     tree->snapshot = part.snapshot;
     tree->window = part.window;
     tree->root = *part.root;
+    tree->is_plug = *part.root == part.plug;
     tree->host = std::make_shared<LocalAccessible>(family_, socket);
     tree->coordinates = reader::Coordinates::Window;
     tree->origin = [window = part.window, self = std::weak_ptr(self_)] {
@@ -214,11 +264,9 @@ std::shared_ptr<const RemoteTree> LinuxAccessibility::TreeOf(WindowHandle window
   if (known != trees_.end()) return known->second;
   const OtherWindow* other = others_.Find(window);
   if (other == nullptr) return nullptr;
-  auto snapshot = std::make_shared<Snapshot>();
-  snapshot->Add(other->element, {});
   auto tree = std::make_shared<RemoteTree>();
   tree->bus = bus_;
-  tree->snapshot = std::move(snapshot);
+  tree->snapshot = Only(other->element);
   tree->window = window;
   tree->root = other->element.ref;
   tree->host = std::make_shared<DesktopObject>(family_);

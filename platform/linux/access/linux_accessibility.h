@@ -23,7 +23,11 @@ class LinuxAccessibility : public Accessibility {
   explicit LinuxAccessibility(WindowTable& windows);
   ~LinuxAccessibility() override;
 
-  Connection Fetch(const std::vector<WindowHandle>& windows, std::function<void()> done) override;
+  Connection Fetch(const std::vector<WindowHandle>& windows, Depth depth,
+                   std::function<void()> done) override;
+  Connection FetchChildren(
+      const AccessiblePtr& parent, int from, int most,
+      std::function<void(const std::vector<AccessibleElement>&)> done) override;
   AccessiblePtr ObjectFromWindow(WindowHandle window, std::int32_t id) override;
   AccessibleElement ObjectFromPoint(ScreenPoint point) override;
   ScreenPoint CursorPos() const override;

@@ -1,5 +1,6 @@
 #include "platform/linux/access/remote_accessible.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/text.h"
@@ -19,23 +20,54 @@ constexpr const char* kComponent = "org.a11y.atspi.Component";
 }  // namespace
 
 std::vector<AccessibleElement> RemoteAccessible::Children(int most) const {
-  std::optional<std::vector<Element>> elements;
-  const bool known = tree_->snapshot->Find(element_.ref) != nullptr;
-  if (!known || element_.child_count <= kReadAnew) {
+  auto fetched = tree_->snapshot->Children(element_.ref);
+  if (element_.child_count <= kReadAnew || fetched.empty()) {
     using Answer = std::optional<std::vector<Element>>;
+    const bool few = !IsUnread() && element_.child_count <= kReadAnew;
     auto answer = tree_->bus->Ask<Answer>(
-        [bus = tree_->bus.get(), ref = element_.ref](std::function<void(Answer)> done) {
-          reader::ReadChildren(*bus, ref, std::move(done));
+        [self = shared_from_this(), few, most](std::function<void(Answer)> done) {
+          self->Find([self, few, most, done](const std::optional<ElementRef>& ref) {
+            if (!ref) return done({});
+            if (few) return reader::ReadChildren(*self->tree_->bus, *ref, done);
+            reader::ReadSomeChildren(*self->tree_->bus, *ref, 0, std::min(most, kReadAnew), done);
+          });
         });
-    if (answer) elements = std::move(*answer);
+    if (answer && *answer) fetched = std::move(**answer);
   }
-  if (!elements) elements = tree_->snapshot->Children(element_.ref);
-  std::vector<AccessibleElement> children;
-  for (auto& element : *elements) {
-    if (static_cast<int>(children.size()) >= most) break;
-    children.push_back({std::make_shared<RemoteAccessible>(tree_, std::move(element)), {}});
+  if (fetched.size() > static_cast<std::size_t>(most)) {
+    fetched.resize(static_cast<std::size_t>(most));
   }
-  return children;
+  return Objects(std::move(fetched));
+}
+
+void RemoteAccessible::ReadChildren(
+    int from, int most, std::function<void(std::vector<AccessibleElement>)> done) const {
+  tree_->bus->Post([self = shared_from_this(), from, most, done = std::move(done)] {
+    self->tree_->bus->Connect([self, from, most, done](const std::string& problem) {
+      if (!problem.empty()) return done({});
+      self->Find([self, from, most, done](const std::optional<ElementRef>& ref) {
+        if (!ref) return done({});
+        reader::ReadSomeChildren(
+            *self->tree_->bus, *ref, from, most,
+            [self, done](std::optional<std::vector<Element>> read) {
+              done(read ? self->Objects(std::move(*read)) : std::vector<AccessibleElement>());
+            });
+      });
+    });
+  });
+}
+
+void RemoteAccessible::Find(std::function<void(std::optional<ElementRef>)> found) const {
+  if (!IsUnread()) return found(element_.ref);
+  reader::FindDocument(*tree_->bus, element_.ref, std::move(found));
+}
+
+std::vector<AccessibleElement> RemoteAccessible::Objects(std::vector<Element> elements) const {
+  std::vector<AccessibleElement> objects;
+  for (auto& element : elements) {
+    objects.push_back({std::make_shared<RemoteAccessible>(tree_, std::move(element)), {}});
+  }
+  return objects;
 }
 
 AccessiblePtr RemoteAccessible::At(ScreenPoint point) const {
@@ -112,11 +144,15 @@ ScreenRect RemoteAccessible::OwnLocation() const {
 }
 
 void RemoteAccessible::OwnSelect(int flags) {
-  tree_->bus->Post([bus = tree_->bus.get(), ref = element_.ref, flags] {
-    if ((flags & kSelectTakeFocus) != 0) {
-      bus->Call(ref, kComponent, "GrabFocus", nullptr, [](const VariantPtr&) {});
-    }
-    if (ChangesSelection(flags)) SelectOnBus(*bus, ref, flags);
+  tree_->bus->Post([self = shared_from_this(), flags] {
+    self->Find([self, flags](const std::optional<ElementRef>& ref) {
+      if (!ref) return;
+      AccessBus& bus = *self->tree_->bus;
+      if ((flags & kSelectTakeFocus) != 0) {
+        bus.Call(*ref, kComponent, "GrabFocus", nullptr, [](const VariantPtr&) {});
+      }
+      if (ChangesSelection(flags)) SelectOnBus(bus, *ref, flags);
+    });
   });
 }
 

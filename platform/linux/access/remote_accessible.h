@@ -17,6 +17,9 @@ struct RemoteTree {
   std::shared_ptr<const Snapshot> snapshot;
   WindowHandle window = 0;
   ElementRef root;
+  /// The root is what a page's process has put into a window: the page's document, which
+  /// stands for it, lies in there and has not been looked for.
+  bool is_plug = false;
   AccessiblePtr host;  ///< the element that the tree hangs in
   /// How elements are asked for their place. A page's are in their window: to know
   /// it on the screen, the page's process would have to ask us, who wait.
@@ -28,8 +31,8 @@ struct RemoteTree {
 /// An element of another process. Texts, role and state are those of the time
 /// when it was read. A few children are read anew when they are asked for, if
 /// their program answers while the user does not notice; otherwise, and when
-/// there are many, they are those that were fetched.
-class RemoteAccessible : public WholeObject {
+/// there are many, they are those that were fetched, or the first few if none were.
+class RemoteAccessible : public WholeObject, public std::enable_shared_from_this<RemoteAccessible> {
  public:
   RemoteAccessible(std::shared_ptr<const RemoteTree> tree, Element element)
       : tree_(std::move(tree)), element_(std::move(element)) {}
@@ -39,10 +42,18 @@ class RemoteAccessible : public WholeObject {
   AccessiblePtr Parent() const override;
   WindowHandle Window() const override { return tree_->window; }
 
+  /// Reads at most `most` children from number `from` on; `done` is called on the bus's
+  /// thread.
+  void ReadChildren(int from, int most,
+                    std::function<void(std::vector<AccessibleElement>)> done) const;
   /// The innermost element at a point of the screen; null for none.
   AccessiblePtr At(ScreenPoint point) const;
 
  private:
+  bool IsUnread() const { return tree_->is_plug && element_.ref == tree_->root; }
+  /// Finds the element on the bus that answers for this one; on the bus's thread.
+  void Find(std::function<void(std::optional<ElementRef>)> found) const;
+  std::vector<AccessibleElement> Objects(std::vector<Element> elements) const;
   std::string OwnText(AccessibleText which) const override;
   int OwnRole() const override { return element_.role; }
   std::uint32_t OwnState() const override { return element_.state; }

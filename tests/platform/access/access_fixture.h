@@ -56,7 +56,8 @@ class AccessTest : public testing::Test {
   }
   void FetchOnce() {
     bool done = false;
-    const auto fetching = accessibility_->Fetch({browser_->hwnd()}, [&] { done = true; });
+    const auto fetching =
+        accessibility_->Fetch({browser_->hwnd()}, Accessibility::Depth::All, [&] { done = true; });
     EXPECT_TRUE(WaitUntil([&] { return done; })) << "never fetched";
   }
 

@@ -104,7 +104,8 @@ TEST_F(AccessBusTest, OwnWindowsNeedNoBus) {
 TEST_F(AccessBusTest, ProgramEndsWhileARequestIsUnderWay) {
   server_.Page("/page.html", "<title>Page</title><p>Text");
   Go(server_.Url("/page.html"));
-  auto fetching = accessibility_->Fetch({browser_->hwnd()}, [] { ADD_FAILURE() << "done"; });
+  auto fetching = accessibility_->Fetch({browser_->hwnd()}, Accessibility::Depth::All,
+                                        [] { ADD_FAILURE() << "done"; });
   accessibility_.reset();
 }
 

@@ -43,7 +43,8 @@ class OtherPrograms : public AccessTest {
   void FetchDesktop() { Fetch(0); }
   void Fetch(WindowHandle window) {
     bool done = false;
-    const auto fetching = accessibility_->Fetch({window}, [&] { done = true; });
+    const auto fetching =
+        accessibility_->Fetch({window}, Accessibility::Depth::All, [&] { done = true; });
     ASSERT_TRUE(WaitUntil([&] { return done; }));
   }
   std::vector<WindowHandle> Windows(const std::string& title) {

@@ -112,6 +112,47 @@ TEST_F(PageElements, TextOfThePageIsItsLeaves) {
   EXPECT_EQ(text, "The news.\r\nNothing happened..\r\nAda.\r\n");
 }
 
+TEST_F(PageElements, APageThatIsNotOpenedIsNotAskedAnything) {
+  server_.Page("/page.html", "<!doctype html><title>Elements</title><p>One<p>Two<p>Three");
+  Go(server_.Url("/page.html"));
+  AccessiblePtr page;
+  ASSERT_TRUE(WaitUntil([&] {
+    bool done = false;
+    const auto fetching =
+        accessibility_->Fetch({browser_->hwnd()}, Accessibility::Depth::Top, [&] { done = true; });
+    EXPECT_TRUE(WaitUntil([&] { return done; }));
+    page = accessibility_->ObjectFromWindow(browser_->hwnd(), kObjectClient);
+    return page != nullptr;
+  }));
+  EXPECT_EQ(page->Role({}), kRoleDocument);
+  EXPECT_EQ(page->Text(AccessibleText::Name, {}), "") << "its title was not asked for";
+  EXPECT_GT(page->ChildCount(), 0);
+  std::vector<std::string> names;
+  const auto read = [&](int from, int most) {
+    bool done = false;
+    names.clear();
+    const auto fetching = accessibility_->FetchChildren(page, from, most, [&](const auto& some) {
+      for (const auto& each : some) names.push_back(each.object->Text(AccessibleText::Name, {}));
+      done = true;
+    });
+    EXPECT_TRUE(WaitUntil([&] { return done; }));
+  };
+  read(0, 2);
+  EXPECT_THAT(names, ::testing::ElementsAre("One", "Two"));
+  read(2, 2);
+  EXPECT_THAT(names, ::testing::ElementsAre("Three"));
+  read(3, 2);
+  EXPECT_THAT(names, IsEmpty());
+  read(0, 2);
+  bool given_up = true;
+  {
+    const auto fetching =
+        accessibility_->FetchChildren(page, 0, 2, [&](const auto&) { given_up = false; });
+  }
+  read(0, 2);
+  EXPECT_TRUE(given_up);
+}
+
 TEST_F(PageElements, ChildrenAreThoseOfTheMomentWhenTheyAreAskedFor) {
   const auto page = Show(R"(<div role=list id=l aria-label=Fruit><p>Apple</p><p>Pear</p></div>)");
   const auto list = Named(page, "Fruit");
@@ -168,7 +209,8 @@ TEST_F(PageElements, RequestThatIsGivenUpIsNeverDone) {
   Show("<p>Some text</p>");
   bool done = false;
   {
-    const auto fetching = accessibility_->Fetch({browser_->hwnd()}, [&] { done = true; });
+    const auto fetching =
+        accessibility_->Fetch({browser_->hwnd()}, Accessibility::Depth::All, [&] { done = true; });
   }
   FetchOnce();
   EXPECT_FALSE(done);
