@@ -81,12 +81,9 @@ def elements(build, base, count):
         browser.wait_spoken(f"{count} links")
         time.sleep(1)
         press("Tab", "shift+Tab")
-        browser.forget_stalls()
-        press("Escape")  # the elements are fetched anew
-        browser.wait_spoken(f"{root} Sidebar Item")
+        opened, stall = opening(browser, f"{root} Opened")
         time.sleep(15)  # no word tells that the last of them has come
-        fetching = browser.longest_stall()
-        return *opening(browser, f"{root} Opened"), fetching
+        return opened, stall, browser.longest_stall()
     finally:
         browser.end()
 
@@ -99,10 +96,10 @@ def rows(build, base, runs=2):
     time_of, stall = folder(build, base, 100_000)
     yield ("tree: open a folder of 100,000 favorites (longest stall)", f"{time_of:.0f} ms ({stall or 0:.0f} ms)",
            "stall 50 ms")
-    opened, stall, fetching = elements(build, base, 10_000)
-    yield ("tree: accessible elements of a page with 10,000 links: longest stall while 20,000 nodes are fetched",
-           f"{fetching or 0:.0f} ms", "50 ms")
-    yield ("tree: open its 10,000 first nodes (longest stall)", f"{opened:.0f} ms ({stall or 0:.0f} ms)", "300 ms")
+    opened, stall, coming = elements(build, base, 10_000)
+    yield ("tree: open the accessible elements of a page with 10,000 links (longest stall)",
+           f"{opened:.0f} ms ({stall or 0:.0f} ms)", "300 ms")
+    yield ("tree: longest stall while the 10,000 of them come", f"{coming or 0:.0f} ms", "50 ms")
     for count in (10_000, 50_000):
         pages = [links(build, base, count) for _ in range(runs)]
         yield (f"tree: first level of the structure of a page with {count} links, median",
