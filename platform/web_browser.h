@@ -6,6 +6,7 @@
 
 #include "platform/control.h"
 #include "platform/html_document.h"
+#include "platform/page_text.h"
 #include "platform/page_words.h"
 
 namespace corvane {
@@ -81,6 +82,17 @@ class WebBrowser : public Control {
   /// all when it has been told since the page was asked about first.
   virtual void TellFocus() = 0;
 
+  /// Has the present page's text put together as it is now, with its elements in it, and
+  /// hands it on: null where there is none. Comes later, or never: when the page is left
+  /// or hangs, when it is asked for again, once the connection has been let go.
+  [[nodiscard]] virtual Connection DescribeText(
+      std::function<void(const PageTextPtr&)> described) = 0;
+  /// What the user does with an element that the page's text holds. Use is a click:
+  /// whatever the page makes of it. Enter gives the page the focus, and in it the
+  /// element. Show scrolls the page there and moves no focus. Nothing where it is gone.
+  enum class ElementUse { Use, Enter, Show };
+  virtual void UseElement(const PageElement& element, ElementUse use) = 0;
+
   /// A page has opened this control for a page of its own, which comes by itself:
   /// the control is not to be sent anywhere at its start.
   virtual bool OpenedByPage() const = 0;
@@ -102,6 +114,9 @@ class WebBrowser : public Control {
   Event<const std::string&> Announcement;
   /// The user has been led to another place in the page, also by a link in it.
   Event<const PagePlace&> PlaceReached;
+  /// The user has pressed Escape in an element of the page (number 0: in none), and the
+  /// page had no use for it.
+  Event<const PageElement&> LeftElement;
   /// The page says something by itself. Only while the user is in its window.
   Event<const PageWords&> PageSays;
   /// A page, and with it the user, opens a window. The next control that is made

@@ -46,6 +46,14 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
     return Connection([mine = describing] { *mine = nullptr; });
   }
   void TellFocus() override { ++focus_asked; }
+  Connection DescribeText(std::function<void(const PageTextPtr&)> done) override {
+    describing_text = std::make_shared<std::function<void(const PageTextPtr&)>>(std::move(done));
+    return Connection([mine = describing_text] { *mine = nullptr; });
+  }
+  void UseElement(const PageElement& element, ElementUse use) override {
+    static constexpr const char* kUses[] = {"Use ", "Enter ", "Show "};
+    Note(kUses[static_cast<int>(use)] + std::to_string(element.number));
+  }
   bool OpenedByPage() const override { return opened_by_page; }
   bool MayClose() override {
     Note("MayClose");
@@ -56,6 +64,12 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   void Described(const HTMLDocumentPtr& page) {
     const auto wanted = std::exchange(describing, nullptr);
     if (wanted && *wanted) (*wanted)(page);
+  }
+
+  /// The same for its text; nothing happens when it is not asked for.
+  void TextDescribed(const PageTextPtr& text) {
+    const auto wanted = std::exchange(describing_text, nullptr);
+    if (wanted && *wanted) (*wanted)(text);
   }
 
   /// The page begins to load.
@@ -83,6 +97,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   HTMLDocumentPtr document;
   bool describes_later = false;  ///< descriptions wait for Described
   std::shared_ptr<std::function<void(const HTMLDocumentPtr&)>> describing;
+  std::shared_ptr<std::function<void(const PageTextPtr&)>> describing_text;
 
  private:
   void Note(const std::string& call) {

@@ -79,6 +79,8 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
                             [this](const PagePlace& place) { listener_.place(place); }})),
       live_(std::make_unique<LiveRegions>(
           view_.get(), [this](const PageWords& words) { listener_.page_says(words); })),
+      text_(std::make_unique<TextReader>(
+          view_.get(), [this](const PageElement& element) { listener_.left(element); })),
       keys_(std::make_unique<PageKeys>(view_.get(), KeysHost(), engine.Options().hang.keys)),
       closing_(
           view_.get(), [this] { listener_.close(); }, [this] { return dialog_open_; }),
@@ -112,6 +114,7 @@ EngineView::~EngineView() {
   g_signal_handlers_disconnect_by_data(view_.get(), this);
   changes_.reset();
   live_.reset();
+  text_.reset();
   keys_.reset();
   requests_.reset();  // takes back what is asked
   find_.reset();
@@ -357,6 +360,29 @@ Connection EngineView::Describe(std::function<void(const HTMLDocumentPtr&)> desc
     if (*wanted) described(document ? document : document_);
   });
   return Connection([wanted] { *wanted = false; });
+}
+
+Connection EngineView::DescribeText(std::function<void(const PageTextPtr&)> described) {
+  auto wanted = std::make_shared<bool>(true);
+  text_->Read([wanted, described = std::move(described)](const PageTextPtr& text) {
+    if (*wanted) described(text);
+  });
+  return Connection([wanted] { *wanted = false; });
+}
+
+void EngineView::UseElement(const PageElement& element, WebBrowser::ElementUse use) {
+  switch (use) {
+    case WebBrowser::ElementUse::Use:
+      requests_->UserActed();
+      watchdog_.WatchSoon();
+      return text_->Use(element);
+    case WebBrowser::ElementUse::Enter:
+      return text_->Focus(element, [weak = std::weak_ptr(self_)] {
+        if (const auto alive = weak.lock()) gtk_widget_grab_focus(GTK_WIDGET((*alive)->View()));
+      });
+    case WebBrowser::ElementUse::Show:
+      return text_->Show(element);
+  }
 }
 
 void EngineView::FinishReading(HTMLDocumentPtr document) {

@@ -15,6 +15,7 @@
 #include "platform/linux/web/page/live_regions.h"
 #include "platform/linux/web/page/page_changes.h"
 #include "platform/linux/web/page/page_reader.h"
+#include "platform/linux/web/page/text_reader.h"
 #include "platform/linux/web/page_closing.h"
 #include "platform/linux/web/page_keys.h"
 #include "platform/linux/web/page_leaving.h"
@@ -48,6 +49,8 @@ class EngineView {
     std::function<void(const PagePlace&)> place = [](const auto&) {};
     /// Words of the page's own, which it says by itself.
     std::function<void(const PageWords&)> page_says = [](const auto&) {};
+    /// The user wants to leave an element of the page for its place in the text.
+    std::function<void(const PageElement&)> left = [](const auto&) {};
   };
 
   /// `opener`: the view whose page opens this one; null for a view of its own.
@@ -83,6 +86,9 @@ class EngineView {
   HTMLDocumentPtr Document() const { return document_; }
   Connection Describe(std::function<void(const HTMLDocumentPtr&)> described);
   void TellFocus() { reader_->TellFocus(); }
+  /// As WebBrowser's.
+  Connection DescribeText(std::function<void(const PageTextPtr&)> described);
+  void UseElement(const PageElement& element, WebBrowser::ElementUse use);
   /// Whether keys that are typed now go into a field whose text is hidden.
   bool InPassword() const;
 
@@ -126,6 +132,7 @@ class EngineView {
   std::unique_ptr<FindInPage> find_;
   std::unique_ptr<PageChanges> changes_;
   std::unique_ptr<LiveRegions> live_;
+  std::unique_ptr<TextReader> text_;
   std::unique_ptr<PageKeys> keys_;
   PageClosing closing_;
   Watchdog watchdog_;

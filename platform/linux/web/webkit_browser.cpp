@@ -19,7 +19,8 @@ WebKitBrowser::WebKitBrowser(const std::string& name, WebEngine& engine, WindowT
       [this](const PagePlace& place) { PlaceReached.Raise(place); },
       [this](const PageWords& words) {
         if (IsInFront()) PageSays.Raise(words);
-      }};
+      },
+      [this](const PageElement& element) { LeftElement.Raise(element); }};
   if (view_) {
     // When there is somebody who listens.
     take_over_.Start(0, [this, listener] { view_->TakeOver(listener); });

@@ -36,6 +36,12 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
     return view_->Describe(std::move(described));
   }
   void TellFocus() override { view_->TellFocus(); }
+  Connection DescribeText(std::function<void(const PageTextPtr&)> described) override {
+    return view_->DescribeText(std::move(described));
+  }
+  void UseElement(const PageElement& element, ElementUse use) override {
+    view_->UseElement(element, use);
+  }
   /// Whether keys that are typed now go into a field whose text is hidden.
   bool InPassword() const { return view_->InPassword(); }
   bool OpenedByPage() const override { return view_->OpenedByPage(); }

@@ -72,6 +72,17 @@ void MeasurePage(const char* name, const std::string& page) {
   reader.Read([&](const HTMLDocumentPtr&) { read = true; });
   WaitUntil([&] { return read; });
   const double again = Now();
+  const double text_asked = Now();
+  meter.Reset();
+  std::size_t spans = 0;
+  bool has_text = false;
+  const Connection asking = view->DescribeText([&](const PageTextPtr& described) {
+    spans = described ? described->spans.size() : 0;
+    has_text = true;
+  });
+  WaitUntil([&] { return has_text; });
+  std::printf("{\"text\": \"%s\", \"spans\": %zu, \"text_ms\": %.1f, \"text_stall_ms\": %.1f}\n",
+              name, spans, Now() - text_asked, meter.Longest());
   std::printf(
       "{\"page\": \"%s\", \"links\": %zu, \"text_bytes\": %zu, \"load_ms\": %.1f, "
       "\"finished_to_document_ms\": %.1f, \"longest_stall_ms\": %.1f, "

@@ -304,6 +304,29 @@
     }, 0);
   };
 
+  const placeOfLink = (element) => {
+    try {
+      return element instanceof HTMLAnchorElement ? placeIn(element.href) : null;
+    } catch {
+      return null;  // an address that is none
+    }
+  };
+  // Watches what follows `work`, which the program does with an element for its user.
+  const act = (element, work) => {
+    action?.end();
+    action = new Action(element.localName === 'summary' ? element.parentElement : element);
+    const place = placeOfLink(element);
+    let click = null;
+    const notice = (event) => { click = event; };
+    window.addEventListener('click', notice, {capture: true, passive: true});
+    work();
+    window.removeEventListener('click', notice, {capture: true});
+    if (place === null) return;
+    setTimeout(() => {
+      if (click && !click.defaultPrevented) tellPlace(place);
+    }, 0);
+  };
+
   // Goes to a place in this page as the link that leads there would.
   const jump = (address) => {
     const link = globalThis.corvane?.findLink?.(address);
@@ -342,5 +365,5 @@
     if (!writes && (event.key === 'Enter' || event.key === ' ')) acted(event);
   }, {capture: true, passive: true});
 
-  Object.defineProperty(globalThis, 'corvaneChanges', {value: Object.freeze({filled, jump})});
+  Object.defineProperty(globalThis, 'corvaneChanges', {value: Object.freeze({filled, jump, act})});
 })();

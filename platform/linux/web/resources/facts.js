@@ -318,31 +318,40 @@
   // --- all of it --------------------------------------------------------------------
 
   const CELLS = /^(cell|gridcell|columnheader|rowheader)$/;
-  const factsOf = (element) => {
-    const role = roleOf(element);
-    const name = nameOf(element);
-    const [place, size] = placeOf(element, role);
-    const [row, column] = CELLS.test(role) ? cellPlace(element) : [0, 0];
-    const facts = {
-      number: numberOf(element), role, name, kind: short(attribute(element, 'aria-roledescription')),
-      checked: checkedOf(element, role), pressed: one(attribute(element, 'aria-pressed'), THREE),
-      expanded: expandedOf(element, role), selected: selectedOf(element, role),
-      popup: popupOf(element), current: one(attribute(element, 'aria-current'), CURRENT),
-      sort: sortOf(element), required: isRequired(element),
-      invalid: isInvalid(element), disabled: isDisabled(element), readonly: isReadOnly(element),
-      multiple: element instanceof HTMLSelectElement ? element.multiple
-        : attribute(element, 'aria-multiselectable') === 'true',
-      lines: element instanceof HTMLTextAreaElement || attribute(element, 'aria-multiline') === 'true',
-      vertical: attribute(element, 'aria-orientation') === 'vertical' && /^(slider|separator)$/.test(role),
-      level: levelOf(element, role), place, size, row, column, value: valueFor(element, role),
-      error: errorOf(element), description: descriptionOf(element, name), groups: groupsOf(element),
-    };
+  // Without what does not hold.
+  const known = (facts) => {
     for (const key of Object.keys(facts)) {
       const value = facts[key];
       if (value === '' || value === false || value === 0 || value.length === 0) delete facts[key];
     }
     return facts;
   };
+  // What it is by itself, wherever it lies.
+  const ownFacts = (element, role, name) => ({
+    number: numberOf(element), role, name, kind: short(attribute(element, 'aria-roledescription')),
+    checked: checkedOf(element, role), pressed: one(attribute(element, 'aria-pressed'), THREE),
+    expanded: expandedOf(element, role), selected: selectedOf(element, role),
+    popup: popupOf(element), current: one(attribute(element, 'aria-current'), CURRENT),
+    required: isRequired(element), invalid: isInvalid(element), disabled: isDisabled(element),
+    readonly: isReadOnly(element), value: valueFor(element, role),
+  });
+  const factsOf = (element) => {
+    const role = roleOf(element);
+    const name = nameOf(element);
+    const [place, size] = placeOf(element, role);
+    const [row, column] = CELLS.test(role) ? cellPlace(element) : [0, 0];
+    return known({
+      ...ownFacts(element, role, name), sort: sortOf(element),
+      multiple: element instanceof HTMLSelectElement ? element.multiple
+        : attribute(element, 'aria-multiselectable') === 'true',
+      lines: element instanceof HTMLTextAreaElement || attribute(element, 'aria-multiline') === 'true',
+      vertical: attribute(element, 'aria-orientation') === 'vertical' && /^(slider|separator)$/.test(role),
+      level: levelOf(element, role), place, size, row, column,
+      error: errorOf(element), description: descriptionOf(element, name), groups: groupsOf(element),
+    });
+  };
+  // The part of it that is quick to find, for many elements at once.
+  const briefFactsOf = (element, role, name) => known(ownFacts(element, role, name));
 
-  Object.defineProperty(globalThis, 'corvaneFacts', {value: Object.freeze({factsOf})});
+  Object.defineProperty(globalThis, 'corvaneFacts', {value: Object.freeze({factsOf, briefFactsOf, sizeOfTable})});
 })();

@@ -1,0 +1,88 @@
+#include "platform/linux/web/page/text_reader.h"
+
+#include <gio/gio.h>
+
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <utility>
+
+#include "platform/linux/web/page/text_record.h"
+
+namespace corvane::desktop {
+namespace {
+
+/// Nothing that a page sends may be longer.
+constexpr std::size_t kLongestText = 256 * 1024 * 1024;
+/// Longer ones are taken apart on a worker thread.
+constexpr std::size_t kShortText = 64 * 1024;
+
+struct Job {
+  std::string text;
+  PageTextPtr page;
+  TextReader::Done done;
+};
+
+void RunJob(GTask* task, gpointer, gpointer data, GCancellable*) {
+  auto* job = static_cast<Job*>(data);
+  job->page = ParsePageText(job->text);
+  g_task_return_boolean(task, TRUE);
+}
+
+void OnJobDone(GObject*, GAsyncResult* result, gpointer) {
+  const auto* job = static_cast<Job*>(g_task_get_task_data(G_TASK(result)));
+  job->done(job->page);
+}
+
+std::string Call(const char* function, const PageElement& element) {
+  return std::string("corvaneTextUse.") + function + "(" + nlohmann::json(element.document).dump() +
+         ", " + std::to_string(element.number) + ")";
+}
+
+}  // namespace
+
+TextReader::TextReader(WebKitWebView* view, std::function<void(const PageElement&)> left)
+    : view_(view),
+      left_(std::move(left)),
+      script_(webkit_web_view_get_user_content_manager(view),
+              std::vector{"text_writer.js", "text.js", "text_use.js"}, "corvaneText",
+              [this](const std::string& kind, const std::string& text) { Receive(kind, text); }) {}
+
+void TextReader::Receive(const std::string& kind, const std::string& text) {
+  if (kind != "escape") return;
+  if (const auto element = ParsePageElement(text)) left_(*element);
+}
+
+void TextReader::Read(Done done) {
+  turn_ = std::make_shared<int>();
+  Evaluate(view_, "corvaneText.describe()", nullptr,
+           [this, turn = std::weak_ptr(turn_), done = std::move(done)](
+               std::optional<std::string> text) {
+             if (!turn.expired()) Received(std::move(text).value_or(""), turn, done);
+           });
+}
+
+void TextReader::Received(std::string text, const std::weak_ptr<int>& turn, const Done& done) {
+  if (text.size() > kLongestText) text.clear();
+  if (text.size() <= kShortText) return done(ParsePageText(text));
+  const auto guarded = [turn, done](const PageTextPtr& page) {
+    if (!turn.expired()) done(page);
+  };
+  GTask* task = g_task_new(nullptr, nullptr, &OnJobDone, nullptr);
+  g_task_set_task_data(task, new Job{std::move(text), nullptr, guarded},
+                       [](gpointer job) { delete static_cast<Job*>(job); });
+  g_task_run_in_thread(task, &RunJob);
+  g_object_unref(task);
+}
+
+void TextReader::Use(const PageElement& element) { ActForUser(view_, Call("use", element)); }
+
+void TextReader::Focus(const PageElement& element, std::function<void()> done) {
+  Evaluate(view_, Call("focus", element), nullptr,
+           [done = std::move(done)](const auto&) { done(); });
+}
+
+void TextReader::Show(const PageElement& element) {
+  Evaluate(view_, Call("show", element), nullptr, [](const auto&) {});
+}
+
+}  // namespace corvane::desktop

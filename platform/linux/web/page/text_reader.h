@@ -1,0 +1,50 @@
+#pragma once
+
+#include <webkit2/webkit2.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/linux/web/page/page_script.h"
+#include "platform/page_text.h"
+
+namespace corvane::desktop {
+
+/// Asks the page that a view shows for its text with its elements, and for what is done
+/// with one of them.
+class TextReader {
+ public:
+  using Done = std::function<void(const PageTextPtr&)>;
+
+  /// `left`: the user has pressed Escape in an element of the page, and the page had no
+  /// use for it.
+  TextReader(WebKitWebView* view, std::function<void(const PageElement&)> left);
+  TextReader(const TextReader&) = delete;
+  TextReader& operator=(const TextReader&) = delete;
+
+  /// Never calls back before it returns; an earlier call that has not called back yet
+  /// never will. Null where there is no such text: a document that runs no scripts, a
+  /// page that is more than can be put together. A page that hangs never answers.
+  void Read(Done done);
+  /// The page is left: what is asked for never comes.
+  void Forget() { turn_.reset(); }
+
+  /// Uses the element as a click of the user would.
+  void Use(const PageElement& element);
+  /// Gives the page's focus to the element, or to what is in it.
+  void Focus(const PageElement& element, std::function<void()> done);
+  /// Scrolls the page so that the element is seen.
+  void Show(const PageElement& element);
+
+ private:
+  void Receive(const std::string& kind, const std::string& text);
+  void Received(std::string text, const std::weak_ptr<int>& turn, const Done& done);
+
+  WebKitWebView* view_;
+  std::function<void(const PageElement&)> left_;
+  PageScript script_;
+  std::shared_ptr<int> turn_;  // the reading under way; alive only while it is wanted
+};
+
+}  // namespace corvane::desktop

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "platform/page_text.h"
+
+namespace corvane::desktop {
+
+/// Reads what the page script wrote of a page's text; null where there is none. As of
+/// records: hostile, nothing is thrown, safe on any thread. No line is longer than a
+/// text view can show.
+PageTextPtr ParsePageText(std::string_view json);
+
+/// The element that a page script names: [document, number].
+std::optional<PageElement> ParsePageElement(std::string_view json);
+
+}  // namespace corvane::desktop

@@ -1,0 +1,114 @@
+// Runs behind text.js and changes.js, in the same script world. It does with an element
+// of the page's text what the program's user wants there.
+'use strict';
+(() => {
+  if (!globalThis.corvaneText || globalThis.corvaneTextUse) return;
+
+  const {documentId, numberOf} = globalThis.corvane.parts;
+  const {isElement, elementAbove} = globalThis.corvaneNames;
+  const DEPTH = 10;
+  const FRAMES = 500;
+
+  // Calls `work` with the element and its own window's scripts, wherever in the page's
+  // frames it lies. Answers whether it is there.
+  const find = (name, number, work) => {
+    const visit = (view, depth) => {
+      if (depth > DEPTH) return false;
+      try {
+        const own = view.corvaneTextUse;  // refused for another origin's window
+        if (own?.documentId === name) return own.withElement(number, work);
+      } catch {
+        // another origin's frame
+      }
+      const count = Math.min(view.length, FRAMES);
+      for (let i = 0; i < count; i++) if (visit(view[i], depth + 1)) return true;
+      return false;
+    };
+    return visit(window, 0);
+  };
+  const withElement = (number, work) => {
+    const element = globalThis.corvaneText.elementOf(number);
+    if (!isElement(element) || !element.isConnected) return false;
+    work(element, own);
+    return true;
+  };
+
+  const isIn = (element, other) => Node.prototype.contains.call(element, other);
+  const focusOn = (element) => {
+    const {focus} = element instanceof SVGElement ? SVGElement.prototype : HTMLElement.prototype;
+    focus.call(element);
+    if (document.activeElement && isIn(element, document.activeElement)) return;
+    const inner = Element.prototype.querySelector.call(element,
+      'a[href], button, input, select, textarea, [tabindex]');
+    if (inner instanceof HTMLElement) HTMLElement.prototype.focus.call(inner);
+  };
+  const clickOn = (element) => {
+    if (element instanceof HTMLElement) return HTMLElement.prototype.click.call(element);
+    return EventTarget.prototype.dispatchEvent.call(element,
+      new MouseEvent('click', {bubbles: true, cancelable: true, composed: true, view: window}));
+  };
+
+  const use = (name, number) => String(find(name, number, (element, its) => its.useOwn(element)));
+  const focus = (name, number) => String(find(name, number, (element, its) => its.focusOwn(element)));
+  const show = (name, number) => String(find(name, number, (element) =>
+    Element.prototype.scrollIntoView.call(element, {block: 'center', behavior: 'instant'})));
+
+  const own = Object.freeze({
+    documentId, withElement, use, focus, show, elementAbove,
+    focusOwn: focusOn,
+    // What follows is watched as if the user had clicked there.
+    useOwn: (element) => {
+      globalThis.corvaneChanges?.act(element, () => {
+        if (!(element instanceof HTMLAnchorElement)) focusOn(element);
+        clickOn(element);
+      });
+    },
+  });
+  Object.defineProperty(globalThis, 'corvaneTextUse', {value: own});
+
+  // --- Escape leads back to the text ---------------------------------------------------
+
+  const channel = globalThis.webkit?.messageHandlers?.corvaneText;
+  const activeOf = (root) => Object.getOwnPropertyDescriptor(
+    (root instanceof Document ? Document : ShadowRoot).prototype, 'activeElement').get.call(root);
+  const active = () => {
+    let element = activeOf(document);
+    while (element?.shadowRoot && activeOf(element.shadowRoot)) element = activeOf(element.shadowRoot);
+    return element;
+  };
+  // What the page shows that an Escape may take away.
+  const signs = () => {
+    const element = active();
+    return [element, element?.value, document.fullscreenElement,
+      document.querySelectorAll(':popover-open, dialog[open]').length];
+  };
+  // The element, or what is nearest around it, that stands in the text.
+  const inText = (element) => {
+    for (let at = element, i = 0; isElement(at) && i < 300; at = elementAbove(at), i++) {
+      const number = numberOf(at);
+      if (globalThis.corvaneText.elementOf(number) === at) return number;
+    }
+    return isElement(element) ? numberOf(element) : 0;
+  };
+
+  // The page has the key first. It has used it when it says so, keeps it from others, or
+  // does anything with it.
+  let reached = null;
+  window.addEventListener('keydown', (event) => {
+    if (!event.isTrusted || event.key !== 'Escape' || event.isComposing) return;
+    if (event.shiftKey || event.ctrlKey || event.altKey || event.metaKey) return;
+    const before = signs();
+    let changes = 0;
+    const observer = new MutationObserver((list) => { changes += list.length; });
+    observer.observe(document, {subtree: true, childList: true, characterData: true, attributes: true});
+    reached = null;
+    setTimeout(() => {
+      changes += observer.takeRecords().length;
+      observer.disconnect();
+      const used = event.defaultPrevented || reached !== event || changes > 0 ||
+        signs().some((each, i) => each !== before[i]);
+      if (!used) channel?.postMessage(`escape\n${JSON.stringify([documentId, inText(before[0])])}`);
+    }, 0);
+  }, {capture: true, passive: true});
+  window.addEventListener('keydown', (event) => { reached = event; }, {passive: true});
+})();

@@ -1,0 +1,185 @@
+// Runs behind facts.js, in the same script world. It puts a page's text together for
+// text.js: what is written becomes lines as the page shows them, and each element's
+// place in them is kept.
+'use strict';
+(() => {
+  if (!globalThis.corvaneFacts || globalThis.corvaneTextWriter) return;
+
+  // A page may be hostile; none of these limits is met by a page for people.
+  const LIMIT = {text: 32000000, spans: 200000, line: 4000, nodes: 3000000, seconds: 5};
+  const FIELDS = 8;  // numbers of one element: see `begin`
+
+  // The count of code points.
+  const characters = (text) => (/[\uD800-\uDFFF]/.test(text)
+    ? globalThis.corvane.parts.characters(text) : text.length);
+  const whole = (text) => (text.isWellFormed() ? text : text.toWellFormed());
+  // Whatever would not stand in a text box as it is.
+  // eslint-disable-next-line no-control-regex
+  const plain = (text) => whole(text.replace(/[\u0000-\u0008\u000B\u000C\u000E-\u001F\u007F]/g, '\uFFFD'));
+
+  class Writer {
+    constructor() {
+      this.parts = [];
+      this.length = 0;  // characters written
+      this.line = 0;    // of them, on the present line
+      this.ends = 0;    // line ends that were written last
+      this.breaks = 0;  // line ends that are due before the next text
+      this.gap = '';    // blanks that are due, unless a line ends
+      this.spans = [];
+      this.waiting = [];  // elements whose first character has not come
+      this.details = [];
+      this.documents = [];
+      this.document = 0;
+      this.nodes = 0;
+      this.until = performance.now() + LIMIT.seconds * 1000;
+      this.gaveUp = false;
+    }
+    // Whether there is more to do; asked once a node.
+    goesOn() {
+      if (++this.nodes % 1024 === 0) {
+        this.gaveUp ||= performance.now() > this.until || this.nodes > LIMIT.nodes ||
+          this.length > LIMIT.text;
+      }
+      return !this.gaveUp;
+    }
+    // What is written until `leave` belongs to the document with that name.
+    enter(name) {
+      const outer = this.document;
+      this.document = this.documents.push(name) - 1;
+      return outer;
+    }
+    leave(outer) {
+      this.document = outer;
+    }
+
+    // An element begins: [kind, first character or -1, length, number, level, more,
+    // document, detail]. `level` and `more` are what the kind has of numbers.
+    begin(kind, number, level = 0, more = 0, detail = null) {
+      const at = this.spans.length;
+      if (at >= LIMIT.spans * FIELDS) return -1;
+      const index = detail === null ? -1 : this.details.push(detail) - 1;
+      this.spans.push(kind, -1, 0, number, level, more, this.document, index);
+      this.waiting.push(at);
+      return at;
+    }
+    // It ends. One that has no text has no place: false.
+    end(at) {
+      if (at < 0) return true;
+      if (this.spans[at + 1] >= 0) {
+        this.spans[at + 2] = this.length - this.spans[at + 1];
+        return true;
+      }
+      while (this.waiting.length > 0 && this.waiting.at(-1) >= at) this.waiting.pop();
+      return false;
+    }
+    isEmpty(at) {
+      return at >= 0 && this.spans[at + 1] < 0;
+    }
+
+    // A block begins or ends: at least so many line ends.
+    lines(count) {
+      this.breaks = Math.max(this.breaks, count);
+    }
+    blank() {
+      if (this.gap === '') this.gap = ' ';
+    }
+    cell() {
+      this.gap = this.gap.startsWith('\t') ? `${this.gap}\t` : '\t';
+    }
+    lineEnd() {
+      this.settle();
+      if (this.length > 0) this.newline();
+    }
+
+    // Text whose blanks are shown as they stand.
+    written(raw) {
+      const text = plain(raw.replace(/\r\n?/g, '\n'));
+      const first = /^\n+/.exec(text)?.[0].length ?? 0;
+      for (let i = 0; i < first; i++) this.lineEnd();
+      if (text.length > first) this.put(text.slice(first));
+    }
+    // Text whose blanks are run together.
+    flowing(raw) {
+      const text = plain(raw).replace(/[ \t\n\r\f]+/g, ' ');
+      if (text === '') return;
+      if (text === ' ') {
+        this.blank();
+        return;
+      }
+      if (text[0] === ' ') this.blank();
+      this.put(text.trim() === text ? text : text.replace(/^ | $/g, ''));
+      if (text.at(-1) === ' ') this.blank();
+    }
+    // The same, but for line ends.
+    flowingLines(raw) {
+      raw.replace(/\r\n?/g, '\n').split('\n').forEach((line, i) => {
+        if (i > 0) {
+          this.gap = '';
+          this.lineEnd();
+        }
+        this.flowing(line);
+      });
+    }
+
+    newline() {
+      this.parts.push('\n');
+      this.length += 1;
+      this.line = 0;
+      this.ends += 1;
+    }
+    settle() {
+      if (this.length > 0) for (let due = this.breaks - this.ends; due > 0; due--) this.newline();
+      if (this.line === 0 || this.breaks > 0) this.gap = '';
+      this.breaks = 0;
+    }
+    put(text) {
+      this.settle();
+      if (this.gap !== '') this.add(this.gap);
+      this.gap = '';
+      for (const at of this.waiting) this.spans[at + 1] = this.length;
+      this.waiting.length = 0;
+      // A text view lays out one very long line for many seconds.
+      let rest = text;
+      while (this.line + rest.length > LIMIT.line) {
+        const room = LIMIT.line - this.line;
+        const end = rest.indexOf('\n');
+        if (end >= 0 && end <= room) {
+          this.add(rest.slice(0, end + 1));
+          rest = rest.slice(end + 1);
+          continue;
+        }
+        let cut = rest.lastIndexOf(' ', room - 1);
+        const blank = cut >= 0;
+        if (!blank) cut = this.line > 0 && rest.length <= LIMIT.line ? 0 : Math.max(room, 0);
+        if (!blank && cut > 0 && /[\uDC00-\uDFFF]/.test(rest[cut] ?? '')) cut -= 1;
+        if (cut > 0) this.add(rest.slice(0, cut));
+        this.newline();
+        rest = rest.slice(blank ? cut + 1 : cut);
+      }
+      if (rest !== '') this.add(rest);
+    }
+    add(text) {
+      this.parts.push(text);
+      const count = characters(text);
+      this.length += count;
+      const end = text.lastIndexOf('\n');
+      this.line = end < 0 ? this.line + count : characters(text.slice(end + 1));
+      this.ends = end === text.length - 1 ? /\n*$/.exec(text)[0].length : 0;
+    }
+
+    // Null where the page was more than can be put together.
+    result() {
+      if (this.gaveUp) return null;
+      const {spans} = this;
+      const list = [];
+      for (let at = 0; at < spans.length; at += FIELDS) {
+        if (spans[at + 1] >= 0 && spans[at + 2] > 0) {
+          for (let i = 0; i < FIELDS; i++) list.push(spans[at + i]);
+        }
+      }
+      return {text: this.parts.join(''), documents: this.documents, spans: list, details: this.details};
+    }
+  }
+
+  Object.defineProperty(globalThis, 'corvaneTextWriter', {value: Writer});
+})();

@@ -1,0 +1,239 @@
+// The text of pages with their elements in it, against the real engine.
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+#include "tests/platform/web/page_harness.h"
+
+namespace corvane::desktop {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Kind = PageSpan::Kind;
+
+class TextTest : public PageTest {
+ protected:
+  void Load(const std::string& content) {
+    server_.Page("/", "<!doctype html><title>A</title>" + content);
+    view_.Go(server_.Url());
+    Read();
+  }
+  void Read() {
+    std::optional<PageTextPtr> answer;
+    const Connection asking =
+        view_->DescribeText([&](const PageTextPtr& text) { answer = text; });
+    ASSERT_TRUE(WaitUntil([&] { return answer.has_value(); }));
+    page_ = *answer;
+    ASSERT_TRUE(page_) << "no text";
+  }
+  std::string Words(const PageSpan& span) const {
+    return text::mid(page_->text, static_cast<std::size_t>(span.start) + 1,
+                     static_cast<std::size_t>(span.length));
+  }
+  std::vector<std::string> All(Kind kind) const {
+    std::vector<std::string> found;
+    for (const PageSpan& span : page_->spans) {
+      if (span.kind == kind) found.push_back(Words(span));
+    }
+    return found;
+  }
+  const PageSpan& First(Kind kind) const {
+    const auto& spans = page_->spans;
+    const auto found = std::find_if(spans.begin(), spans.end(),
+                                    [&](const PageSpan& span) { return span.kind == kind; });
+    static const PageSpan kNone;
+    EXPECT_NE(found, spans.end());
+    return found == spans.end() ? kNone : *found;
+  }
+
+  PageTextPtr page_;
+};
+
+TEST_F(TextTest, HeadingsAndLinksAreFoundAtTheirPlaces) {
+  Load("<h1>Prices</h1><p>See <a href=/a>next week</a> or <a href=/b>next week</a>.</p><h3>End</h3>");
+  EXPECT_EQ(page_->text, "Prices\n\nSee next week or next week.\n\nEnd");
+  EXPECT_THAT(All(Kind::Heading), ElementsAre("Prices", "End"));
+  EXPECT_EQ(First(Kind::Heading).level, 1);
+  EXPECT_EQ(page_->spans.back().level, 3);
+  EXPECT_THAT(All(Kind::Link), ElementsAre("next week", "next week"));
+  EXPECT_EQ(page_->spans[1].start, 12);
+  EXPECT_EQ(page_->spans[2].start, 25);
+}
+
+TEST_F(TextTest, BlanksAreRunTogetherAsTheyAreShown) {
+  Load("<p>  one \n two<b> three </b> <i>four</i>\t</p>\n<div>five<br>six</div>\n<span>seven</span>");
+  EXPECT_EQ(page_->text, "one two three four\n\nfive\nsix\nseven");
+}
+
+TEST_F(TextTest, TextIsAsTheEngineShowsIt) {
+  const std::string pages[] = {
+      "<p>a<p>b<div>c<div>d</div></div>e",
+      "<h2>a</h2><p>b</p>",
+      "<pre>a  b\n  c\n</pre>d",
+      "<div style='white-space:pre-wrap'> a  b \n c</div>",
+      "<div>x</div><p>y</p>z<h2>h</h2>w<div><p>v</p></div><br><br>u",
+      "<table><tr><td>a<td>b<tr><td>c<td>d</table>",
+      "<ul><li>one<li>two</ul>",
+      "<p>\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D <bdo dir=rtl>abc</bdo> \xF0\x9F\x90\x88 end",
+      "<div style='display:flex'><span>a</span><span>b</span></div>c",
+      "<p>a<span hidden>no</span>b<span style='display:none'>no</span>c",
+      "<p>a<span style='visibility:hidden'>no<b style='visibility:visible'>yes</b></span>",
+      "<p style='text-transform:uppercase'>loud",
+      "a&nbsp;b<wbr>c&shy;d",
+      "<div>a<!-- no --></div><script>no</script><style>no</style><template>no</template>",
+  };
+  for (const std::string& page : pages) {
+    Load(page);
+    EXPECT_EQ(page_->text, view_.Body()) << page;
+  }
+}
+
+TEST_F(TextTest, LineEndsThatCountAreKept) {
+  Load("<div style='white-space:pre-line'>a   b  \n   c</div>");
+  EXPECT_EQ(page_->text, "a b\nc");
+}
+
+TEST_F(TextTest, PicturesWithWordsStandInTheText) {
+  Load("<p>Look:<img src=x alt='A cat'>!<img src=x alt=''><img src=x><svg role=img aria-label=Star></svg>"
+       "<figure><img src=x><figcaption>A graph</figcaption></figure>");
+  EXPECT_THAT(All(Kind::Picture), ElementsAre("A cat", "Star", "A graph"));
+  EXPECT_TRUE(page_->text.starts_with("Look: A cat ! Star")) << page_->text;
+}
+
+TEST_F(TextTest, FieldsAndButtonsStandInTheText) {
+  Load("<form><label for=n>Name</label> <input id=n value=Al><button>Send</button>"
+       "<label><input type=checkbox checked> Agree</label>"
+       "<select aria-label=Size><option>Small<option selected>Large</select>"
+       "<input type=radio aria-label=Red><textarea aria-label=Text>a\nb</textarea>"
+       "<input type=password aria-label=Word value=secret><input></form>");
+  EXPECT_THAT(All(Kind::Edit), ElementsAre("Name, Al", "Text, a b", "Word", "(edit)"));
+  EXPECT_THAT(All(Kind::Button), ElementsAre("Send"));
+  EXPECT_THAT(All(Kind::CheckBox), ElementsAre("Agree"));
+  EXPECT_EQ(First(Kind::CheckBox).facts->checked, Tri::Yes);
+  EXPECT_THAT(All(Kind::Choice), ElementsAre("Size, Large"));
+  EXPECT_THAT(All(Kind::Radio), ElementsAre("Red"));
+  EXPECT_EQ(page_->text, "Name, Al\nSend\nAgree\nSize, Large\nRed\nText, a b\nWord\n(edit)");
+}
+
+TEST_F(TextTest, ALabelWithMoreInItStands) {
+  Load("<label>I accept <a href=/t>the terms</a> <input type=checkbox></label>");
+  EXPECT_THAT(All(Kind::Link), ElementsAre("the terms"));
+  EXPECT_THAT(All(Kind::CheckBox), ElementsAre("I accept the terms"));
+}
+
+TEST_F(TextTest, LandmarksListsTablesAndQuotationsHoldTheirContent) {
+  Load("<nav aria-label=Site><ul><li><a href=/>Home</a><li>News<ol start=3><li>c<li>d</ol></ul></nav>"
+       "<main><blockquote>To be</blockquote>"
+       "<table><caption>Prices</caption><tr><th>Day<th>Price<tr><td>Mo<td>3</table>"
+       "<table><tr><td>lay<td>out</table></main>");
+  EXPECT_THAT(All(Kind::List), ElementsAre("Home\nNews\nc\nd", "c\nd"));
+  EXPECT_EQ(First(Kind::List).level, 2);
+  EXPECT_THAT(All(Kind::Item), ElementsAre("Home", "News\nc\nd", "c", "d"));
+  EXPECT_EQ(First(Kind::Item).more, 1);
+  const auto last = std::find_if(page_->spans.rbegin(), page_->spans.rend(),
+                                 [](const auto& span) { return span.kind == Kind::Item; });
+  EXPECT_EQ(last->level, 4);
+  EXPECT_EQ(First(Kind::Landmark).facts->name, "Site");
+  EXPECT_EQ(First(Kind::Landmark).facts->role, "navigation");
+  EXPECT_THAT(All(Kind::Quotation), ElementsAre("To be"));
+  EXPECT_THAT(All(Kind::Table), ElementsAre("Prices\nDay\tPrice\nMo\t3"));
+  EXPECT_EQ(First(Kind::Table).level, 2);
+  EXPECT_EQ(First(Kind::Table).more, 2);
+  EXPECT_EQ(First(Kind::Table).facts->name, "Prices");
+}
+
+TEST_F(TextTest, WhatIsHiddenIsNotThere) {
+  Load("<a href=/1 hidden>a</a><a href=/2 style='visibility:hidden'>b</a><h2 style='display:none'>c</h2>"
+       "<div aria-hidden=true><a href=/3>d</a></div><div inert><button>e</button></div>"
+       "<details><summary>More</summary><a href=/4>f</a></details><input type=hidden value=x>");
+  EXPECT_EQ(page_->text, "More");
+  EXPECT_THAT(All(Kind::Link), IsEmpty());
+  EXPECT_THAT(All(Kind::Button), ElementsAre("More"));
+  EXPECT_EQ(First(Kind::Button).facts->expanded, Tri::No);
+}
+
+TEST_F(TextTest, LinksWithoutTextAreCalledSomething) {
+  Load("<a href=/x title=Tip style='display:inline-block;width:9px;height:9px'></a>"
+       "<a href=/path/page.html style='display:inline-block;width:9px;height:9px'></a>"
+       "<a href=/y><img src=x alt=Home></a><a href=/z aria-label='Read about cats'>Read</a>"
+       "<img src=x usemap='#m' alt=Map><map name=m><area href=/n alt=North><area href=/s alt=South></map>");
+  EXPECT_THAT(All(Kind::Link),
+              ElementsAre("Tip", "page.html", "Home", "Read about cats", "North", "South"));
+}
+
+TEST_F(TextTest, ShadowTreesAreReadAsTheyAreShown) {
+  Load("<my-card><h2 slot=title>Slotted</h2>rest</my-card><script>"
+       "customElements.define('my-card', class extends HTMLElement { constructor() { super();"
+       "this.attachShadow({mode: 'open'}).innerHTML ="
+       "'<a href=/in>inner</a> <slot name=title></slot><p><slot></slot></p>'; } })</script>");
+  EXPECT_EQ(page_->text, "inner\nSlotted\n\nrest");
+  EXPECT_THAT(All(Kind::Heading), ElementsAre("Slotted"));
+  EXPECT_THAT(All(Kind::Link), ElementsAre("inner"));
+}
+
+TEST_F(TextTest, FramesStandWhereTheyAre) {
+  server_.Page("/inner", "<!doctype html><h2>Inside</h2><a href=/q>go</a>");
+  Load("<p>before<iframe src=/inner title=Advert></iframe>after");
+  EXPECT_EQ(page_->text, "before\nInside\n\ngo\nafter");
+  EXPECT_THAT(All(Kind::Frame), ElementsAre("Inside\n\ngo"));
+  EXPECT_EQ(First(Kind::Frame).facts->name, "Advert");
+  EXPECT_EQ(page_->documents.size(), 2U);
+  EXPECT_EQ(First(Kind::Heading).document, 1);
+}
+
+TEST_F(TextTest, LanguagesAreKnown) {
+  Load("<p>A <span lang=fr>mot</span>");
+  EXPECT_THAT(All(Kind::Language), ElementsAre("mot"));
+  EXPECT_EQ(First(Kind::Language).facts->name, "fr");
+}
+
+TEST_F(TextTest, LongLinesAreBrokenAndStillFitTheirElements) {
+  std::string content = "<p>";
+  for (int i = 0; i < 3000; ++i) content += "<a href=/>\xC3\xA9 link " + std::to_string(i) + "</a> ";
+  content += std::string(9000, 'x') + "<b>b</b><a href=/>last</a>";
+  Load(content);
+  const auto links = All(Kind::Link);
+  ASSERT_EQ(links.size(), 3001U);
+  for (std::size_t i = 0; i < 3000; ++i) {
+    std::string words = links[i];
+    std::replace(words.begin(), words.end(), '\n', ' ');
+    ASSERT_EQ(words, "\xC3\xA9 link " + std::to_string(i));
+  }
+  EXPECT_EQ(links.back(), "last");
+}
+
+TEST_F(TextTest, FiftyThousandLinksHaveTheirPlaces) {
+  std::string content;
+  for (int i = 0; i < 50'000; ++i) {
+    content += "<p><a href=/" + std::to_string(i) + ">Link " + std::to_string(i) + "</a>";
+  }
+  Load(content);
+  const auto links = All(Kind::Link);
+  ASSERT_EQ(links.size(), 50'000U);
+  EXPECT_EQ(links.back(), "Link 49999");
+}
+
+TEST_F(TextTest, APageCannotMakeItEndless) {
+  Load("<script>let d = document.body ?? document.documentElement; d = document.body;"
+       "addEventListener('DOMContentLoaded', () => { let at = document.body;"
+       "for (let i = 0; i < 20000; i++) at = at.appendChild(document.createElement('div'));"
+       "at.textContent = 'deep'; })</script><form name=body><input name=attributes></form>shown");
+  EXPECT_NE(page_->text.find("shown"), std::string::npos);
+}
+
+TEST_F(TextTest, AnElementIsTheSameWhenThePageIsReadAgain) {
+  Load("<p>one</p><a href=/>link</a>");
+  const PageElement before = page_->ElementOf(First(Kind::Link));
+  view_.EvaluateInPage("document.querySelector('p').textContent = 'much more'");
+  Read();
+  EXPECT_EQ(page_->ElementOf(First(Kind::Link)), before);
+}
+
+}  // namespace
+}  // namespace corvane::desktop
