@@ -28,6 +28,7 @@ constexpr std::array kCommands = {
     KeyCommand{kKeyLeft, kAltMask, "Alt+Left", [](Target t) { t.commands.mnuGo_Click(kGoBack); }},
     KeyCommand{kKeyRight, kAltMask, "Alt+Right",
                [](Target t) { t.commands.mnuGo_Click(kGoForward); }},
+    KeyCommand{kKeyF4, 0, "F4", nullptr, [](Target t) { return t.pane.SwitchQuickKeys(); }},
     KeyCommand{kKeyF5, 0, "F5", [](Target t) { t.commands.mnuGo_Click(kGoRefresh); }},
     KeyCommand{kKeyF6, 0, "F6", [](Target t) { t.pane.NextArea(); }},
     KeyCommand{kKeyF6, kShiftMask, "Shift+F6", [](Target t) { t.pane.PreviousArea(); }},
@@ -69,6 +70,10 @@ KeyCommands::KeyCommands(Form& form, MenuCommands& commands, ctlWebBrowser& pane
 void KeyCommands::Form_KeyDown(KeyEvent& key) {
   for (const KeyCommand& command : kCommands) {
     if (command.KeyCode != key.KeyCode || command.Shift != key.Shift) continue;
+    if (command.may_run != nullptr) {
+      if (command.may_run(target_)) key.KeyCode = 0;
+      return;
+    }
     key.KeyCode = 0;
     // The command may close the window and end this object.
     const KeyCommand::Target target = target_;

@@ -21,6 +21,9 @@ struct KeyCommand {
   int Shift;         ///< ShiftBits, exactly
   const char* keys;  ///< as the help text writes them
   void (*run)(const Target& target);
+  /// The same for a key that is the command's only here and there; false, and nothing
+  /// done, where it is not. One of the two is null.
+  bool (*may_run)(const Target& target) = nullptr;
 };
 
 /// All keys of the browser window, wherever in it the focus is.

@@ -43,6 +43,10 @@ constexpr std::array kChoices = {
     Choice<&Manner::field_caret>(kPane, "FieldCaret",
                                  "Say the character, word or line that the caret reaches", kSwitch,
                                  0, 1),
+    Choice<&Manner::text_kinds>(
+        kPane, "TextKinds", "Say what headings, links, lists in the text pane are", kSwitch, 0, 1),
+    Choice<&Manner::quick_keys>(kPane, "QuickKeys",
+                                "Letters lead through the page in the text pane", kSwitch, 0, 1),
     Choice<&Manner::live_words>(kPane, "LiveWords", "Live words of pages that are said", kLiveWords,
                                 2, 0),
     Choice<&Manner::key_words>(kWindow, "KeyWords", "Name punctuation and special keys by words",

@@ -28,6 +28,11 @@ struct Manner {
   /// In a field what is heard is what the caret reaches: a character, word, line.
   /// False: the characters that it crosses.
   bool field_caret = false;
+  /// A line of the text pane is said with what begins on it: headings, links, lists.
+  /// False: a line is its text.
+  bool text_kinds = false;
+  /// Letters lead through the page's text in the text pane. False: they write there.
+  bool quick_keys = false;
   /// Which words are heard that a page says by itself.
   LiveWordsHeard live_words = LiveWordsHeard::None;
   /// Keys beside letters and digits are named by words. False: by the character

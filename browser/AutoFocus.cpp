@@ -1,11 +1,16 @@
 #include "browser/AutoFocus.h"
 
+#include <utility>
+
 namespace corvane {
 
 AutoFocus::AutoFocus(PaneContext& pane, SideBar& side_bar) : pane_(pane), side_bar_(side_bar) {
   PaneControls& c = pane_.controls;
   connections_ += c.ctlText1.Text1().GotFocus.Connect([this] { Name("Text Box"); });
-  connections_ += c.brwWebBrowser->GotFocus.Connect([this] { Name("WebBrowser"); });
+  connections_ += c.brwWebBrowser->GotFocus.Connect([this] {
+    // The element that the focus is led into says itself.
+    if (!std::exchange(pane_.state.entering, false)) Name("WebBrowser");
+  });
   // A tree that was made anew has nothing selected. Whoever comes to it hears
   // where it begins, as soon as it has been made; when the focus was moved for the user,
   // only where that is the manner.

@@ -44,7 +44,8 @@ std::string NamedDeleted(const std::string& characters) {
 
 }  // namespace
 
-CaretEcho::CaretEcho(PaneContext& pane) : pane_(pane) {
+CaretEcho::CaretEcho(PaneContext& pane, PageInPane& page) : pane_(pane), page_(page) {
+  connections_ += page_.Moved.Connect([this] { Follow(); });
   ConnectPane();
   for (ComboBox* field : {pane.controls.cboAddress.get(), pane.controls.cmbListLinks.get()}) {
     ConnectField(*field);
@@ -110,6 +111,7 @@ void CaretEcho::TextBoxPress(WindowHandle hWnd) {
     EditLine edit;
     if (hWnd == c.ctlText1.TextWindow()) {
       edit = PaneLine(position, line);
+      if (pane_.manner.text_kinds) line_words_ = page_.LineWords(edit.start, edit.text);
     } else if (hWnd == c.cboAddress->hwnd()) {
       position = c.cboAddress->SelStart();
       line = kAddressLine;
@@ -121,6 +123,7 @@ void CaretEcho::TextBoxPress(WindowHandle hWnd) {
     }
     int column = position - edit.start;
     parse_string(edit.text, line, column);
+    line_words_.reset();
   });
 }
 
@@ -231,7 +234,7 @@ void CaretEcho::parse_string(const std::string& strLine, int lngLine, int& lngCo
     }
     lngColumn = std::max(lngColumn, 0);
     if (lngLine != lngLastLine_) {
-      SayLine(strLine);
+      SayLine(line_words_.value_or(strLine));
     } else if (lngColumn > lngLastColumn_) {
       SayPassed(characters(strLine, lngLastColumn_, lngColumn - lngLastColumn_));
     } else if (lngColumn < lngLastColumn_) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "browser/PaneContext.h"
+#include "browser/reading/PageInPane.h"
 
 namespace corvane {
 
@@ -17,7 +18,7 @@ class CaretEcho {
   /// Columns that are commands to parse_string instead of places.
   enum Command : int { kSpeakLine = -1, kSpeakWord = -2, kReadDigit = -3 };
 
-  explicit CaretEcho(PaneContext& pane);
+  CaretEcho(PaneContext& pane, PageInPane& page);
 
   /// Reads the caret of the field with that window and echoes it.
   void TextBoxPress(WindowHandle hWnd);
@@ -59,14 +60,16 @@ class CaretEcho {
   void SpeakWord();
 
   PaneContext& pane_;
+  PageInPane& page_;
   // Wider than a page can be long; a long page must not end in an overflow.
   int lngLastLine_ = 0;
   int lngLastColumn_ = 0;
   std::string strLastLine_;
-  bool pane_moved_ = false;         // the program has moved the text pane's caret
-  bool awaited_ = false;            // a key is down in a field, its release will be echoed
-  bool chosen_ = false;             // it has chosen an entry, which says itself
-  std::optional<Before> deleting_;  // a key is down that deletes
+  std::optional<std::string> line_words_;  // of the line that the caret is compared on
+  bool pane_moved_ = false;                // the program has moved the text pane's caret
+  bool awaited_ = false;                   // a key is down in a field, its release will be echoed
+  bool chosen_ = false;                    // it has chosen an entry, which says itself
+  std::optional<Before> deleting_;         // a key is down that deletes
   Connections connections_;
 };
 

@@ -237,9 +237,11 @@ void Navigation::cmdToolbar_Click(int index) {
   WebBrowser& browser = *c.brwWebBrowser;
   switch (index) {
     case kBack:
+      pane_.state.by_history = true;
       ErrorsIgnored([&] { browser.GoBack(); });
       break;
     case kForward:
+      pane_.state.by_history = true;
       ErrorsIgnored([&] { browser.GoForward(); });
       break;
     case kStop:

@@ -130,6 +130,7 @@ void PageReader::ReadTitleAndText(const HTMLDocument& document) {
     pane_.state.page_text = text.SelStart() + static_cast<int>(text::length(document.Title)) + 1;
     title_ = NameOf(document);
     SayTitle();
+    pane_.PageShown.Raise();
   });
 }
 

@@ -33,7 +33,9 @@ struct PaneState {
   /// An address is being typed: a page that is there at last must not take it, or the
   /// focus, from under the user's fingers.
   bool typing = false;
-  bool quiet = false;  ///< the focus is moved for the user: the page's title is not cut off
+  bool entering = false;    ///< the focus is about to be led into an element of the page
+  bool by_history = false;  ///< the user has gone back or forward, and no page has come yet
+  bool quiet = false;       ///< the focus is moved for the user: the page's title is not cut off
 };
 
 /// What the pane's collaborators share.
@@ -54,6 +56,8 @@ struct PaneContext {
   PaneState state;
   StatusPanel status;
   Announcer announcer;
+  /// A page's text stands in the text pane, from state.page_text to the end.
+  Event<> PageShown;
 
   /// Whether an area is on the screen. Only there may the focus go.
   bool Shows(int area) const {

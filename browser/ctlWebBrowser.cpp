@@ -25,7 +25,9 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop, const Manner& manner)
       side_bar_(pane_, settings_, layout_),
       favorites_(pane_, side_bar_),
       help_(pane_, side_bar_),
-      echo_(pane_),
+      page_in_pane_(pane_),
+      quick_keys_(pane_, page_in_pane_),
+      echo_(pane_, page_in_pane_),
       places_(pane_, echo_),
       read_on_(pane_, echo_),
       reader_(pane_, navigation_, elements_, links_, side_bar_),
@@ -49,6 +51,14 @@ void ctlWebBrowser::UserControl_Initialize() {
       [&] { pane_.controls.ELAMain->SetVisible(true); }, [&] { layout_.SetElastics(); },
       [&] { layout_.PopulateButtons(); }, [&] { settings_.LoadSettings(); },
       [&] { layout_.CreateRebar(); });
+}
+
+// In the address box the key opens the list.
+bool ctlWebBrowser::SwitchQuickKeys() {
+  const bool theirs = pane_.state.area == kAreaAddress;
+  if (theirs || !(pane_.manner.today || pane_.manner.quick_keys)) return false;
+  quick_keys_.Switch();
+  return true;
 }
 
 void ctlWebBrowser::Terminate() {

@@ -17,6 +17,8 @@
 #include "browser/Places.h"
 #include "browser/ReadOn.h"
 #include "browser/SideBar.h"
+#include "browser/reading/PageInPane.h"
+#include "browser/reading/QuickKeys.h"
 
 namespace corvane {
 
@@ -77,6 +79,9 @@ class ctlWebBrowser {
   void PreviousSplitter() { layout_.PreviousSplitter(); }
   /// Reads the text pane aloud from its caret on.
   void ReadOn() { read_on_.Start(); }
+  /// Lets letters in the text pane be letters or lead through the page; false, and
+  /// nothing done, where the key is another one's.
+  bool SwitchQuickKeys();
   void HideButtonToolBar(bool hide) {
     areas_.KeepFocus([&] { layout_.HideButtonToolBar(hide); });
   }
@@ -123,6 +128,8 @@ class ctlWebBrowser {
   SideBar side_bar_;
   FavoriteCommands favorites_;
   HelpOutline help_;
+  PageInPane page_in_pane_;
+  QuickKeys quick_keys_;  // has the text pane's keys before the echo
   CaretEcho echo_;
   Places places_;
   corvane::ReadOn read_on_;

@@ -32,6 +32,7 @@ enum KeyCodes : int {
   kKeyDelete = 46,
   kKeyF1 = 112,
   kKeyF3 = 114,
+  kKeyF4 = 115,
   kKeyF5 = 116,
   kKeyF6 = 117,
   kKeyF7 = 118,

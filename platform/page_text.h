@@ -46,8 +46,9 @@ struct PageSpan {
   int length = 0;  ///< at least 1
   int level = 0;
   int more = 0;
-  int document = 0;  ///< in PageText::documents
-  int number = 0;    ///< of the element, in its document
+  int document = 0;      ///< in PageText::documents
+  int number = 0;        ///< of the element, in its document
+  bool visited = false;  ///< of a link: its page has been shown before, as far as is known
   /// What else is known of it; null for what has no more than its text.
   ElementFactsPtr facts;
 

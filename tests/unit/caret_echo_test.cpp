@@ -163,6 +163,7 @@ TEST_F(CaretEchoTest, DeletedCharactersAndEmptyLinesKeepTheEstablishedWay) {
 struct TodaysCaretEcho : CaretEchoTest {
   void SetUp() override {
     p.desktop.settings.Main("Manner") = "1";
+    p.desktop.settings.Pane("QuickKeys") = "False";  // the pane is written in
     Start();
   }
 };
@@ -239,7 +240,8 @@ TEST_F(CaretEchoTest, AnnouncementsLeaveTheCaretAtTheEndInTheEstablishedWay) {
 }
 
 TEST_F(CaretEchoTest, WindowThatIsNoFieldReadsAsAnEmptyFirstLine) {
-  CaretEcho echo(p.Inside().ctlWebBrowser1.Inside());
+  PageInPane page(p.Inside().ctlWebBrowser1.Inside());
+  CaretEcho echo(p.Inside().ctlWebBrowser1.Inside(), page);
   int column = 3;
   echo.parse_string("abcdef", 0, column);
   p.Spoken();
@@ -251,7 +253,8 @@ TEST_F(CaretEchoTest, WindowThatIsNoFieldReadsAsAnEmptyFirstLine) {
 struct ParseString : ::testing::Test {
   FakeDesktop desktop;
   PaneContext pane{desktop};
-  CaretEcho echo{pane};
+  PageInPane page{pane};
+  CaretEcho echo{pane, page};
   struct Sink : ISpeechNotify {
     std::vector<std::string> said;
     void ISpeechNotify_SayThrough(const std::string& Text, Spoken) override { Say(Text, false); }

@@ -26,8 +26,7 @@ class TextTest : public PageTest {
   }
   void Read() {
     std::optional<PageTextPtr> answer;
-    const Connection asking =
-        view_->DescribeText([&](const PageTextPtr& text) { answer = text; });
+    const Connection asking = view_->DescribeText([&](const PageTextPtr& text) { answer = text; });
     ASSERT_TRUE(WaitUntil([&] { return answer.has_value(); }));
     page_ = *answer;
     ASSERT_TRUE(page_) << "no text";
@@ -56,7 +55,9 @@ class TextTest : public PageTest {
 };
 
 TEST_F(TextTest, HeadingsAndLinksAreFoundAtTheirPlaces) {
-  Load("<h1>Prices</h1><p>See <a href=/a>next week</a> or <a href=/b>next week</a>.</p><h3>End</h3>");
+  Load(
+      "<h1>Prices</h1><p>See <a href=/a>next week</a> or <a href=/b>next "
+      "week</a>.</p><h3>End</h3>");
   EXPECT_EQ(page_->text, "Prices\n\nSee next week or next week.\n\nEnd");
   EXPECT_THAT(All(Kind::Heading), ElementsAre("Prices", "End"));
   EXPECT_EQ(First(Kind::Heading).level, 1);
@@ -67,7 +68,9 @@ TEST_F(TextTest, HeadingsAndLinksAreFoundAtTheirPlaces) {
 }
 
 TEST_F(TextTest, BlanksAreRunTogetherAsTheyAreShown) {
-  Load("<p>  one \n two<b> three </b> <i>four</i>\t</p>\n<div>five<br>six</div>\n<span>seven</span>");
+  Load(
+      "<p>  one \n two<b> three </b> "
+      "<i>four</i>\t</p>\n<div>five<br>six</div>\n<span>seven</span>");
   EXPECT_EQ(page_->text, "one two three four\n\nfive\nsix\nseven");
 }
 
@@ -100,18 +103,21 @@ TEST_F(TextTest, LineEndsThatCountAreKept) {
 }
 
 TEST_F(TextTest, PicturesWithWordsStandInTheText) {
-  Load("<p>Look:<img src=x alt='A cat'>!<img src=x alt=''><img src=x><svg role=img aria-label=Star></svg>"
-       "<figure><img src=x><figcaption>A graph</figcaption></figure>");
+  Load(
+      "<p>Look:<img src=x alt='A cat'>!<img src=x alt=''><img src=x><svg role=img "
+      "aria-label=Star></svg>"
+      "<figure><img src=x><figcaption>A graph</figcaption></figure>");
   EXPECT_THAT(All(Kind::Picture), ElementsAre("A cat", "Star", "A graph"));
   EXPECT_TRUE(page_->text.starts_with("Look: A cat ! Star")) << page_->text;
 }
 
 TEST_F(TextTest, FieldsAndButtonsStandInTheText) {
-  Load("<form><label for=n>Name</label> <input id=n value=Al><button>Send</button>"
-       "<label><input type=checkbox checked> Agree</label>"
-       "<select aria-label=Size><option>Small<option selected>Large</select>"
-       "<input type=radio aria-label=Red><textarea aria-label=Text>a\nb</textarea>"
-       "<input type=password aria-label=Word value=secret><input></form>");
+  Load(
+      "<form><label for=n>Name</label> <input id=n value=Al><button>Send</button>"
+      "<label><input type=checkbox checked> Agree</label>"
+      "<select aria-label=Size><option>Small<option selected>Large</select>"
+      "<input type=radio aria-label=Red><textarea aria-label=Text>a\nb</textarea>"
+      "<input type=password aria-label=Word value=secret><input></form>");
   EXPECT_THAT(All(Kind::Edit), ElementsAre("Name, Al", "Text, a b", "Word", "(edit)"));
   EXPECT_THAT(All(Kind::Button), ElementsAre("Send"));
   EXPECT_THAT(All(Kind::CheckBox), ElementsAre("Agree"));
@@ -128,10 +134,12 @@ TEST_F(TextTest, ALabelWithMoreInItStands) {
 }
 
 TEST_F(TextTest, LandmarksListsTablesAndQuotationsHoldTheirContent) {
-  Load("<nav aria-label=Site><ul><li><a href=/>Home</a><li>News<ol start=3><li>c<li>d</ol></ul></nav>"
-       "<main><blockquote>To be</blockquote>"
-       "<table><caption>Prices</caption><tr><th>Day<th>Price<tr><td>Mo<td>3</table>"
-       "<table><tr><td>lay<td>out</table></main>");
+  Load(
+      "<nav aria-label=Site><ul><li><a href=/>Home</a><li>News<ol "
+      "start=3><li>c<li>d</ol></ul></nav>"
+      "<main><blockquote>To be</blockquote>"
+      "<table><caption>Prices</caption><tr><th>Day<th>Price<tr><td>Mo<td>3</table>"
+      "<table><tr><td>lay<td>out</table></main>");
   EXPECT_THAT(All(Kind::List), ElementsAre("Home\nNews\nc\nd", "c\nd"));
   EXPECT_EQ(First(Kind::List).level, 2);
   EXPECT_THAT(All(Kind::Item), ElementsAre("Home", "News\nc\nd", "c", "d"));
@@ -149,9 +157,11 @@ TEST_F(TextTest, LandmarksListsTablesAndQuotationsHoldTheirContent) {
 }
 
 TEST_F(TextTest, WhatIsHiddenIsNotThere) {
-  Load("<a href=/1 hidden>a</a><a href=/2 style='visibility:hidden'>b</a><h2 style='display:none'>c</h2>"
-       "<div aria-hidden=true><a href=/3>d</a></div><div inert><button>e</button></div>"
-       "<details><summary>More</summary><a href=/4>f</a></details><input type=hidden value=x>");
+  Load(
+      "<a href=/1 hidden>a</a><a href=/2 style='visibility:hidden'>b</a><h2 "
+      "style='display:none'>c</h2>"
+      "<div aria-hidden=true><a href=/3>d</a></div><div inert><button>e</button></div>"
+      "<details><summary>More</summary><a href=/4>f</a></details><input type=hidden value=x>");
   EXPECT_EQ(page_->text, "More");
   EXPECT_THAT(All(Kind::Link), IsEmpty());
   EXPECT_THAT(All(Kind::Button), ElementsAre("More"));
@@ -159,19 +169,22 @@ TEST_F(TextTest, WhatIsHiddenIsNotThere) {
 }
 
 TEST_F(TextTest, LinksWithoutTextAreCalledSomething) {
-  Load("<a href=/x title=Tip style='display:inline-block;width:9px;height:9px'></a>"
-       "<a href=/path/page.html style='display:inline-block;width:9px;height:9px'></a>"
-       "<a href=/y><img src=x alt=Home></a><a href=/z aria-label='Read about cats'>Read</a>"
-       "<img src=x usemap='#m' alt=Map><map name=m><area href=/n alt=North><area href=/s alt=South></map>");
+  Load(
+      "<a href=/x title=Tip style='display:inline-block;width:9px;height:9px'></a>"
+      "<a href=/path/page.html style='display:inline-block;width:9px;height:9px'></a>"
+      "<a href=/y><img src=x alt=Home></a><a href=/z aria-label='Read about cats'>Read</a>"
+      "<img src=x usemap='#m' alt=Map><map name=m><area href=/n alt=North><area href=/s "
+      "alt=South></map>");
   EXPECT_THAT(All(Kind::Link),
               ElementsAre("Tip", "page.html", "Home", "Read about cats", "North", "South"));
 }
 
 TEST_F(TextTest, ShadowTreesAreReadAsTheyAreShown) {
-  Load("<my-card><h2 slot=title>Slotted</h2>rest</my-card><script>"
-       "customElements.define('my-card', class extends HTMLElement { constructor() { super();"
-       "this.attachShadow({mode: 'open'}).innerHTML ="
-       "'<a href=/in>inner</a> <slot name=title></slot><p><slot></slot></p>'; } })</script>");
+  Load(
+      "<my-card><h2 slot=title>Slotted</h2>rest</my-card><script>"
+      "customElements.define('my-card', class extends HTMLElement { constructor() { super();"
+      "this.attachShadow({mode: 'open'}).innerHTML ="
+      "'<a href=/in>inner</a> <slot name=title></slot><p><slot></slot></p>'; } })</script>");
   EXPECT_EQ(page_->text, "inner\nSlotted\n\nrest");
   EXPECT_THAT(All(Kind::Heading), ElementsAre("Slotted"));
   EXPECT_THAT(All(Kind::Link), ElementsAre("inner"));
@@ -195,7 +208,8 @@ TEST_F(TextTest, LanguagesAreKnown) {
 
 TEST_F(TextTest, LongLinesAreBrokenAndStillFitTheirElements) {
   std::string content = "<p>";
-  for (int i = 0; i < 3000; ++i) content += "<a href=/>\xC3\xA9 link " + std::to_string(i) + "</a> ";
+  for (int i = 0; i < 3000; ++i)
+    content += "<a href=/>\xC3\xA9 link " + std::to_string(i) + "</a> ";
   content += std::string(9000, 'x') + "<b>b</b><a href=/>last</a>";
   Load(content);
   const auto links = All(Kind::Link);
@@ -220,10 +234,11 @@ TEST_F(TextTest, FiftyThousandLinksHaveTheirPlaces) {
 }
 
 TEST_F(TextTest, APageCannotMakeItEndless) {
-  Load("<script>let d = document.body ?? document.documentElement; d = document.body;"
-       "addEventListener('DOMContentLoaded', () => { let at = document.body;"
-       "for (let i = 0; i < 20000; i++) at = at.appendChild(document.createElement('div'));"
-       "at.textContent = 'deep'; })</script><form name=body><input name=attributes></form>shown");
+  Load(
+      "<script>let d = document.body ?? document.documentElement; d = document.body;"
+      "addEventListener('DOMContentLoaded', () => { let at = document.body;"
+      "for (let i = 0; i < 20000; i++) at = at.appendChild(document.createElement('div'));"
+      "at.textContent = 'deep'; })</script><form name=body><input name=attributes></form>shown");
   EXPECT_NE(page_->text.find("shown"), std::string::npos);
 }
 

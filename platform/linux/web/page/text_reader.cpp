@@ -54,11 +54,11 @@ void TextReader::Receive(const std::string& kind, const std::string& text) {
 
 void TextReader::Read(Done done) {
   turn_ = std::make_shared<int>();
-  Evaluate(view_, "corvaneText.describe()", nullptr,
-           [this, turn = std::weak_ptr(turn_), done = std::move(done)](
-               std::optional<std::string> text) {
-             if (!turn.expired()) Received(std::move(text).value_or(""), turn, done);
-           });
+  Evaluate(
+      view_, "corvaneText.describe()", nullptr,
+      [this, turn = std::weak_ptr(turn_), done = std::move(done)](std::optional<std::string> text) {
+        if (!turn.expired()) Received(std::move(text).value_or(""), turn, done);
+      });
 }
 
 void TextReader::Received(std::string text, const std::weak_ptr<int>& turn, const Done& done) {

@@ -68,11 +68,10 @@ void AddSpans(const Json& numbers, const std::vector<ElementFactsPtr>& details, 
     span.level = std::max(number(4), 0);
     span.more = std::max(number(5), 0);
     span.document = number(6);
-    const bool fits = kind >= 1 && kind <= PageSpan::kKinds && span.start >= last &&
-                      span.start < page.length && span.length >= 1 &&
-                      span.length <= page.length - span.start && span.number >= 1 &&
-                      span.document >= 0 &&
-                      static_cast<std::size_t>(span.document) < page.documents.size();
+    const bool fits =
+        kind >= 1 && kind <= PageSpan::kKinds && span.start >= last && span.start < page.length &&
+        span.length >= 1 && span.length <= page.length - span.start && span.number >= 1 &&
+        span.document >= 0 && static_cast<std::size_t>(span.document) < page.documents.size();
     if (!fits) continue;
     last = span.start;
     span.kind = static_cast<PageSpan::Kind>(kind);

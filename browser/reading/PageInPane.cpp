@@ -1,0 +1,284 @@
+#include "browser/reading/PageInPane.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+#include "base/handling.h"
+#include "base/text.h"
+#include "browser/reading/TextKinds.h"
+
+namespace corvane {
+namespace {
+
+using Kind = PageSpan::Kind;
+
+constexpr std::size_t kMostPlaces = 200;  // kept of the history
+constexpr int kChanges = 700;             // milliseconds that a page gets for what follows a use
+
+bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
+
+/// Where two texts part, in bytes: what both begin with, what both end with.
+std::pair<std::size_t, std::size_t> Common(std::string_view a, std::string_view b) {
+  const std::size_t least = std::min(a.size(), b.size());
+  std::size_t first = 0;
+  while (first < least && a[first] == b[first]) ++first;
+  while (first > 0 && first < a.size() && ContinuesCharacter(a[first])) --first;
+  while (first > 0 && first < b.size() && ContinuesCharacter(b[first])) --first;
+  std::size_t last = 0;
+  while (last < least - first && a[a.size() - 1 - last] == b[b.size() - 1 - last]) ++last;
+  while (last > 0 && ContinuesCharacter(a[a.size() - last])) --last;
+  return {first, last};
+}
+
+int Characters(std::string_view text) { return static_cast<int>(text::length(text)); }
+
+/// What Enter and Space do with an element; nothing for what only holds others.
+std::optional<WebBrowser::ElementUse> UseOf(const PageSpan& span) {
+  switch (span.kind) {
+    case Kind::Link:
+    case Kind::Button:
+    case Kind::CheckBox:
+    case Kind::Radio:
+      return WebBrowser::ElementUse::Use;
+    case Kind::Edit:
+    case Kind::Choice:
+    case Kind::Frame:
+      return WebBrowser::ElementUse::Enter;
+    case Kind::Widget:
+      return span.facts && span.facts->role == "slider" ? WebBrowser::ElementUse::Enter
+                                                        : WebBrowser::ElementUse::Use;
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace
+
+PageInPane::PageInPane(PaneContext& pane)
+    : pane_(pane), timChanged_(pane.desktop.CreateTimer()) {
+  timChanged_->SetInterval(kChanges);
+  WebBrowser& browser = *pane_.controls.brwWebBrowser;
+  connections_ += pane_.PageShown.Connect([this] { Shown(); });
+  connections_ += browser.DownloadBegin.Connect([this] { KeepPlace(); });
+  connections_ += browser.LeftElement.Connect([this](const PageElement& each) { Left(each); });
+  connections_ += timChanged_->Tick.Connect([this] {
+    timChanged_->SetEnabled(false);
+    if (!pane_.controls.brwWebBrowser->Busy() && map_) Ask();
+  });
+}
+
+bool PageInPane::IsWanted() const {
+  return pane_.manner.today || pane_.manner.text_kinds || pane_.manner.quick_keys;
+}
+
+// --- the text ------------------------------------------------------------------------
+
+void PageInPane::Shown() {
+  map_.reset();
+  here_.reset();
+  left_.reset();
+  asking_ = {};
+  timChanged_->SetEnabled(false);
+  length_ = pane_.controls.ctlText1.TextLength() - pane_.state.page_text;
+  coming_ = IsWanted() && length_ >= 0;
+  if (coming_) Ask();
+}
+
+void PageInPane::Ask() {
+  asking_ = pane_.controls.brwWebBrowser->DescribeText(
+      [this](const PageTextPtr& text) { ErrorsIgnored([&] { Take(text); }); });
+}
+
+void PageInPane::Take(const PageTextPtr& text) {
+  coming_ = false;
+  if (!text) return GoToLeft();
+  const bool is_first = map_ == nullptr;
+  const auto mark = CaretMark();
+  Replace(*text);
+  map_ = std::make_unique<TextMap>(text);
+  here_.reset();
+  if (!is_first) {
+    if (mark) SetCaret(PositionOf(*mark));
+    return GoToLeft();
+  }
+  const std::string address = pane_.controls.brwWebBrowser->LocationURL();
+  const std::string document = text->documents.empty() ? "" : text->documents.front();
+  const bool again = std::exchange(document_, document) == document;
+  const bool same = std::exchange(address_, address) == address;
+  const auto place = again && same ? std::exchange(again_, std::nullopt) : std::nullopt;
+  const bool by_history = std::exchange(pane_.state.by_history, false);
+  const auto known = by_history ? places_.find(address) : places_.end();
+  if (place) {
+    Restore(*place);
+  } else if (known != places_.end()) {
+    Restore(known->second);
+  }
+  GoToLeft();
+}
+
+// Only what differs is written: the text view lays out less, and the caret's place in the
+// rest stays.
+void PageInPane::Replace(const PageText& text) {
+  ctlText& box = pane_.controls.ctlText1;
+  const std::string all = box.Text();
+  const auto base = static_cast<std::size_t>(pane_.state.page_text);
+  const std::size_t from = text::offset_of(all, base);
+  const std::size_t until = text::offset_of(all, static_cast<std::size_t>(length_), from);
+  const std::string_view old = std::string_view(all).substr(from, until - from);
+  const std::string_view now = text.text;
+  length_ = text.length;
+  if (old == now) return;
+  const auto [first, last] = Common(old, now);
+  const int start = pane_.state.page_text + Characters(old.substr(0, first));
+  const int removed = Characters(old.substr(first, old.size() - first - last));
+  const std::string_view added = now.substr(first, now.size() - first - last);
+  const int caret = box.SelStart();
+  box.SetSelStart(start);
+  box.SetSelLength(removed);
+  box.SetSelText(std::string(added));
+  int place = caret;
+  if (caret >= start + removed) {
+    place += Characters(added) - removed;
+  } else if (caret > start) {
+    place = std::min(caret, start + Characters(added));
+  }
+  box.SetSelStart(place);
+  Moved.Raise();
+}
+
+std::string PageInPane::LineWords(int start, const std::string& line) const {
+  const int place = start - pane_.state.page_text;
+  if (!map_ || place < 0 || place > length_) return line;
+  return LineWithKinds(*map_, place, line);
+}
+
+// --- the reader's place ----------------------------------------------------------------
+
+int PageInPane::Caret() const {
+  return pane_.controls.ctlText1.SelStart() - pane_.state.page_text;
+}
+
+std::optional<std::size_t> PageInPane::Here() const {
+  if (!here_ || !map_ || map_->At(*here_).start != Caret()) return std::nullopt;
+  return here_;
+}
+
+void PageInPane::SetCaret(int position) {
+  pane_.controls.ctlText1.SetSelStart(pane_.state.page_text + position);
+  Moved.Raise();
+}
+
+void PageInPane::GoTo(int position) {
+  here_.reset();
+  SetCaret(position);
+  const auto around = map_->Around(position, [](const PageSpan&) { return true; });
+  if (!around) return;
+  const PageElement element = map_->Page().ElementOf(map_->At(*around));
+  pane_.controls.brwWebBrowser->UseElement(element, WebBrowser::ElementUse::Show);
+}
+
+void PageInPane::GoTo(std::size_t span) {
+  const PageSpan& to = map_->At(span);
+  SetCaret(to.start);
+  here_ = span;
+  pane_.controls.brwWebBrowser->UseElement(map_->Page().ElementOf(to),
+                                           WebBrowser::ElementUse::Show);
+}
+
+std::optional<PageInPane::Mark> PageInPane::CaretMark() const {
+  const int caret = Caret();
+  if (!map_ || caret < 0 || caret > length_) return std::nullopt;
+  Mark mark;
+  mark.position = caret;
+  auto around = Here();
+  if (!around) around = map_->Around(caret, [](const PageSpan&) { return true; });
+  if (!around) return mark;
+  const PageSpan& span = map_->At(*around);
+  mark.element = map_->Page().ElementOf(span);
+  mark.kind = span.kind;
+  mark.words = map_->Words(span);
+  mark.offset = caret - span.start;
+  return mark;
+}
+
+// The page may have been loaded anew: then what reads like the element and stands
+// nearest is it.
+int PageInPane::PositionOf(const Mark& mark) const {
+  const auto& spans = map_->Page().spans;
+  const auto in = [&](const PageSpan& span) {
+    return span.start + std::min(mark.offset, span.length - 1);
+  };
+  if (!mark.element.document.empty()) {
+    if (const auto same = map_->Of(mark.element)) return in(map_->At(*same));
+    const PageSpan* best = nullptr;
+    for (const PageSpan& span : spans) {
+      if (span.kind != mark.kind || map_->Words(span) != mark.words) continue;
+      const auto far = [&](const PageSpan& each) { return std::abs(each.start - mark.position); };
+      if (best == nullptr || far(span) < far(*best)) best = &span;
+    }
+    if (best != nullptr) return in(*best);
+  }
+  return std::min(mark.position, length_);
+}
+
+// The page that is there is left, or is about to be read again.
+void PageInPane::KeepPlace() {
+  again_ = CaretMark();
+  if (!again_ || address_.empty()) return;
+  if (places_.size() >= kMostPlaces) places_.erase(places_.begin());
+  places_[address_] = *again_;
+}
+
+// Whoever is in the text hears where that is.
+void PageInPane::Restore(const Mark& mark) {
+  SetCaret(PositionOf(mark));
+  const int caret = Caret();
+  const auto around = map_->Of(mark.element);
+  if (around && map_->At(*around).start == caret) here_ = around;
+  if (pane_.state.area != kAreaText || !Here()) return;
+  pane_.announcer.SayAfterTitle(ReachedWords(*map_, map_->At(*here_)));
+}
+
+// --- acting ----------------------------------------------------------------------------
+
+bool PageInPane::Use() {
+  if (!map_) return false;
+  const auto at = map_->Around(Caret(), [](const PageSpan& span) { return UseOf(span).has_value(); });
+  if (!at) return false;
+  const PageSpan& span = map_->At(*at);
+  if (span.facts && span.facts->disabled) {
+    pane_.announcer.Say("unavailable");
+    return true;
+  }
+  here_ = span.start == Caret() ? at : here_;
+  const auto use = *UseOf(span);
+  pane_.state.entering = use == WebBrowser::ElementUse::Enter;
+  pane_.controls.brwWebBrowser->UseElement(map_->Page().ElementOf(span), use);
+  // What follows stands in the text, too.
+  if (use == WebBrowser::ElementUse::Use) timChanged_->SetEnabled(true);
+  return true;
+}
+
+// What has been done in the page stands in the text before its reader comes back to it.
+void PageInPane::Left(const PageElement& element) {
+  if (!pane_.manner.quick_keys || !map_) return;
+  left_ = element;
+  pane_.state.quiet = true;
+  ErrorsIgnored([&] { pane_.controls.ctlText1.SetFocus(); });
+  pane_.state.quiet = false;
+  Ask();
+}
+
+void PageInPane::GoToLeft() {
+  const auto left = std::exchange(left_, std::nullopt);
+  if (!left || !map_) return;
+  if (const auto span = map_->Of(*left)) {
+    GoTo(*span);
+    return pane_.announcer.Say(ReachedWords(*map_, map_->At(*span)));
+  }
+  pane_.announcer.Say("Text Box");
+}
+
+}  // namespace corvane

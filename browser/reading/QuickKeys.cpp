@@ -1,0 +1,153 @@
+#include "browser/reading/QuickKeys.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "base/text.h"
+#include "browser/reading/TextKinds.h"
+
+namespace corvane {
+namespace {
+
+using Kind = PageSpan::Kind;
+using Way = TextMap::Way;
+
+constexpr int kKeySpace = 32;
+constexpr int kLevels = 6;  // of headings that have a key
+
+bool IsField(const PageSpan& span) {
+  constexpr std::array kFields = {Kind::Button, Kind::Edit,   Kind::CheckBox,
+                                  Kind::Radio,  Kind::Choice, Kind::Widget};
+  return std::find(kFields.begin(), kFields.end(), span.kind) != kFields.end();
+}
+
+template <Kind kind>
+bool Is(const PageSpan& span) {
+  return span.kind == kind;
+}
+
+struct QuickKey {
+  int code;
+  const char* name;  ///< of what it leads to
+  bool (*wanted)(const PageSpan&);
+};
+
+// One key a row, but for the levels of headings and for what is no element.
+constexpr std::array kKeys = {
+    QuickKey{'H', "heading", &Is<Kind::Heading>},
+    QuickKey{'K', "link", &Is<Kind::Link>},
+    QuickKey{'V', "visited link",
+             [](const PageSpan& span) { return span.kind == Kind::Link && span.visited; }},
+    QuickKey{'U', "unvisited link",
+             [](const PageSpan& span) { return span.kind == Kind::Link && !span.visited; }},
+    QuickKey{'F', "field", &IsField},
+    QuickKey{'E', "edit field", &Is<Kind::Edit>},
+    QuickKey{'B', "button", &Is<Kind::Button>},
+    QuickKey{'X', "check box", &Is<Kind::CheckBox>},
+    QuickKey{'R', "radio button", &Is<Kind::Radio>},
+    QuickKey{'C', "combo box", &Is<Kind::Choice>},
+    QuickKey{'T', "table", &Is<Kind::Table>},
+    QuickKey{'L', "list", &Is<Kind::List>},
+    QuickKey{'I', "list item", &Is<Kind::Item>},
+    QuickKey{'G', "picture", &Is<Kind::Picture>},
+    QuickKey{'D', "landmark", &Is<Kind::Landmark>},
+    QuickKey{'M', "main part",
+             [](const PageSpan& span) {
+               return span.kind == Kind::Landmark && span.facts && span.facts->role == "main";
+             }},
+    QuickKey{'Q', "quotation", &Is<Kind::Quotation>},
+    QuickKey{'O', "frame", &Is<Kind::Frame>},
+};
+constexpr int kBehindLinks = 'N';
+
+std::string None(Way way, const std::string& name) {
+  return (way == Way::On ? "No next " : "No previous ") + name;
+}
+
+}  // namespace
+
+QuickKeys::QuickKeys(PaneContext& pane, PageInPane& page) : pane_(pane), page_(page) {
+  ctlText& box = pane_.controls.ctlText1;
+  connections_ += box.KeyDown.Connect([this](KeyEvent& key) { KeyDown(key); });
+  connections_ += box.KeyPress.Connect([this](int& character) { KeyPress(character); });
+}
+
+void QuickKeys::Switch() {
+  switched_ = !AreOn();
+  pane_.announcer.Say(AreOn() ? "Quick keys on" : "Quick keys off");
+}
+
+void QuickKeys::KeyDown(KeyEvent& key) {
+  if (!AreOn() || (key.Shift & (kCtrlMask | kAltMask)) != 0) return;
+  if (!Carry(key.KeyCode, (key.Shift & kShiftMask) != 0 ? Way::Back : Way::On)) return;
+  key.KeyCode = 0;
+}
+
+// What is no key here must not be written into the page's text unheard.
+void QuickKeys::KeyPress(int& character) {
+  if (!AreOn() || character < ' ') return;
+  character = 0;
+  pane_.announcer.Say("No quick key");
+}
+
+bool QuickKeys::Carry(int code, Way way) {
+  if (code == kKeyReturn || code == kKeySpace) {
+    if (IsReady()) Act();
+    return true;
+  }
+  if (code == kKeyBackspace || code == kKeyDelete) {
+    pane_.announcer.Say("No quick key");
+    return true;
+  }
+  if (code == kBehindLinks) {
+    if (IsReady()) GoBehindLinks(way);
+    return true;
+  }
+  const int level = code - '0';
+  if (level >= 1 && level <= kLevels) {
+    const auto wanted = [level](const PageSpan& span) {
+      return span.kind == Kind::Heading && span.level == level;
+    };
+    if (IsReady()) Go(way, wanted, "heading level " + std::to_string(level));
+    return true;
+  }
+  const auto* found = std::find_if(kKeys.begin(), kKeys.end(),
+                                   [&](const QuickKey& each) { return each.code == code; });
+  if (found == kKeys.end()) return false;
+  if (IsReady()) Go(way, found->wanted, found->name);
+  return true;
+}
+
+bool QuickKeys::IsReady() {
+  if (page_.Map() != nullptr) return true;
+  pane_.announcer.Say(page_.IsComing() ? "The page is still being read"
+                                       : "What stands where in this page is not known");
+  return false;
+}
+
+void QuickKeys::Go(Way way, const TextMap::Wanted& wanted, const std::string& name) {
+  const auto found = page_.Map()->Next(way, page_.Caret(), page_.Here(), wanted);
+  if (!found) return pane_.announcer.Say(None(way, name));
+  page_.GoTo(*found);
+  pane_.announcer.Say(ReachedWords(*page_.Map(), page_.Map()->At(*found)));
+}
+
+void QuickKeys::GoBehindLinks(Way way) {
+  const auto found = page_.Map()->BehindLinks(way, page_.Caret());
+  if (!found) return pane_.announcer.Say(None(way, "text behind links"));
+  page_.GoTo(*found);
+  const RichTextBox& box = pane_.controls.ctlText1.Text1();
+  const int line = box.GetLineFromChar(box.SelStart());
+  const int column = box.SelStart() - box.LineIndex(line);
+  const std::string words = box.GetLine(line, box.LineLength(box.SelStart()));
+  pane_.announcer.Say(
+      page_.LineWords(box.SelStart(), text::mid(words, static_cast<std::size_t>(column) + 1)));
+}
+
+void QuickKeys::Act() {
+  if (!page_.Use()) pane_.announcer.Say("No link, button or field here");
+}
+
+}  // namespace corvane

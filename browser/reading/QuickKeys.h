@@ -1,0 +1,36 @@
+#pragma once
+
+#include <optional>
+
+#include "browser/PaneContext.h"
+#include "browser/reading/PageInPane.h"
+
+namespace corvane {
+
+/// The keys that lead from one heading, link, field ... of the page to the next while its
+/// text is read in the text pane, and that act on what is reached. While they are on
+/// nothing is typed into the pane.
+class QuickKeys {
+ public:
+  QuickKeys(PaneContext& pane, PageInPane& page);
+
+  /// Lets letters be letters, or keys; says so.
+  void Switch();
+
+ private:
+  bool AreOn() const { return switched_.value_or(pane_.manner.quick_keys); }
+  void KeyDown(KeyEvent& key);
+  void KeyPress(int& character);
+  bool Carry(int code, TextMap::Way way);
+  bool IsReady();
+  void Go(TextMap::Way way, const TextMap::Wanted& wanted, const std::string& name);
+  void GoBehindLinks(TextMap::Way way);
+  void Act();
+
+  PaneContext& pane_;
+  PageInPane& page_;
+  std::optional<bool> switched_;  // in this window, by its user
+  Connections connections_;
+};
+
+}  // namespace corvane
