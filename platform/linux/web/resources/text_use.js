@@ -58,10 +58,7 @@
     focusOwn: focusOn,
     // What follows is watched as if the user had clicked there.
     useOwn: (element) => {
-      globalThis.corvaneChanges?.act(element, () => {
-        if (!(element instanceof HTMLAnchorElement)) focusOn(element);
-        clickOn(element);
-      });
+      globalThis.corvaneChanges?.act(element, () => clickOn(element));
     },
   });
   Object.defineProperty(globalThis, 'corvaneTextUse', {value: own});

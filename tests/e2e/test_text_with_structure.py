@@ -1,0 +1,135 @@
+"""A page that is read and used in the text pane: letters lead from heading to heading,
+Enter acts on what is there, Escape leads back."""
+import unittest
+
+from harness import EndToEndTest, wait_until
+
+IN_TEXT = {"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "0", "Focus": "5"}}
+
+
+class TextWithStructure(EndToEndTest):
+    def begin(self, page="/structure.html", title="The market"):
+        corvane = self.start(settings=IN_TEXT)
+        self.read(page)
+        self.said(title)
+        wait_until(lambda: corvane.focused_name() == "Text", "the text pane")
+        return corvane
+
+    def hear(self, key):
+        """Presses a key and returns all that is said then."""
+        transcript = self.corvane.transcript
+        transcript.mark()
+        self.corvane.keys(key)
+        wait_until(transcript.spoken, f"words for {key}")
+        self.quiet()
+        return transcript.spoken()
+
+    def quiet(self):
+        """Waits until nothing is being said."""
+
+        def silent():
+            events = self.corvane.transcript.events()
+            begun = {e["id"] for e in events if e["event"] == "speak"}
+            over = {e["id"] for e in events if e["event"] in ("end", "cut")}
+            return not begun - over
+
+        wait_until(silent, "silence")
+
+    def walk(self, *steps):
+        """Presses keys, each once the one before has been heard: (key, words ...)."""
+        heard = [(key, *self.hear(key)) for key, *_ in steps]
+        self.assertEqual(heard, list(steps))
+
+    def test_letters_lead_through_the_page(self):
+        self.begin()
+        self.walk(
+            ("h", "Prices, heading level 1"),
+            ("h", "Fruit, heading level 2"),
+            ("2", "Your order, heading level 2"),
+            ("h", "No next heading"),
+            ("shift+h", "Fruit, heading level 2"),
+            ("1", "No next heading level 1"),
+            ("shift+k", "next week, link"),
+            ("shift+k", "The weather, link"),
+            ("shift+k", "Start, link"),
+            ("shift+k", "No previous link"),
+            ("g", "A cat, picture"),
+            ("t", "Fruit by weight, table, 3 rows, 2 columns"),
+            ("q", "An apple a day, quotation"),
+            ("e", "Name, edit, Al"),
+            ("x", "Fast, check box, not checked"),
+            ("c", "Size, combo box, Small"),
+            ("b", "Send, button"),
+            ("b", "More, disclosure button, collapsed"),
+            ("r", "No next radio button"),
+            ("m", "No next main part"),
+            ("shift+m", "main"),
+            ("shift+d", "Site, navigation"),
+            ("l", "list of 2"),
+            ("i", "Start, list item"),
+            ("f", "Name, edit, Al"),
+            ("z", "No quick key"),
+        )
+
+    def test_lines_are_said_with_what_begins_on_them(self):
+        corvane = self.begin()
+        self.walk(
+            ("Down", "navigation, Site, list of 2, bullet, link, Start"),
+            ("Down", "bullet, link, The weather"),
+            ("Down", "main, heading level 1, Prices"),
+            ("Down", "blank"),
+            ("Down", "What things cost link, next week, as far as it is known today."),
+        )
+        self.hear("g")
+        self.walk(
+            ("Down", "heading level 2, Fruit"),
+            ("Down", "blank"),
+            ("Down", "table, Fruit by weight, 3 rows, 2 columns"),
+            ("Down", "Fruit, Price"),
+        )
+        self.assertNotIn("zzz", corvane.text_of("Text"))
+
+    def test_a_link_is_followed_and_alt_left_comes_back_to_it(self):
+        corvane = self.begin()
+        self.hear("k")
+        self.hear("k")
+        self.walk(("k", "next week, link"))
+        corvane.transcript.mark()
+        corvane.keys("Return")
+        self.said("Extracting Links ...", "Done", "Page 7")
+        self.quiet()
+        corvane.transcript.mark()
+        corvane.keys("alt+Left")
+        self.said("The market", "next week, link")
+        self.quiet()
+        self.walk(("h", "Fruit, heading level 2"))
+
+    def test_enter_leads_into_a_field_and_escape_back(self):
+        corvane = self.begin()
+        self.walk(("e", "Name, edit, Al"))
+        corvane.transcript.mark()
+        corvane.keys("Return")
+        wait_until(lambda: any("Name" in said for said in corvane.transcript.spoken()), "the field")
+        self.quiet()
+        self.assertNotIn("WebBrowser", corvane.transcript.spoken())
+        corvane.keys("End")
+        corvane.type("ex")
+        self.quiet()
+        self.walk(("Escape", "Name, edit, Alex"))
+        self.walk(("shift+h", "Your order, heading level 2"))
+
+    def test_enter_checks_and_opens(self):
+        self.begin()
+        self.walk(("x", "Fast, check box, not checked"))
+        self.assertEqual(self.hear("space"), ["checked"])
+        wait_until(lambda: self.hear("shift+h") and self.hear("x") == ["Fast, check box, checked"],
+                   "the box as it is now")
+
+    def test_f4_lets_the_pane_be_written_in(self):
+        corvane = self.begin()
+        self.walk(("F4", "Quick keys off"), ("h", "h"), ("F4", "Quick keys on"))
+        self.assertIn("hThe market", corvane.text_of("Text"))
+
+
+if __name__ == "__main__":
+    unittest.main()
