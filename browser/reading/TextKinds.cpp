@@ -135,7 +135,7 @@ std::string KindWords(const PageSpan& span) {
     case Kind::Heading:
       return span.level > 0 ? "heading level " + std::to_string(span.level) : "heading";
     case Kind::Link:
-      return "link";
+      return span.visited ? "visited link" : "link";
     case Kind::List:
       return "list of " + std::to_string(span.level);
     case Kind::Item:

@@ -110,9 +110,12 @@ EngineOptions LinuxDesktop::MakeEngineOptions() {
   options.questions = std::make_shared<PageQuestions>(dialogs_);
   const std::string data = DataFolder();
   const std::string history = data + kHistory;
-  options.page_visited = [visits = std::make_shared<HistoryFolder>(history)](
-                             const std::string& address, const std::string& title) {
+  visits_ = std::make_shared<HistoryFolder>(history);
+  options.page_visited = [visits = visits_](const std::string& address, const std::string& title) {
     visits->Add(address, title);
+  };
+  options.was_visited = [visits = visits_](const std::string& address) {
+    return visits->Knows(address);
   };
   options.find_matches = [folders = std::vector{data + "Favorites", history}](
                              const std::string& words) { return FindLinks(folders, words); };
@@ -126,7 +129,7 @@ void LinuxDesktop::MakeOptionsDialog() {
     choices.Write(settings_);
     engine_->SetPreferences(choices.preferences);
   };
-  engine.clear_history = [] { HistoryFolder(DataFolder() + kHistory).Clear(); };
+  engine.clear_history = [this] { visits_->Clear(); };
   engine.clear_cookies = [this] { engine_->ClearSiteData(); };
   engine.clear_cache = [this] { engine_->ClearCache(); };
   permissions_dialog_ = std::make_unique<PermissionsDialog>(

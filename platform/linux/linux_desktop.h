@@ -28,6 +28,7 @@
 #include "platform/linux/store/engine_registry.h"
 #include "platform/linux/store/ini_settings_store.h"
 #include "platform/linux/store/local_file_system.h"
+#include "platform/linux/web/files/history_folder.h"
 #include "platform/linux/web/web_engine.h"
 #include "platform/shell_folder.h"
 
@@ -128,6 +129,7 @@ class LinuxDesktop : public Desktop {
   SpokenDialogs dialogs_;  // the program's own questions
   DialogListener dialog_listener_;
   std::shared_ptr<PageAlerts> alerts_;
+  std::shared_ptr<HistoryFolder> visits_;
   std::unique_ptr<WebEngine> engine_;
   std::unique_ptr<PermissionsDialog> permissions_dialog_;
   std::unique_ptr<EngineOptionsDialog> options_dialog_;

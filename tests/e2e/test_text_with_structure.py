@@ -100,9 +100,10 @@ class TextWithStructure(EndToEndTest):
         self.quiet()
         corvane.transcript.mark()
         corvane.keys("alt+Left")
-        self.said("The market", "next week, link")
+        self.said("The market", "next week, visited link")
         self.quiet()
-        self.walk(("h", "Fruit, heading level 2"))
+        self.walk(("h", "Fruit, heading level 2"), ("shift+v", "next week, visited link"),
+                  ("shift+u", "The weather, link"))
 
     def test_enter_leads_into_a_field_and_escape_back(self):
         corvane = self.begin()

@@ -364,10 +364,24 @@ Connection EngineView::Describe(std::function<void(const HTMLDocumentPtr&)> desc
 
 Connection EngineView::DescribeText(std::function<void(const PageTextPtr&)> described) {
   auto wanted = std::make_shared<bool>(true);
-  text_->Read([wanted, described = std::move(described)](const PageTextPtr& text) {
-    if (*wanted) described(text);
+  text_->Read([this, wanted, described = std::move(described)](const auto& text) {
+    if (!*wanted) return;
+    if (text) MarkVisited(*text);
+    described(text);
   });
   return Connection([wanted] { *wanted = false; });
+}
+
+// The engine keeps from scripts which links have been followed, and rightly so: a page
+// could tell from it where its reader has been. The program knows what it has shown.
+void EngineView::MarkVisited(PageText& text) const {
+  if (!engine_.Options().was_visited) return;
+  for (PageSpan& span : text.spans) {
+    if (span.kind != PageSpan::Kind::Link) continue;
+    const PageElement element = text.ElementOf(span);
+    const HTMLElementPtr link = reader_->Known(element.document, element.number);
+    span.visited = link && engine_.Options().was_visited(link->href);
+  }
 }
 
 void EngineView::UseElement(const PageElement& element, WebBrowser::ElementUse use) {

@@ -118,6 +118,7 @@ class EngineView {
   void ShowSettled();
   void FinishReading(HTMLDocumentPtr document);
   void ShowStatus(const std::string& text);
+  void MarkVisited(PageText& text) const;
   void ApplyPreferences();
   void StayOnPage();
   void SayZoom(int percent);

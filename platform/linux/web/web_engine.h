@@ -61,6 +61,9 @@ struct EngineOptions {
   std::string permissions_file;
   /// Called for each page that was loaded, for the history; not for problems.
   std::function<void(const std::string& address, const std::string& title)> page_visited;
+  /// Whether the page with that address has been loaded before; without it that is
+  /// not known of any.
+  std::function<bool(const std::string& address)> was_visited;
   /// The user has changed the zoom, in percent; to store it.
   std::function<void(int percent)> zoom_changed;
   /// Sees what a page's scripts cannot tell of the field that has the focus; without it

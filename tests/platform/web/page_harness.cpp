@@ -124,7 +124,8 @@ EngineView::Listener TestView::Listener() {
             places.push_back(place);
             if (!place.words.empty()) log.push_back("say " + place.words);
           },
-          [this](const PageWords& words) { page_words.push_back(words); }};
+          [this](const PageWords& words) { page_words.push_back(words); },
+          [this](const PageElement& element) { left.push_back(element); }};
 }
 
 void TestView::Show() {

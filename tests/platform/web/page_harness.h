@@ -54,6 +54,8 @@ class TestView {
   std::vector<PagePlace> places;
   /// What the page said by itself.
   std::vector<PageWords> page_words;
+  /// The elements that the user has left with Escape.
+  std::vector<PageElement> left;
   std::vector<std::string> EventsWithoutStatus() const;
   bool HasStatus(const std::string& part) const;
   /// What the user was to hear.

@@ -51,6 +51,23 @@ class TextTest : public PageTest {
     return found == spans.end() ? kNone : *found;
   }
 
+  PageElement The(Kind kind) const { return page_->ElementOf(First(kind)); }
+  void Use(Kind kind, WebBrowser::ElementUse use = WebBrowser::ElementUse::Use) {
+    view_->UseElement(The(kind), use);
+  }
+  std::string InPage(const std::string& script) { return view_.EvaluateInPage(script); }
+  bool Becomes(const std::string& script, const std::string& value) {
+    return WaitUntil([&] { return InPage("String(" + script + ")") == value; });
+  }
+  /// Presses Escape in the element with that id and waits until that has been dealt with.
+  void PressEscapeIn(const std::string& id) {
+    view_.Focus();
+    InPage("document.getElementById('" + id + "').focus()");
+    InPage("window.released = 0; addEventListener('keyup', () => setTimeout(() => released++, 50), {once: true})");
+    view_.Key(GDK_KEY_Escape);
+    ASSERT_TRUE(Becomes("released", "1"));
+  }
+
   PageTextPtr page_;
 };
 
@@ -240,6 +257,79 @@ TEST_F(TextTest, APageCannotMakeItEndless) {
       "for (let i = 0; i < 20000; i++) at = at.appendChild(document.createElement('div'));"
       "at.textContent = 'deep'; })</script><form name=body><input name=attributes></form>shown");
   EXPECT_NE(page_->text.find("shown"), std::string::npos);
+}
+
+TEST_F(TextTest, ALinkIsFollowed) {
+  server_.Page("/next", "<title>Next</title>");
+  Load("<p><a href=/next>go</a>");
+  Use(Kind::Link);
+  EXPECT_TRUE(WaitUntil([&] { return view_->LocationURL() == server_.Url("/next"); }));
+}
+
+TEST_F(TextTest, AUseIsAClickAndTakesNoFocus) {
+  Load("<input type=checkbox><button onclick='this.textContent = \"done\"'>Do</button>"
+       "<details><summary>More</summary>inner</details><iframe src=/inner></iframe>");
+  Use(Kind::CheckBox);
+  EXPECT_TRUE(Becomes("document.querySelector('input').checked", "true"));
+  Use(Kind::Button);
+  EXPECT_TRUE(Becomes("document.querySelector('button').textContent", "done"));
+  EXPECT_EQ(InPage("document.activeElement.localName"), "body");
+  view_->UseElement(page_->ElementOf(page_->spans[2]), WebBrowser::ElementUse::Use);
+  EXPECT_TRUE(Becomes("document.querySelector('details').open", "true"));
+  Read();
+  EXPECT_NE(page_->text.find("inner"), std::string::npos);
+}
+
+TEST_F(TextTest, AnElementOfAFrameIsUsedThere) {
+  server_.Page("/inner", "<!doctype html><button onclick='parent.pressed = 1'>Do</button>");
+  Load("<iframe src=/inner></iframe>");
+  Use(Kind::Button);
+  EXPECT_TRUE(Becomes("window.pressed", "1"));
+}
+
+TEST_F(TextTest, EnteringAFieldGivesItTheFocus) {
+  Load("<p>text<p><input aria-label=Name>");
+  Use(Kind::Edit, WebBrowser::ElementUse::Enter);
+  EXPECT_TRUE(Becomes("document.activeElement.localName", "input"));
+  EXPECT_TRUE(WaitUntil([&] { return gtk_widget_has_focus(GTK_WIDGET(view_->View())); }));
+}
+
+TEST_F(TextTest, ThePageScrollsToWhatIsRead) {
+  Load("<div style='height:5000px'></div><h2>Far</h2><div style='height:5000px'></div>");
+  Use(Kind::Heading, WebBrowser::ElementUse::Show);
+  EXPECT_TRUE(Becomes("scrollY > 4000", "true"));
+}
+
+TEST_F(TextTest, EscapeInAnElementLeadsToIt) {
+  Load("<h2>Head</h2><a id=a href=/>link</a><input id=b><div id=c tabindex=0><b>box</b></div>");
+  PressEscapeIn("a");
+  PressEscapeIn("b");
+  PressEscapeIn("c");
+  EXPECT_THAT(view_.left, ElementsAre(The(Kind::Link), The(Kind::Edit), The(Kind::Place)));
+}
+
+TEST_F(TextTest, AnEscapeThatThePageUsesIsThePages) {
+  Load("<input id=a onkeydown='event.preventDefault()'>"
+       "<input id=b onkeydown='event.stopPropagation()'>"
+       "<input id=c onkeydown='document.title = this.parentNode.className = \"closed\"'>"
+       "<input id=d onkeydown='a.focus()'>"
+       "<dialog id=e><button id=f>In</button></dialog><div popover id=g>pop<button id=h>x</button></div>");
+  for (const char* id : {"a", "b", "c", "d"}) PressEscapeIn(id);
+  InPage("document.getElementById('e').showModal()");
+  PressEscapeIn("f");
+  InPage("document.getElementById('g').showPopover()");
+  PressEscapeIn("h");
+  EXPECT_THAT(view_.left, IsEmpty());
+}
+
+TEST_F(TextTest, APageCannotPressEscapeItself) {
+  Load("<input id=a autofocus>");
+  view_.Focus();
+  InPage("document.getElementById('a').dispatchEvent(new KeyboardEvent('keydown', {key: 'Escape',"
+         "bubbles: true}))");
+  InPage("window.later = 0; setTimeout(() => later = 1, 100)");
+  ASSERT_TRUE(Becomes("later", "1"));
+  EXPECT_THAT(view_.left, IsEmpty());
 }
 
 TEST_F(TextTest, AnElementIsTheSameWhenThePageIsReadAgain) {

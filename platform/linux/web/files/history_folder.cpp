@@ -66,6 +66,7 @@ void HistoryFolder::RemoveOldDays() {
 
 void HistoryFolder::Add(const std::string& address, const std::string& title) {
   if (address.find_first_of("\r\n") != std::string::npos) return;
+  known_.insert(address);
   const std::string day = today_();
   const fs::path folder = fs::path(root_) / day;
   if (g_mkdir_with_parents(folder.c_str(), kPrivateFolder) != 0) return;
@@ -84,11 +85,13 @@ void HistoryFolder::Add(const std::string& address, const std::string& title) {
 }
 
 void HistoryFolder::Clear() {
+  known_.clear();
   std::error_code error;
   for (const auto& day : Days()) fs::remove_all(fs::path(root_) / day, error);
 }
 
 std::size_t HistoryFolder::Forget(const std::string& address) {
+  known_.erase(address);
   std::size_t forgotten = 0;
   for (const auto& day : Days()) {
     const fs::path folder = fs::path(root_) / day;

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace corvane::desktop {
@@ -19,6 +20,9 @@ class HistoryFolder {
   /// Notes a visit. A second visit of a page on one day replaces the first. What
   /// cannot be written is left out: the history never stands in the way.
   void Add(const std::string& address, const std::string& title);
+  /// Whether the page has been added since the program was started, and not removed
+  /// through this object. What stands in the folder from earlier is not looked through.
+  bool Knows(const std::string& address) const { return known_.contains(address); }
   /// Removes all days.
   void Clear();
   /// Forgets a page: removes its entries of all days, and days that are empty
@@ -33,6 +37,7 @@ class HistoryFolder {
   std::size_t days_kept_;
   std::function<std::string()> today_;
   std::string last_day_;
+  std::unordered_set<std::string> known_;
 };
 
 }  // namespace corvane::desktop

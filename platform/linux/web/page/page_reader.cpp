@@ -420,6 +420,13 @@ void PageReader::Raise(const ElementEvent& event, HTMLElement& element) {
   }
 }
 
+HTMLElementPtr PageReader::Known(const std::string& document, int number) const {
+  const auto elements = elements_.find(document);
+  if (elements == elements_.end()) return nullptr;
+  const auto found = elements->second.find(number);
+  return found == elements->second.end() ? nullptr : found->second;
+}
+
 // The element that an event is about; one that no record holds joins the others.
 HTMLElementPtr PageReader::ElementOf(const ElementEvent& event) {
   const auto document = elements_.find(event.document_id);

@@ -51,6 +51,8 @@ class PageReader {
   /// Has the element that has the focus raise its event, if it does not do so by itself
   /// and has not been asked for before.
   void TellFocus();
+  /// The element that a record of the page holds under that number; null for others.
+  HTMLElementPtr Known(const std::string& document, int number) const;
   /// Whether the page's focus is in a field whose text is hidden.
   bool InPassword() const { return in_password_; }
   /// While true, what happens to the page's elements is not told: the page tells of

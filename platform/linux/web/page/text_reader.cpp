@@ -18,7 +18,7 @@ constexpr std::size_t kShortText = 64 * 1024;
 
 struct Job {
   std::string text;
-  PageTextPtr page;
+  std::shared_ptr<PageText> page;
   TextReader::Done done;
 };
 
@@ -64,7 +64,7 @@ void TextReader::Read(Done done) {
 void TextReader::Received(std::string text, const std::weak_ptr<int>& turn, const Done& done) {
   if (text.size() > kLongestText) text.clear();
   if (text.size() <= kShortText) return done(ParsePageText(text));
-  const auto guarded = [turn, done](const PageTextPtr& page) {
+  const auto guarded = [turn, done](const std::shared_ptr<PageText>& page) {
     if (!turn.expired()) done(page);
   };
   GTask* task = g_task_new(nullptr, nullptr, &OnJobDone, nullptr);

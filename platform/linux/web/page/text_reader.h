@@ -15,7 +15,7 @@ namespace corvane::desktop {
 /// with one of them.
 class TextReader {
  public:
-  using Done = std::function<void(const PageTextPtr&)>;
+  using Done = std::function<void(const std::shared_ptr<PageText>&)>;
 
   /// `left`: the user has pressed Escape in an element of the page, and the page had no
   /// use for it.

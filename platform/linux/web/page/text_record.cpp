@@ -83,7 +83,7 @@ void AddSpans(const Json& numbers, const std::vector<ElementFactsPtr>& details, 
 
 }  // namespace
 
-PageTextPtr ParsePageText(std::string_view text) {
+std::shared_ptr<PageText> ParsePageText(std::string_view text) {
   const Json json = Json::parse(text, nullptr, /*allow_exceptions=*/false);
   if (!json.is_object()) return nullptr;
   const auto* words = Member(json, "text").get_ptr<const Json::string_t*>();

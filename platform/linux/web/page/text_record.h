@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -10,7 +11,7 @@ namespace corvane::desktop {
 /// Reads what the page script wrote of a page's text; null where there is none. As of
 /// records: hostile, nothing is thrown, safe on any thread. No line is longer than a
 /// text view can show.
-PageTextPtr ParsePageText(std::string_view json);
+std::shared_ptr<PageText> ParsePageText(std::string_view json);
 
 /// The element that a page script names: [document, number].
 std::optional<PageElement> ParsePageElement(std::string_view json);

@@ -8,6 +8,7 @@
   const {isElement, elementAbove} = globalThis.corvaneNames;
   const DEPTH = 10;
   const FRAMES = 500;
+  const CLOSES = 20;  // milliseconds
 
   // Calls `work` with the element and its own window's scripts, wherever in the page's
   // frames it lies. Answers whether it is there.
@@ -102,9 +103,12 @@
     setTimeout(() => {
       changes += observer.takeRecords().length;
       observer.disconnect();
-      const used = event.defaultPrevented || reached !== event || changes > 0 ||
-        signs().some((each, i) => each !== before[i]);
-      if (!used) channel?.postMessage(`escape\n${JSON.stringify([documentId, inText(before[0])])}`);
+      if (event.defaultPrevented || reached !== event || changes > 0) return;
+      // The engine closes a dialog a moment later.
+      setTimeout(() => {
+        if (signs().some((each, i) => each !== before[i])) return;
+        channel?.postMessage(`escape\n${JSON.stringify([documentId, inText(before[0])])}`);
+      }, CLOSES);
     }, 0);
   }, {capture: true, passive: true});
   window.addEventListener('keydown', (event) => { reached = event; }, {passive: true});
