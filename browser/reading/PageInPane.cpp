@@ -56,8 +56,7 @@ std::optional<WebBrowser::ElementUse> UseOf(const PageSpan& span) {
 
 }  // namespace
 
-PageInPane::PageInPane(PaneContext& pane)
-    : pane_(pane), timChanged_(pane.desktop.CreateTimer()) {
+PageInPane::PageInPane(PaneContext& pane) : pane_(pane), timChanged_(pane.desktop.CreateTimer()) {
   timChanged_->SetInterval(kChanges);
   WebBrowser& browser = *pane_.controls.brwWebBrowser;
   connections_ += pane_.PageShown.Connect([this] { Shown(); });
@@ -156,9 +155,7 @@ std::string PageInPane::LineWords(int start, const std::string& line) const {
 
 // --- the reader's place ----------------------------------------------------------------
 
-int PageInPane::Caret() const {
-  return pane_.controls.ctlText1.SelStart() - pane_.state.page_text;
-}
+int PageInPane::Caret() const { return pane_.controls.ctlText1.SelStart() - pane_.state.page_text; }
 
 std::optional<std::size_t> PageInPane::Here() const {
   if (!here_ || !map_ || map_->At(*here_).start != Caret()) return std::nullopt;
@@ -245,7 +242,8 @@ void PageInPane::Restore(const Mark& mark) {
 
 bool PageInPane::Use() {
   if (!map_) return false;
-  const auto at = map_->Around(Caret(), [](const PageSpan& span) { return UseOf(span).has_value(); });
+  const auto at =
+      map_->Around(Caret(), [](const PageSpan& span) { return UseOf(span).has_value(); });
   if (!at) return false;
   const PageSpan& span = map_->At(*at);
   if (span.facts && span.facts->disabled) {

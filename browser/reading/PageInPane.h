@@ -65,14 +65,14 @@ class PageInPane {
   PaneContext& pane_;
   std::unique_ptr<TextMap> map_;
   bool coming_ = false;
-  int length_ = 0;                     // characters of the page's text in the pane
-  std::optional<std::size_t> here_;    // the span led to last
-  std::string address_;                // of the page
-  std::string document_;               // its name
+  int length_ = 0;                      // characters of the page's text in the pane
+  std::optional<std::size_t> here_;     // the span led to last
+  std::string address_;                 // of the page
+  std::string document_;                // its name
   std::map<std::string, Mark> places_;  // in the pages of the history, by address
-  std::optional<Mark> again_;          // the place in the page that is read again
-  std::optional<PageElement> left_;    // the element whose place is wanted
-  std::unique_ptr<Timer> timChanged_;  // what an element's use has changed is looked at
+  std::optional<Mark> again_;           // the place in the page that is read again
+  std::optional<PageElement> left_;     // the element whose place is wanted
+  std::unique_ptr<Timer> timChanged_;   // what an element's use has changed is looked at
   Connection asking_;
   Connections connections_;
 };

@@ -77,7 +77,8 @@ std::string Before(const TextMap& map, const PageSpan& span) {
       if (span.level > 0) return std::to_string(span.level);
       return span.more > 0 ? "bullet" : "";
     case Kind::Table:
-      return is_written ? RoleOr(span, "table") : Joined({RoleOr(span, "table"), name, SizeWords(span)});
+      return is_written ? RoleOr(span, "table")
+                        : Joined({RoleOr(span, "table"), name, SizeWords(span)});
     case Kind::Landmark:
     case Kind::Frame:
       return is_written ? KindWords(span) : Joined({KindWords(span), name});

@@ -109,9 +109,14 @@ TEST_F(QuickKeysTest, AfterAKeyTheArrowsGoOnFromThere) {
 }
 
 TEST_F(QuickKeysTest, NLeadsBehindARowOfLinks) {
-  const std::string text = "a b\nc\nThis is the text that the page is about.\nd\nMore of what it is about.";
+  const std::string text =
+      "a b\nc\nThis is the text that the page is about.\nd\nMore of what it is about.";
   PageTextMaker maker(text);
-  maker.Add(Kind::Link, "a").Add(Kind::Link, "b").Add(Kind::Link, "c").Behind("about.").Add(Kind::Link, "d");
+  maker.Add(Kind::Link, "a")
+      .Add(Kind::Link, "b")
+      .Add(Kind::Link, "c")
+      .Behind("about.")
+      .Add(Kind::Link, "d");
   p.Read(MakePage("http://b/", "T", text));
   p.Browser().TextDescribed(maker.Make());
   p.TextPane().SetFocus();
@@ -120,9 +125,9 @@ TEST_F(QuickKeysTest, NLeadsBehindARowOfLinks) {
   Press('N');
   Press('N');
   Press('N', kShiftMask);
-  EXPECT_THAT(p.Spoken(), ElementsAre("This is the text that the page is about.",
-                                      "More of what it is about.", "No next text behind links",
-                                      "This is the text that the page is about."));
+  EXPECT_THAT(p.Spoken(),
+              ElementsAre("This is the text that the page is about.", "More of what it is about.",
+                          "No next text behind links", "This is the text that the page is about."));
 }
 
 TEST_F(QuickKeysTest, OtherKeysDoNotWrite) {
@@ -132,7 +137,8 @@ TEST_F(QuickKeysTest, OtherKeysDoNotWrite) {
   p.TextPane().Press(kKeyBackspace, 0, kKeyBackspace);
   p.TextPane().Press(kKeyDelete);
   EXPECT_EQ(p.TextPane().text, before);
-  EXPECT_THAT(p.Spoken(), ElementsAre("No quick key", "No quick key", "No quick key", "No quick key"));
+  EXPECT_THAT(p.Spoken(),
+              ElementsAre("No quick key", "No quick key", "No quick key", "No quick key"));
 }
 
 TEST_F(QuickKeysTest, F4LetsThePaneBeWrittenIn) {
@@ -181,7 +187,10 @@ TEST_F(QuickKeysTest, WhatAUseHasChangedStandsInTheText) {
     if (timer->interval == 700 && timer->enabled) timer->Fire();
   }
   PageTextMaker maker("New line\nMenu\nPrices\nSee Next week now");
-  maker.Behind("line\n").Add(Kind::Link, "Menu").Add(Kind::Heading, "Prices", 2).Add(Kind::Link, "Next week");
+  maker.Behind("line\n")
+      .Add(Kind::Link, "Menu")
+      .Add(Kind::Heading, "Prices", 2)
+      .Add(Kind::Link, "Next week");
   p.Browser().TextDescribed(maker.Make());
   EXPECT_NE(p.TextPane().text.find("New line\nMenu"), std::string::npos);
   EXPECT_EQ(AtCaret(), "Next week now");
@@ -202,7 +211,8 @@ TEST_F(QuickKeysTest, ThePlaceIsKeptWhenThePageIsReadAgain) {
   Press('H');
   Press('H');
   p.Browser().Begin();
-  p.Browser().Finish(MakePage("http://a/", "T\xC3\xADtle", "Menu\nPrices\nSee Next week now\nDetails\nEnd"));
+  p.Browser().Finish(
+      MakePage("http://a/", "T\xC3\xADtle", "Menu\nPrices\nSee Next week now\nDetails\nEnd"));
   p.Reading().Fire();
   p.Browser().TextDescribed(Text());
   EXPECT_EQ(AtCaret(), "Details");

@@ -8,7 +8,8 @@ namespace {
 
 using Kind = PageSpan::Kind;
 
-ElementFacts Facts(const std::string& role, const std::string& name, const std::string& value = "") {
+ElementFacts Facts(const std::string& role, const std::string& name,
+                   const std::string& value = "") {
   ElementFacts facts;
   facts.role = role;
   facts.name = name;
@@ -32,8 +33,9 @@ std::vector<std::string> Lines(const PageTextMaker& maker) {
 }
 
 TEST(TextKinds, ALineIsSaidWithWhatBeginsOnIt) {
-  EXPECT_THAT(Lines(PageTextMaker("Prices\nNext week").Add(Kind::Heading, "Prices", 2).Add(
-                  Kind::Link, "Next week")),
+  EXPECT_THAT(Lines(PageTextMaker("Prices\nNext week")
+                        .Add(Kind::Heading, "Prices", 2)
+                        .Add(Kind::Link, "Next week")),
               ElementsAre("heading level 2, Prices", "link, Next week"));
   EXPECT_THAT(Lines(PageTextMaker("Send\nName, Al\nA cat")
                         .Add(Kind::Button, "Send", 0, 0, Facts("button", "Send"))
@@ -84,9 +86,9 @@ TEST(TextKinds, WhatIsReachedIsCalledByItsWordsFirst) {
   const TextMap map(maker.Make());
   std::vector<std::string> said;
   for (const PageSpan& span : map.Page().spans) said.push_back(ReachedWords(map, span));
-  EXPECT_THAT(said, ElementsAre("Prices, heading level 2", "Next week, link",
-                                "Name, edit, Al, required", "main", "list of 3",
-                                "Prices, table, 3 rows, 2 columns"));
+  EXPECT_THAT(said,
+              ElementsAre("Prices, heading level 2", "Next week, link", "Name, edit, Al, required",
+                          "main", "list of 3", "Prices, table, 3 rows, 2 columns"));
 }
 
 }  // namespace

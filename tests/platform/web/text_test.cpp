@@ -63,7 +63,9 @@ class TextTest : public PageTest {
   void PressEscapeIn(const std::string& id) {
     view_.Focus();
     InPage("document.getElementById('" + id + "').focus()");
-    InPage("window.released = 0; addEventListener('keyup', () => setTimeout(() => released++, 50), {once: true})");
+    InPage(
+        "window.released = 0; addEventListener('keyup', () => setTimeout(() => released++, 50), "
+        "{once: true})");
     view_.Key(GDK_KEY_Escape);
     ASSERT_TRUE(Becomes("released", "1"));
   }
@@ -267,8 +269,9 @@ TEST_F(TextTest, ALinkIsFollowed) {
 }
 
 TEST_F(TextTest, AUseIsAClickAndTakesNoFocus) {
-  Load("<input type=checkbox><button onclick='this.textContent = \"done\"'>Do</button>"
-       "<details><summary>More</summary>inner</details><iframe src=/inner></iframe>");
+  Load(
+      "<input type=checkbox><button onclick='this.textContent = \"done\"'>Do</button>"
+      "<details><summary>More</summary>inner</details><iframe src=/inner></iframe>");
   Use(Kind::CheckBox);
   EXPECT_TRUE(Becomes("document.querySelector('input').checked", "true"));
   Use(Kind::Button);
@@ -309,11 +312,13 @@ TEST_F(TextTest, EscapeInAnElementLeadsToIt) {
 }
 
 TEST_F(TextTest, AnEscapeThatThePageUsesIsThePages) {
-  Load("<input id=a onkeydown='event.preventDefault()'>"
-       "<input id=b onkeydown='event.stopPropagation()'>"
-       "<input id=c onkeydown='document.title = this.parentNode.className = \"closed\"'>"
-       "<input id=d onkeydown='a.focus()'>"
-       "<dialog id=e><button id=f>In</button></dialog><div popover id=g>pop<button id=h>x</button></div>");
+  Load(
+      "<input id=a onkeydown='event.preventDefault()'>"
+      "<input id=b onkeydown='event.stopPropagation()'>"
+      "<input id=c onkeydown='document.title = this.parentNode.className = \"closed\"'>"
+      "<input id=d onkeydown='a.focus()'>"
+      "<dialog id=e><button id=f>In</button></dialog><div popover id=g>pop<button "
+      "id=h>x</button></div>");
   for (const char* id : {"a", "b", "c", "d"}) PressEscapeIn(id);
   InPage("document.getElementById('e').showModal()");
   PressEscapeIn("f");
@@ -325,8 +330,9 @@ TEST_F(TextTest, AnEscapeThatThePageUsesIsThePages) {
 TEST_F(TextTest, APageCannotPressEscapeItself) {
   Load("<input id=a autofocus>");
   view_.Focus();
-  InPage("document.getElementById('a').dispatchEvent(new KeyboardEvent('keydown', {key: 'Escape',"
-         "bubbles: true}))");
+  InPage(
+      "document.getElementById('a').dispatchEvent(new KeyboardEvent('keydown', {key: 'Escape',"
+      "bubbles: true}))");
   InPage("window.later = 0; setTimeout(() => later = 1, 100)");
   ASSERT_TRUE(Becomes("later", "1"));
   EXPECT_THAT(view_.left, IsEmpty());
