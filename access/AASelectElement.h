@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,7 +10,8 @@ namespace corvane {
 
 /// Announces a selection list: what it is and its choice on focus, the new
 /// choice alone when it changes; of a list of many choices those that have been
-/// chosen, else those that have been let go.
+/// chosen, else those that have been let go. Where the manner wants full sentences, the
+/// list that it opens is heard as it is walked.
 class AASelectElement : public AAElement {
  protected:
   void Listen() override;
@@ -17,6 +19,7 @@ class AASelectElement : public AAElement {
  private:
   void AASelect_onfocus();
   void AASelect_onchange();
+  void AASelect_onlist();
   /// The text of the chosen option; empty while nothing is chosen.
   std::string Choice() const;
   std::string Option(int index) const;
@@ -28,7 +31,9 @@ class AASelectElement : public AAElement {
   Change Changed();
   std::string Named(const Change& change) const;
 
-  std::vector<int> chosen_;  // when announced last
+  std::vector<int> chosen_;        // when announced last
+  OpenList list_;                  // what was last said of it
+  std::optional<std::string> out_of_list_;  // the option that was chosen there and said
 };
 
 }  // namespace corvane

@@ -25,6 +25,16 @@ struct ElementCaret {
   std::optional<std::string> line = std::nullopt;
 };
 
+/// The list that a select opens over the page, and the option in it that its user has
+/// come to; nothing is chosen before the list is closed.
+struct OpenList {
+  bool open = false;
+  std::string option;
+  std::string group;  ///< of options, that it stands in
+  int place = 0;      ///< among the options, from 1; 0: at none
+  int size = 0;       ///< how many options there are
+};
+
 /// One element of a page, filled from the page record. Texts are UTF-8. The
 /// values are those at the time of the record or of the element's last event.
 class HTMLElement {
@@ -59,6 +69,7 @@ class HTMLElement {
   ElementFactsPtr facts_before;  ///< as it was told before that
   /// The change that is being told has come with the focus, not after it.
   bool changed_with_focus = false;
+  OpenList list;  ///< of a select
 
   Event<> onfocus;
   Event<> onkeyup;
@@ -66,6 +77,8 @@ class HTMLElement {
   Event<> onchange;
   /// The page has changed what the element is to its user: a state, a value.
   Event<> onstate;
+  /// A select's list has opened, been walked or closed.
+  Event<> onlist;
 };
 
 using HTMLElementPtr = std::shared_ptr<HTMLElement>;

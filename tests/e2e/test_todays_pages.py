@@ -48,6 +48,19 @@ class TodaysPages(EndToEndTest):
                   ("Right", "41"),
                   ("Home", "0"))
 
+    def test_list_of_a_select_is_heard_as_it_is_walked(self):
+        self.walk("select", "Select: a journey by ship",
+                  ("Tab", "select-one, Harbour, Gdansk, 2 of 3"),
+                  ("alt+Down", "expanded, Gdansk, 2 of 3"),
+                  ("Down", "Tallinn, 3 of 3"),
+                  ("m", "Malmo, 1 of 3"),
+                  ("Escape", "collapsed, Gdansk"),
+                  ("space", "expanded, Gdansk, 2 of 3"),
+                  ("Up", "Malmo, 1 of 3"),
+                  ("Return", "collapsed, Malmo"),
+                  ("Down", "Gdansk, 2 of 3"),
+                  ("Tab", "Warm, group, select-one, Meals, Fish soup, 1 of 3"))
+
     def test_suggestions_of_a_field_are_counted_and_walked(self):
         self.walk("native-datalist", "Data list: which tree",
                   ("Tab", "combo box, Tree"),

@@ -141,5 +141,65 @@ TEST_F(HiddenPasswords, OtherFieldsAreHeard) {
   EXPECT_EQ(Focus(field), "text, q, cats");
 }
 
+struct ListOfASelect : FormAnnouncers {
+  HTMLElementPtr select = Field("HTMLSelectElement", "select-one", "harbour");
+
+  ListOfASelect() {
+    manner.full_sentences = true;
+    select->options = {"Malmo", "Gdansk", "Tallinn"};
+    select->selectedIndex = 1;
+    Reset({select});
+  }
+  void Reach(const std::string& option, int place, const std::string& group = "") {
+    select->list = {true, option, group, place, 3};
+    select->onlist.Raise();
+  }
+  void Close(const std::string& option) {
+    select->list = {false, option, "", 0, 3};
+    select->onlist.Raise();
+  }
+  void Change(int index) {
+    select->selectedIndex = index;
+    select->onchange.Raise();
+  }
+};
+
+TEST_F(ListOfASelect, IsHeardAsItOpensIsWalkedAndCloses) {
+  Reach("Gdansk", 2);
+  Reach("Tallinn", 3);
+  Close("Tallinn");
+  Change(2);
+  EXPECT_THAT(said, ElementsAre("expanded, Gdansk, 2 of 3", "Tallinn, 3 of 3", "collapsed, Tallinn"));
+  Change(0);
+  EXPECT_EQ(said.back(), "Malmo") << "a key has chosen it without the list";
+}
+
+TEST_F(ListOfASelect, LeftWithoutAChoiceSaysWhatStays) {
+  Reach("Gdansk", 2);
+  Reach("Tallinn", 3);
+  Close("Gdansk");
+  EXPECT_EQ(said.back(), "collapsed, Gdansk");
+  Change(0);
+  EXPECT_EQ(said.back(), "Malmo");
+}
+
+TEST_F(ListOfASelect, SaysTheGroupOfOptionsThatIsEntered) {
+  Reach("Fish soup", 1, "Warm");
+  Reach("Dumplings", 2, "Warm");
+  Reach("Salad", 3, "Cold");
+  EXPECT_THAT(said, ElementsAre("expanded, Warm, group, Fish soup, 1 of 3", "Dumplings, 2 of 3",
+                                "Cold, group, Salad, 3 of 3"));
+}
+
+TEST_F(ListOfASelect, EstablishedMannerHearsTheChoiceAlone) {
+  manner.full_sentences = false;
+  Reach("Gdansk", 2);
+  Reach("Tallinn", 3);
+  Close("Tallinn");
+  EXPECT_THAT(said, IsEmpty());
+  Change(2);
+  EXPECT_THAT(said, ElementsAre("Tallinn"));
+}
+
 }  // namespace
 }  // namespace corvane::tests

@@ -59,6 +59,12 @@ void EngineView::ConnectView() {
           G_CALLBACK(+[](WebKitWebView*, WebKitHitTestResult* target, guint, gpointer self) {
             ViewOf(self).OnPointer(target);
           }));
+  connect(view, "show-option-menu",
+          G_CALLBACK(+[](WebKitWebView*, WebKitOptionMenu* menu, GdkEvent*, GdkRectangle* area,
+                         gpointer self) -> gboolean {
+            ViewOf(self).list_->Open(menu, *area);
+            return TRUE;
+          }));
   connect(view, "button-press-event",
           G_CALLBACK(+[](GtkWidget*, GdkEventButton*, gpointer self) -> gboolean {
             ViewOf(self).OnInput();

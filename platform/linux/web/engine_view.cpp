@@ -82,6 +82,8 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
       text_(std::make_unique<TextReader>(
           view_.get(), [this](const PageElement& element) { listener_.left(element); })),
       keys_(std::make_unique<PageKeys>(view_.get(), KeysHost(), engine.Options().hang.keys)),
+      list_(std::make_unique<OptionList>(
+          view_.get(), [this](const OpenList& list) { reader_->TellList(list); })),
       closing_(
           view_.get(), [this] { listener_.close(); }, [this] { return dialog_open_; }),
       watchdog_(
@@ -116,6 +118,7 @@ EngineView::~EngineView() {
   live_.reset();
   text_.reset();
   keys_.reset();
+  list_.reset();
   requests_.reset();  // takes back what is asked
   find_.reset();
   reader_.reset();
@@ -145,6 +148,7 @@ PageKeys::Host EngineView::KeysHost() {
                        if (!weak.expired()) answered();
                      });
           },
+          [this] { return reader_->OnList(); },
           [this](bool left) { reader_->IgnoreEvents(left); }};
 }
 

@@ -11,6 +11,7 @@
 #include "platform/html_document.h"
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/navigation.h"
+#include "platform/linux/web/option_list.h"
 #include "platform/linux/web/page/find_in_page.h"
 #include "platform/linux/web/page/live_regions.h"
 #include "platform/linux/web/page/page_changes.h"
@@ -135,6 +136,7 @@ class EngineView {
   std::unique_ptr<LiveRegions> live_;
   std::unique_ptr<TextReader> text_;
   std::unique_ptr<PageKeys> keys_;
+  std::unique_ptr<OptionList> list_;
   PageClosing closing_;
   Watchdog watchdog_;
   PageLeaving leaving_;

@@ -64,6 +64,14 @@ void PageKeys::NameBackTab(GdkEventKey& event) {
   if (event.keyval == GDK_KEY_ISO_Left_Tab) event.keyval = GDK_KEY_Tab;
 }
 
+// Alt and Down open a list everywhere but in the engine, which knows Space for it.
+void PageKeys::OpenList(GdkEventKey& event) {
+  const bool alone = (event.state & gtk_accelerator_get_default_mod_mask()) == GDK_MOD1_MASK;
+  if (event.keyval != GDK_KEY_Down || !alone) return;
+  event.keyval = GDK_KEY_space;
+  event.state &= ~static_cast<guint>(GDK_MOD1_MASK);
+}
+
 gboolean PageKeys::KeyPressed(GdkEventKey& event) {
   if (IsFromEngine()) {
     // Whoever listens has had this key already; only the widget goes on.
@@ -77,6 +85,7 @@ gboolean PageKeys::KeyPressed(GdkEventKey& event) {
   host_.input(event);
   if (IsTab(event)) WatchTab(IsBack(event));
   NameBackTab(event);
+  if (host_.on_list()) OpenList(event);
   return FALSE;
 }
 

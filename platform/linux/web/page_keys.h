@@ -28,6 +28,8 @@ class PageKeys {
     std::function<bool()> waits;
     /// Asks the page for a sign of life.
     std::function<void(std::function<void()> answered)> ask;
+    /// Whether a select that opens a list has the page's focus.
+    std::function<bool()> on_list;
     /// The user was led out of a page that did not answer (true); is back (false).
     std::function<void(bool)> left;
   };
@@ -40,6 +42,7 @@ class PageKeys {
 
  private:
   static void NameBackTab(GdkEventKey& event);
+  static void OpenList(GdkEventKey& event);
   gboolean KeyPressed(GdkEventKey& event);
   void Keep(GdkEventKey& event);
   void WatchTab(bool back);

@@ -405,6 +405,27 @@ void PageReader::Deliver(const ElementEvent& event) {
   if (page) page->unasked = false;
 }
 
+HTMLElementPtr PageReader::Focused() const {
+  const auto document = elements_.find(focused_.first);
+  if (document == elements_.end()) return nullptr;
+  const auto found = document->second.find(focused_.second);
+  return found == document->second.end() ? nullptr : found->second;
+}
+
+bool PageReader::OnList() const {
+  const HTMLElementPtr element = Focused();
+  return element && element->type_name == "HTMLSelectElement" && element->facts &&
+         element->facts->role == "combobox";
+}
+
+// A select has the focus before its list opens.
+void PageReader::TellList(const OpenList& list) {
+  const HTMLElementPtr select = Focused();
+  if (!select) return;
+  select->list = list;
+  select->onlist.Raise();
+}
+
 void PageReader::Raise(const ElementEvent& event, HTMLElement& element) {
   switch (event.kind) {
     case ElementEvent::Kind::Focus:

@@ -53,6 +53,10 @@ class PageReader {
   void TellFocus();
   /// The element that a record of the page holds under that number; null for others.
   HTMLElementPtr Known(const std::string& document, int number) const;
+  /// Whether a select that opens a list has the page's focus.
+  bool OnList() const;
+  /// The list of the select that has the focus has opened, been walked or closed.
+  void TellList(const OpenList& list);
   /// Whether the page's focus is in a field whose text is hidden.
   bool InPassword() const { return in_password_; }
   /// While true, what happens to the page's elements is not told: the page tells of
@@ -68,6 +72,7 @@ class PageReader {
   void DeliverWaiting();
   static void Raise(const ElementEvent& event, HTMLElement& element);
   HTMLElementPtr ElementOf(const ElementEvent& event);
+  HTMLElementPtr Focused() const;
   bool Introduce(const ElementEvent& event, const HTMLElementPtr& element);
   void ReceiveRecord(PageRecord record);
   void ReceiveCollected(std::string text);
