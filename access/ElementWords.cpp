@@ -163,6 +163,29 @@ std::string Count(int number, const char* one, const char* many) {
   return std::to_string(number) + " " + (number == 1 ? one : many);
 }
 
+std::string TimeWords(int seconds) {
+  std::string words;
+  const auto add = [&words](int number, const char* one, const char* many) {
+    if (!words.empty()) words += ' ';
+    words += Count(number, one, many);
+  };
+  if (seconds >= 3600) add(seconds / 3600, "hour", "hours");
+  if (seconds % 3600 >= 60) add(seconds % 3600 / 60, "minute", "minutes");
+  if (seconds % 60 > 0 || words.empty()) add(seconds % 60, "second", "seconds");
+  return words;
+}
+
+// "5 seconds of 3 minutes", of what plays.
+std::string PositionWords(const ElementFacts& facts) {
+  if (facts.position < 0) return {};
+  const std::string words = TimeWords(facts.position);
+  return facts.duration > 0 ? words + " of " + TimeWords(facts.duration) : words;
+}
+
+std::string VolumeWords(int percent) {
+  return percent == 0 ? "muted" : "volume " + std::to_string(percent) + " percent";
+}
+
 // Each frame counts its elements by itself, so the number alone tells no two apart.
 bool IsIn(const std::vector<ElementGroup>& groups, const ElementGroup& group) {
   return std::any_of(groups.begin(), groups.end(), [&](const ElementGroup& each) {
@@ -198,6 +221,7 @@ std::string ElementSentence(const ElementFacts& facts) {
   Words words = {RoleWords(facts), facts.name};
   for (auto& state : StateWords(facts)) words.push_back(std::move(state));
   words.push_back(facts.value);
+  words.push_back(PositionWords(facts));
   words.push_back(PlaceWords(facts));
   words.push_back(facts.description);
   return Joined(words);
@@ -236,6 +260,8 @@ std::string ChangeWords(const ElementFacts& before, const ElementFacts& now) {
   if (before.invalid && !now.invalid) words.emplace_back("valid");
   if (before.disabled && !now.disabled) words.emplace_back("available");
   if (now.value != before.value) words.push_back(now.value);
+  if (now.position != before.position) words.push_back(PositionWords(now));
+  if (now.volume >= 0 && now.volume != before.volume) words.push_back(VolumeWords(now.volume));
   if (now.suggestions >= 0 && now.suggestions != before.suggestions) {
     words.push_back(now.suggestions == 0 ? "no suggestions"
                                          : Count(now.suggestions, "suggestion", "suggestions"));

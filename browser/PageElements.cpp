@@ -72,12 +72,21 @@ void PageElements::Follow(const HTMLElementPtr& element) {
   HTMLElement* each = element.get();
   followed_ += each->onstate.Connect([this, each] { Changed(*each); });
   if (!HasAnnouncer(*each)) {
-    followed_ +=
-        each->onfocus.Connect([this, each] { oAAFormCol_.SayFocused(*each, Described(*each)); });
+    followed_ += each->onfocus.Connect([this, each] {
+      control_ = each->part_value;
+      oAAFormCol_.SayFocused(*each, Described(*each));
+    });
   } else if (CanBeChecked(*each)) {
     followed_ +=
         each->onchange.Connect([this, each] { oAAFormCol_Say(AAInputElement::StateWord(*each)); });
   }
+}
+
+// A player's controls; what a text field has for parts says its announcer.
+std::string PageElements::ControlReached(const HTMLElement& element) {
+  if (HasAnnouncer(element)) return {};
+  const bool is_other = std::exchange(control_, element.part_value) != element.part_value;
+  return is_other && !element.part.empty() ? Sentence({element.part, element.part_value}) : "";
 }
 
 // What changes with the focus belongs to what is being said of it.
@@ -86,7 +95,8 @@ void PageElements::Changed(const HTMLElement& element) {
   ElementFacts before = *element.facts_before;
   // What is typed is heard as it is typed.
   if (element.caret.edit != ElementCaret::Edit::None) before.value = element.facts->value;
-  const std::string words = ChangeWords(before, *element.facts);
+  std::string words = ChangeWords(before, *element.facts);
+  if (const std::string control = ControlReached(element); !control.empty()) words = control;
   if (words.empty()) return;
   if (element.changed_with_focus) {
     pane_.announcer.SayBehind(words);

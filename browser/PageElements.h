@@ -24,10 +24,12 @@ class PageElements {
   void oAAFormCol_Say(const std::string& sText);
   void Follow(const HTMLElementPtr& element);
   void Changed(const HTMLElement& element);
+  std::string ControlReached(const HTMLElement& element);
 
   PaneContext& pane_;
   AAFormCollection oAAFormCol_;
   HTMLDocumentPtr document_;  // the present page
+  std::string control_;       // of the player in focus, that its user has come to
   Connections connections_;
   Connections followed_;  // of the present page
 };

@@ -54,6 +54,9 @@ struct ElementFacts {
   std::string value;
   int suggestions = -1;    ///< that a field offers for what is typed; -1: unknown
   std::string suggestion;  ///< the one that the arrows have reached
+  int position = -1;       ///< of what plays, in seconds; -1: unknown
+  int duration = 0;        ///< in seconds; 0: unknown
+  int volume = -1;         ///< percent, 0 where it is muted; -1: unknown
   std::string error;       ///< why it is invalid
   std::string description;
   std::vector<ElementGroup> groups;  ///< that it lies in, the outermost first

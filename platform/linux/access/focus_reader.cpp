@@ -46,13 +46,36 @@ struct Facts {
   std::optional<double> value;
 };
 
+// What stands for digits: "mm", "yyyy", "--".
+bool IsOneSign(const std::string& text) {
+  return text.find_first_not_of(text.front()) == std::string::npos;
+}
+
+std::string ControlOf(std::uint32_t role) {
+  switch (role) {
+    case ATSPI_ROLE_PUSH_BUTTON:
+      return "button";
+    case ATSPI_ROLE_TOGGLE_BUTTON:
+      return "toggle button";
+    case ATSPI_ROLE_CHECK_BOX:
+      return "check box";
+    case ATSPI_ROLE_SLIDER:
+      return "slider";
+    default:
+      return {};
+  }
+}
+
 // A part of a date that holds nothing shows what might stand there, and counts as 0. It
-// is not when it shows a 0: an hour may be that.
+// is not when it shows a 0, since an hour may be that, nor when it shows a word: months
+// and halves of a day have names and no number.
 FieldFocus FocusOf(Facts facts) {
   FieldFocus& focus = facts.focus;
   focus.is_part = facts.role == ATSPI_ROLE_SPIN_BUTTON;
-  const bool shows_zero = focus.text.find_first_not_of('0') == std::string::npos;
-  focus.is_empty = focus.is_part && facts.value.value_or(1) == 0 && !shows_zero;
+  focus.control = ControlOf(facts.role);
+  const std::string& text = focus.text;
+  const bool shows_nothing = text.empty() || (text.front() != '0' && IsOneSign(text));
+  focus.is_empty = focus.is_part && facts.value.value_or(1) == 0 && shows_nothing;
   return std::move(focus);
 }
 

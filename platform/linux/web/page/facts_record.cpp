@@ -87,6 +87,9 @@ ElementFactsPtr FactsOf(const Json& json) {
   facts->value = Text(member("value"));
   facts->suggestions = Number(member("suggestions")) - 1;
   facts->suggestion = Text(member("suggestion"));
+  facts->position = Number(member("position")) - 1;
+  facts->duration = Number(member("duration"));
+  facts->volume = Number(member("volume")) - 1;
   facts->error = Text(member("error"));
   facts->description = Text(member("description"));
   facts->groups = Groups(member("groups"));

@@ -20,6 +20,11 @@ void Complete(ElementEvent& event, const FieldFocus& focus) {
     if (focus.caret >= 0) event.caret.line = Shorten(focus.line, kLongestLineHeard);
     return;
   }
+  if (event.look_at_control) {
+    event.part = focus.control;
+    event.part_value = Shorten(focus.name, kLongestPart);
+    return;
+  }
   if (focus.is_part) {
     event.part = Shorten(focus.name, kLongestPart);
     event.part_value = focus.is_empty ? kEmptyPart : Shorten(focus.text, kLongestPart);

@@ -15,6 +15,7 @@ struct ElementEvent;
 struct FieldFocus {
   std::string name;
   std::string text;
+  std::string control;    ///< "button", "slider" ...; empty for anything else
   bool is_part = false;   ///< a part of a field of several
   bool is_empty = false;  ///< of a part: the text only shows what belongs there
   int caret = -1;         ///< characters before it; -1: unknown

@@ -241,8 +241,9 @@ std::optional<ElementEvent> ParseElementEvent(std::string_view text) {
   event.unasked = NumberOf(Member(json, "unasked"), 0) == 1;
   event.again = NumberOf(Member(json, "again"), 0) == 1;
   const int look = NumberOf(Member(json, "look"), 0);
-  event.look = look == 1 || look == 2;
+  event.look = look >= 1 && look <= 3;
   event.look_at_line = look == 2;
+  event.look_at_control = look == 3;
   std::unordered_map<int, HTMLElementPtr> alone;
   Elements elements(alone);
   const Json& field = Member(json, "field");
@@ -256,6 +257,10 @@ void Apply(const ElementEvent& event, HTMLElement& element) {
   if (event.facts) {
     element.facts_before = std::exchange(element.facts, event.facts);
     element.changed_with_focus = event.with_focus;
+  }
+  if (event.look_at_control) {
+    element.part = event.part;
+    element.part_value = event.part_value;
   }
   if (!event.has_state) return;
   element.value = event.value;

@@ -26,6 +26,7 @@
   let losing = null;
   let address = '';   // of the page when the user did something
 
+  const {timesOf} = globalThis.corvaneFacts;
   const activeIn = (element) => {
     if (attribute(element, MOVE).trim() === '' && !('ariaActiveDescendantElement' in element)) return null;
     const [found] = referenced(element, MOVE, 'ariaActiveDescendantElement');
@@ -118,10 +119,19 @@
       losing = setTimeout(lookForLoss, LOSS);
     }, {capture: true, passive: true});
   }
-  for (const type of ['play', 'pause']) {
+  // What a player's keys have done.
+  const playerFacts = {
+    play: () => ({}),
+    pause: () => ({}),
+    seeked: (player) => timesOf(player),
+    volumechange: (player) => ({volume: player.muted ? 1 : Math.round(player.volume * 100) + 1}),
+    error: () => ({}),
+  };
+  for (const type of Object.keys(playerFacts)) {
     window.addEventListener(type, (event) => {
       const [target] = event.isTrusted ? event.composedPath() : [];
-      if (target === focused && performance.now() - lastInput < FOLLOWS) tell('state', target);
+      if (target !== focused || !(target instanceof HTMLMediaElement)) return;
+      if (performance.now() - lastInput < FOLLOWS) tell('state', target, {facts: playerFacts[type](target)});
     }, {capture: true, passive: true});
   }
   window.addEventListener('blur', (event) => {

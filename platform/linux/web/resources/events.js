@@ -74,6 +74,9 @@
   const STEPPED = new Set(['range', 'number', 'color']);
   const PARTED = new Set(['date', 'time', 'datetime-local', 'month', 'week']);
   const WITHOUT_CARET = new Set(['number', 'email']);
+  // A player's own controls lie where no script looks.
+  const isPlayer = (element) => element instanceof HTMLMediaElement;
+  const CONTROL = 3;
 
   // The line at the caret of what has several; another has to look where it may be
   // shown in more than one piece.
@@ -112,9 +115,12 @@
       const what = kindOf(element);
       if (PARTED.has(what) || (kind === 'keyup' && WITHOUT_CARET.has(what))) message.look = 1;
     }
+    if (isPlayer(element) && kind === 'focus') message.look = CONTROL;
     const chooses = kind === 'change' && element instanceof HTMLSelectElement;
     if (kind === 'focus' || kind === 'state' || chooses) {
-      message.facts = {...globalThis.corvaneFacts.factsOf(element), ...more.facts};
+      const {factsOf, timesOf} = globalThis.corvaneFacts;
+      const times = kind === 'focus' && isPlayer(element) ? timesOf(element) : {};
+      message.facts = {...factsOf(element), ...times, ...more.facts};
     }
     // An element that no record holds is described whole.
     if (!isRecorded(element) && (kind === 'focus' || !told.has(element))) {
@@ -184,6 +190,7 @@
       if (isSecret(element)) tell('leave', element);
     },
     keyup: (element, event) => {
+      if (isPlayer(element) && event.key === 'Tab') tell('state', element, {look: CONTROL});
       if (isTyping(event, element)) tell('keyup', element, {edit});
     },
     input: (element, event) => {

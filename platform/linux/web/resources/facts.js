@@ -119,6 +119,15 @@
   };
   const chosenOf = (select) => Array.from(select.selectedOptions).slice(0, limit.ids)
     .map((option) => short(option.text)).join(', ');
+  const playing = (player) => {
+    if (player.error || player.networkState === HTMLMediaElement.NETWORK_NO_SOURCE) return 'cannot be played';
+    return player.ended ? 'ended' : player.paused ? 'paused' : 'playing';
+  };
+  // Seconds; one more than that of the position, so that 0 is told, too.
+  const timesOf = (player) => ({
+    position: Math.floor(player.currentTime) + 1,
+    duration: Number.isFinite(player.duration) ? Math.round(player.duration) : 0,
+  });
   const valueFor = (element, role) => {
     if (RANGES.has(role)) return rangeValue(element, role);
     if (element instanceof HTMLSelectElement) return chosenOf(element);
@@ -128,7 +137,7 @@
       return /^(checkbox|radio|button|submit|reset|image|password|hidden)$/.test(typeOf(element))
         ? '' : short(valueOf(element));
     }
-    if (element instanceof HTMLMediaElement) return element.paused ? 'paused' : 'playing';
+    if (element instanceof HTMLMediaElement) return playing(element);
     if (role === 'textbox' && !isField(element)) return short(element.textContent ?? '');
     if (role === 'combobox') {
       const text = element instanceof HTMLInputElement ? valueOf(element) : element.textContent ?? '';
@@ -353,5 +362,5 @@
   // The part of it that is quick to find, for many elements at once.
   const briefFactsOf = (element, role, name) => known(ownFacts(element, role, name));
 
-  Object.defineProperty(globalThis, 'corvaneFacts', {value: Object.freeze({factsOf, briefFactsOf, sizeOfTable})});
+  Object.defineProperty(globalThis, 'corvaneFacts', {value: Object.freeze({factsOf, briefFactsOf, sizeOfTable, timesOf})});
 })();
