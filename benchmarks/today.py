@@ -118,7 +118,9 @@ class Walker:
             if len(said) > heard:
                 heard, last = len(said), now
             complete = heard > 0 and all(check(squeezed(" | ".join(said))) for _, _, check in expected)
-            if (heard and now - last > QUIET and (complete or now - last > 3 * QUIET)) or now - begun > PATIENCE:
+            # Live words come behind what is being said.
+            longest = PATIENCE if any(kind == "live" for kind, _, _ in expected) else 3 * QUIET
+            if (heard and now - last > QUIET and (complete or now - last > longest)) or now - begun > PATIENCE:
                 return said
             time.sleep(0.02)
 

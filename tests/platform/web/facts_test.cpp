@@ -143,5 +143,40 @@ TEST_F(ElementFactsTest, CellsKnowTheirRowAndColumn) {
   EXPECT_EQ(table[5], 2);
 }
 
+TEST_F(FactsTest, TableThatOnlyPutsThingsBesideEachOtherIsNoGroup) {
+  Load(
+      "<table><tr><td>Name<td><input id=a></table>"
+      "<table><tr><th>Name<td><input id=b></table>"
+      "<table aria-label=Names><tr><td>Name<td><input id=c></table>");
+  EXPECT_FALSE(FactsOf("#a").contains("groups"));
+  EXPECT_EQ(FactsOf("#b")["groups"][0][1], "table");
+  EXPECT_EQ(FactsOf("#c")["groups"][0][2], "Names");
+}
+
+// Where nothing changes that counts, what was found once is not looked for again; what
+// does change counts at once.
+TEST_F(FactsTest, PlacesInAListFollowEachChangeOfIt) {
+  Load(
+      "<style>.out {display: none}</style><div role=listbox id=list><div id=wrap>"
+      "<p role=option id=a>A</p><p role=option id=b>B<i></i></p></div><p role=option "
+      "id=c>C</p></div>");
+  const auto after = [&](const std::string& script) {
+    view_.EvaluateInPage(script);
+    const auto facts = FactsOf("#c");
+    return std::to_string(facts.value("place", 0)) + " of " +
+           std::to_string(facts.value("size", 0));
+  };
+  EXPECT_EQ(after("1"), "3 of 3");
+  EXPECT_EQ(after("b.className = 'here'; b.firstElementChild.className = 'x'"), "3 of 3");
+  EXPECT_EQ(after("a.className = 'out'"), "2 of 2");
+  EXPECT_EQ(after("a.className = ''"), "3 of 3");
+  EXPECT_EQ(after("wrap.hidden = true"), "1 of 1");
+  EXPECT_EQ(after("wrap.hidden = false"), "3 of 3");
+  EXPECT_EQ(after("a.remove()"), "2 of 2");
+  EXPECT_EQ(after("b.setAttribute('role', 'note')"), "1 of 1");
+  EXPECT_EQ(after("list.insertAdjacentHTML('afterbegin', '<p role=option>0</p>')"), "2 of 2");
+  EXPECT_EQ(after("b.before(c)"), "2 of 2");
+}
+
 }  // namespace
 }  // namespace corvane::desktop

@@ -186,7 +186,7 @@
     return null;
   };
   // The elements of these roles below a holder, those of holders within it left out.
-  const likeBelow = (holder, roles, inner) => {
+  const collectLike = (holder, roles, inner) => {
     const found = [];
     let seen = 0;
     const visit = (element) => {
@@ -201,6 +201,62 @@
     visit(holder);
     return found;
   };
+
+  // What was found below a holder, until something there changes that counts. Who goes
+  // through a long list asks for it at each step, and what the list marks as reached
+  // changes its looks each time.
+  const LIST_TIME = 2000;  // milliseconds; a style sheet may hide elements unseen
+  const MOST_LISTS = 6;
+  const MOST_CHANGES = 50;
+  const lists = [];
+  class LikeList {
+    constructor(holder, roles, inner) {
+      this.holder = holder;
+      this.roles = roles;
+      this.key = LikeList.keyOf(roles, inner);
+      this.all = collectLike(holder, roles, inner);
+      this.places = new Map(this.all.map((element, i) => [element, i + 1]));
+      this.made = performance.now();
+      this.valid = true;
+      this.observer = new MutationObserver((changes) => this.check(changes));
+      this.observer.observe(holder, {subtree: true, childList: true, attributes: true,
+        attributeFilter: ['class', 'style', 'hidden', 'role', 'aria-hidden', 'aria-owns']});
+    }
+    static keyOf(roles, inner) {
+      return `${[...roles].join(' ')}/${[...inner].join(' ')}`;
+    }
+    check(changes) {
+      if (!this.valid) return;
+      this.valid = changes.length <= MOST_CHANGES && changes.every((change) => this.keeps(change));
+    }
+    // Whether all stays in its place: what lies within one of the elements does not count.
+    keeps({type, target}) {
+      if (this.places.has(target)) {
+        return type === 'childList' || (isShown(target) && !isKeptBack(target) && this.roles.has(roleOf(target)));
+      }
+      for (let at = elementAbove(target), i = 0; at && at !== this.holder && i < limit.above; i++) {
+        if (this.places.has(at)) return true;
+        at = elementAbove(at);
+      }
+      return type !== 'childList' && target !== this.holder && elementsBelow(target).length === 0 &&
+        !this.roles.has(roleOf(target));
+    }
+    isFresh() {
+      this.check(this.observer.takeRecords());
+      return this.valid && performance.now() - this.made < LIST_TIME;
+    }
+  }
+  const likeBelow = (holder, roles, inner) => {
+    const key = LikeList.keyOf(roles, inner);
+    const at = lists.findIndex((list) => list.holder === holder && list.key === key);
+    if (at >= 0 && lists[at].isFresh()) return lists[at];
+    const old = at >= 0 ? lists.splice(at, 1) : lists.splice(0, Math.max(0, lists.length - MOST_LISTS + 1));
+    for (const list of old) list.observer.disconnect();
+    const list = new LikeList(holder, roles, inner);
+    lists.push(list);
+    return list;
+  };
+  const NONE = {all: [], places: new Map()};
   const treeLevelOf = (element) => {
     let level = 1;
     let at = ownerOf(element) ?? elementAbove(element);
@@ -218,23 +274,24 @@
       const role = roleOf(at);
       if (role === 'group' || role === 'tree') return likeBelow(at, words('treeitem'), words('group'));
     }
-    return [];
+    return NONE;
   };
   const formOf = getter(HTMLInputElement, 'form');
   const radiosLike = (radio) => {
     const name = attribute(radio, 'name');
-    if (name === '') return [];
+    if (name === '') return NONE;
     const form = formOf(radio);
     const all = searchIn(form ?? Node.prototype.getRootNode.call(radio), 'querySelectorAll',
       `input[type=radio][name="${CSS.escape(name)}"]`);
-    return Array.prototype.filter.call(all, (each) => formOf(each) === form && isShown(each));
+    const like = Array.prototype.filter.call(all, (each) => formOf(each) === form && isShown(each));
+    return {all: like, places: new Map(like.map((each, i) => [each, i + 1]))};
   };
   // [place, number of all]; 0 where it is not known.
   const placeOf = (element, role) => {
     const place = whole(attribute(element, 'aria-posinset'));
     const size = whole(attribute(element, 'aria-setsize'));
     if (place > 0) return [place, size];
-    let like = [];
+    let like = NONE;
     if (element instanceof HTMLSelectElement) {
       return element.selectedIndex >= 0 ? [element.selectedIndex + 1, element.options.length] : [0, 0];
     }
@@ -248,8 +305,8 @@
         like = likeBelow(holder, LIKE[role] ?? words(role), inner);
       }
     }
-    const index = like.indexOf(element);
-    return index < 0 ? [0, 0] : [index + 1, size || like.length];
+    const found = like.places.get(element);
+    return found ? [found, size || like.all.length] : [0, 0];
   };
   const levelOf = (element, role) => {
     const said = whole(attribute(element, 'aria-level'));
@@ -260,12 +317,16 @@
 
   // --- tables -----------------------------------------------------------------------
 
+  // A table that only puts things beside each other has neither headers nor a name.
+  const isLayout = (element) => tagOf(element) === 'table' && givenRole(element) === '' &&
+    searchIn(element, 'querySelector', 'caption, th, thead, tfoot, colgroup, td[scope], td[headers]') === null &&
+    nameOf(element) === '';
   const cellsOf = (row) => elementsBelow(row).filter((each) =>
     /^(cell|gridcell|columnheader|rowheader)$/.test(roleOf(each)));
   const sizeOfTable = (table) => {
     const rows = whole(attribute(table, 'aria-rowcount'));
     const columns = whole(attribute(table, 'aria-colcount'));
-    const list = likeBelow(table, words('row'), words('table grid treegrid'));
+    const list = likeBelow(table, words('row'), words('table grid treegrid')).all;
     return [rows || list.length, columns || (list.length > 0 ? cellsOf(list[0]).length : 0)];
   };
   const cellPlace = (cell) => {
@@ -274,7 +335,7 @@
     if (!table) return [0, 0];
     const rows = likeBelow(table, words('row'), words('table grid treegrid'));
     return [whole(attribute(cell, 'aria-rowindex')) || whole(attribute(row, 'aria-rowindex')) ||
-        rows.indexOf(row) + 1,
+        rows.places.get(row) || 0,
       whole(attribute(cell, 'aria-colindex')) || cellsOf(row).indexOf(cell) + 1];
   };
 
@@ -307,7 +368,7 @@
         groups.unshift([numberOf(at), 'frame', nameOf(frame), '', 0, 0, '']);
         break;
       }
-      const role = roleOf(at);
+      const role = isLayout(at) ? '' : roleOf(at);
       if (ALWAYS.has(role) || WHEN_NAMED.has(role)) {
         const name = nameOf(at);
         if (name !== '' || ALWAYS.has(role)) {
