@@ -68,6 +68,9 @@ class Event {
     });
   }
 
+  /// Whether anybody would be told.
+  bool HasListeners() const { return !handlers_->empty(); }
+
   void Raise(Args... args) const {
     const auto snapshot = *handlers_;
     for (const auto& entry : snapshot) {

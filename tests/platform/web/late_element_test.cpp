@@ -200,6 +200,20 @@ TEST_F(LateElementTest, AMoveWithinAWidgetIsAFocusLikeAnyOther) {
   ASSERT_TRUE(WaitUntil([&] { return log_.back().starts_with("focus HTMLDivElement listbox"); }));
 }
 
+TEST_F(LateElementTest, WhatHadTheFocusBeforeAnybodyListenedIsToldWhenItHasItAgain) {
+  Load("<div tabindex=0 role=button>One</div><input name=q>");
+  connections_.Clear();
+  Tab();
+  view_.EvaluateInPage("1");
+  connections_ += view_.Document()->onelementadded.Connect([this](const HTMLElementPtr& element) {
+    connections_ += element->onfocus.Connect([this, element] { Log("focus", *element); });
+  });
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text q"));
+  view_.Key(GDK_KEY_Tab, GDK_SHIFT_MASK);
+  EXPECT_TRUE(Heard("focus HTMLDivElement button One"));
+}
+
 TEST_F(LateElementTest, AnEditorHasALineForEachOfItsParts) {
   Load("<div contenteditable aria-label=Note><p>Hello</p><ul><li>one <b>two</b></li></ul></div>");
   Tab();

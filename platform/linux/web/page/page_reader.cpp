@@ -464,9 +464,10 @@ HTMLElementPtr PageReader::ElementOf(const ElementEvent& event) {
   return document->second[event.number] = event.described;
 }
 
-// Whether the page's own lists lack the element and nobody has been told of it.
+// Whether the page's own lists lack the element and nobody has been told of it. While
+// nobody knows the document yet there is nobody to be told.
 bool PageReader::Introduce(const ElementEvent& event, const HTMLElementPtr& element) {
-  if (!document_) return false;
+  if (!document_ || !document_->onelementadded.HasListeners()) return false;
   const auto top = documents_.find({});
   const bool listed = top != documents_.end() && top->second == event.document_id &&
                       event.described == nullptr && !introduced_.contains(element);
