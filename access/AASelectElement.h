@@ -31,8 +31,8 @@ class AASelectElement : public AAElement {
   Change Changed();
   std::string Named(const Change& change) const;
 
-  std::vector<int> chosen_;        // when announced last
-  OpenList list_;                  // what was last said of it
+  std::vector<int> chosen_;                 // when announced last
+  OpenList list_;                           // what was last said of it
   std::optional<std::string> out_of_list_;  // the option that was chosen there and said
 };
 

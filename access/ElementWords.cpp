@@ -175,12 +175,15 @@ std::string TimeWords(int seconds) {
   return words;
 }
 
-// "5 seconds of 3 minutes", of what plays.
+}  // namespace
+
 std::string PositionWords(const ElementFacts& facts) {
-  if (facts.position < 0) return {};
+  if (facts.position < 0 || (facts.position == 0 && facts.duration == 0)) return {};
   const std::string words = TimeWords(facts.position);
   return facts.duration > 0 ? words + " of " + TimeWords(facts.duration) : words;
 }
+
+namespace {
 
 std::string VolumeWords(int percent) {
   return percent == 0 ? "muted" : "volume " + std::to_string(percent) + " percent";
@@ -249,6 +252,24 @@ Words EnteredWords(const std::vector<ElementGroup>& before, const std::vector<El
     if (!IsIn(before, group)) words.push_back(GroupWords(group));
   }
   return words;
+}
+
+std::string EstablishedChangeWords(const ElementFacts& before, const ElementFacts& now) {
+  struct Change {
+    Tri before;
+    Tri now;
+    const char* yes;
+    const char* no;
+  };
+  for (const Change& change : {Change{before.expanded, now.expanded, "expanded", "collapsed"},
+                               {before.pressed, now.pressed, "pressed", "not pressed"},
+                               {before.checked, now.checked, "checked", "not checked"},
+                               {before.selected, now.selected, "selected", "not selected"}}) {
+    if (change.now == change.before) continue;
+    if (change.now == Tri::Yes) return change.yes;
+    if (change.now == Tri::No) return change.no;
+  }
+  return {};
 }
 
 std::string ChangeWords(const ElementFacts& before, const ElementFacts& now) {

@@ -21,6 +21,9 @@ std::vector<std::string> StateWords(const ElementFacts& facts);
 /// "3 of 7"; of a cell "row 2, column 1"; empty where nothing is known.
 std::string PlaceWords(const ElementFacts& facts);
 
+/// "5 seconds of 3 minutes", of what plays; empty where nothing is known.
+std::string PositionWords(const ElementFacts& facts);
+
 /// All of it in one sentence: role, name, states, value, place, description.
 std::string ElementSentence(const ElementFacts& facts);
 
@@ -39,5 +42,8 @@ std::vector<std::string> EnteredWords(const std::vector<ElementGroup>& before,
 /// What a change of an element's own states and value is called: the new states
 /// alone. Empty when nothing changed that is said.
 std::string ChangeWords(const ElementFacts& before, const ElementFacts& now);
+/// The same where sentences are the established ones: the state that a button, a tab or
+/// a part that opens has got, and nothing else.
+std::string EstablishedChangeWords(const ElementFacts& before, const ElementFacts& now);
 
 }  // namespace corvane

@@ -115,8 +115,12 @@ std::string FullSentence(const HTMLElement& element, const Manner& manner) {
       add(NamesOf(element, element.text_before_begin, manner));
       words.push_back(Chosen(element));
       break;
-    case Kind::Other:
-      return Joined({ElementSentence(facts)}, {element.part, element.part_value});
+    case Kind::Other: {
+      // Whatever its page calls an editor, its user wants to know what is there.
+      const bool edits = element.type_name == "HTMLTextAreaElement" && facts.value.empty();
+      const std::string line = edits ? TextOnEntry(element, manner) : "";
+      return Joined({ElementSentence(facts), line}, {element.part, element.part_value});
+    }
   }
   return Joined(words, more);
 }

@@ -12,6 +12,8 @@ namespace {
 
 constexpr std::size_t kMostWaiting = 3;
 constexpr int kRecent = 1000;  // milliseconds
+constexpr std::size_t kMostRecent = 20;
+constexpr int kLookAgain = 200;  // milliseconds, whether the page has been read
 constexpr std::array kChoiceWords = {"Live words: all", "Live words: important",
                                      "Live words: none"};
 
@@ -33,13 +35,14 @@ std::string SentenceOf(const PageWords& words) {
 
 LiveWords::LiveWords(PaneContext& pane)
     : pane_(pane),
-      timRecent_(pane.desktop.CreateTimer()),
+      timRead_(pane.desktop.CreateTimer()),
       heard_(pane.manner.live_words),
       chosen_(pane.manner.live_words) {
-  timRecent_->SetInterval(kRecent);
-  connections_ += timRecent_->Tick.Connect([this] {
-    timRecent_->SetEnabled(false);
-    recent_.clear();
+  timRead_->SetInterval(kLookAgain);
+  connections_ += timRead_->Tick.Connect([this] {
+    if (PageIsBeingRead()) return;
+    timRead_->SetEnabled(false);
+    if (!saying_) Next();
   });
   WebBrowser& browser = *pane_.controls.brwWebBrowser;
   connections_ += browser.PageSays.Connect([this](const PageWords& words) { Receive(words); });
@@ -62,29 +65,49 @@ void LiveWords::Forget() {
   heard_ = chosen_ = pane_.manner.live_words;
 }
 
+// What is chosen for all pages since counts for this one, too.
+LiveWordsHeard LiveWords::Heard() const {
+  return pane_.manner.live_words == chosen_ ? heard_ : pane_.manner.live_words;
+}
+
 bool LiveWords::IsWanted(const PageWords& words) const {
-  // What is chosen for all pages since counts for this one, too.
-  const LiveWordsHeard heard =
-      pane_.manner.live_words == chosen_ ? heard_ : pane_.manner.live_words;
+  const LiveWordsHeard heard = Heard();
   return heard == LiveWordsHeard::All || (heard == LiveWordsHeard::Important && words.urgent);
 }
 
 bool LiveWords::WasJustSaid(const std::string& sentence) {
-  if (std::find(recent_.begin(), recent_.end(), sentence) != recent_.end()) return true;
-  recent_.push_back(sentence);
-  timRecent_->SetEnabled(true);
+  std::erase_if(recent_, [](const Said& said) { return !said.timer->Enabled(); });
+  const auto is_same = [&](const Said& said) { return said.sentence == sentence; };
+  if (std::any_of(recent_.begin(), recent_.end(), is_same)) return true;
+  if (recent_.size() >= kMostRecent) recent_.erase(recent_.begin());
+  Said& said = recent_.emplace_back();
+  said.sentence = sentence;
+  said.timer = pane_.desktop.CreateTimer();
+  said.timer->SetInterval(kRecent);
+  said.over = said.timer->Tick.Connect([timer = said.timer.get()] { timer->SetEnabled(false); });
+  said.timer->SetEnabled(true);
   return false;
 }
 
 void LiveWords::Receive(const PageWords& words) {
+  if (words.opened) {
+    if (Heard() == LiveWordsHeard::None) pane_.announcer.AddAndSay(words.words);
+    return;
+  }
   if (!IsWanted(words)) return;
   const std::string sentence = SentenceOf(words);
   if (sentence.empty() || WasJustSaid(sentence)) return;
-  if (words.urgent) {
+  // What is said of the page as it comes would cut it off.
+  if (words.urgent && !PageIsBeingRead()) {
     pane_.announcer.Say(sentence);
   } else {
     Wait(sentence);
   }
+}
+
+bool LiveWords::PageIsBeingRead() const {
+  const PaneControls& c = pane_.controls;
+  return c.timTimer->Enabled() || c.brwWebBrowser->Busy();
 }
 
 void LiveWords::Wait(const std::string& sentence) {
@@ -93,7 +116,9 @@ void LiveWords::Wait(const std::string& sentence) {
     waiting_.pop_front();
     ++left_out_;
   }
-  if (!saying_) Next();
+  if (saying_) return;
+  if (PageIsBeingRead()) return timRead_->SetEnabled(true);
+  Next();
 }
 
 // One after the other, each behind what is then being said; a key that is heard in

@@ -13,8 +13,8 @@ namespace corvane {
 
 /// The desk of what a page says by itself. Urgent words cut off ordinary ones; the
 /// others wait until what is being said is over, a few of them, the newest first to
-/// stay. The same words are not said twice within a second. What a page has to say
-/// ends with the page.
+/// stay. While a page is being read all wait until its title has been said. The same words are not
+/// said twice within a second. What a page has to say ends with the page.
 class LiveWords {
  public:
   explicit LiveWords(PaneContext& pane);
@@ -29,12 +29,21 @@ class LiveWords {
   void Receive(const PageWords& words);
   void Wait(const std::string& sentence);
   void Next();
+  LiveWordsHeard Heard() const;
   bool IsWanted(const PageWords& words) const;
+  bool PageIsBeingRead() const;
   bool WasJustSaid(const std::string& sentence);
 
+  /// A sentence that was said, until a second has gone by since.
+  struct Said {
+    std::string sentence;
+    std::unique_ptr<Timer> timer;
+    Connection over;
+  };
+
   PaneContext& pane_;
-  std::unique_ptr<Timer> timRecent_;  // forgets what was just said
-  std::vector<std::string> recent_;
+  std::unique_ptr<Timer> timRead_;  // looks whether the page has been read
+  std::vector<Said> recent_;
   std::deque<std::string> waiting_;
   int left_out_ = 0;             // of those that waited
   std::shared_ptr<int> saying_;  // while one of them is being said

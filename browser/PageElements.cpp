@@ -86,13 +86,20 @@ void PageElements::Follow(const HTMLElementPtr& element) {
 std::string PageElements::ControlReached(const HTMLElement& element) {
   if (HasAnnouncer(element)) return {};
   const bool is_other = std::exchange(control_, element.part_value) != element.part_value;
-  return is_other && !element.part.empty() ? Sentence({element.part, element.part_value}) : "";
+  if (!is_other || element.part.empty()) return {};
+  const std::string& name = element.part_value;
+  return Sentence({element.part, name.empty() ? PositionWords(*element.facts) : name});
 }
 
 // What changes with the focus belongs to what is being said of it.
 void PageElements::Changed(const HTMLElement& element) {
   if (!element.facts || !element.facts_before) return;
   ElementFacts before = *element.facts_before;
+  if (!pane_.manner.full_sentences) {
+    // What has an announcer says so itself.
+    const bool has_own = HasAnnouncer(element) && CanBeChecked(element);
+    return oAAFormCol_Say(has_own ? "" : EstablishedChangeWords(before, *element.facts));
+  }
   // What is typed is heard as it is typed.
   if (element.caret.edit != ElementCaret::Edit::None) before.value = element.facts->value;
   std::string words = ChangeWords(before, *element.facts);

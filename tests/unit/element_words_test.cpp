@@ -3,40 +3,37 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/unit/some_facts.h"
+
 namespace corvane {
 namespace {
+
+using tests::SomeFacts;
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-ElementFacts Facts(const char* role, const char* name) {
-  ElementFacts facts;
-  facts.role = role;
-  facts.name = name;
-  return facts;
-}
-
 TEST(ElementSentence, IsRoleNameStatesValuePlaceDescription) {
-  ElementFacts tab = Facts("tab", "Prices");
+  ElementFacts tab = SomeFacts("tab", "Prices");
   tab.selected = Tri::Yes;
   tab.place = 2;
   tab.size = 3;
   tab.description = "of today";
   EXPECT_EQ(ElementSentence(tab), "tab, Prices, selected, 2 of 3, of today");
-  ElementFacts slider = Facts("slider", "Volume");
+  ElementFacts slider = SomeFacts("slider", "Volume");
   slider.value = "42";
   EXPECT_EQ(ElementSentence(slider), "slider, Volume, 42");
-  EXPECT_EQ(ElementSentence(Facts("button", "Send")), "button, Send");
+  EXPECT_EQ(ElementSentence(SomeFacts("button", "Send")), "button, Send");
 }
 
 TEST(ElementSentence, LeavesNoGapsForWhatIsNotThere) {
-  EXPECT_EQ(ElementSentence(Facts("button", "")), "button");
-  EXPECT_EQ(ElementSentence(Facts("", "A box")), "A box");
+  EXPECT_EQ(ElementSentence(SomeFacts("button", "")), "button");
+  EXPECT_EQ(ElementSentence(SomeFacts("", "A box")), "A box");
   EXPECT_EQ(ElementSentence(ElementFacts()), "");
 }
 
 TEST(ElementSentence, TellsAButtonThatStaysPressedFromOthers) {
-  ElementFacts mute = Facts("button", "Mute");
+  ElementFacts mute = SomeFacts("button", "Mute");
   mute.pressed = Tri::No;
   EXPECT_EQ(ElementSentence(mute), "toggle button, Mute, not pressed");
   mute.pressed = Tri::Mixed;
@@ -44,13 +41,13 @@ TEST(ElementSentence, TellsAButtonThatStaysPressedFromOthers) {
 }
 
 TEST(ElementSentence, CallsARoleByThePagesOwnWord) {
-  ElementFacts slide = Facts("group", "One");
+  ElementFacts slide = SomeFacts("group", "One");
   slide.role_description = "slide";
   EXPECT_EQ(ElementSentence(slide), "slide, One");
 }
 
 TEST(ElementSentence, SaysEveryStateInItsOrder) {
-  ElementFacts all = Facts("treeitem", "All");
+  ElementFacts all = SomeFacts("treeitem", "All");
   all.checked = Tri::Mixed;
   all.pressed = Tri::Yes;
   all.expanded = Tri::No;
@@ -68,7 +65,7 @@ TEST(ElementSentence, SaysEveryStateInItsOrder) {
 }
 
 TEST(ElementSentence, ASwitchIsOnOrOff) {
-  ElementFacts light = Facts("switch", "Light");
+  ElementFacts light = SomeFacts("switch", "Light");
   light.checked = Tri::Yes;
   EXPECT_EQ(ElementSentence(light), "switch, Light, on");
   light.checked = Tri::No;
@@ -76,7 +73,7 @@ TEST(ElementSentence, ASwitchIsOnOrOff) {
 }
 
 TEST(ElementSentence, ThatAComboBoxHasAListGoesWithoutSaying) {
-  ElementFacts field = Facts("combobox", "Country");
+  ElementFacts field = SomeFacts("combobox", "Country");
   field.popup = "listbox";
   field.expanded = Tri::No;
   EXPECT_EQ(ElementSentence(field), "combo box, Country, collapsed");
@@ -85,7 +82,7 @@ TEST(ElementSentence, ThatAComboBoxHasAListGoesWithoutSaying) {
 }
 
 TEST(ElementSentence, ACellSaysItsRowAndColumn) {
-  ElementFacts cell = Facts("gridcell", "12");
+  ElementFacts cell = SomeFacts("gridcell", "12");
   cell.row = 2;
   cell.column = 1;
   EXPECT_EQ(ElementSentence(cell), "cell, 12, row 2, column 1");
@@ -108,7 +105,7 @@ TEST(EnteredWords, AreThoseOfGroupsThatTheFocusWasNotIn) {
 }
 
 TEST(ChangeWords, AreTheNewStatesAlone) {
-  ElementFacts before = Facts("button", "More");
+  ElementFacts before = SomeFacts("button", "More");
   before.expanded = Tri::No;
   before.level = 2;
   ElementFacts now = before;
@@ -122,7 +119,7 @@ TEST(ChangeWords, AreTheNewStatesAlone) {
 }
 
 TEST(ChangeWords, AnElementThatIsRightAgainIsSaidToBe) {
-  ElementFacts before = Facts("textbox", "Mail");
+  ElementFacts before = SomeFacts("textbox", "Mail");
   before.invalid = true;
   before.disabled = true;
   ElementFacts now = before;
@@ -131,7 +128,7 @@ TEST(ChangeWords, AnElementThatIsRightAgainIsSaidToBe) {
 }
 
 TEST(MoreWords, AreWhatAnEstablishedSentenceLacks) {
-  ElementFacts box = Facts("checkbox", "Terms");
+  ElementFacts box = SomeFacts("checkbox", "Terms");
   box.checked = Tri::Yes;
   box.required = true;
   box.place = 3;
@@ -154,6 +151,20 @@ TEST(ElementWords, OfAFieldsSuggestionsTheNumberIsSaidAndEachThatIsReached) {
   now.place = 2;
   now.size = 3;
   EXPECT_EQ(ChangeWords(before, now), "Birch, 2 of 3");
+}
+
+TEST(ElementSentence, OfAPlayerSaysWhereItIs) {
+  ElementFacts song = SomeFacts("audio", "Song");
+  song.value = "paused";
+  song.position = 65;
+  song.duration = 3600;
+  EXPECT_EQ(ElementSentence(song), "audio, Song, paused, 1 minute 5 seconds of 1 hour");
+  ElementFacts moved = song;
+  moved.position = 70;
+  moved.volume = 0;
+  EXPECT_EQ(ChangeWords(song, moved), "1 minute 10 seconds of 1 hour, muted");
+  song.position = song.duration = 0;
+  EXPECT_EQ(ElementSentence(song), "audio, Song, paused");
 }
 
 }  // namespace

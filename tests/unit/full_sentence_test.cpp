@@ -4,9 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "access/FocusWords.h"
+#include "tests/unit/some_facts.h"
 
 namespace corvane {
 namespace {
+
+using tests::SomeFacts;
 
 Manner Full() {
   Manner manner;
@@ -24,27 +27,20 @@ HTMLElement Element(const char* type_name, const char* type, ElementFacts facts)
   return element;
 }
 
-ElementFacts Facts(const char* role, const char* name) {
-  ElementFacts facts;
-  facts.role = role;
-  facts.name = name;
-  return facts;
-}
-
 TEST(FullSentence, ALinkIsItsNameAndItsRole) {
-  HTMLElement link = Element("HTMLAnchorElement", "", Facts("link", "Prices"));
+  HTMLElement link = Element("HTMLAnchorElement", "", SomeFacts("link", "Prices"));
   link.innerText = "Prices";
   EXPECT_EQ(FullSentence(link, Full()), "Prices, link");
 }
 
 TEST(FullSentence, ALinkWithoutAnyNameIsItsAddress) {
-  HTMLElement link = Element("HTMLAnchorElement", "", Facts("link", ""));
+  HTMLElement link = Element("HTMLAnchorElement", "", SomeFacts("link", ""));
   link.href = "https://example.org/";
   EXPECT_EQ(FullSentence(link, Full()), "https://example.org/, link");
 }
 
 TEST(FullSentence, AFieldKeepsItsSentenceAndWhatItLacksFollows) {
-  ElementFacts facts = Facts("textbox", "Search");
+  ElementFacts facts = SomeFacts("textbox", "Search");
   facts.required = true;
   facts.place = 3;
   facts.size = 4;
@@ -56,17 +52,27 @@ TEST(FullSentence, AFieldKeepsItsSentenceAndWhatItLacksFollows) {
 }
 
 TEST(FullSentence, AnInternalNameIsSaidWhereItIsWantedOrNothingElseIsThere) {
-  HTMLElement field = Element("HTMLInputElement", "text", Facts("textbox", "Search"));
+  HTMLElement field = Element("HTMLInputElement", "text", SomeFacts("textbox", "Search"));
   field.name = "q";
   Manner manner = Full();
   manner.field_names = true;
   EXPECT_EQ(FullSentence(field, manner), "text, q, Search");
-  field.facts = std::make_shared<ElementFacts>(Facts("textbox", ""));
+  field.facts = std::make_shared<ElementFacts>(SomeFacts("textbox", ""));
   EXPECT_EQ(FullSentence(field, Full()), "text, q");
 }
 
+TEST(FullSentence, AnEditorThatIsCalledSomethingElseSaysItsLine) {
+  HTMLElement block =
+      Element("HTMLTextAreaElement", "textarea", SomeFacts("document", "Paragraph block"));
+  block.value = "Hello\nWorld";
+  block.caret.line = "World";
+  Manner manner = Full();
+  manner.field_caret = true;
+  EXPECT_EQ(FullSentence(block, manner), "document, Paragraph block, World");
+}
+
 TEST(FullSentence, AChoiceSaysWhetherItIsMade) {
-  ElementFacts facts = Facts("radio", "Large");
+  ElementFacts facts = SomeFacts("radio", "Large");
   facts.checked = Tri::Yes;
   facts.place = 2;
   facts.size = 3;
@@ -74,14 +80,14 @@ TEST(FullSentence, AChoiceSaysWhetherItIsMade) {
   radio.name = "size";
   radio.status = true;
   EXPECT_EQ(FullSentence(radio, Full()), "radio, Large, selected, 2 of 3");
-  facts = Facts("checkbox", "All");
+  facts = SomeFacts("checkbox", "All");
   facts.checked = Tri::Mixed;
   EXPECT_EQ(FullSentence(Element("HTMLInputElement", "checkbox", facts), Full()),
             "checkbox, All, partly checked");
 }
 
 TEST(FullSentence, AHiddenPasswordStaysHidden) {
-  HTMLElement field = Element("HTMLInputElement", "password", Facts("password", "Password"));
+  HTMLElement field = Element("HTMLInputElement", "password", SomeFacts("password", "Password"));
   field.value = "ab";
   Manner manner = Full();
   manner.hide_passwords = true;
@@ -89,16 +95,16 @@ TEST(FullSentence, AHiddenPasswordStaysHidden) {
 }
 
 TEST(FullSentence, WhatThePageHasMadeOfAnElementIsWhatItIs) {
-  ElementFacts facts = Facts("switch", "Light");
+  ElementFacts facts = SomeFacts("switch", "Light");
   facts.checked = Tri::No;
   EXPECT_EQ(FullSentence(Element("HTMLInputElement", "checkbox", facts), Full()),
             "switch, Light, off");
-  EXPECT_EQ(FullSentence(Element("HTMLAnchorElement", "", Facts("button", "Send")), Full()),
+  EXPECT_EQ(FullSentence(Element("HTMLAnchorElement", "", SomeFacts("button", "Send")), Full()),
             "button, Send");
 }
 
 TEST(FullSentence, AListSaysItsChoice) {
-  ElementFacts facts = Facts("combobox", "Country");
+  ElementFacts facts = SomeFacts("combobox", "Country");
   facts.place = 2;
   facts.size = 2;
   HTMLElement list = Element("HTMLSelectElement", "select-one", facts);
@@ -108,12 +114,12 @@ TEST(FullSentence, AListSaysItsChoice) {
 }
 
 TEST(FullSentence, APictureThatSendsAFormIsAButton) {
-  HTMLElement image = Element("HTMLInputElement", "image", Facts("button", "Send as a card"));
+  HTMLElement image = Element("HTMLInputElement", "image", SomeFacts("button", "Send as a card"));
   EXPECT_EQ(FullSentence(image, Full()), "image, Send as a card, button");
 }
 
 TEST(FullSentence, OfATextAreaTheLineAtTheCaretIsSaidWhereThatIsWanted) {
-  HTMLElement area = Element("HTMLTextAreaElement", "textarea", Facts("textbox", "Letter"));
+  HTMLElement area = Element("HTMLTextAreaElement", "textarea", SomeFacts("textbox", "Letter"));
   area.value = "Dear council,\nthe bridge\nis broken.";
   area.caret.text_after = 12;
   Manner manner = Full();
@@ -127,7 +133,7 @@ TEST(FullSentence, OfATextAreaTheLineAtTheCaretIsSaidWhereThatIsWanted) {
 TEST(FocusWords, TheGroupsThatAreEnteredComeFirstAndOnce) {
   const Manner manner = Full();
   FocusWords words(manner);
-  ElementFacts facts = Facts("button", "Yes");
+  ElementFacts facts = SomeFacts("button", "Yes");
   facts.groups = {{7, "dialog", "Delete file?", "", 0, 0, ""}};
   const HTMLElement yes = Element("HTMLButtonElement", "submit", facts);
   EXPECT_EQ(words.Of(yes, "submit, Yes"), "Delete file?, dialog, button, Yes");
@@ -139,7 +145,7 @@ TEST(FocusWords, TheGroupsThatAreEnteredComeFirstAndOnce) {
 TEST(FocusWords, AChoiceInAListIsSaidWithItsPlaceAndTheGroupThatItBegins) {
   const Manner manner = Full();
   FocusWords words(manner);
-  ElementFacts facts = Facts("combobox", "Meals");
+  ElementFacts facts = SomeFacts("combobox", "Meals");
   facts.groups = {{7, "group", "Warm", "", 0, 0, ""}};
   HTMLElement list = Element("HTMLSelectElement", "select-one", facts);
   list.options = {"Soup", "Dumplings", "Salad"};
@@ -154,9 +160,9 @@ TEST(FocusWords, AChoiceInAListIsSaidWithItsPlaceAndTheGroupThatItBegins) {
 TEST(FocusWords, AFrameThatCountsItsElementsAnewIsAnotherGroup) {
   const Manner manner = Full();
   FocusWords words(manner);
-  ElementFacts outside = Facts("button", "Larger");
+  ElementFacts outside = SomeFacts("button", "Larger");
   outside.number = 3;
-  ElementFacts inside = Facts("link", "Harbour");
+  ElementFacts inside = SomeFacts("link", "Harbour");
   inside.groups = {{3, "frame", "Map", "", 0, 0, ""}};
   words.Of(Element("HTMLButtonElement", "button", outside), "");
   EXPECT_EQ(words.Of(Element("HTMLAnchorElement", "", inside), ""), "Map, frame, Harbour, link");
@@ -165,11 +171,11 @@ TEST(FocusWords, AFrameThatCountsItsElementsAnewIsAnotherGroup) {
 TEST(FocusWords, AGroupThatHasTheFocusIsNotSaidAgainOnTheWayIn) {
   const Manner manner = Full();
   FocusWords words(manner);
-  ElementFacts set = Facts("group", "Size");
+  ElementFacts set = SomeFacts("group", "Size");
   set.number = 7;
   EXPECT_EQ(words.Of(Element("HTMLFieldSetElement", "fieldset", set), "group, Size"),
             "group, Size");
-  ElementFacts inner = Facts("button", "Small");
+  ElementFacts inner = SomeFacts("button", "Small");
   inner.groups = {{7, "group", "Size", "", 0, 0, ""}};
   EXPECT_EQ(words.Of(Element("HTMLButtonElement", "button", inner), ""), "button, Small");
 }
@@ -177,7 +183,7 @@ TEST(FocusWords, AGroupThatHasTheFocusIsNotSaidAgainOnTheWayIn) {
 TEST(FocusWords, TheEstablishedSentenceStaysWhereNothingElseIsWantedOrKnown) {
   const Manner established;
   FocusWords words(established);
-  EXPECT_EQ(words.Of(Element("HTMLButtonElement", "submit", Facts("button", "Yes")), "said"),
+  EXPECT_EQ(words.Of(Element("HTMLButtonElement", "submit", SomeFacts("button", "Yes")), "said"),
             "said");
   const Manner manner = Full();
   FocusWords full(manner);

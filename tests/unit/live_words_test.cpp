@@ -21,7 +21,12 @@ class LiveWordsTest : public testing::Test {
   void Start(const std::string& manner = "1") {
     p.desktop.settings.Main("Manner") = manner;
     p.StartTalking();
+    PageIsRead();
     p.Spoken();
+  }
+  void PageIsRead() {
+    p.Browser().busy = false;
+    p.Reading().SetEnabled(false);
   }
   void Says(const PageWords& words) { p.Browser().PageSays.Raise(words); }
   /// What is being said has been spoken to its end.
@@ -95,6 +100,61 @@ TEST_F(LiveWordsTest, AreNotSaidTwiceWithinASecond) {
   EXPECT_THAT(p.Spoken(), ElementsAre("Saved"));
 }
 
+TEST_F(LiveWordsTest, ThatComeWhileThePageIsReadAreSaidBehindItsTitle) {
+  Start();
+  p.Browser().busy = true;
+  Says(Polite("Cookies?"));
+  Says(Urgent("Storm!"));
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  const auto look = [&] {
+    for (FakeTimer* timer : std::vector(p.desktop.timers)) {
+      if (timer->interval == 200) timer->Fire();
+    }
+  };
+  look();
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  p.Browser().busy = false;
+  look();
+  EXPECT_THAT(p.Spoken(), ElementsAre("Cookies?"));
+  Over();
+  EXPECT_THAT(p.Spoken(), ElementsAre("Storm!"));
+}
+
+TEST_F(LiveWordsTest, AreEachNotSaidAgainForASecond) {
+  Start();
+  Says(Polite("one"));
+  Over();
+  Says(Polite("two"));
+  Over();
+  p.Spoken();
+  FakeTimer* first = nullptr;
+  for (FakeTimer* timer : p.desktop.timers) {
+    if (timer->interval == 1000 && timer->enabled && first == nullptr) first = timer;
+  }
+  ASSERT_NE(first, nullptr);
+  first->Fire();  // a second after "one", less after "two"
+  Says(Polite("two"));
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  Says(Polite("one"));
+  EXPECT_THAT(p.Spoken(), ElementsAre("one"));
+}
+
+TEST_F(LiveWordsTest, ThatNobodyHearsAreToldAsAPartThatOpens) {
+  PageWords opened = Polite("Opened: Basket");
+  opened.opened = true;
+  Start("0");
+  Says(opened);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Opened: Basket"));
+}
+
+TEST_F(LiveWordsTest, ThatAreHeardAreNotToldAsAPartThatOpens) {
+  PageWords opened = Polite("Opened: Basket");
+  opened.opened = true;
+  Start();
+  Says(opened);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
 TEST_F(LiveWordsTest, OfADialogAreItsNameItsKindAndHowItBegins) {
   Start();
   PageWords dialog = Polite("We use cookies.");
@@ -130,6 +190,7 @@ TEST_F(LiveWordsTest, EndWithThePage) {
   p.Spoken();
   Over();
   EXPECT_THAT(p.Spoken(), IsEmpty());
+  PageIsRead();
   Says(Polite("three"));
   EXPECT_THAT(p.Spoken(), ElementsAre("three")) << "the choice was for the page before";
 }

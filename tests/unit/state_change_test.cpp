@@ -6,8 +6,9 @@ namespace {
 /// A page with one field that has the focus and changes under the user's keys.
 class StateChange : public testing::Test {
  protected:
-  void SetUp() override {
-    p.desktop.settings.Main("Manner") = "1";
+  void SetUp() override { Start("1"); }
+  void Start(const std::string& manner) {
+    p.desktop.settings.Main("Manner") = manner;
     p.StartTalking();
     field_->type_name = "HTMLInputElement";
     field_->type = "text";
@@ -64,6 +65,26 @@ TEST_F(StateChange, ThatComesWithTheFocusIsSaidBehindItsWords) {
   Changes(Facts(Tri::No, ""), Facts(Tri::Yes, ""));
   EXPECT_THAT(p.Spoken(), ElementsAre("expanded"));
   EXPECT_THAT(p.desktop.speech.calls, testing::Not(testing::Contains("stop")));
+}
+
+class EstablishedStateChange : public StateChange {
+ protected:
+  void SetUp() override { Start("0"); }
+};
+
+TEST_F(EstablishedStateChange, SaysTheStateAloneAndNoValuesOrSuggestions) {
+  Changes(Facts(Tri::No, ""), Facts(Tri::Yes, "Bilbao"));
+  EXPECT_THAT(p.Spoken(), ElementsAre("expanded"));
+  auto suggesting = std::make_shared<ElementFacts>(*Facts(Tri::Yes, "Bern"));
+  suggesting->suggestions = 2;
+  suggesting->suggestion = "Berlin";
+  suggesting->invalid = suggesting->required = true;
+  Changes(Facts(Tri::Yes, "Bilbao"), suggesting);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  auto pressed = std::make_shared<ElementFacts>();
+  pressed->pressed = Tri::Yes;
+  Changes(std::make_shared<ElementFacts>(), pressed);
+  EXPECT_THAT(p.Spoken(), ElementsAre("pressed"));
 }
 
 }  // namespace

@@ -169,7 +169,8 @@ TEST_F(ListOfASelect, IsHeardAsItOpensIsWalkedAndCloses) {
   Reach("Tallinn", 3);
   Close("Tallinn");
   Change(2);
-  EXPECT_THAT(said, ElementsAre("expanded, Gdansk, 2 of 3", "Tallinn, 3 of 3", "collapsed, Tallinn"));
+  EXPECT_THAT(said,
+              ElementsAre("expanded, Gdansk, 2 of 3", "Tallinn, 3 of 3", "collapsed, Tallinn"));
   Change(0);
   EXPECT_EQ(said.back(), "Malmo") << "a key has chosen it without the list";
 }

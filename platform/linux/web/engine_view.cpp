@@ -44,9 +44,22 @@ bool HasLink(const HTMLDocument& document, const std::string& address) {
                      [&](const auto& frame) { return HasLink(*frame, address); });
 }
 
+// The engine lets Tab stop at a hidden field to which a page gives any other display: a
+// place where nothing is and nothing can be said.
+constexpr const char* kOwnStyle = "input[type=hidden i] { display: none !important }";
+
+void AddStyle(WebKitUserContentManager* content) {
+  WebKitUserStyleSheet* style =
+      webkit_user_style_sheet_new(kOwnStyle, WEBKIT_USER_CONTENT_INJECT_ALL_FRAMES,
+                                  WEBKIT_USER_STYLE_LEVEL_USER, nullptr, nullptr);
+  webkit_user_content_manager_add_style_sheet(content, style);
+  webkit_user_style_sheet_unref(style);
+}
+
 /// `opener`: the view whose page opens this one, or null.
 WebKitWebView* MakeView(WebEngine& engine, WebKitWebView* opener) {
   const ObjectPtr<WebKitUserContentManager> content(webkit_user_content_manager_new());
+  AddStyle(content.get());
   const auto make = [&](const char* property, gpointer value) {
     return WEBKIT_WEB_VIEW(g_object_ref_sink(
         g_object_new(WEBKIT_TYPE_WEB_VIEW, property, value, "settings", engine.Settings(),
@@ -76,6 +89,12 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
                               ReadAgain();
                             },
                             [this](const std::string& text) { listener_.say(text); },
+                            [this](const std::string& text) {
+                              PageWords words;
+                              words.words = text;
+                              words.opened = true;
+                              listener_.page_says(words);
+                            },
                             [this](const PagePlace& place) { listener_.place(place); }})),
       live_(std::make_unique<LiveRegions>(
           view_.get(), [this](const PageWords& words) { listener_.page_says(words); })),
@@ -140,7 +159,8 @@ PageRequests::Host EngineView::RequestsHost() {
 }
 
 PageKeys::Host EngineView::KeysHost() {
-  return {[this](const GdkEventKey& event) { OnKey(event); }, [this] { return watchdog_.Warned(); },
+  return {[this](const GdkEventKey& event) { OnKey(event); },
+          [this] { return watchdog_.Warned(); },
           [this] { return dialog_open_; },
           [this](std::function<void()> answered) {
             Evaluate(view_.get(), "1", nullptr,

@@ -63,9 +63,8 @@ OptionList::~OptionList() {
 void OptionList::Open(WebKitOptionMenu* menu, const GdkRectangle& area) {
   Finish(false);
   menu_.reset(WEBKIT_OPTION_MENU(g_object_ref(menu)));
-  g_signal_connect(menu, "close", G_CALLBACK(+[](WebKitOptionMenu*, gpointer self) {
-                     ListOf(self).Close();
-                   }),
+  g_signal_connect(menu, "close",
+                   G_CALLBACK(+[](WebKitOptionMenu*, gpointer self) { ListOf(self).Close(); }),
                    this);
   Read();
   Build(area);
@@ -139,19 +138,19 @@ void OptionList::Build(const GdkRectangle& area) {
   gtk_container_add(GTK_CONTAINER(scrolled), GTK_WIDGET(tree_));
   gtk_container_add(GTK_CONTAINER(window_), scrolled);
 
-  g_signal_connect(tree_, "row-activated",
-                   G_CALLBACK(+[](GtkTreeView*, GtkTreePath* path, GtkTreeViewColumn*,
-                                  gpointer self) {
-                     OptionList& list = ListOf(self);
-                     const int row = gtk_tree_path_get_indices(path)[0];
-                     const auto found = std::find(list.rows_.begin(), list.rows_.end(), row);
-                     if (found == list.rows_.end()) return;
-                     const auto option = static_cast<int>(found - list.rows_.begin());
-                     if (!list.options_[static_cast<std::size_t>(option)].enabled) return;
-                     list.Reach(option);
-                     list.Finish(true);
-                   }),
-                   this);
+  g_signal_connect(
+      tree_, "row-activated",
+      G_CALLBACK(+[](GtkTreeView*, GtkTreePath* path, GtkTreeViewColumn*, gpointer self) {
+        OptionList& list = ListOf(self);
+        const int row = gtk_tree_path_get_indices(path)[0];
+        const auto found = std::find(list.rows_.begin(), list.rows_.end(), row);
+        if (found == list.rows_.end()) return;
+        const auto option = static_cast<int>(found - list.rows_.begin());
+        if (!list.options_[static_cast<std::size_t>(option)].enabled) return;
+        list.Reach(option);
+        list.Finish(true);
+      }),
+      this);
   const auto listen = [this](const char* signal, GCallback handler) {
     g_signal_connect(window_, signal, handler, this);
   };
@@ -238,8 +237,8 @@ void OptionList::Look(gunichar letter, guint32 time) {
   typed_.append(bytes.data(), static_cast<std::size_t>(g_unichar_to_utf8(letter, bytes.data())));
   const bool steps = IsOneLetter(typed_);
   const std::string wanted =
-      Folded(steps ? std::string(bytes.data(), static_cast<std::size_t>(g_unichar_to_utf8(
-                                                   letter, bytes.data())))
+      Folded(steps ? std::string(bytes.data(),
+                                 static_cast<std::size_t>(g_unichar_to_utf8(letter, bytes.data())))
                    : typed_);
   const auto count = static_cast<int>(options_.size());
   for (int i = 0; i < count; ++i) {

@@ -55,6 +55,13 @@ class ElementEventTest : public PageTest {
   Connections connections_;
 };
 
+TEST_F(ElementEventTest, TabStopsAtNoHiddenField) {
+  Load("<style>input {display: block}</style><input type=hidden name=token><input name=q>");
+  view_.Key(GDK_KEY_Tab);
+  view_.Key(GDK_KEY_X);
+  ASSERT_TRUE(WaitFor("keyup q")) << "one Tab leads past it";
+}
+
 TEST_F(ElementEventTest, TabReachesLinksAndFields) {
   Load("<a href=/x>Link</a><input name=q>");
   TabTo("Link");

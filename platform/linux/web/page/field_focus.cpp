@@ -22,7 +22,7 @@ void Complete(ElementEvent& event, const FieldFocus& focus) {
   }
   if (event.look_at_control) {
     event.part = focus.control;
-    event.part_value = Shorten(focus.name, kLongestPart);
+    event.part_value = focus.control.empty() ? "" : Shorten(focus.name, kLongestPart);
     return;
   }
   if (focus.is_part) {

@@ -1,10 +1,10 @@
 #include "platform/linux/web/page/page_changes.h"
 
-#include <array>
 #include <charconv>
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "access/ElementWords.h"
 #include "platform/linux/web/web_text.h"
 
 namespace corvane::desktop {
@@ -12,23 +12,18 @@ namespace {
 
 constexpr std::size_t kLongestPlace = 200;
 
-struct State {
-  const char* attribute;
-  const char* words;
-};
-constexpr std::array kStates = {
-    State{"expanded true", "expanded"}, State{"expanded false", "collapsed"},
-    State{"pressed true", "pressed"},   State{"pressed false", "not pressed"},
-    State{"checked true", "checked"},   State{"checked false", "not checked"},
-    State{"selected true", "selected"}, State{"selected false", "not selected"},
-};
-
-/// What to say of a state that the page script names; empty for one it never does.
+/// What to say of a state that the page script names, such as "pressed true"; empty for
+/// one that it never does.
 std::string WordsOf(const std::string& state) {
-  for (const State& known : kStates) {
-    if (state == known.attribute) return known.words;
-  }
-  return {};
+  ElementFacts facts;
+  const Tri value = state.ends_with(" true")    ? Tri::Yes
+                    : state.ends_with(" false") ? Tri::No
+                                                : Tri::None;
+  if (state.starts_with("expanded ")) facts.expanded = value;
+  if (state.starts_with("pressed ")) facts.pressed = value;
+  if (state.starts_with("checked ")) facts.checked = value;
+  if (state.starts_with("selected ")) facts.selected = value;
+  return EstablishedChangeWords(ElementFacts(), facts);
 }
 
 }  // namespace
@@ -66,6 +61,9 @@ void PageChanges::Receive(const std::string& kind, const std::string& text) {
   if (kind == "jumped") return TellPlace(text);
   std::string words;
   if (kind == "opened") words = "Opened: " + Shorten(text, kLongestPlace);
+  if (kind == "opened in live region") {
+    return host_.say_unless_live("Opened: " + Shorten(text, kLongestPlace));
+  }
   if (kind == "lost") words = "What had the focus is gone";
   if (kind == "nowhere") words = "There is no such place in the page";
   if (kind == "state") words = WordsOf(text);

@@ -23,6 +23,8 @@ class PageChanges {
     std::function<void()> read;
     /// Speaks a text.
     std::function<void(const std::string&)> say;
+    /// The same, for those to whom live regions say nothing.
+    std::function<void(const std::string&)> say_unless_live;
     /// The user has been led to another place in the page.
     std::function<void(const PagePlace&)> place;
   };

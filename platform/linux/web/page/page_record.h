@@ -49,12 +49,12 @@ struct ElementEvent {
   std::vector<std::string> options;
   std::vector<int> chosen;
   ElementCaret caret;
-  bool unasked = false;       ///< the page's doing, not the user's
-  bool again = false;         ///< told once more
-  bool look = false;          ///< a script cannot tell all: see FieldFocus
-  bool look_at_line = false;  ///< all but the line at the caret
+  bool unasked = false;          ///< the page's doing, not the user's
+  bool again = false;            ///< told once more
+  bool look = false;             ///< a script cannot tell all: see FieldFocus
+  bool look_at_line = false;     ///< all but the line at the caret
   bool look_at_control = false;  ///< all but the control of a player
-  std::string part;           ///< found by looking
+  std::string part;              ///< found by looking
   std::string part_value;
   ElementFactsPtr facts;     ///< what the element is to its user; null when it is not told
   bool with_focus = false;   ///< of a state: it has changed as the focus came

@@ -99,8 +99,11 @@
   const isAside = (element) => element instanceof HTMLScriptElement ||
     element instanceof HTMLStyleElement || element instanceof HTMLTemplateElement ||
     /^(tooltip|progressbar|status|alert|presentation|none)$/.test(attribute(element, 'role')) ||
-    Element.prototype.closest.call(element, '[aria-live="polite"], [aria-live="assertive"]') !== null ||
     attribute(element, 'aria-hidden') === 'true' || attribute(element, 'aria-busy') === 'true';
+
+  // What a live region says by itself to those who hear such words.
+  const isLive = (element) =>
+    Element.prototype.closest.call(element, '[aria-live="polite"], [aria-live="assertive"]') !== null;
 
   // The parts of the page below an element that are hidden now, without what is in them.
   const collectHidden = (top, parts) => {
@@ -148,6 +151,7 @@
       this.began = performance.now();
       this.text = 0;
       this.told = false;
+      this.toldLive = false;
       this.restless = 0;
       this.observer = new MutationObserver((changes) => this.changed(changes));
       this.observer.observe(root() ?? document,
@@ -205,7 +209,13 @@
       if (this.told || performance.now() - this.began > OPENS || activeElement() !== this.focus) return;
       for (const part of this.hidden) {
         const text = part.isConnected && isShown(part) ? wordsOfPart(part) : '';
-        if (text === '') continue;
+        const live = text !== '' && isLive(part);
+        if (text === '' || (live && this.toldLive)) continue;
+        if (live) {
+          this.toldLive = true;
+          post('opened in live region', text);
+          continue;
+        }
         this.told = true;
         post('opened', text);
         return;

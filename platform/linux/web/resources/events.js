@@ -190,7 +190,7 @@
       if (isSecret(element)) tell('leave', element);
     },
     keyup: (element, event) => {
-      if (isPlayer(element) && event.key === 'Tab') tell('state', element, {look: CONTROL});
+      if (isPlayer(element) && event.key === 'Tab') tell('state', element, {look: CONTROL, facts: globalThis.corvaneFacts.timesOf(element)});
       if (isTyping(event, element)) tell('keyup', element, {edit});
     },
     input: (element, event) => {
