@@ -28,7 +28,7 @@ void PaneAreas::KeepFocus(const std::function<void()>& change) {
   const int area = pane_.state.area;
   change();
   if (!pane_.Shows(area)) {
-    Go(1);
+    GoRound(1);
   } else if (area == kAreaAddress) {
     navigation_.FocusAddress();
   } else if (area == kAreaToolbar) {
@@ -59,7 +59,15 @@ void PaneAreas::Focus(int area) {
   }
 }
 
+// A dialog of the page that has not taken the focus comes first.
 void PaneAreas::Go(int step) {
+  bool led = false;
+  ErrorsIgnored(
+      [&] { led = pane_.controls.brwWebBrowser->EnterDialog([this, step] { GoRound(step); }); });
+  if (!led) GoRound(step);
+}
+
+void PaneAreas::GoRound(int step) {
   int area = pane_.state.area;
   do {
     area = (area + step + kPaneAreas) % kPaneAreas;

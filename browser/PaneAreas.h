@@ -8,7 +8,8 @@
 namespace corvane {
 
 /// Goes from one area of the pane to the next; each says what it is as it gets
-/// the focus. Areas that are hidden are passed over.
+/// the focus. Areas that are hidden are passed over. A dialog of the page that has
+/// opened without taking the focus is gone to first, once.
 class PaneAreas {
  public:
   PaneAreas(PaneContext& pane, Navigation& navigation);
@@ -22,6 +23,7 @@ class PaneAreas {
 
  private:
   void Go(int step);
+  void GoRound(int step);
   void Enter(int area);
   void Focus(int area);
 

@@ -92,6 +92,11 @@ class WebBrowser : public Control {
   /// element. Show scrolls the page there and moves no focus. Nothing where it is gone.
   enum class ElementUse { Use, Enter, Show };
   virtual void UseElement(const PageElement& element, ElementUse use) = 0;
+  /// Leads the focus into a dialog of the page that has opened without taking it, if
+  /// nobody has been led there yet. False when there is none; `gone` is called, later,
+  /// when it has closed meanwhile. The page may hang: then nothing happens, and the next
+  /// call answers false.
+  virtual bool EnterDialog(std::function<void()> gone) = 0;
 
   /// A page has opened this control for a page of its own, which comes by itself:
   /// the control is not to be sent anywhere at its start.

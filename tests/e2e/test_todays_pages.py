@@ -2,8 +2,20 @@
 import time
 import unittest
 
+from ear_user import EarUser
 from harness import EndToEndTest
 
+# Walks by more keys than can be heard one by one, to a place that is not the last.
+FAST_WALKS = {
+    "listbox-single": ["Tab", *["Down"] * 12, *["Up"] * 2],
+    "menu-bar": ["Tab", "Down", *["Down"] * 7, "Up"],
+    "radio-roving": ["Tab", *["Down"] * 4],
+    "slider": ["Tab", *["Right"] * 20],
+    "tabs-automatic": ["Tab", *["Right"] * 10],
+    "tree-files": ["Tab", "Right", *["Down"] * 5, "Up"],
+    "grid-data": ["Tab", *["Right", "Down"] * 3],
+    "combobox-select-only": ["Tab", "Down", *["Down"] * 6, "Up"],
+}
 TODAY = {"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "0", "Focus": "0"}}
 
 
@@ -32,6 +44,37 @@ class TodaysPages(EndToEndTest):
                   ("Right", "tab, Lessons, selected, 2 of 3"),
                   ("End", "tab, Sauna, selected, 3 of 3"),
                   ("Tab", "tab panel, Sauna"))
+
+    def end_of_walk(self, page, keys, press):
+        """What was said last when all is quiet behind the keys."""
+        corvane = self.corvane
+        ear = EarUser(corvane, self.base)
+        corvane.transcript.mark()
+        ear.go(f"/patterns/{page}.html")
+        self.said("Extracting Links ...", "Done")
+        ear.wait_for_silence()
+        ear.enter_page()
+        ear.wait_for_silence()
+        corvane.transcript.mark()
+        press(*keys)
+        ear.wait_for_silence()
+        words = corvane.transcript.spoken()
+        self.assertGreater(len(words), 0, page)
+        return words[-1]
+
+    def test_last_words_of_a_fast_walk_are_those_of_a_slow_one(self):
+        self.start(settings=TODAY)
+
+        def one_by_one(*keys):
+            for key in keys:
+                self.corvane.keys(key)
+                time.sleep(0.4)
+
+        for page, keys in FAST_WALKS.items():
+            with self.subTest(page):
+                slow = self.end_of_walk(page, keys, one_by_one)
+                fast = self.end_of_walk(page, keys, self.corvane.keys)
+                self.assertEqual(fast, slow)
 
     def test_list_of_a_combo_box_is_walked_and_left(self):
         self.walk("combobox-list", "Combo box: where to travel",
@@ -90,6 +133,17 @@ class TodaysPages(EndToEndTest):
                   ("BackSpace", "e"),
                   ("End", "end of line"),
                   ("Home", "T"))
+
+    def test_dialog_that_does_not_take_the_focus_is_reached_with_f6(self):
+        corvane = self.start(settings=TODAY)
+        self.read("/patterns/consent-banner.html")
+        self.said("Consent: soup of the day", "Your privacy, dialog, May we count your visits?")
+        corvane.transcript.mark()
+        corvane.keys("F6")
+        self.said("WebBrowser", "Your privacy, dialog, May we count your visits?, button, Yes, count them")
+        corvane.transcript.mark()
+        corvane.keys("F6")
+        self.said("Text Box")
 
     def test_page_that_changes_in_place_keeps_its_user(self):
         self.walk("single-page", "Welcome - The cookbook",

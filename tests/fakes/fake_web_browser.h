@@ -54,6 +54,11 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
     static constexpr const char* kUses[] = {"Use ", "Enter ", "Show "};
     Note(kUses[static_cast<int>(use)] + std::to_string(element.number));
   }
+  bool EnterDialog(std::function<void()> gone) override {
+    if (!std::exchange(dialog_waits, false)) return false;
+    dialog_gone = std::move(gone);
+    return true;
+  }
   bool OpenedByPage() const override { return opened_by_page; }
   bool MayClose() override {
     Note("MayClose");
@@ -93,7 +98,9 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   bool stayed = false;
   bool opened_by_page = false;
   bool may_close = true;
-  int focus_asked = 0;  ///< calls of TellFocus
+  int focus_asked = 0;                ///< calls of TellFocus
+  bool dialog_waits = false;          ///< for EnterDialog
+  std::function<void()> dialog_gone;  ///< given to it
   HTMLDocumentPtr document;
   bool describes_later = false;  ///< descriptions wait for Described
   std::shared_ptr<std::function<void(const HTMLDocumentPtr&)>> describing;

@@ -110,6 +110,23 @@ TEST_F(Keys, F6GoesOnFromWhereTheUserIs) {
   EXPECT_EQ(p.desktop.focus, "TreeView1");
 }
 
+TEST_F(Keys, F6LeadsIntoADialogOfThePageFirstAndThenGoesOn) {
+  p.Address().SetFocus();
+  p.Browser().dialog_waits = true;
+  Press(kKeyF6, 0);
+  EXPECT_EQ(p.desktop.focus, "cboAddress") << "the page takes the focus itself";
+  Press(kKeyF6, 0);
+  EXPECT_EQ(p.desktop.focus, "cmdToolbar0");
+}
+
+TEST_F(Keys, F6GoesOnWhereTheDialogOfThePageHasClosed) {
+  p.Address().SetFocus();
+  p.Browser().dialog_waits = true;
+  Press(kKeyF6, kShiftMask);
+  p.Browser().dialog_gone();
+  EXPECT_EQ(p.desktop.focus, "Text1");
+}
+
 TEST_F(Keys, F8GoesRoundTheSplitters) {
   p.Address().SetFocus();
   EXPECT_TRUE(Press(kKeyF8, 0));

@@ -112,6 +112,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
       reader_->Forget();
       requests_->PageChanged();
       find_->PageChanged();
+      live_->PageChanged();
       closing_.PageChanged();
       document_is_present_ = false;
       problem_ = std::exchange(coming_problem_, std::nullopt);

@@ -90,6 +90,8 @@ class EngineView {
   /// As WebBrowser's.
   Connection DescribeText(std::function<void(const PageTextPtr&)> described);
   void UseElement(const PageElement& element, WebBrowser::ElementUse use);
+  /// As WebBrowser::EnterDialog.
+  bool EnterDialog(std::function<void()> gone) { return live_->EnterDialog(std::move(gone)); }
   /// Whether keys that are typed now go into a field whose text is hidden.
   bool InPassword() const;
 

@@ -42,6 +42,9 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
   void UseElement(const PageElement& element, ElementUse use) override {
     view_->UseElement(element, use);
   }
+  bool EnterDialog(std::function<void()> gone) override {
+    return view_->EnterDialog(std::move(gone));
+  }
   /// Whether keys that are typed now go into a field whose text is hidden.
   bool InPassword() const { return view_->InPassword(); }
   bool OpenedByPage() const override { return view_->OpenedByPage(); }

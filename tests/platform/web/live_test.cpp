@@ -176,5 +176,24 @@ TEST(PageWordsText, OnlyTheRightFormIsTaken) {
   EXPECT_FALSE(ParsePageWords("{\"words\": \"" + std::string(5000, 'x') + "\"}").has_value());
 }
 
+TEST_F(LiveTest, TheUserIsLedIntoADialogThatHasNotTakenTheFocus) {
+  Load("<button id=a>A</button><div id=d></div>");
+  EXPECT_FALSE(view_->EnterDialog([] {}));
+  const auto open =
+      "d.innerHTML = '<div role=dialog aria-label=Cookies><p>Yes?</p><button id=b>B</button>"
+      "</div>'";
+  EXPECT_THAT(After(open), ElementsAre("dialog <Cookies> Yes? B"));
+  bool gone = false;
+  EXPECT_TRUE(view_->EnterDialog([&] { gone = true; }));
+  EXPECT_TRUE(WaitUntil([&] { return view_.EvaluateInPage("document.activeElement.id") == "b"; }));
+  EXPECT_FALSE(view_->EnterDialog([] {})) << "once";
+  EXPECT_FALSE(gone);
+
+  After("d.innerHTML = ''; a.focus(); setTimeout(() => {" + std::string(open) + "}, 100)");
+  view_.EvaluateInPage("d.innerHTML = ''");
+  EXPECT_TRUE(view_->EnterDialog([&] { gone = true; }));
+  EXPECT_TRUE(WaitUntil([&] { return gone; })) << "it has closed";
+}
+
 }  // namespace
 }  // namespace corvane::desktop

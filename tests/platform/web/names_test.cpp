@@ -166,6 +166,15 @@ TEST_F(NamesTest, RolesAreTheGivenOnesElseThoseOfTheElement) {
   for (const auto& [selector, role] : expected) EXPECT_EQ(RoleOf(selector), role) << selector;
 }
 
+TEST_F(NamesTest, PicturesOfAFontAreNoWords) {
+  Load(
+      "<style>#a::before {content: '\\f044 '} #b::before {content: '\\f0d7'}</style>"
+      "<a href=# id=a>Compose</a><a href=# id=b title=More></a><button id=c>&#xf1f8;</button>");
+  EXPECT_EQ(NameOf("#a"), "Compose");
+  EXPECT_EQ(NameOf("#b"), "More");
+  EXPECT_EQ(NameOf("#c"), "");
+}
+
 TEST_F(NamesTest, HostilePagesAreBounded) {
   Load(
       "<button id=self aria-labelledby=self>own</button>"

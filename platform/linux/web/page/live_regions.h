@@ -3,6 +3,7 @@
 #include <webkit2/webkit2.h>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string_view>
 
@@ -21,6 +22,11 @@ class LiveRegions {
  public:
   LiveRegions(WebKitWebView* view, std::function<void(const PageWords&)> say);
 
+  /// As WebBrowser::EnterDialog.
+  bool EnterDialog(std::function<void()> gone);
+  /// Another page is shown.
+  void PageChanged() { dialog_waits_ = false; }
+
  private:
   void Receive(const std::string& kind, const std::string& text);
 
@@ -28,7 +34,10 @@ class LiveRegions {
   static constexpr int kMost = 300;
   static constexpr int kSeconds = 10;
 
+  WebKitWebView* view_;
   std::function<void(const PageWords&)> say_;
+  std::shared_ptr<LiveRegions*> self_;  // answers that come after it find it gone
+  bool dialog_waits_ = false;           // it has opened without taking the focus
   Allowance allowance_{kMost, kSeconds};
   PageScript script_;
 };

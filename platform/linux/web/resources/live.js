@@ -10,7 +10,7 @@
   if (!globalThis.corvaneNames || globalThis.corvaneLive) return;
 
   const {
-    nameOf, wordsOf, descriptionOf, roleOf, isShown, isElement, elementAbove, attribute, has, matches,
+    nameOf, wordsOf, descriptionOf, roleOf, isShown, isElement, elementAbove, attribute, has, matches, canHaveFocus,
     getter, short, limit,
   } = globalThis.corvaneNames;
   const channel = globalThis.webkit?.messageHandlers?.corvaneLive;
@@ -127,6 +127,34 @@
     const active = activeOf(document);
     return active !== null && Node.prototype.contains.call(dialog, active);
   };
+  let unentered = [];  // dialogs that have opened without taking the focus
+  // Whoever goes into it goes to the first element that takes the focus; where there is
+  // none, Tab goes on from there.
+  const intoDialog = (dialog) => {
+    const inside = Array.prototype.slice.call(all(dialog, '*'), 0, limit.nodes);
+    const first = [dialog, ...inside].find((each) => canHaveFocus(each) && isShown(each) &&
+      !matches(each, ':disabled, input[type=hidden]') && attribute(each, 'tabindex') !== '-1');
+    if (first) return HTMLElement.prototype.focus.call(first);
+    Selection.prototype.collapse.call(document.getSelection(), dialog, 0);
+    const name = nameOf(dialog);
+    post({dialog: roleOf(dialog), name, text: short(wordsOf(dialog).slice(0, DIALOG_WORDS))});
+  };
+  const enter = (depth = 0) => {
+    for (const dialog of unentered.splice(0).reverse()) {
+      if (!dialog.isConnected || !isShown(dialog) || hasFocus(dialog)) continue;
+      intoDialog(dialog);
+      return 'entered';
+    }
+    if (depth > 10) return undefined;
+    for (let i = 0; i < window.length && i < MOST.inside; i++) {
+      try {
+        if (window[i].corvaneLive?.enter(depth + 1)) return 'entered';
+      } catch {
+        // another origin's frame
+      }
+    }
+    return undefined;
+  };
   const lookAtDialog = (dialog) => {
     const shown = isShown(dialog);
     const before = dialogs.get(dialog) ?? false;
@@ -134,6 +162,7 @@
     if (!shown || before) return;
     setTimeout(() => {
       if (!dialog.isConnected || !isShown(dialog) || hasFocus(dialog)) return;
+      unentered = [...unentered.slice(-MOST.inside), dialog];
       const name = nameOf(dialog);
       const text = descriptionOf(dialog, name) || wordsOf(dialog);
       post({dialog: roleOf(dialog), name, text: short(text.slice(0, DIALOG_WORDS)),
@@ -311,5 +340,5 @@
   if (document.readyState === 'complete') start();
   else window.addEventListener('load', (event) => { if (event.isTrusted) start(); }, {once: true});
 
-  Object.defineProperty(globalThis, 'corvaneLive', {value: true});
+  Object.defineProperty(globalThis, 'corvaneLive', {value: Object.freeze({enter})});
 })();

@@ -238,7 +238,9 @@
       return text;
     }
   }
-  const flat = (text) => text.replace(/[\s\u00a0]+/g, ' ').trim();
+  // Signs of private use are pictures that a page's own font draws; they have no name.
+  const PICTURES = /[\ue000-\uf8ff\u{f0000}-\u{ffffd}\u{100000}-\u{10fffd}]+/gu;
+  const flat = (text) => text.replace(PICTURES, ' ').replace(/[\s\u00a0]+/g, ' ').trim();
 
   // What a style sheet puts before or after an element: its texts, or those that
   // stand for it when it is spoken.
@@ -425,7 +427,7 @@
   };
 
   Object.defineProperty(globalThis, 'corvaneNames', {value: Object.freeze({
-    nameOf, wordsOf, descriptionOf, roleOf, givenRole, isShown, isKeptBack, isElement, isEditingHost, isInside,
+    nameOf, wordsOf, descriptionOf, roleOf, givenRole, isShown, isKeptBack, isElement, isEditingHost, canHaveFocus, isInside,
     elementAbove, elementsBelow, nodesBelow, named, referenced, attribute, has, matches, getter, short,
     flat, typeOf, valueOf, tagOf, words, limit: LIMIT,
   })});
