@@ -55,6 +55,8 @@ constexpr std::array kCommands = {
     KeyCommand{'O', kCtrlMask, "Ctrl+O", [](Target t) { t.commands.mnuFileItem_Click(kFileOpen); }},
     KeyCommand{'P', kCtrlMask, "Ctrl+P",
                [](Target t) { t.commands.mnuFileItem_Click(kFilePrint); }},
+    KeyCommand{'S', kCtrlMask | kShiftMask, "Ctrl+Shift+S", nullptr,
+               [](Target t) { return t.pane.SayGlance(); }},
     KeyCommand{'W', kCtrlMask, "Ctrl+W", [](Target t) { t.commands.mnuFileItem_Click(kFileExit); }},
 };
 

@@ -61,6 +61,13 @@ bool ctlWebBrowser::SwitchQuickKeys() {
   return true;
 }
 
+bool ctlWebBrowser::SayGlance() {
+  if (!pane_.manner.today) return false;
+  const std::string words = page_in_pane_.AtAGlance();
+  pane_.announcer.Say(words.empty() ? "There is no page" : words);
+  return true;
+}
+
 void ctlWebBrowser::Terminate() {
   ErrorsIgnored([&] { reader_.Stop(); }, [&] { layout_.DestroyRebar(); },
                 [&] { layout_.ReleaseRebar(); }, [&] { pane_.status.Release(); },

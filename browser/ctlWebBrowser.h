@@ -82,6 +82,9 @@ class ctlWebBrowser {
   /// Lets letters in the text pane be letters or lead through the page; false, and
   /// nothing done, where the key is another one's.
   bool SwitchQuickKeys();
+  /// Says the page's title, what there is in it and where the reader is; false, and
+  /// nothing done, in the established manner.
+  bool SayGlance();
   void HideButtonToolBar(bool hide) {
     areas_.KeepFocus([&] { layout_.HideButtonToolBar(hide); });
   }

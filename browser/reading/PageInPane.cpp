@@ -7,6 +7,7 @@
 
 #include "base/handling.h"
 #include "base/text.h"
+#include "browser/reading/Glance.h"
 #include "browser/reading/TextKinds.h"
 
 namespace corvane {
@@ -145,6 +146,16 @@ void PageInPane::Replace(const PageText& text) {
   }
   box.SetSelStart(place);
   Moved.Raise();
+}
+
+std::string PageInPane::AtAGlance() const {
+  const HTMLDocumentPtr document = pane_.controls.brwWebBrowser->Document();
+  if (!document) return {};
+  std::string words = document->Title.empty() ? document->location : document->Title;
+  if (!map_) return words;
+  const std::string content = ContentWords(*map_, document->forms.size());
+  if (!content.empty()) words += ", " + content;
+  return words + ", " + WhereWords(*map_, Caret());
 }
 
 std::string PageInPane::LineWords(int start, const std::string& line) const {

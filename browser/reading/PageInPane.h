@@ -34,6 +34,9 @@ class PageInPane {
   /// and nothing done, where there is none.
   bool Use();
 
+  /// Title, content and the reader's place in few words.
+  std::string AtAGlance() const;
+
   /// A line of the pane, as it is said when the caret enters it. `start`: in the pane.
   std::string LineWords(int start, const std::string& line) const;
 
