@@ -8,7 +8,7 @@ IN_TEXT = {"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "0", "Focus"
 
 
 class TextWithStructure(EndToEndTest):
-    def begin(self, page="/structure.html", title="The market"):
+    def begin(self, page="/market.html", title="The market"):
         corvane = self.start(settings=IN_TEXT)
         self.read(page)
         self.said(title)
@@ -125,6 +125,14 @@ class TextWithStructure(EndToEndTest):
         self.assertEqual(self.hear("space"), ["checked"])
         wait_until(lambda: self.hear("shift+h") and self.hear("x") == ["Fast, check box, checked"],
                    "the box as it is now")
+
+    def test_the_page_at_a_glance(self):
+        self.begin()
+        self.walk(
+            ("2", "Fruit, heading level 2"),
+            ("ctrl+shift+s", "The market, 3 headings, 3 links, 1 form, 1 table, 2 landmarks, in main, below Fruit, "
+             "43 percent"),
+        )
 
     def test_f4_lets_the_pane_be_written_in(self):
         corvane = self.begin()
