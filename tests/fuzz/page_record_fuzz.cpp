@@ -1,5 +1,6 @@
 #include "platform/linux/web/page/page_record.h"
 
+#include "platform/linux/web/page/text_record.h"
 #include "tests/fuzz/fuzz.h"
 
 using namespace corvane;
@@ -8,6 +9,8 @@ using namespace corvane::desktop;
 // What a page process sends, which a hostile page may have taken over.
 void FuzzOne(const std::string& input) {
   ParseRecords(input);
+  ParsePageText(input);
+  ParsePageElement(input);
   auto record = ParseRecord(input);
   const auto event = ParseElementEvent(input);
   if (!record || !event) return;

@@ -1,0 +1,71 @@
+// Reading a page's text with its elements, also as nobody in his right mind sends it.
+#include "platform/linux/web/page/text_record.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace corvane::desktop {
+namespace {
+
+std::string Record(const std::string& text, const std::string& spans,
+                   const std::string& details = "[]") {
+  return R"({"text":")" + text + R"(","documents":["d"],"spans":[)" + spans + R"(],"details":)" +
+         details + "}";
+}
+
+std::size_t Kept(const std::string& spans) {
+  const auto page = ParsePageText(Record("12345", spans));
+  return page ? page->spans.size() : 999;
+}
+
+TEST(ParsePageText, ReadsTextAndElements) {
+  const auto page = ParsePageText(Record("\xC3\xA9 Prices\\nAl", "1,2,6,7,2,0,0,-1,4,9,2,8,0,0,0,0",
+                                         R"([{"role":"textbox","name":"Name","value":"Al"}])"));
+  ASSERT_TRUE(page);
+  EXPECT_EQ(page->text, "\xC3\xA9 Prices\nAl");
+  EXPECT_EQ(page->length, 11);
+  ASSERT_EQ(page->spans.size(), 2U);
+  EXPECT_EQ(page->spans[0].kind, PageSpan::Kind::Heading);
+  EXPECT_EQ(page->spans[0].level, 2);
+  EXPECT_EQ(page->spans[0].End(), 8);
+  EXPECT_EQ(page->spans[0].facts, nullptr);
+  EXPECT_EQ(page->ElementOf(page->spans[1]), (PageElement{"d", 8}));
+  EXPECT_EQ(page->spans[1].facts->name, "Name");
+}
+
+TEST(ParsePageText, LeavesOutElementsThatDoNotFit) {
+  EXPECT_EQ(Kept("2,0,5,1,0,0,0,-1"), 1U);
+  EXPECT_EQ(Kept("2,0,6,1,0,0,0,-1"), 0U) << "longer than the text";
+  EXPECT_EQ(Kept("2,5,1,1,0,0,0,-1"), 0U) << "behind it";
+  EXPECT_EQ(Kept("2,0,0,1,0,0,0,-1"), 0U) << "empty";
+  EXPECT_EQ(Kept("2,-1,3,1,0,0,0,-1"), 0U);
+  EXPECT_EQ(Kept("99,0,1,1,0,0,0,-1"), 0U) << "of no kind";
+  EXPECT_EQ(Kept("2,0,1,1,0,0,1,-1"), 0U) << "of no document";
+  EXPECT_EQ(Kept("2,0,1,0,0,0,0,-1"), 0U) << "of no number";
+  EXPECT_EQ(Kept("2,3,1,1,0,0,0,-1,2,1,1,2,0,0,0,-1"), 1U) << "out of order";
+  EXPECT_EQ(Kept("2,0,2147483647,1,0,0,0,-1"), 0U);
+  EXPECT_EQ(Kept("2,0,99999999999999,1,0,0,0,-1"), 0U);
+  EXPECT_EQ(Kept("2,0,1,1,0,0,0,77"), 1U) << "nothing else is known of it";
+  EXPECT_EQ(Kept("2,0,1"), 0U);
+}
+
+TEST(ParsePageText, HasNoneOfWhatIsNoText) {
+  for (const char* text : {"", "null", "[]", "{}", R"({"text":3})", R"({"text":"a\u0000b"})",
+                           R"({"text":"a\rb"})", "{"}) {
+    EXPECT_EQ(ParsePageText(text), nullptr) << text;
+  }
+  EXPECT_EQ(ParsePageText(Record(std::string(5000, 'x'), "")), nullptr)
+      << "a line that a text view cannot show";
+}
+
+TEST(ParsePageElement, ReadsOneElement) {
+  EXPECT_EQ(ParsePageElement(R"(["d",3])"), (PageElement{"d", 3}));
+  EXPECT_EQ(ParsePageElement(R"(["d",-3])"), (PageElement{"d", 0}));
+  for (const char* text : {"", "[]", R"(["d"])", R"([3,3])", R"(["d",3,4])"}) {
+    EXPECT_EQ(ParsePageElement(text), std::nullopt) << text;
+  }
+}
+
+}  // namespace
+}  // namespace corvane::desktop
