@@ -119,12 +119,17 @@ class TextWithStructure(EndToEndTest):
         self.walk(("Escape", "Name, edit, Alex"))
         self.walk(("shift+h", "Your order, heading level 2"))
 
-    def test_enter_checks_and_opens(self):
+    def test_a_box_is_checked_and_stands_so_in_the_text(self):
         self.begin()
-        self.walk(("x", "Fast, check box, not checked"))
-        self.assertEqual(self.hear("space"), ["checked"])
+        self.walk(("x", "Fast, check box, not checked"), ("space", "checked"))
         wait_until(lambda: self.hear("shift+h") and self.hear("x") == ["Fast, check box, checked"],
                    "the box as it is now")
+
+    def test_what_a_button_opens_stands_in_the_text(self):
+        corvane = self.begin()
+        self.walk(("b", "Send, button"), ("b", "More, disclosure button, collapsed"), ("Return", "expanded"))
+        wait_until(lambda: "There is more to it." in corvane.text_of("Text"), "the new text")
+        self.walk(("Down", "There is more to it."))
 
     def test_the_page_at_a_glance(self):
         self.begin()

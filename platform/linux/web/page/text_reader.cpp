@@ -12,9 +12,9 @@ namespace corvane::desktop {
 namespace {
 
 /// Nothing that a page sends may be longer.
-constexpr std::size_t kLongestText = 256 * 1024 * 1024;
+constexpr std::size_t kLongestText = 256UL * 1024 * 1024;
 /// Longer ones are taken apart on a worker thread.
-constexpr std::size_t kShortText = 64 * 1024;
+constexpr std::size_t kShortText = 64UL * 1024;
 
 struct Job {
   std::string text;
