@@ -130,8 +130,9 @@ bool QuickKeys::IsReady() {
 void QuickKeys::Go(Way way, const TextMap::Wanted& wanted, const std::string& name) {
   const auto found = page_.Map()->Next(way, page_.Caret(), page_.Here(), wanted);
   if (!found) return pane_.announcer.Say(None(way, name));
-  page_.GoTo(*found);
+  // Heard before the text view has laid out what is there.
   pane_.announcer.Say(ReachedWords(*page_.Map(), page_.Map()->At(*found)));
+  page_.GoTo(*found);
 }
 
 void QuickKeys::GoBehindLinks(Way way) {
