@@ -134,6 +134,10 @@ def engine_rows(figures):
         if record:
             row(f"page finished → record usable, {name}, median (longest stall meanwhile)",
                 f"{median(record):.0f} ms ({median(stall):.0f} ms)", budget)
+        text = of("text_ms", page=page, links=links)
+        if text:
+            row(f"its text with all elements in it, {name}, median (longest stall meanwhile)",
+                f"{median(text):.0f} ms ({median(of('text_stall_ms', page=page, links=links)):.0f} ms)", budget)
     for element in dict.fromkeys(f["facts"] for f in figures if "facts" in f):
         row(f"page time to tell what has the focus, {element}, median",
             f"{median(of('facts_ms', facts=element)):.2f} ms", "2 ms")

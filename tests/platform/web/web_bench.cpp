@@ -81,7 +81,7 @@ void MeasurePage(const char* name, const std::string& page) {
     has_text = true;
   });
   WaitUntil([&] { return has_text; });
-  std::printf("{\"text\": \"%s\", \"spans\": %zu, \"text_ms\": %.1f, \"text_stall_ms\": %.1f}\n",
+  std::printf("{\"page\": \"%s\", \"links\": %zu, \"text_ms\": %.1f, \"text_stall_ms\": %.1f}\n",
               name, spans, Now() - text_asked, meter.Longest());
   std::printf(
       "{\"page\": \"%s\", \"links\": %zu, \"text_bytes\": %zu, \"load_ms\": %.1f, "
