@@ -68,12 +68,17 @@ def wanted(step):
     """What a step must convey: (kind, description, check) each."""
     if step.get("silent"):
         return
-    if "role" in step and not step.get("stays"):
+    # What the arrows reach in a select is chosen by that: its words and its place are
+    # said, not that it is an option and selected; what is let go is called so.
+    chosen = step.get("native") and step.get("states", {}).get("selected") == "true"
+    if "role" in step and not step.get("stays") and not chosen:
         words = ROLES.get(step["role"], [step["role"]])
         yield "role", step["role"], lambda said, words=words: any_of(said, words)
     if step.get("name") and not step.get("stays"):
         yield "name", step["name"], lambda said: has(said, step["name"])
     for state, value in step.get("states", {}).items():
+        if chosen and state == "selected":
+            continue
         words = STATES.get((state, value))
         if words is None and state == "current":
             words = ["current " + value]
