@@ -28,7 +28,7 @@ void PaneAreas::KeepFocus(const std::function<void()>& change) {
   const int area = pane_.state.area;
   change();
   if (!pane_.Shows(area)) {
-    GoRound(1);
+    Go(1);
   } else if (area == kAreaAddress) {
     navigation_.FocusAddress();
   } else if (area == kAreaToolbar) {
@@ -60,14 +60,13 @@ void PaneAreas::Focus(int area) {
 }
 
 // A dialog of the page that has not taken the focus comes first.
-void PaneAreas::Go(int step) {
+void PaneAreas::Next() {
   bool led = false;
-  ErrorsIgnored(
-      [&] { led = pane_.controls.brwWebBrowser->EnterDialog([this, step] { GoRound(step); }); });
-  if (!led) GoRound(step);
+  ErrorsIgnored([&] { led = pane_.controls.brwWebBrowser->EnterDialog([this] { Go(1); }); });
+  if (!led) Go(1);
 }
 
-void PaneAreas::GoRound(int step) {
+void PaneAreas::Go(int step) {
   int area = pane_.state.area;
   do {
     area = (area + step + kPaneAreas) % kPaneAreas;

@@ -15,7 +15,7 @@ class PaneAreas {
   PaneAreas(PaneContext& pane, Navigation& navigation);
 
   /// Focuses the next area, or the one before.
-  void Next() { Go(1); }
+  void Next();
   void Previous() { Go(-1); }
   /// Makes a change that may take the user's area off the screen or out of its place:
   /// the focus comes back to it, or goes to the next that is shown.
@@ -23,7 +23,6 @@ class PaneAreas {
 
  private:
   void Go(int step);
-  void GoRound(int step);
   void Enter(int area);
   void Focus(int area);
 

@@ -55,11 +55,12 @@ LiveRegions::LiveRegions(WebKitWebView* view, std::function<void(const PageWords
 // Its element has the page's focus before the page gets the window's, so that nothing
 // else of the page is told on the way.
 bool LiveRegions::EnterDialog(std::function<void()> gone) {
+  const int mine = ++entered_;
   if (!std::exchange(dialog_waits_, false)) return false;
   Evaluate(view_, "corvaneLive.enter()", nullptr,
-           [weak = std::weak_ptr(self_), gone = std::move(gone)](const auto& entered) {
+           [weak = std::weak_ptr(self_), mine, gone = std::move(gone)](const auto& entered) {
              const auto self = weak.lock();
-             if (!self) return;
+             if (!self || (*self)->entered_ != mine) return;  // the user has gone on
              if (!entered) return gone();
              gtk_widget_grab_focus(GTK_WIDGET((*self)->view_));
            });
