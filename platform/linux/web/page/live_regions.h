@@ -37,7 +37,7 @@ class LiveRegions {
   WebKitWebView* view_;
   std::function<void(const PageWords&)> say_;
   std::shared_ptr<LiveRegions*> self_;  // answers that come after it find it gone
-  int entered_ = 0;  // counts the ways into a dialog that were asked for
+  int entered_ = 0;                     // counts the ways into a dialog that were asked for
   bool dialog_waits_ = false;           // it has opened without taking the focus
   Allowance allowance_{kMost, kSeconds};
   PageScript script_;
