@@ -198,21 +198,28 @@ Connection LinuxAccessibility::Fetch(const std::vector<WindowHandle>& windows, D
 Connection LinuxAccessibility::FetchChildren(
     const AccessiblePtr& parent, int from, int most,
     std::function<void(const std::vector<AccessibleElement>&)> done) {
-  const auto cancelled = std::make_shared<std::atomic<bool>>(false);
-  const auto tell = [cancelled, self = std::weak_ptr(self_),
-                     done = std::move(done)](std::vector<AccessibleElement> children) {
-    PostToUser([=, children = std::move(children)] {
-      if (!self.expired() && !*cancelled) done(children);
-    });
+  // Lives as long as the connection and ends on the user's thread.
+  struct Asked {
+    std::shared_ptr<const RemoteAccessible> remote;
+    std::function<void(const std::vector<AccessibleElement>&)> done;
   };
-  if (const auto remote = std::dynamic_pointer_cast<const RemoteAccessible>(parent)) {
-    remote->ReadChildren(from, most, tell);
+  const auto asked = std::make_shared<Asked>(
+      std::dynamic_pointer_cast<const RemoteAccessible>(parent), std::move(done));
+  const std::weak_ptr wanted = asked;
+  if (asked->remote) {
+    asked->remote->ReadChildren(from, most, [wanted](std::vector<Element> read) {
+      PostToUser([wanted, read = std::move(read)] {
+        if (const auto here = wanted.lock()) here->done(here->remote->Objects(read));
+      });
+    });
   } else {
     auto children = parent ? parent->Children(from + most) : std::vector<AccessibleElement>();
     children.erase(children.begin(), std::min(children.begin() + from, children.end()));
-    tell(std::move(children));
+    PostToUser([wanted, children = std::move(children)] {
+      if (const auto here = wanted.lock()) here->done(children);
+    });
   }
-  return Connection([cancelled] { *cancelled = true; });
+  return Connection([held = asked]() mutable { held.reset(); });
 }
 
 void LinuxAccessibility::Finish(const std::shared_ptr<Request>& request) {

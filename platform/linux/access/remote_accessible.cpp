@@ -19,17 +19,18 @@ constexpr const char* kComponent = "org.a11y.atspi.Component";
 
 }  // namespace
 
+// What runs on the bus's thread owns nothing of the tree, so that the bus never ends there.
 std::vector<AccessibleElement> RemoteAccessible::Children(int most) const {
   auto fetched = tree_->snapshot->Children(element_.ref);
   if (element_.child_count <= kReadAnew || fetched.empty()) {
     using Answer = std::optional<std::vector<Element>>;
     const bool few = !IsUnread() && element_.child_count <= kReadAnew;
     auto answer = tree_->bus->Ask<Answer>(
-        [self = shared_from_this(), few, most](std::function<void(Answer)> done) {
-          self->Find([self, few, most, done](const std::optional<ElementRef>& ref) {
+        [bus = tree_->bus.get(), find = Finder(), few, most](std::function<void(Answer)> done) {
+          find([bus, few, most, done = std::move(done)](const std::optional<ElementRef>& ref) {
             if (!ref) return done({});
-            if (few) return reader::ReadChildren(*self->tree_->bus, *ref, done);
-            reader::ReadSomeChildren(*self->tree_->bus, *ref, 0, std::min(most, kReadAnew), done);
+            if (few) return reader::ReadChildren(*bus, *ref, done);
+            reader::ReadSomeChildren(*bus, *ref, 0, std::min(most, kReadAnew), done);
           });
         });
     if (answer && *answer) fetched = std::move(**answer);
@@ -40,26 +41,26 @@ std::vector<AccessibleElement> RemoteAccessible::Children(int most) const {
   return Objects(std::move(fetched));
 }
 
-void RemoteAccessible::ReadChildren(
-    int from, int most, std::function<void(std::vector<AccessibleElement>)> done) const {
-  tree_->bus->Post([self = shared_from_this(), from, most, done = std::move(done)] {
-    self->tree_->bus->Connect([self, from, most, done](const std::string& problem) {
+void RemoteAccessible::ReadChildren(int from, int most,
+                                    std::function<void(std::vector<Element>)> done) const {
+  tree_->bus->Post([bus = tree_->bus.get(), find = Finder(), from, most, done = std::move(done)] {
+    bus->Connect([=](const std::string& problem) {
       if (!problem.empty()) return done({});
-      self->Find([self, from, most, done](const std::optional<ElementRef>& ref) {
+      find([=](const std::optional<ElementRef>& ref) {
         if (!ref) return done({});
-        reader::ReadSomeChildren(
-            *self->tree_->bus, *ref, from, most,
-            [self, done](std::optional<std::vector<Element>> read) {
-              done(read ? self->Objects(std::move(*read)) : std::vector<AccessibleElement>());
-            });
+        reader::ReadSomeChildren(*bus, *ref, from, most, [done](auto read) {
+          done(read ? std::move(*read) : std::vector<Element>());
+        });
       });
     });
   });
 }
 
-void RemoteAccessible::Find(std::function<void(std::optional<ElementRef>)> found) const {
-  if (!IsUnread()) return found(element_.ref);
-  reader::FindDocument(*tree_->bus, element_.ref, std::move(found));
+RemoteAccessible::Find RemoteAccessible::Finder() const {
+  return [bus = tree_->bus.get(), ref = element_.ref, unread = IsUnread()](const Found& found) {
+    if (!unread) return found(ref);
+    reader::FindDocument(*bus, ref, found);
+  };
 }
 
 std::vector<AccessibleElement> RemoteAccessible::Objects(std::vector<Element> elements) const {
@@ -144,14 +145,13 @@ ScreenRect RemoteAccessible::OwnLocation() const {
 }
 
 void RemoteAccessible::OwnSelect(int flags) {
-  tree_->bus->Post([self = shared_from_this(), flags] {
-    self->Find([self, flags](const std::optional<ElementRef>& ref) {
+  tree_->bus->Post([bus = tree_->bus.get(), find = Finder(), flags] {
+    find([bus, flags](const std::optional<ElementRef>& ref) {
       if (!ref) return;
-      AccessBus& bus = *self->tree_->bus;
       if ((flags & kSelectTakeFocus) != 0) {
-        bus.Call(*ref, kComponent, "GrabFocus", nullptr, [](const VariantPtr&) {});
+        bus->Call(*ref, kComponent, "GrabFocus", nullptr, [](const VariantPtr&) {});
       }
-      if (ChangesSelection(flags)) SelectOnBus(bus, *ref, flags);
+      if (ChangesSelection(flags)) SelectOnBus(*bus, *ref, flags);
     });
   });
 }

@@ -44,16 +44,18 @@ class RemoteAccessible : public WholeObject, public std::enable_shared_from_this
 
   /// Reads at most `most` children from number `from` on; `done` is called on the bus's
   /// thread.
-  void ReadChildren(int from, int most,
-                    std::function<void(std::vector<AccessibleElement>)> done) const;
+  void ReadChildren(int from, int most, std::function<void(std::vector<Element>)> done) const;
+  /// What has been read of this element's children as objects.
+  std::vector<AccessibleElement> Objects(std::vector<Element> elements) const;
   /// The innermost element at a point of the screen; null for none.
   AccessiblePtr At(ScreenPoint point) const;
 
  private:
+  using Found = std::function<void(const std::optional<ElementRef>&)>;
+  using Find = std::function<void(const Found&)>;
   bool IsUnread() const { return tree_->is_plug && element_.ref == tree_->root; }
-  /// Finds the element on the bus that answers for this one; on the bus's thread.
-  void Find(std::function<void(std::optional<ElementRef>)> found) const;
-  std::vector<AccessibleElement> Objects(std::vector<Element> elements) const;
+  /// Finds the element on the bus that answers for this one; for the bus's thread.
+  Find Finder() const;
   std::string OwnText(AccessibleText which) const override;
   int OwnRole() const override { return element_.role; }
   std::uint32_t OwnState() const override { return element_.state; }
