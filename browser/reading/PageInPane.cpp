@@ -92,7 +92,12 @@ void PageInPane::Ask() {
 }
 
 void PageInPane::Take(const PageTextPtr& text) {
-  coming_ = false;
+  const bool was_coming = std::exchange(coming_, false);
+  Put(text);
+  if (was_coming) Arrived.Raise();
+}
+
+void PageInPane::Put(const PageTextPtr& text) {
   if (!text) return GoToLeft();
   const bool is_first = map_ == nullptr;
   const auto mark = CaretMark();

@@ -42,6 +42,8 @@ class PageInPane {
 
   /// The reader has been led elsewhere in the pane, and told so.
   Event<> Moved;
+  /// What was still to come has come, or will not.
+  Event<> Arrived;
 
  private:
   /// A place that can be found again in another reading of the page.
@@ -56,6 +58,7 @@ class PageInPane {
   void Shown();
   void Ask();
   void Take(const PageTextPtr& text);
+  void Put(const PageTextPtr& text);
   void Replace(const PageText& text);
   void Restore(const Mark& mark);
   void KeepPlace();

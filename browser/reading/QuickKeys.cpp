@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/text.h"
 #include "browser/reading/TextKinds.h"
@@ -72,6 +73,11 @@ QuickKeys::QuickKeys(PaneContext& pane, PageInPane& page) : pane_(pane), page_(p
   ctlText& box = pane_.controls.ctlText1;
   connections_ += box.KeyDown.Connect([this](KeyEvent& key) { KeyDown(key); });
   connections_ += box.KeyPress.Connect([this](int& character) { KeyPress(character); });
+  connections_ += page_.Arrived.Connect([this] {
+    const auto early = std::exchange(early_, std::nullopt);
+    const bool is_here = pane_.state.area == kAreaText;
+    if (early && is_here && page_.Map() != nullptr) Carry(early->code, early->way);
+  });
 }
 
 void QuickKeys::Switch() {
@@ -81,6 +87,7 @@ void QuickKeys::Switch() {
 
 void QuickKeys::KeyDown(KeyEvent& key) {
   if (!AreOn() || (key.Shift & (kCtrlMask | kAltMask)) != 0) return;
+  early_.reset();
   if (!Carry(key.KeyCode, (key.Shift & kShiftMask) != 0 ? Way::Back : Way::On)) return;
   key.KeyCode = 0;
 }
@@ -94,7 +101,7 @@ void QuickKeys::KeyPress(int& character) {
 
 bool QuickKeys::Carry(int code, Way way) {
   if (code == kKeyReturn || code == kKeySpace) {
-    if (IsReady()) Act();
+    if (IsReady(code, way)) Act();
     return true;
   }
   if (code == kKeyBackspace || code == kKeyDelete) {
@@ -102,7 +109,7 @@ bool QuickKeys::Carry(int code, Way way) {
     return true;
   }
   if (code == kBehindLinks) {
-    if (IsReady()) GoBehindLinks(way);
+    if (IsReady(code, way)) GoBehindLinks(way);
     return true;
   }
   const int level = code - '0';
@@ -110,18 +117,20 @@ bool QuickKeys::Carry(int code, Way way) {
     const auto wanted = [level](const PageSpan& span) {
       return span.kind == Kind::Heading && span.level == level;
     };
-    if (IsReady()) Go(way, wanted, "heading level " + std::to_string(level));
+    if (IsReady(code, way)) Go(way, wanted, "heading level " + std::to_string(level));
     return true;
   }
   const auto* found = std::find_if(kKeys.begin(), kKeys.end(),
                                    [&](const QuickKey& each) { return each.code == code; });
   if (found == kKeys.end()) return false;
-  if (IsReady()) Go(way, found->wanted, found->name);
+  if (IsReady(code, way)) Go(way, found->wanted, found->name);
   return true;
 }
 
-bool QuickKeys::IsReady() {
+// Who is quicker than the page is led there as soon as it has come.
+bool QuickKeys::IsReady(int code, Way way) {
   if (page_.Map() != nullptr) return true;
+  if (page_.IsComing()) early_ = {code, way};
   pane_.announcer.Say(page_.IsComing() ? "The page is still being read"
                                        : "What stands where in this page is not known");
   return false;

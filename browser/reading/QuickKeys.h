@@ -22,14 +22,19 @@ class QuickKeys {
   void KeyDown(KeyEvent& key);
   void KeyPress(int& character);
   bool Carry(int code, TextMap::Way way);
-  bool IsReady();
+  bool IsReady(int code, TextMap::Way way);
   void Go(TextMap::Way way, const TextMap::Wanted& wanted, const std::string& name);
   void GoBehindLinks(TextMap::Way way);
   void Act();
 
   PaneContext& pane_;
   PageInPane& page_;
+  struct Pressed {
+    int code;
+    TextMap::Way way;
+  };
   std::optional<bool> switched_;  // in this window, by its user
+  std::optional<Pressed> early_;  // the last key while the page was still to come
   Connections connections_;
 };
 

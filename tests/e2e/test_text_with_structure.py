@@ -13,6 +13,7 @@ class TextWithStructure(EndToEndTest):
         self.read(page)
         self.said(title)
         wait_until(lambda: corvane.focused_name() == "Text", "the text pane")
+        wait_until(lambda: "A cat" in corvane.text_of("Text"), "the elements in the text")
         return corvane
 
     def hear(self, key):

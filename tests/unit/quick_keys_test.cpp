@@ -242,6 +242,26 @@ TEST_F(QuickKeysTest, AsLongAsThePlacesAreNotKnownThatIsSaid) {
   EXPECT_THAT(p.Spoken(), ElementsAre("What stands where in this page is not known"));
 }
 
+TEST_F(QuickKeysTest, WhoIsQuickerThanThePageIsLedThereOnceItHasCome) {
+  p.Read(MakePage("http://b/", "T", "text"));
+  p.TextPane().SetFocus();
+  Press('H');
+  Press('E');
+  p.Spoken();
+  p.Browser().TextDescribed(Text());
+  EXPECT_THAT(p.Spoken(), ElementsAre("Name, edit, Al")) << "the last key counts";
+}
+
+TEST_F(QuickKeysTest, WhoHasGoneElsewhereMeanwhileStaysThere) {
+  p.Read(MakePage("http://b/", "T", "text"));
+  p.TextPane().SetFocus();
+  Press('H');
+  p.Address().SetFocus();
+  p.Spoken();
+  p.Browser().TextDescribed(Text());
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
 TEST(EstablishedText, LettersAreWrittenAndALineIsItsText) {
   Program p;
   p.StartTalking();
