@@ -46,9 +46,10 @@ struct Facts {
   std::optional<double> value;
 };
 
-// What stands for digits: "mm", "yyyy", "--".
-bool IsOneSign(const std::string& text) {
-  return text.find_first_not_of(text.front()) == std::string::npos;
+// A word of a language, unlike the signs that stand for digits: "mm", "yyyy", "--".
+bool IsWord(const std::string& text) {
+  const bool has_digit = text.find_first_of("0123456789") != std::string::npos;
+  return !has_digit && text.find_first_not_of(text.front()) != std::string::npos;
 }
 
 std::string ControlOf(std::uint32_t role) {
@@ -74,8 +75,9 @@ FieldFocus FocusOf(Facts facts) {
   focus.is_part = facts.role == ATSPI_ROLE_SPIN_BUTTON;
   focus.control = ControlOf(facts.role);
   const std::string& text = focus.text;
-  const bool shows_nothing = text.empty() || (text.front() != '0' && IsOneSign(text));
-  focus.is_empty = focus.is_part && facts.value.value_or(1) == 0 && shows_nothing;
+  const bool shows_zero = text.find_first_not_of('0') == std::string::npos;
+  const bool shows_word = !text.empty() && IsWord(text);
+  focus.is_empty = focus.is_part && facts.value.value_or(1) == 0 && !shows_zero && !shows_word;
   return std::move(focus);
 }
 

@@ -57,6 +57,18 @@ TEST_F(FocusOfAPage, PartThatHoldsNothingIsEmptyAndAnHourOfNoughtIsNot) {
   EXPECT_FALSE(LookFor([](const FieldFocus& now) { return now.name == "hour"; }).is_empty);
 }
 
+TEST_F(FocusOfAPage, AnHourThatOnlyShowsWhatMightStandThereIsEmptyAndAMonthsNameIsNot) {
+  Show("<input type=time><input type=month value=2024-05>");
+  Key(GDK_KEY_Tab);
+  const FieldFocus hour = LookFor([](const FieldFocus& now) { return now.name == "hour"; });
+  EXPECT_EQ(hour.text, "12");
+  EXPECT_TRUE(hour.is_empty);
+  for (int i = 0; i < 3; ++i) Key(GDK_KEY_Tab);
+  const FieldFocus month = LookFor([](const FieldFocus& now) { return now.name == "month"; });
+  EXPECT_EQ(month.text, "May");
+  EXPECT_FALSE(month.is_empty);
+}
+
 TEST_F(FocusOfAPage, CaretAndSelectionOfANumber) {
   Show("<input type=number value=123>");
   Key(GDK_KEY_Tab);
