@@ -173,12 +173,19 @@
   const isStepped = (element) => element instanceof HTMLInputElement && STEPPED.has(element.type);
   const isSecret = (element) => element instanceof HTMLInputElement && element.type === 'password';
 
+  // The program leads the user into an element of a page that does not have the keys yet:
+  // the element is told of when they come, not twice.
+  let entering = false;
+  const enter = () => { entering = !Document.prototype.hasFocus.call(document); };
+
   // `focus`, since an input of several parts has no `focusin`.
   const hearers = {
     // Told when the page has done what it does with the focus: it may choose a tab, or
     // lead on at once.
     focus: (element) => {
       if (isPage(element) && !isEditor(element)) return;
+      if (entering && !Document.prototype.hasFocus.call(document)) return;
+      entering = false;
       latest = element;
       if (isRadio(element)) arriving = element;
       telling ??= setTimeout(() => {
@@ -262,5 +269,5 @@
     tell('focus', target, {unasked: 1, again: 1});
   };
   Object.defineProperty(globalThis, 'corvaneEvents',
-    {value: Object.freeze({tellAgain, tell, tellFocus})});
+    {value: Object.freeze({tellAgain, tell, tellFocus, enter})});
 })();

@@ -56,7 +56,10 @@
 
   const own = Object.freeze({
     documentId, withElement, use, focus, show, elementAbove,
-    focusOwn: focusOn,
+    focusOwn: (element) => {
+      globalThis.corvaneEvents?.enter();
+      focusOn(element);
+    },
     // What follows is watched as if the user had clicked there.
     useOwn: (element) => {
       globalThis.corvaneChanges?.act(element, () => clickOn(element));
