@@ -1,5 +1,7 @@
 #include "browser/PageReader.h"
 
+#include <utility>
+
 #include "base/number.h"
 #include "base/text.h"
 #include "platform/button_image.h"
@@ -112,9 +114,14 @@ void PageReader::ReadOn(const HTMLDocumentPtr& document, const Current& current)
   if (!current()) return;
   announcer.AddAndSay(kDone);
   if (!current()) return;
-  ErrorsIgnored([&] { ReadTitleAndText(Required(document)); });
+  // A key that follows the title at once finds the focus where it will be.
+  bool led = false;
+  const auto lead = [&] {
+    if (!std::exchange(led, true)) auto_focus_.AfterReading(document);
+  };
+  ErrorsIgnored([&] { ReadTitleAndText(Required(document), lead); });
   if (!current()) return;
-  auto_focus_.AfterReading(document);
+  lead();
   ErrorsIgnored([&] { pane_.controls.brwWebBrowser->TellFocus(); });
 }
 
@@ -123,13 +130,14 @@ void PageReader::KeepAddress(const std::string& address) {
   pane_.status.Show(address);
 }
 
-void PageReader::ReadTitleAndText(const HTMLDocument& document) {
+void PageReader::ReadTitleAndText(const HTMLDocument& document, const std::function<void()>& said) {
   ctlText& text = pane_.controls.ctlText1;
   if (pane_.menu.mnuTextHistory(kClearWithNewPage).Checked()) text.ClearText();
   text.AddText(document.Title + kLineBreak + document.body_innerText, false, [&] {
     pane_.state.page_text = text.SelStart() + static_cast<int>(text::length(document.Title)) + 1;
     title_ = NameOf(document);
     SayTitle();
+    said();
     pane_.PageShown.Raise();
   });
 }

@@ -36,7 +36,7 @@ class PageReader {
   void ReadOn(const HTMLDocumentPtr& document, const Current& current);
   void StillLoading();
   void KeepAddress(const std::string& address);
-  void ReadTitleAndText(const HTMLDocument& document);
+  void ReadTitleAndText(const HTMLDocument& document, const std::function<void()>& said);
 
   PaneContext& pane_;
   Navigation& navigation_;

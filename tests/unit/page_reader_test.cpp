@@ -39,6 +39,18 @@ TEST_F(PageReaderTest, APageThatIsCompleteIsReadAtOnceButNotFromWithinTheEngines
   EXPECT_FALSE(p.Reading().enabled);
 }
 
+TEST_F(PageReaderTest, TheFocusIsLedOnBeforeAKeyThatFollowsTheTitleIsHeard) {
+  p.desktop.settings.Pane("Focus") = "4";
+  Start();
+  std::string focus;
+  p.desktop.on_yield = [&] {
+    const bool is_said = p.TextPane().text.find("All the news") != std::string::npos;
+    if (is_said && focus.empty()) focus = p.desktop.focus;
+  };
+  p.Read(MakePage("http://news.example/", "News", "All the news"));
+  EXPECT_EQ(focus, "brwWebBrowser");
+}
+
 TEST_F(PageReaderTest, SideBarThatShowsThePageAddsItsWord) {
   for (const char* content : {"4", "5"}) {
     Program program;
