@@ -60,17 +60,15 @@ ExplorerItems CIAccessibleBrowser::IExplorerItem_GetChildren(CExplorer& Explorer
 
 // The node, and this item with it, may be gone before they come: then nothing is added.
 void CIAccessibleBrowser::FetchMore(CExplorer& explorer, TreeNodeId node, int from) {
-  fetching_ = accessibility_.FetchChildren(objIAChild, from, kPiece,
-                                           [=, this, &explorer](const auto& children) {
-                                             ErrorsIgnored([&] {
-                                               ExplorerItems items;
-                                               for (const auto& child : children)
-                                                 AddIfShown(child.object, child.kid, items);
-                                               explorer.AddMoreChildren(node, items);
-                                               if (children.size() == kPiece)
-                                                 FetchMore(explorer, node, from + kPiece);
-                                             });
-                                           });
+  const auto take = [=, this, &explorer](const std::vector<AccessibleElement>& children) {
+    ExplorerItems items;
+    for (const auto& child : children) AddIfShown(child.object, child.kid, items);
+    explorer.AddMoreChildren(node, items);
+    if (children.size() == kPiece) FetchMore(explorer, node, from + kPiece);
+  };
+  fetching_ = accessibility_.FetchChildren(objIAChild, from, kPiece, [take](const auto& children) {
+    ErrorsIgnored([&] { take(children); });
+  });
 }
 
 void CIAccessibleBrowser::IExplorerItem_SetText(const std::string& /*Value*/) {

@@ -89,7 +89,8 @@ class WebBrowser : public Control {
       std::function<void(const PageTextPtr&)> described) = 0;
   /// What the user does with an element that the page's text holds. Use is a click:
   /// whatever the page makes of it. Enter gives the page the focus, and in it the
-  /// element. Show scrolls the page there and moves no focus. Nothing where it is gone.
+  /// element. Show scrolls the page there and moves no focus. Where it is gone nothing
+  /// happens but that ElementGone tells of a use or an entering.
   enum class ElementUse { Use, Enter, Show };
   virtual void UseElement(const PageElement& element, ElementUse use) = 0;
   /// Leads the focus into a dialog of the page that has opened without taking it, if
@@ -122,6 +123,8 @@ class WebBrowser : public Control {
   /// The user has pressed Escape in an element of the page (number 0: in none), and the
   /// page had no use for it.
   Event<const PageElement&> LeftElement;
+  /// What the user wanted to use or to enter is in the page no more.
+  Event<> ElementGone;
   /// The page says something by itself. Only while the user is in its window.
   Event<const PageWords&> PageSays;
   /// A page, and with it the user, opens a window. The next control that is made

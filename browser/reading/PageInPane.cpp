@@ -63,6 +63,7 @@ PageInPane::PageInPane(PaneContext& pane) : pane_(pane), timChanged_(pane.deskto
   connections_ += pane_.PageShown.Connect([this] { Shown(); });
   connections_ += browser.DownloadBegin.Connect([this] { KeepPlace(); });
   connections_ += browser.LeftElement.Connect([this](const PageElement& each) { Left(each); });
+  connections_ += browser.ElementGone.Connect([this] { Gone(); });
   connections_ += timChanged_->Tick.Connect([this] {
     timChanged_->SetEnabled(false);
     if (!pane_.controls.brwWebBrowser->Busy() && map_) Ask();
@@ -273,6 +274,13 @@ bool PageInPane::Use() {
   // What follows stands in the text, too.
   if (use == WebBrowser::ElementUse::Use) timChanged_->SetEnabled(true);
   return true;
+}
+
+// The page has changed since its text was taken.
+void PageInPane::Gone() {
+  pane_.state.entering = false;
+  pane_.announcer.Say("That is no longer in the page");
+  if (map_) Ask();
 }
 
 // What has been done in the page stands in the text before its reader comes back to it.

@@ -65,6 +65,7 @@ class PageInPane {
   std::optional<Mark> CaretMark() const;
   int PositionOf(const Mark& mark) const;
   void Left(const PageElement& element);
+  void Gone();
   void GoToLeft();
   void SetCaret(int position);
 

@@ -178,6 +178,19 @@ TEST_F(QuickKeysTest, EnterAndSpaceActOnWhatIsAtTheCaret) {
   EXPECT_THAT(p.Spoken(), ElementsAre("No link, button or field here"));
 }
 
+TEST_F(QuickKeysTest, WhatIsGoneWhenItIsUsedIsToldAndTheTextTakenAnew) {
+  Press('E');
+  p.TextPane().Press(kKeyReturn, 0, kKeyReturn);
+  p.Spoken();
+  p.Browser().ElementGone.Raise();
+  EXPECT_THAT(p.Spoken(), ElementsAre("That is no longer in the page"));
+  ASSERT_TRUE(p.Browser().describing_text);
+  p.Browser().TextDescribed(PageTextMaker("Menu\nOther").Add(Kind::Link, "Menu").Make());
+  EXPECT_NE(p.TextPane().text.find("Other"), std::string::npos);
+  p.Browser().SetFocus();
+  EXPECT_THAT(p.Spoken(), Contains("WebBrowser")) << "nothing else would say where the user is";
+}
+
 TEST_F(QuickKeysTest, WhatAUseHasChangedStandsInTheText) {
   Press('H');
   Press('K');

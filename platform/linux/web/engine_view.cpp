@@ -99,7 +99,8 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
       live_(std::make_unique<LiveRegions>(
           view_.get(), [this](const PageWords& words) { listener_.page_says(words); })),
       text_(std::make_unique<TextReader>(
-          view_.get(), [this](const PageElement& element) { listener_.left(element); })),
+          view_.get(), [this](const PageElement& element) { listener_.left(element); },
+          [this] { listener_.gone(); })),
       keys_(std::make_unique<PageKeys>(view_.get(), KeysHost(), engine.Options().hang.keys)),
       list_(std::make_unique<OptionList>(
           view_.get(), [this](const OpenList& list) { reader_->TellList(list); })),
@@ -415,6 +416,7 @@ void EngineView::UseElement(const PageElement& element, WebBrowser::ElementUse u
       watchdog_.WatchSoon();
       return text_->Use(element);
     case WebBrowser::ElementUse::Enter:
+      watchdog_.WatchSoon();
       return text_->Focus(element, [weak = std::weak_ptr(self_)] {
         if (const auto alive = weak.lock()) gtk_widget_grab_focus(GTK_WIDGET((*alive)->View()));
       });

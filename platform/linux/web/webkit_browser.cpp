@@ -20,7 +20,8 @@ WebKitBrowser::WebKitBrowser(const std::string& name, WebEngine& engine, WindowT
       [this](const PageWords& words) {
         if (IsInFront()) PageSays.Raise(words);
       },
-      [this](const PageElement& element) { LeftElement.Raise(element); }};
+      [this](const PageElement& element) { LeftElement.Raise(element); },
+      [this] { ElementGone.Raise(); }};
   if (view_) {
     // When there is somebody who listens.
     take_over_.Start(0, [this, listener] { view_->TakeOver(listener); });

@@ -125,7 +125,8 @@ EngineView::Listener TestView::Listener() {
             if (!place.words.empty()) log.push_back("say " + place.words);
           },
           [this](const PageWords& words) { page_words.push_back(words); },
-          [this](const PageElement& element) { left.push_back(element); }};
+          [this](const PageElement& element) { left.push_back(element); },
+          [this] { log.push_back("gone"); }};
 }
 
 void TestView::Show() {

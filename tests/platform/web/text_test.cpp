@@ -297,6 +297,18 @@ TEST_F(TextTest, EnteringAFieldGivesItTheFocus) {
   EXPECT_TRUE(WaitUntil([&] { return gtk_widget_has_focus(GTK_WIDGET(view_->View())); }));
 }
 
+TEST_F(TextTest, WhatIsGoneIsToldAndTakesNoKeys) {
+  Load("<p>text<button>Do</button><input aria-label=Name>");
+  InPage("document.body.innerHTML = '<button>Do</button><input aria-label=Name>'");
+  Use(Kind::Button);
+  EXPECT_TRUE(WaitUntil([&] { return view_.Count("gone") == 1; }));
+  const bool had_focus = gtk_widget_has_focus(GTK_WIDGET(view_->View()));
+  Use(Kind::Edit, WebBrowser::ElementUse::Enter);
+  EXPECT_TRUE(WaitUntil([&] { return view_.Count("gone") == 2; }));
+  InPage("1");
+  EXPECT_EQ(gtk_widget_has_focus(GTK_WIDGET(view_->View())), had_focus);
+}
+
 TEST_F(TextTest, ThePageScrollsToWhatIsRead) {
   Load("<div style='height:5000px'></div><h2>Far</h2><div style='height:5000px'></div>");
   Use(Kind::Heading, WebBrowser::ElementUse::Show);

@@ -405,12 +405,7 @@ void PageReader::Deliver(const ElementEvent& event) {
   if (page) page->unasked = false;
 }
 
-HTMLElementPtr PageReader::Focused() const {
-  const auto document = elements_.find(focused_.first);
-  if (document == elements_.end()) return nullptr;
-  const auto found = document->second.find(focused_.second);
-  return found == document->second.end() ? nullptr : found->second;
-}
+HTMLElementPtr PageReader::Focused() const { return Known(focused_.first, focused_.second); }
 
 bool PageReader::OnList() const {
   const HTMLElementPtr element = Focused();

@@ -40,14 +40,17 @@ std::string Call(const char* function, const PageElement& element) {
 
 }  // namespace
 
-TextReader::TextReader(WebKitWebView* view, std::function<void(const PageElement&)> left)
+TextReader::TextReader(WebKitWebView* view, std::function<void(const PageElement&)> left,
+                       std::function<void()> gone)
     : view_(view),
       left_(std::move(left)),
+      gone_(std::move(gone)),
       script_(webkit_web_view_get_user_content_manager(view),
               std::vector{"text_writer.js", "text.js", "text_use.js"}, "corvaneText",
               [this](const std::string& kind, const std::string& text) { Receive(kind, text); }) {}
 
 void TextReader::Receive(const std::string& kind, const std::string& text) {
+  if (kind == "gone") return gone_();
   if (kind != "escape") return;
   if (const auto element = ParsePageElement(text)) left_(*element);
 }
@@ -77,8 +80,9 @@ void TextReader::Received(std::string text, const std::weak_ptr<int>& turn, cons
 void TextReader::Use(const PageElement& element) { ActForUser(view_, Call("use", element)); }
 
 void TextReader::Focus(const PageElement& element, std::function<void()> done) {
-  Evaluate(view_, Call("focus", element), nullptr,
-           [done = std::move(done)](const auto&) { done(); });
+  Evaluate(view_, Call("focus", element), nullptr, [done = std::move(done)](const auto& there) {
+    if (there == "true") done();
+  });
 }
 
 void TextReader::Show(const PageElement& element) {

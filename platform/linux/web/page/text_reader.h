@@ -18,8 +18,9 @@ class TextReader {
   using Done = std::function<void(const std::shared_ptr<PageText>&)>;
 
   /// `left`: the user has pressed Escape in an element of the page, and the page had no
-  /// use for it.
-  TextReader(WebKitWebView* view, std::function<void(const PageElement&)> left);
+  /// use for it. `gone`: what was to be used or get the focus is in the page no more.
+  TextReader(WebKitWebView* view, std::function<void(const PageElement&)> left,
+             std::function<void()> gone);
   TextReader(const TextReader&) = delete;
   TextReader& operator=(const TextReader&) = delete;
 
@@ -32,7 +33,7 @@ class TextReader {
 
   /// Uses the element as a click of the user would.
   void Use(const PageElement& element);
-  /// Gives the page's focus to the element, or to what is in it.
+  /// Gives the page's focus to the element, or to what is in it; `done` when it is there.
   void Focus(const PageElement& element, std::function<void()> done);
   /// Scrolls the page so that the element is seen.
   void Show(const PageElement& element);
@@ -43,6 +44,7 @@ class TextReader {
 
   WebKitWebView* view_;
   std::function<void(const PageElement&)> left_;
+  std::function<void()> gone_;
   PageScript script_;
   std::shared_ptr<int> turn_;  // the reading under way; alive only while it is wanted
 };

@@ -49,8 +49,14 @@
       new MouseEvent('click', {bubbles: true, cancelable: true, composed: true, view: window}));
   };
 
-  const use = (name, number) => String(find(name, number, (element, its) => its.useOwn(element)));
-  const focus = (name, number) => String(find(name, number, (element, its) => its.focusOwn(element)));
+  const channel = globalThis.webkit?.messageHandlers?.corvaneText;
+  // A page that has put others in the place of its elements leaves nobody in silence.
+  const told = (isThere) => {
+    if (!isThere) channel?.postMessage('gone\n');
+    return String(isThere);
+  };
+  const use = (name, number) => told(find(name, number, (element, its) => its.useOwn(element)));
+  const focus = (name, number) => told(find(name, number, (element, its) => its.focusOwn(element)));
   const show = (name, number) => String(find(name, number, (element) =>
     Element.prototype.scrollIntoView.call(element, {block: 'center', behavior: 'instant'})));
 
@@ -69,7 +75,6 @@
 
   // --- Escape leads back to the text ---------------------------------------------------
 
-  const channel = globalThis.webkit?.messageHandlers?.corvaneText;
   const activeOf = (root) => Object.getOwnPropertyDescriptor(
     (root instanceof Document ? Document : ShadowRoot).prototype, 'activeElement').get.call(root);
   const active = () => {
