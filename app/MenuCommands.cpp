@@ -169,6 +169,24 @@ void MenuCommands::TellRateAndPitch() {
   if (agent.Pitch() == 0 && pitch >= 0) agent.SetPitch(pitch);
 }
 
+// Who says today's words; null where nobody does.
+MSAgent* MenuCommands::Talker() const {
+  const auto service = host_.MainApp();
+  return manner_.today && SpeechEnabled() && service ? service->gMSAgent() : nullptr;
+}
+
+bool MenuCommands::SayAgain() {
+  MSAgent* const talker = Talker();
+  if (talker != nullptr) ErrorsIgnored([&] { talker->SayAgain(); });
+  return talker != nullptr;
+}
+
+bool MenuCommands::CopySaid() {
+  MSAgent* const talker = Talker();
+  if (talker != nullptr) ErrorsIgnored([&] { talker->CopySaid(); });
+  return talker != nullptr;
+}
+
 void MenuCommands::mnuRate_Click(int index) {
   pane_.MenuToggleCheck(index, menu_.mnuRate);
   ErrorsIgnored([&] { host_.SaveSetting("Rate", std::to_string(index)); },

@@ -9,6 +9,7 @@
 
 namespace corvane {
 
+class MSAgent;
 class MainApp;
 class WindowDialogs;
 
@@ -54,7 +55,13 @@ class MenuCommands {
   void mnuRate_Click(int index);
   void mnuPitch_Click(int index);
 
+  /// Says again what was said last, and asked again what came before it; copies it.
+  /// False, and nothing done, in the established manner and without speech.
+  bool SayAgain();
+  bool CopySaid();
+
  private:
+  MSAgent* Talker() const;
   /// Inverts an item's check mark, stores it under `key` and returns it.
   bool Toggle(MenuItem& item, const std::string& key);
   void TellRateAndPitch();

@@ -209,7 +209,7 @@ void MSAgent::Speak(Message message) {
   if (state_ == State::Ready || welcoming) {
     said_while_greeting_ = welcoming;
     if (!message.spoken) {
-      speech_.order.Say(message.text, Style(), message.urgency);
+      speech_.order.Say(message.text, Style(), message.urgency, message.remembered);
     } else {
       speech_.order.SayThrough(message.text, Style(), std::move(message.spoken));
     }
@@ -218,6 +218,22 @@ void MSAgent::Speak(Message message) {
   std::optional<Message> dropped = std::move(message);
   if (state_ == State::Loading && manner_.today) std::swap(dropped, early_);
   Drop(std::move(dropped));
+}
+
+void MSAgent::SayAgain() {
+  const std::string* words = speech_.order.Words().Back();
+  SayInPassing(words != nullptr ? *words : "Nothing was said before that");
+}
+
+void MSAgent::CopySaid() {
+  const std::string* words = speech_.order.Words().Present();
+  if (words == nullptr) return SayInPassing("Nothing has been said yet");
+  desktop_.GetClipboard().SetText(*words);
+  SayInPassing("Copied");
+}
+
+void MSAgent::SayInPassing(const std::string& text, Urgency urgency) {
+  Speak({text, urgency, nullptr, Remembered::No});
 }
 
 void MSAgent::Drop(std::optional<Message> message) {
@@ -231,10 +247,10 @@ void MSAgent::WinHook3_KeyDownHook(const PressedKey& key) {
     if (!blnKeyboardEcho || UserWantsSilence()) return;
     if (manner_.hide_passwords && WinHook3_->IntoPassword() &&
         (key.character != 0 || WritesCharacter(key.code))) {
-      return Say("star", true);
+      return SayInPassing("star", Urgency::Urgent);
     }
     const std::string name = manner_.key_words ? KeyWords(key) : KeyName(key.code);
-    if (!name.empty()) Say(name, true);
+    if (!name.empty()) SayInPassing(name, Urgency::Urgent);
   });
 }
 

@@ -47,6 +47,11 @@ class MSAgent {
   /// dropped while the character is not ready.
   void SayBehind(const std::string& Text, ISpeechNotify::Spoken spoken);
 
+  /// Says what was said last; asked again, what came before it.
+  void SayAgain();
+  /// Copies to the clipboard what SayAgain() has said, or would say.
+  void CopySaid();
+
   /// Keyboard echo is on.
   bool blnKeyboardEcho = false;
 
@@ -78,8 +83,11 @@ class MSAgent {
     std::string text;
     Urgency urgency = Urgency::Ordinary;
     ISpeechNotify::Spoken spoken = nullptr;
+    Remembered remembered = Remembered::Yes;
   };
   void Speak(Message message);
+  /// What nobody wants to hear again.
+  void SayInPassing(const std::string& text, Urgency urgency = Urgency::Ordinary);
   static void Drop(std::optional<Message> message);
   SpeechStyle Style() const { return {pitch_, speed_}; }
 

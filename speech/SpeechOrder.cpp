@@ -25,14 +25,17 @@ void SpeechOrder::CharacterGoes() {
   character_.reset();
 }
 
-AgentRequest SpeechOrder::Speak(const std::string& text, SpeechStyle style, bool urgent) const {
+AgentRequest SpeechOrder::Speak(const std::string& text, SpeechStyle style, bool urgent,
+                                Remembered remembered) {
+  if (remembered == Remembered::Yes) words_.Add(text);
   return Speaking().Speak("\\Pit=" + number::digits(style.pitch) +
                               "\\\\Spd=" + number::digits(style.speed) + "\\" +
                               text::replace_all(text, "\\", "/"),
                           urgent);
 }
 
-AgentRequest SpeechOrder::Say(const std::string& text, SpeechStyle style, Urgency urgency) {
+AgentRequest SpeechOrder::Say(const std::string& text, SpeechStyle style, Urgency urgency,
+                              Remembered remembered) {
   if (urgency == Urgency::Dialog) dialog_ = greeting_ = {};
   if (urgency == Urgency::Ordinary && protect_ > 0) {
     --protect_;
@@ -41,7 +44,7 @@ AgentRequest SpeechOrder::Say(const std::string& text, SpeechStyle style, Urgenc
     StopSpeak();
     protect_ = urgency == Urgency::Urgent ? kProtectedMessages : 0;
   }
-  const AgentRequest request = Speak(text, style, urgency != Urgency::Ordinary);
+  const AgentRequest request = Speak(text, style, urgency != Urgency::Ordinary, remembered);
   if (urgency == Urgency::Dialog) dialog_ = request;
   return request;
 }
@@ -61,6 +64,7 @@ void SpeechOrder::SayBehind(const std::string& text, SpeechStyle style,
 }
 
 AgentRequest SpeechOrder::Greet(const std::string& text) {
+  words_.Add(text);
   return greeting_ = Speaking().Speak(text, false);
 }
 

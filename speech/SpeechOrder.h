@@ -9,6 +9,7 @@
 #include "platform/desktop.h"
 #include "platform/voice.h"
 #include "speech/ISpeechNotify.h"
+#include "speech/SpokenWords.h"
 
 namespace corvane {
 
@@ -35,6 +36,9 @@ enum class Urgency {
   Dialog,
 };
 
+/// Whether a message is one of those that can be heard again.
+enum class Remembered { Yes, No };
+
 /// The one rule of what cuts off what in all that the process says, whoever speaks
 /// it. Everything goes through here; nobody else asks a voice to speak or to stop.
 class SpeechOrder {
@@ -49,7 +53,8 @@ class SpeechOrder {
   void CharacterGoes();
 
   /// Backslashes in `text` are spoken as slashes, so that it never contains a tag.
-  AgentRequest Say(const std::string& text, SpeechStyle style, Urgency urgency);
+  AgentRequest Say(const std::string& text, SpeechStyle style, Urgency urgency,
+                   Remembered remembered = Remembered::Yes);
   /// Says an ordinary message and tells once what became of it: false as soon as
   /// anything else is said, or it is cut off.
   void SayThrough(const std::string& text, SpeechStyle style, ISpeechNotify::Spoken spoken);
@@ -66,17 +71,21 @@ class SpeechOrder {
   void Silence();
   /// The user goes on: what a dialog says may be cut off from now on.
   void UserGoesOn() { dialog_ = {}; }
+  /// What has been said.
+  SpokenWords& Words() { return words_; }
   /// A request of the character's has ended.
   void Ended(const AgentRequest& request, RequestEnd end);
 
  private:
-  AgentRequest Speak(const std::string& text, SpeechStyle style, bool urgent) const;
+  AgentRequest Speak(const std::string& text, SpeechStyle style, bool urgent,
+                     Remembered remembered = Remembered::Yes);
   Voice& Speaking() const;
   void NoLongerFollowed();
 
   Desktop& desktop_;
   const Manner& manner_;
   std::shared_ptr<AgentCharacter> character_;
+  SpokenWords words_;
   int protect_ = 0;      // ordinary messages that still cut nothing off
   AgentRequest dialog_;  // what a dialog says
   AgentRequest greeting_;
