@@ -15,7 +15,6 @@ bool Is(const HTMLElement& input, const char* type) {
   return text::same_ignoring_case(input.type, type);
 }
 
-bool IsTextField(const HTMLElement& input) { return Is(input, "text") || IsSecret(input); }
 
 std::string Described(const HTMLElement& input, const Manner& manner) {
   if (Is(input, "radio") || Is(input, "checkbox")) {
@@ -23,7 +22,7 @@ std::string Described(const HTMLElement& input, const Manner& manner) {
     return Sentence({input.type, input.name, after.empty() ? input.value : after,
                      AAInputElement::StateWord(input)});
   }
-  if (!IsTextField(input)) {
+  if (!IsTyped(input)) {
     return Sentence({input.type, Beside(input.value, input, manner)});
   }
   const std::string before = Beside(input.text_before_begin, input, manner);
@@ -62,7 +61,7 @@ void AAInputElement::AAInput_onfocus() {
 void AAInputElement::AAInput_onkeyup() {
   ErrorsShown(Collection().Box(), "AAInput_onkeyup Error: ", [&] {
     const HTMLElement& input = Element();
-    if (!IsTextField(input)) return;
+    if (!IsTyped(input)) return;
     if (!input.part.empty()) return Collection().Say(PartCrossed());
     if (std::exchange(stepped_, false)) return caret_.Follow(input);
     Collection().Say(caret_.Heard(input, Collection().HowToSay()));

@@ -44,6 +44,10 @@ bool IsStepped(const HTMLElement& field) {
 
 bool IsSecret(const HTMLElement& field) { return text::same_ignoring_case(field.type, "password"); }
 
+bool IsTyped(const HTMLElement& input) {
+  return text::same_ignoring_case(input.type, "text") || IsSecret(input);
+}
+
 std::string Heard(const HTMLElement& field, const std::string& words, const Manner& manner) {
   if (!manner.hide_passwords || !IsSecret(field)) return words;
   std::string stars;

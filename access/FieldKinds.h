@@ -15,6 +15,9 @@ std::string WordFor(const HTMLElement& field);
 /// slider's.
 bool IsStepped(const HTMLElement& field);
 
+/// Whether an input holds a line of text that is typed.
+bool IsTyped(const HTMLElement& input);
+
 /// Whether the field takes characters that others are not to see.
 bool IsSecret(const HTMLElement& field);
 

@@ -20,8 +20,12 @@ class Announcer {
 
   void SetSpeechNotify(ISpeechNotify* sink) { sink_ = sink; }
 
+  /// How many times something was to be spoken.
+  int Count() const { return count_; }
+
   /// Speaks; silent while there is no sink.
   void Say(const std::string& text, bool urgent = false) {
+    ++count_;
     ErrorsShown(box_, "Say Error: ", [&] {
       if (sink_ != nullptr) sink_->Say(text, urgent);
     });
@@ -29,6 +33,7 @@ class Announcer {
 
   /// Speaks and tells what became of it, unless there is no sink.
   void SayThrough(const std::string& text, ISpeechNotify::Spoken spoken) {
+    ++count_;
     ErrorsShown(box_, "Say Error: ", [&] {
       if (sink_ != nullptr) sink_->SayThrough(text, std::move(spoken));
     });
@@ -64,6 +69,7 @@ class Announcer {
   /// became of it.
   void SayBehind(
       const std::string& text, ISpeechNotify::Spoken spoken = [](bool) {}) {
+    ++count_;
     ErrorsShown(box_, "Say Error: ", [&] {
       if (sink_ == nullptr) return spoken(false);
       sink_->SayBehind(text, std::move(spoken));
@@ -80,6 +86,7 @@ class Announcer {
   MessageBox& box_;
   ctlText& pane_;
   ISpeechNotify* sink_ = nullptr;
+  int count_ = 0;
   std::shared_ptr<int> title_;  // while it is being spoken
   std::string after_title_;
 };

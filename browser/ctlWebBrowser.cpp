@@ -27,6 +27,7 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop, const Manner& manner)
       help_(pane_, side_bar_),
       page_in_pane_(pane_),
       quick_keys_(pane_, page_in_pane_),
+      spelling_(pane_),
       echo_(pane_, page_in_pane_),
       places_(pane_, echo_),
       read_on_(pane_, echo_),
@@ -66,6 +67,16 @@ bool ctlWebBrowser::SayGlance() {
   const std::string words = page_in_pane_.AtAGlance();
   pane_.announcer.Say(words.empty() ? "There is no page" : words);
   return true;
+}
+
+bool ctlWebBrowser::SpellWord() {
+  if (pane_.manner.today) spelling_.SpellWord();
+  return pane_.manner.today;
+}
+
+bool ctlWebBrowser::SpellLine() {
+  if (pane_.manner.today) spelling_.SpellLine();
+  return pane_.manner.today;
 }
 
 void ctlWebBrowser::Terminate() {

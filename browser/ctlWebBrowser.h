@@ -19,6 +19,7 @@
 #include "browser/SideBar.h"
 #include "browser/reading/PageInPane.h"
 #include "browser/reading/QuickKeys.h"
+#include "browser/reading/Spelling.h"
 
 namespace corvane {
 
@@ -85,6 +86,9 @@ class ctlWebBrowser {
   /// Says the page's title, what there is in it and where the reader is; false, and
   /// nothing done, in the established manner.
   bool SayGlance();
+  /// Spell what is at the caret; false, and nothing done, in the established manner.
+  bool SpellWord();
+  bool SpellLine();
   void HideButtonToolBar(bool hide) {
     areas_.KeepFocus([&] { layout_.HideButtonToolBar(hide); });
   }
@@ -133,6 +137,7 @@ class ctlWebBrowser {
   HelpOutline help_;
   PageInPane page_in_pane_;
   QuickKeys quick_keys_;  // has the text pane's keys before the echo
+  Spelling spelling_;
   CaretEcho echo_;
   Places places_;
   corvane::ReadOn read_on_;

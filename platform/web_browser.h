@@ -82,6 +82,10 @@ class WebBrowser : public Control {
   /// all when it has been told since the page was asked about first.
   virtual void TellFocus() = 0;
 
+  /// The element of the page that has the page's focus, as its last event told it; null
+  /// when there is none or nothing has been told of it.
+  virtual HTMLElementPtr FocusedElement() const = 0;
+
   /// Has the present page's text put together as it is now, with its elements in it, and
   /// hands it on: null where there is none. Comes later, or never: when the page is left
   /// or hangs, when it is asked for again, once the connection has been let go.

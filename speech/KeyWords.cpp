@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <string_view>
 
 #include "base/text.h"
 #include "platform/control.h"
 #include "speech/KeyName.h"
+#include "speech/SignName.h"
 
 namespace corvane {
 namespace {
@@ -60,63 +62,6 @@ constexpr auto kKeys = std::to_array<Word>({
 // What the keypad's keys are printed with, from its 0 on.
 constexpr std::u32string_view kKeypad = U"0123456789*+,-./";
 
-constexpr auto kCharacters = std::to_array<Word>({
-    {U'!', "exclamation mark"},
-    {U'"', "quote"},
-    {U'#', "number sign"},
-    {U'$', "dollar"},
-    {U'%', "percent"},
-    {U'&', "ampersand"},
-    {U'\'', "apostrophe"},
-    {U'(', "left parenthesis"},
-    {U')', "right parenthesis"},
-    {U'*', "asterisk"},
-    {U'+', "plus"},
-    {U',', "comma"},
-    {U'-', "minus"},
-    {U'.', "period"},
-    {U'/', "slash"},
-    {U':', "colon"},
-    {U';', "semicolon"},
-    {U'<', "less than"},
-    {U'=', "equals"},
-    {U'>', "greater than"},
-    {U'?', "question mark"},
-    {U'@', "at"},
-    {U'[', "left bracket"},
-    {U'\\', "backslash"},
-    {U']', "right bracket"},
-    {U'^', "circumflex"},
-    {U'_', "underscore"},
-    {U'`', "grave accent"},
-    {U'{', "left brace"},
-    {U'|', "vertical bar"},
-    {U'}', "right brace"},
-    {U'~', "tilde"},
-    {U'\u00A0', "Space"},
-    {U'\u00A1', "inverted exclamation mark"},
-    {U'\u00A3', "pound"},
-    {U'\u00A7', "section"},
-    {U'\u00A8', "diaeresis"},
-    {U'\u00AB', "left guillemet"},
-    {U'\u00AC', "not"},
-    {U'\u00B0', "degree"},
-    {U'\u00B2', "superscript 2"},
-    {U'\u00B4', "acute accent"},
-    {U'\u00B7', "middle dot"},
-    {U'\u00B8', "cedilla"},
-    {U'\u00BB', "right guillemet"},
-    {U'\u00BD', "one half"},
-    {U'\u00BF', "inverted question mark"},
-    {U'\u02C7', "caron"},
-    {U'\u02D8', "breve"},
-    {U'\u02D9', "dot above"},
-    {U'\u02DA', "ring"},
-    {U'\u02DB', "ogonek"},
-    {U'\u02DD', "double acute accent"},
-    {U'\u20AC', "euro"},
-});
-
 const char* Find(std::span<const Word> words, char32_t number) {
   const auto found = std::find_if(words.begin(), words.end(),
                                   [number](const Word& each) { return each.number == number; });
@@ -124,9 +69,10 @@ const char* Find(std::span<const Word> words, char32_t number) {
 }
 
 std::string CharacterWords(char32_t character) {
-  if (const char* word = Find(kCharacters, character)) return word;
-  if (character >= U'a' && character <= U'z') character -= U'a' - U'A';
-  return text::character(static_cast<int>(character));
+  const std::string written = text::character(static_cast<int>(character));
+  if (const std::string_view name = SignName(written); !name.empty()) return std::string(name);
+  if (character < U'a' || character > U'z') return written;
+  return text::character(static_cast<int>(character - (U'a' - U'A')));
 }
 
 bool IsLetterOrDigit(int code) {

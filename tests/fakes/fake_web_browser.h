@@ -46,6 +46,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
     return Connection([mine = describing] { *mine = nullptr; });
   }
   void TellFocus() override { ++focus_asked; }
+  HTMLElementPtr FocusedElement() const override { return focused; }
   Connection DescribeText(std::function<void(const PageTextPtr&)> done) override {
     describing_text = std::make_shared<std::function<void(const PageTextPtr&)>>(std::move(done));
     return Connection([mine = describing_text] { *mine = nullptr; });
@@ -98,6 +99,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
   bool stayed = false;
   bool opened_by_page = false;
   bool may_close = true;
+  HTMLElementPtr focused;             ///< FocusedElement
   int focus_asked = 0;                ///< calls of TellFocus
   bool dialog_waits = false;          ///< for EnterDialog
   std::function<void()> dialog_gone;  ///< given to it

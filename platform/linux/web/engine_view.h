@@ -89,6 +89,7 @@ class EngineView {
   HTMLDocumentPtr Document() const { return document_; }
   Connection Describe(std::function<void(const HTMLDocumentPtr&)> described);
   void TellFocus() { reader_->TellFocus(); }
+  HTMLElementPtr FocusedElement() const { return reader_->Focused(); }
   /// As WebBrowser's.
   Connection DescribeText(std::function<void(const PageTextPtr&)> described);
   void UseElement(const PageElement& element, WebBrowser::ElementUse use);

@@ -36,6 +36,7 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
     return view_->Describe(std::move(described));
   }
   void TellFocus() override { view_->TellFocus(); }
+  HTMLElementPtr FocusedElement() const override { return view_->FocusedElement(); }
   Connection DescribeText(std::function<void(const PageTextPtr&)> described) override {
     return view_->DescribeText(std::move(described));
   }

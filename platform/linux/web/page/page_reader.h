@@ -57,6 +57,8 @@ class PageReader {
   bool OnList() const;
   /// The list of the select that has the focus has opened, been walked or closed.
   void TellList(const OpenList& list);
+  /// The element that has the page's focus, as far as events have told; null for none.
+  HTMLElementPtr Focused() const;
   /// Whether the page's focus is in a field whose text is hidden.
   bool InPassword() const { return in_password_; }
   /// While true, what happens to the page's elements is not told: the page tells of
@@ -72,7 +74,6 @@ class PageReader {
   void DeliverWaiting();
   static void Raise(const ElementEvent& event, HTMLElement& element);
   HTMLElementPtr ElementOf(const ElementEvent& event);
-  HTMLElementPtr Focused() const;
   bool Introduce(const ElementEvent& event, const HTMLElementPtr& element);
   void ReceiveRecord(PageRecord record);
   void ReceiveCollected(std::string text);
