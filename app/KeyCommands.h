@@ -2,6 +2,7 @@
 
 #include <span>
 
+#include "app/KeyHelp.h"
 #include "app/MenuCommands.h"
 #include "browser/ctlWebBrowser.h"
 #include "platform/form.h"
@@ -15,11 +16,13 @@ struct KeyCommand {
   struct Target {
     MenuCommands& commands;
     ctlWebBrowser& pane;
+    KeyHelp& help;
   };
 
   int KeyCode;
   int Shift;         ///< ShiftBits, exactly
   const char* keys;  ///< as the help text writes them
+  const char* does;  ///< in a few words, as they follow the key's name
   void (*run)(const Target& target);
   /// The same for a key that is the command's only here and there; false, and nothing
   /// done, where it is not. One of the two is null.
@@ -32,10 +35,11 @@ std::span<const KeyCommand> AllKeyCommands();
 /// Carries out the window's keys before the control that has the focus sees them.
 class KeyCommands {
  public:
-  KeyCommands(Form& form, MenuCommands& commands, ctlWebBrowser& pane);
+  KeyCommands(Form& form, MenuCommands& commands, ctlWebBrowser& pane, KeyHelp& help);
 
  private:
   void Form_KeyDown(KeyEvent& key);
+  void Explain(KeyEvent& key);
 
   KeyCommand::Target target_;
   Connections connections_;

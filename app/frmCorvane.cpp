@@ -29,7 +29,8 @@ frmCorvane::Parts::Parts(Desktop& desktop, const Manner& manner, MenuCommands::H
       ctlWebBrowser1(desktop, manner),
       commands(menu, ctlWebBrowser1, manner, host),
       dialogs(desktop, manner, *form),
-      keys(*form, commands, ctlWebBrowser1) {
+      help(ctlWebBrowser1, menu, manner),
+      keys(*form, commands, ctlWebBrowser1, help) {
   form->SetCaption(kApplicationTitle);
   form->SetMenu(menu.Bar());
   form->SetContent(*ELAMain);

@@ -51,6 +51,7 @@ class frmCorvane : public ISpeechNotify,
     ctlWebBrowser ctlWebBrowser1;
     MenuCommands commands;
     WindowDialogs dialogs;
+    KeyHelp help;
     KeyCommands keys;
     Connections connections;
   };

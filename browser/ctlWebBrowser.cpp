@@ -2,6 +2,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "browser/AreaKeys.h"
 #include "browser/EngineVersion.h"
 #include "browser/ProfileValue.h"
 
@@ -67,6 +68,14 @@ bool ctlWebBrowser::SayGlance() {
   const std::string words = page_in_pane_.AtAGlance();
   pane_.announcer.Say(words.empty() ? "There is no page" : words);
   return true;
+}
+
+std::optional<std::string> ctlWebBrowser::WhatKeyDoes(const KeyEvent& key) const {
+  const int area = pane_.state.area;
+  if (area == kAreaText) {
+    if (auto words = quick_keys_.WhatDoes(key)) return words;
+  }
+  return WhatKeyOfAreaDoes(area, key);
 }
 
 bool ctlWebBrowser::SpellWord() {

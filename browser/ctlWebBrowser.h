@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "browser/CaretEcho.h"
@@ -86,6 +87,13 @@ class ctlWebBrowser {
   /// Says the page's title, what there is in it and where the reader is; false, and
   /// nothing done, in the established manner.
   bool SayGlance();
+  /// What a key does where the user is in the pane, in a few words as they follow the
+  /// key's name; nothing where it is none of the pane's own.
+  std::optional<std::string> WhatKeyDoes(const KeyEvent& key) const;
+  /// Whether the user is in the page itself.
+  bool IsInPage() const { return pane_.state.area == kAreaPage; }
+  /// Says something of the window's.
+  void Say(const std::string& text) { pane_.announcer.Say(text); }
   /// Spell what is at the caret; false, and nothing done, in the established manner.
   bool SpellWord();
   bool SpellLine();

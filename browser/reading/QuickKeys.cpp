@@ -8,6 +8,7 @@
 
 #include "base/text.h"
 #include "browser/reading/TextKinds.h"
+#include "speech/KeyName.h"
 
 namespace corvane {
 namespace {
@@ -62,6 +63,19 @@ constexpr std::array kKeys = {
     QuickKey{'O', "frame", &Is<Kind::Frame>},
 };
 constexpr int kBehindLinks = 'N';
+constexpr const char* kTextBehindLinks = "text behind links";
+
+/// The level of the headings that a key leads to; 0 for another key.
+int LevelOf(int code) {
+  const int level = code - '0';
+  return level >= 1 && level <= kLevels ? level : 0;
+}
+
+const QuickKey* KeyOf(int code) {
+  const auto* found = std::find_if(kKeys.begin(), kKeys.end(),
+                                   [code](const QuickKey& each) { return each.code == code; });
+  return found == kKeys.end() ? nullptr : found;
+}
 
 std::string None(Way way, const std::string& name) {
   return (way == Way::On ? "No next " : "No previous ") + name;
@@ -99,6 +113,20 @@ void QuickKeys::KeyPress(int& character) {
   pane_.announcer.Say("No quick key");
 }
 
+std::optional<std::string> QuickKeys::WhatDoes(const KeyEvent& key) const {
+  if (!AreOn() || (key.Shift & (kCtrlMask | kAltMask)) != 0) return std::nullopt;
+  const int code = key.KeyCode;
+  if (code == kKeyReturn || code == kKeySpace) {
+    return "follows the link, presses the button, or leads into the field";
+  }
+  const std::string to = (key.Shift & kShiftMask) != 0 ? "previous " : "next ";
+  if (code == kBehindLinks) return to + kTextBehindLinks;
+  if (const int level = LevelOf(code)) return to + "heading level " + std::to_string(level);
+  if (const QuickKey* found = KeyOf(code)) return to + found->name;
+  const bool writes = WritesCharacter(code) || code == kKeyBackspace || code == kKeyDelete;
+  return writes ? std::optional<std::string>("is no quick key") : std::nullopt;
+}
+
 bool QuickKeys::Carry(int code, Way way) {
   if (code == kKeyReturn || code == kKeySpace) {
     if (IsReady(code, way)) Act();
@@ -112,17 +140,15 @@ bool QuickKeys::Carry(int code, Way way) {
     if (IsReady(code, way)) GoBehindLinks(way);
     return true;
   }
-  const int level = code - '0';
-  if (level >= 1 && level <= kLevels) {
+  if (const int level = LevelOf(code)) {
     const auto wanted = [level](const PageSpan& span) {
       return span.kind == Kind::Heading && span.level == level;
     };
     if (IsReady(code, way)) Go(way, wanted, "heading level " + std::to_string(level));
     return true;
   }
-  const auto* found = std::find_if(kKeys.begin(), kKeys.end(),
-                                   [&](const QuickKey& each) { return each.code == code; });
-  if (found == kKeys.end()) return false;
+  const QuickKey* found = KeyOf(code);
+  if (found == nullptr) return false;
   if (IsReady(code, way)) Go(way, found->wanted, found->name);
   return true;
 }
@@ -146,7 +172,7 @@ void QuickKeys::Go(Way way, const TextMap::Wanted& wanted, const std::string& na
 
 void QuickKeys::GoBehindLinks(Way way) {
   const auto found = page_.Map()->BehindLinks(way, page_.Caret());
-  if (!found) return pane_.announcer.Say(None(way, "text behind links"));
+  if (!found) return pane_.announcer.Say(None(way, kTextBehindLinks));
   page_.GoTo(*found);
   const RichTextBox& box = pane_.controls.ctlText1.Text1();
   const int line = box.GetLineFromChar(box.SelStart());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "browser/PaneContext.h"
 #include "browser/reading/PageInPane.h"
@@ -16,6 +17,9 @@ class QuickKeys {
 
   /// Lets letters be letters, or keys; says so.
   void Switch();
+  /// What the key does in the text pane while letters lead, in a few words as they follow
+  /// its name; nothing where it is none of these keys.
+  std::optional<std::string> WhatDoes(const KeyEvent& key) const;
 
  private:
   bool AreOn() const { return switched_.value_or(pane_.manner.quick_keys); }
