@@ -15,6 +15,11 @@ void Do(Target t) {
   t.pane.PageCommand(command);
 }
 
+template <ReadOn::Unit unit, ReadOn::Way way>
+bool Step(Target t) {
+  return t.pane.StepInReading(unit, way);
+}
+
 // The keys beside the digits, which carry plus and minus, and those of the number
 // pad.
 constexpr int kKeyPlus = 187;
@@ -40,6 +45,14 @@ constexpr std::array kCommands = {
                [](Target t) { t.pane.PreviousArea(); }},
     KeyCommand{kKeyF7, 0, "F7", "reads the text pane aloud from its caret on",
                [](Target t) { t.pane.ReadOn(); }},
+    KeyCommand{kKeyLeft, 0, "Left", "goes a sentence back in what is being read aloud", nullptr,
+               Step<ReadOn::Unit::Sentence, ReadOn::Way::Back>},
+    KeyCommand{kKeyRight, 0, "Right", "goes a sentence on in what is being read aloud", nullptr,
+               Step<ReadOn::Unit::Sentence, ReadOn::Way::On>},
+    KeyCommand{kKeyUp, 0, "Up", "goes a paragraph back in what is being read aloud", nullptr,
+               Step<ReadOn::Unit::Paragraph, ReadOn::Way::Back>},
+    KeyCommand{kKeyDown, 0, "Down", "goes a paragraph on in what is being read aloud", nullptr,
+               Step<ReadOn::Unit::Paragraph, ReadOn::Way::On>},
     KeyCommand{kKeyF8, 0, "F8", "goes to the next bar between two areas",
                [](Target t) { t.pane.NextSplitter(); }},
     KeyCommand{kKeyF8, kShiftMask, "Shift+F8", "goes to the bar before",

@@ -1,6 +1,7 @@
 #include "browser/ReadOn.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 
 #include "base/handling.h"
@@ -52,38 +53,102 @@ std::size_t PieceLength(const std::string& text, std::size_t offset) {
   return blank == std::string_view::npos || blank == 0 ? piece.size() : blank;
 }
 
-ReadOn::ReadOn(PaneContext& pane, CaretEcho& echo) : pane_(pane), echo_(echo) {}
+ReadOn::ReadOn(PaneContext& pane, PageInPane& page, CaretEcho& echo)
+    : pane_(pane), page_(page), echo_(echo) {
+  connections_ += pane_.PageShown.Connect([this] { turn_.reset(); });
+}
 
 void ReadOn::Start() {
+  TakeText();
+  const auto caret = static_cast<std::size_t>(pane_.controls.ctlText1.SelStart());
+  Go(text::offset_of(text_, caret));
+}
+
+// A page ends where its text does, whatever has been announced behind it.
+void ReadOn::TakeText() {
   const ctlText& box = pane_.controls.ctlText1;
   text_ = box.Text();
   length_ = box.TextLength();
-  position_ = box.SelStart();
-  offset_ = text::offset_of(text_, static_cast<std::size_t>(position_));
+  const int end = page_.End();
+  if (box.SelStart() >= end || end >= length_) return;
+  text_.resize(text::offset_of(text_, static_cast<std::size_t>(end)));
+}
+
+void ReadOn::Go(std::size_t offset) {
+  offset_ = offset;
   turn_ = std::make_shared<int>();
   Next();
 }
 
 void ReadOn::Next() {
-  ctlText& box = pane_.controls.ctlText1;
   const std::size_t start = std::min(text_.find_first_not_of(kBlanks, offset_), text_.size());
-  position_ += static_cast<int>(start - offset_);         // blanks are a byte each
-  if (box.TextLength() != length_) return turn_.reset();  // of another page by now
-  box.SetSelStart(position_);
+  const auto position = static_cast<int>(text::length(std::string_view(text_).substr(0, start)));
+  piece_ = start;
+  const std::string piece = text_.substr(start, PieceLength(text_, start));
+  offset_ = start + piece.size();
+  page_.ReadAt(position, piece);
   echo_.Follow();
-  if (start == text_.size()) {
+  if (piece.empty()) {
     turn_.reset();
     return pane_.announcer.Say("End of text");
   }
-  const std::string piece = text_.substr(start, PieceLength(text_, start));
-  offset_ = start + piece.size();
-  const int next = position_ + static_cast<int>(text::length(piece));
-  pane_.announcer.SayThrough(piece, [this, next, turn = std::weak_ptr(turn_)](bool to_its_end) {
+  pane_.announcer.SayThrough(piece, [this, turn = std::weak_ptr(turn_)](bool to_its_end) {
     if (turn.expired()) return;
     if (!to_its_end) return turn_.reset();
-    position_ = next;
-    Next();
+    Spoken();
   });
+}
+
+// The page's text may have been taken anew meanwhile, and the caret with it.
+void ReadOn::Spoken() {
+  const ctlText& box = pane_.controls.ctlText1;
+  if (box.TextLength() != length_) {
+    if (page_.Map() == nullptr) return turn_.reset();  // another text by now
+    const std::size_t spoken = offset_ - piece_;
+    TakeText();
+    piece_ = text::offset_of(text_, static_cast<std::size_t>(box.SelStart()));
+    offset_ = std::min(piece_ + spoken, text_.size());
+  }
+  Next();
+}
+
+// --- to and fro -----------------------------------------------------------------------
+
+bool ReadOn::Step(Unit unit, Way way) {
+  if (!turn_) return false;
+  Go(Target(unit, way));
+  return true;
+}
+
+std::size_t ReadOn::Target(Unit unit, Way way) const {
+  const auto line_of = [&](std::size_t at) {
+    const std::size_t end = at == 0 ? std::string::npos : text_.rfind('\n', at - 1);
+    return end == std::string::npos ? 0 : end + 1;
+  };
+  const auto first_in = [&](std::size_t at) {
+    return std::min(text_.find_first_not_of(kBlanks, at), text_.size());
+  };
+  // The line with text in front of the one that begins there.
+  const auto line_before = [&](std::size_t line) {
+    const std::size_t last =
+        line == 0 ? std::string::npos : text_.find_last_not_of(kBlanks, line - 1);
+    return last == std::string::npos ? line : line_of(last);
+  };
+  const std::size_t line = line_of(piece_);
+  if (way == Way::On) {
+    return unit == Unit::Sentence ? offset_ : std::min(text_.find('\n', piece_), text_.size());
+  }
+  if (unit == Unit::Paragraph) return line_before(line);
+  std::size_t best = first_in(line);
+  if (best >= piece_) {
+    best = first_in(line_before(line));
+    if (best >= piece_) return piece_;  // there is none
+  }
+  for (;;) {
+    const std::size_t next = first_in(best + PieceLength(text_, best));
+    if (next >= piece_ || next <= best) return best;
+    best = next;
+  }
 }
 
 }  // namespace corvane

@@ -31,7 +31,7 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop, const Manner& manner)
       spelling_(pane_),
       echo_(pane_, page_in_pane_),
       places_(pane_, echo_),
-      read_on_(pane_, echo_),
+      read_on_(pane_, page_in_pane_, echo_),
       reader_(pane_, navigation_, elements_, links_, side_bar_),
       areas_(pane_, navigation_) {
   PaneMenu& menu = pane_.menu;

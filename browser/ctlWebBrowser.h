@@ -81,6 +81,11 @@ class ctlWebBrowser {
   void PreviousSplitter() { layout_.PreviousSplitter(); }
   /// Reads the text pane aloud from its caret on.
   void ReadOn() { read_on_.Start(); }
+  /// Goes to and fro in what is being read aloud; false, and nothing done, while nothing
+  /// is, and in the established manner.
+  bool StepInReading(corvane::ReadOn::Unit unit, corvane::ReadOn::Way way) {
+    return pane_.manner.today && read_on_.Step(unit, way);
+  }
   /// Lets letters in the text pane be letters or lead through the page; false, and
   /// nothing done, where the key is another one's.
   bool SwitchQuickKeys();

@@ -97,6 +97,10 @@ class WebBrowser : public Control {
   /// happens but that ElementGone tells of a use or an entering.
   enum class ElementUse { Use, Enter, Show };
   virtual void UseElement(const PageElement& element, ElementUse use) = 0;
+  /// Scrolls the page so that the first of these words is seen that stand in the element
+  /// or behind it; without an element, behind the page's beginning. Moves no focus, and
+  /// does nothing where they are not found nearby.
+  virtual void ShowWords(const PageElement& near, const std::string& words) = 0;
   /// Leads the focus into a dialog of the page that has opened without taking it, if
   /// nobody has been led there yet. False when there is none; `gone` is called, later,
   /// when it has closed meanwhile. The page may hang: then nothing happens, and the next

@@ -106,7 +106,8 @@ void PageInPane::Put(const PageTextPtr& text) {
   map_ = std::make_unique<TextMap>(text);
   here_.reset();
   if (!is_first) {
-    if (mark) SetCaret(PositionOf(*mark));
+    // Outside all elements the caret has stayed with the words around it.
+    if (mark && !mark->element.document.empty()) SetCaret(PositionOf(*mark));
     return GoToLeft();
   }
   const std::string address = pane_.controls.brwWebBrowser->LocationURL();
@@ -199,6 +200,20 @@ void PageInPane::GoTo(std::size_t span) {
   here_ = span;
   pane_.controls.brwWebBrowser->UseElement(map_->Page().ElementOf(to),
                                            WebBrowser::ElementUse::Show);
+}
+
+void PageInPane::ReadAt(int position, const std::string& words) {
+  ctlText& box = pane_.controls.ctlText1;
+  if (box.SelStart() != position || box.SelLength() > 0) box.SetSelStart(position);
+  const int place = position - pane_.state.page_text;
+  if (!map_ || place < 0 || words.empty()) return;
+  const auto near = map_->LastBefore(place);
+  const PageElement element = near ? map_->Page().ElementOf(map_->At(*near)) : PageElement{};
+  pane_.controls.brwWebBrowser->ShowWords(element, words);
+}
+
+int PageInPane::End() const {
+  return map_ ? pane_.state.page_text + length_ : pane_.controls.ctlText1.TextLength();
 }
 
 std::optional<PageInPane::Mark> PageInPane::CaretMark() const {

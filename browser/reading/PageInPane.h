@@ -30,6 +30,12 @@ class PageInPane {
   void GoTo(std::size_t span);
   void GoTo(int position);
 
+  /// Takes the reader along to a place in the pane where these words are said; the page
+  /// scrolls along.
+  void ReadAt(int position, const std::string& words);
+  /// Where the page's text ends in the pane; the pane's end where that is not known.
+  int End() const;
+
   /// Does with the innermost element at the caret what there is to do with it. False,
   /// and nothing done, where there is none.
   bool Use();

@@ -71,6 +71,11 @@ std::pair<std::size_t, std::size_t> TextMap::BeginningIn(int start, int end) con
   return {FirstFrom(start), FirstFrom(std::max(start, end))};
 }
 
+std::optional<std::size_t> TextMap::LastBefore(int position) const {
+  const std::size_t behind = FirstFrom(position + 1);
+  return behind == 0 ? std::nullopt : std::optional(behind - 1);
+}
+
 // Whoever is at the caret stands before the character there.
 std::optional<std::size_t> TextMap::Around(int position, const Wanted& wanted) const {
   for (std::size_t i = FirstFrom(position + 1); i-- > 0;) {

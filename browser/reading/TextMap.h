@@ -32,6 +32,8 @@ class TextMap {
   /// The spans that begin in a part of the text, by index: the first one and the one
   /// behind the last.
   std::pair<std::size_t, std::size_t> BeginningIn(int start, int end) const;
+  /// The last of the spans that begin at the position or before it.
+  std::optional<std::size_t> LastBefore(int position) const;
   /// The innermost span that holds the position and is wanted.
   std::optional<std::size_t> Around(int position, const Wanted& wanted) const;
   std::optional<std::size_t> Of(const PageElement& element) const;

@@ -55,6 +55,9 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
     static constexpr const char* kUses[] = {"Use ", "Enter ", "Show "};
     Note(kUses[static_cast<int>(use)] + std::to_string(element.number));
   }
+  void ShowWords(const PageElement& near, const std::string& words) override {
+    Note("Show words " + std::to_string(near.number) + " " + words);
+  }
   bool EnterDialog(std::function<void()> gone) override {
     if (!std::exchange(dialog_waits, false)) return false;
     dialog_gone = std::move(gone);

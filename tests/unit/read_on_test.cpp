@@ -1,5 +1,6 @@
 #include "browser/ReadOn.h"
 
+#include "tests/unit/page_text_maker.h"
 #include "tests/unit/program.h"
 
 namespace corvane::tests {
@@ -136,6 +137,130 @@ TEST_F(ReadingOn, IsSilentWithSpeechSwitchedOff) {
   p.Inside().commands.mnuSpeech_Click(kSpeechEnable);
   p.desktop.speech.calls.clear();
   Press(kKeyF7);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
+struct SteppingInReading : ReadingOn {
+  void SetUp() override {
+    p.desktop.settings.Main("Manner") = "1";
+    ReadingOn::SetUp();
+    Pane().SetText("One begins. Then two. Three ends it.\n\nFour is here. Five too.\nSix");
+    p.Spoken();
+  }
+  std::vector<std::string> Heard(int code) {
+    p.Spoken();
+    Press(code);
+    return p.Spoken();
+  }
+  std::string Caret() {
+    return Pane().Text().substr(static_cast<std::size_t>(Pane().SelStart()), 4);
+  }
+};
+
+TEST_F(SteppingInReading, RightAndLeftGoASentenceOnAndBack) {
+  Press(kKeyF7);
+  EXPECT_THAT(Heard(kKeyRight), ElementsAre("Then two."));
+  EXPECT_THAT(Heard(kKeyRight), ElementsAre("Three ends it."));
+  EXPECT_THAT(Heard(kKeyRight), ElementsAre("Four is here."));
+  EXPECT_THAT(Heard(kKeyLeft), ElementsAre("Three ends it."));
+  EXPECT_THAT(Heard(kKeyLeft), ElementsAre("Then two."));
+  EXPECT_EQ(Caret(), "Then");
+  Finish();
+  EXPECT_THAT(p.Spoken(), ElementsAre("Three ends it.")) << "and goes on from there";
+}
+
+TEST_F(SteppingInReading, DownAndUpGoAParagraphOnAndBack) {
+  Press(kKeyF7);
+  EXPECT_THAT(Heard(kKeyDown), ElementsAre("Four is here."));
+  EXPECT_THAT(Heard(kKeyRight), ElementsAre("Five too."));
+  EXPECT_THAT(Heard(kKeyDown), ElementsAre("Six"));
+  EXPECT_THAT(Heard(kKeyUp), ElementsAre("Four is here."));
+  EXPECT_THAT(Heard(kKeyUp), ElementsAre("One begins."));
+  EXPECT_EQ(Caret(), "One ");
+}
+
+TEST_F(SteppingInReading, StaysAtTheBeginning) {
+  Press(kKeyF7);
+  EXPECT_THAT(Heard(kKeyLeft), ElementsAre("One begins."));
+  EXPECT_THAT(Heard(kKeyUp), ElementsAre("One begins."));
+}
+
+TEST_F(SteppingInReading, BackLeadsToTheBeginningOfASentenceThatWasBegunInTheMiddle) {
+  Pane().SetSelStart(17);
+  EXPECT_THAT(Heard(kKeyF7), ElementsAre("two."));
+  EXPECT_THAT(Heard(kKeyLeft), ElementsAre("Then two."));
+}
+
+TEST_F(SteppingInReading, EndsBehindTheLastSentence) {
+  Pane().SetSelStart(Pane().TextLength() - 3);
+  Press(kKeyF7);
+  EXPECT_THAT(Heard(kKeyRight), ElementsAre("End of text"));
+  EXPECT_THAT(Heard(kKeyLeft), IsEmpty()) << "nothing is being read any more";
+}
+
+TEST_F(SteppingInReading, LeavesTheArrowsAloneWhileNothingIsRead) {
+  KeyEvent key{kKeyLeft, 0};
+  p.Inside().form->KeyDown.Raise(key);
+  EXPECT_EQ(key.KeyCode, kKeyLeft);
+  Press(kKeyF7);
+  p.desktop.PressKey(kKeyControl);
+  p.Inside().form->KeyDown.Raise(key);
+  EXPECT_EQ(key.KeyCode, kKeyLeft) << "Control has paused it";
+}
+
+struct ReadingAPage : testing::Test {
+  Program p;
+  void SetUp() override {
+    p.desktop.settings.Main("Manner") = "1";
+    p.StartTalking();
+    p.Read(MakePage("http://p/", "Shop", "Menu\nThe first. The second.\nLast"));
+    p.Browser().TextDescribed(PageTextMaker("Menu\nThe first. The second.\nLast")
+                                  .Add(PageSpan::Kind::Link, "Menu")
+                                  .Make());
+    p.TextPane().SetFocus();
+    PaneContext& pane = p.Inside().ctlWebBrowser1.Inside();
+    pane.controls.ctlText1.SetSelStart(pane.state.page_text);
+    p.Spoken();
+  }
+  void Press(int code) {
+    KeyEvent key{code, 0};
+    p.Inside().form->KeyDown.Raise(key);
+  }
+  void Finish() { p.desktop.speech.agent->CompleteLast(); }
+};
+
+TEST_F(ReadingAPage, ThePageFollowsTheWords) {
+  p.Browser().calls.clear();
+  Press(kKeyF7);
+  Finish();
+  EXPECT_THAT(p.Browser().calls, ElementsAre("Show words 1 Menu", "Show words 1 The first."));
+}
+
+TEST_F(ReadingAPage, EndsWithThePageWhateverIsAnnouncedBehindIt) {
+  p.Inside().ctlWebBrowser1.Inside().controls.ctlText1.AddText("An announcement\n", true);
+  Press(kKeyF7);
+  for (int i = 0; i < 4; ++i) Finish();
+  EXPECT_THAT(p.Spoken(), ElementsAre("Menu", "The first.", "The second.", "Last", "End of text"));
+}
+
+TEST_F(ReadingAPage, GoesOnWhereItWasWhenTheTextIsTakenAnew) {
+  Press(kKeyF7);
+  Finish();
+  p.Browser().ElementGone.Raise();
+  p.Spoken();
+  Press(kKeyF7);
+  p.Browser().TextDescribed(PageTextMaker("New\nMenu\nThe first. The second.\nLast")
+                                .Add(PageSpan::Kind::Link, "Menu")
+                                .Make());
+  Finish();
+  EXPECT_THAT(p.Spoken(), ElementsAre("The first.", "The second."));
+}
+
+TEST_F(ReadingAPage, EndsWhenAnotherPageComes) {
+  Press(kKeyF7);
+  p.Read(MakePage("http://q/", "Other", ""));
+  p.Spoken();
+  Press(kKeyRight);
   EXPECT_THAT(p.Spoken(), IsEmpty());
 }
 

@@ -93,6 +93,9 @@ class EngineView {
   /// As WebBrowser's.
   Connection DescribeText(std::function<void(const PageTextPtr&)> described);
   void UseElement(const PageElement& element, WebBrowser::ElementUse use);
+  void ShowWords(const PageElement& near, const std::string& words) {
+    text_->ShowWords(near, words);
+  }
   /// As WebBrowser::EnterDialog.
   bool EnterDialog(std::function<void()> gone) { return live_->EnterDialog(std::move(gone)); }
   /// Whether keys that are typed now go into a field whose text is hidden.

@@ -43,6 +43,9 @@ class WebKitBrowser : public WidgetControl<WebBrowser> {
   void UseElement(const PageElement& element, ElementUse use) override {
     view_->UseElement(element, use);
   }
+  void ShowWords(const PageElement& near, const std::string& words) override {
+    view_->ShowWords(near, words);
+  }
   bool EnterDialog(std::function<void()> gone) override {
     return view_->EnterDialog(std::move(gone));
   }

@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "base/text.h"
 #include "platform/linux/web/page/text_record.h"
 
 namespace corvane::desktop {
@@ -15,6 +16,7 @@ namespace {
 constexpr std::size_t kLongestText = 256UL * 1024 * 1024;
 /// Longer ones are taken apart on a worker thread.
 constexpr std::size_t kShortText = 64UL * 1024;
+constexpr std::size_t kMostSought = 100;  // characters of words that are to be seen
 
 struct Job {
   std::string text;
@@ -33,9 +35,11 @@ void OnJobDone(GObject*, GAsyncResult* result, gpointer) {
   job->done(job->page);
 }
 
-std::string Call(const char* function, const PageElement& element) {
-  return std::string("corvaneTextUse.") + function + "(" + nlohmann::json(element.document).dump() +
-         ", " + std::to_string(element.number) + ")";
+std::string Quoted(const std::string& text) { return nlohmann::json(text).dump(); }
+
+std::string Call(const char* function, const PageElement& element, const std::string& more = "") {
+  return std::string("corvaneTextUse.") + function + "(" + Quoted(element.document) + ", " +
+         std::to_string(element.number) + more + ")";
 }
 
 }  // namespace
@@ -83,6 +87,11 @@ void TextReader::Focus(const PageElement& element, std::function<void()> done) {
   Evaluate(view_, Call("focus", element), nullptr, [done = std::move(done)](const auto& there) {
     if (there == "true") done();
   });
+}
+
+void TextReader::ShowWords(const PageElement& near, const std::string& words) {
+  const std::string sought = ", " + Quoted(text::left(words, kMostSought));
+  Evaluate(view_, Call("showWords", near, sought), nullptr, [](const auto&) {});
 }
 
 void TextReader::Show(const PageElement& element) {

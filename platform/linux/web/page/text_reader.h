@@ -35,6 +35,8 @@ class TextReader {
   void Use(const PageElement& element);
   /// Gives the page's focus to the element, or to what is in it; `done` when it is there.
   void Focus(const PageElement& element, std::function<void()> done);
+  /// As WebBrowser::ShowWords.
+  void ShowWords(const PageElement& near, const std::string& words);
   /// Scrolls the page so that the element is seen.
   void Show(const PageElement& element);
 

@@ -4,11 +4,13 @@
 (() => {
   if (!globalThis.corvaneText || globalThis.corvaneTextUse) return;
 
-  const {documentId, numberOf} = globalThis.corvane.parts;
+  const {documentId, numberOf, rootOf} = globalThis.corvane.parts;
   const {isElement, elementAbove} = globalThis.corvaneNames;
   const DEPTH = 10;
   const FRAMES = 500;
   const CLOSES = 20;  // milliseconds
+  const NEARBY = 2000;          // nodes that are looked through for words
+  const NEARBY_TEXT = 200000;   // and their characters
 
   // Calls `work` with the element and its own window's scripts, wherever in the page's
   // frames it lies. Answers whether it is there.
@@ -38,7 +40,8 @@
   const focusOn = (element) => {
     const {focus} = element instanceof SVGElement ? SVGElement.prototype : HTMLElement.prototype;
     focus.call(element);
-    if (document.activeElement && isIn(element, document.activeElement)) return;
+    const inFocus = activeOf(document);
+    if (inFocus && isIn(element, inFocus)) return;
     const inner = Element.prototype.querySelector.call(element,
       'a[href], button, input, select, textarea, [tabindex]');
     if (inner instanceof HTMLElement) HTMLElement.prototype.focus.call(inner);
@@ -60,8 +63,58 @@
   const show = (name, number) => String(find(name, number, (element) =>
     Element.prototype.scrollIntoView.call(element, {block: 'center', behavior: 'instant'})));
 
+  // Words are compared without blanks: a text loses some and gains others on its way to
+  // who reads it.
+  const withoutBlanks = (text) => text.replace(/\s+/g, '');
+  const boxOf = (node, offset) => {
+    const range = document.createRange();
+    Range.prototype.setStart.call(range, node, offset);
+    Range.prototype.setEnd.call(range, node, offset + 1);
+    return Range.prototype.getBoundingClientRect.call(range);
+  };
+  // Where in the node the character stands that has so many in front of it.
+  const offsetIn = (data, count) => {
+    let offset = 0;
+    for (let rest = count; offset < data.length; offset++) {
+      if (/\s/.test(data[offset])) continue;
+      if (rest-- === 0) break;
+    }
+    return Math.min(offset, data.length - 1);
+  };
+  const showWordsOwn = (start, words) => {
+    const sought = withoutBlanks(words);
+    if (sought === '') return;
+    const walker = Document.prototype.createTreeWalker.call(document, rootOf(document), NodeFilter.SHOW_TEXT);
+    walker.currentNode = start;
+    let seen = '';
+    const nodes = [];  // with where each begins in what was seen
+    while (nodes.length < NEARBY && seen.length < NEARBY_TEXT) {
+      const node = walker.nextNode();
+      if (!node) return;
+      nodes.push({node, at: seen.length});
+      const from = Math.max(0, seen.length - sought.length);
+      seen += withoutBlanks(node.data);
+      const found = seen.indexOf(sought, from);
+      if (found < 0) continue;
+      const first = nodes.findLast(({at}) => at <= found);
+      const box = boxOf(first.node, offsetIn(first.node.data, found - first.at));
+      if (box.top >= 0 && box.bottom <= window.innerHeight) return;
+      const holder = first.node.parentElement;
+      if (holder) Element.prototype.scrollIntoView.call(holder, {block: 'nearest', behavior: 'instant'});
+      const now = boxOf(first.node, offsetIn(first.node.data, found - first.at));
+      if (now.top >= 0 && now.bottom <= window.innerHeight) return;
+      window.scrollBy({top: now.top - window.innerHeight / 2, behavior: 'instant'});
+      return;
+    }
+  };
+  const showWords = (name, number, words) => {
+    if (name === '') showWordsOwn(rootOf(document), words);
+    else find(name, number, (element, its) => its.showWordsOwn(element, words));
+    return '';
+  };
+
   const own = Object.freeze({
-    documentId, withElement, use, focus, show, elementAbove,
+    documentId, withElement, showWords, showWordsOwn, use, focus, show, elementAbove,
     focusOwn: (element) => {
       globalThis.corvaneEvents?.enter();
       focusOn(element);
