@@ -62,6 +62,7 @@ struct PageText {
   /// By their first character; of those that begin together the outer one first.
   std::vector<PageSpan> spans;
   std::vector<std::string> documents;
+  int selected = -1;  ///< where what is selected in the page begins; -1: nothing is
 
   PageElement ElementOf(const PageSpan& span) const {
     return {documents[static_cast<std::size_t>(span.document)], span.number};

@@ -128,6 +128,8 @@ class WebBrowser : public Control {
   Event<const std::string&> Announcement;
   /// The user has been led to another place in the page, also by a link in it.
   Event<const PagePlace&> PlaceReached;
+  /// What the user looked for in the page has been found, and told; it is selected.
+  Event<> Found;
   /// The user has pressed Escape in an element of the page (number 0: in none), and the
   /// page had no use for it.
   Event<const PageElement&> LeftElement;

@@ -63,6 +63,10 @@ PageInPane::PageInPane(PaneContext& pane) : pane_(pane), timChanged_(pane.deskto
   connections_ += pane_.PageShown.Connect([this] { Shown(); });
   connections_ += browser.DownloadBegin.Connect([this] { KeepPlace(); });
   connections_ += browser.LeftElement.Connect([this](const PageElement& each) { Left(each); });
+  connections_ += browser.Found.Connect([this] {
+    finding_ = map_ || coming_;
+    if (finding_) Ask();
+  });
   connections_ += browser.ElementGone.Connect([this] { Gone(); });
   connections_ += timChanged_->Tick.Connect([this] {
     timChanged_->SetEnabled(false);
@@ -80,6 +84,7 @@ void PageInPane::Shown() {
   map_.reset();
   here_.reset();
   left_.reset();
+  finding_ = false;
   asking_ = {};
   timChanged_->SetEnabled(false);
   length_ = pane_.controls.ctlText1.TextLength() - pane_.state.page_text;
@@ -99,6 +104,13 @@ void PageInPane::Take(const PageTextPtr& text) {
 }
 
 void PageInPane::Put(const PageTextPtr& text) {
+  Place(text);
+  // What has been found, and said, is where the reader goes on.
+  const bool found = std::exchange(finding_, false) && text && text->selected >= 0;
+  if (found) SetCaret(text->selected);
+}
+
+void PageInPane::Place(const PageTextPtr& text) {
   if (!text) return GoToLeft();
   const bool is_first = map_ == nullptr;
   const auto mark = CaretMark();

@@ -65,6 +65,7 @@ class PageInPane {
   void Ask();
   void Take(const PageTextPtr& text);
   void Put(const PageTextPtr& text);
+  void Place(const PageTextPtr& text);
   void Replace(const PageText& text);
   void Restore(const Mark& mark);
   void KeepPlace();
@@ -85,6 +86,7 @@ class PageInPane {
   std::map<std::string, Mark> places_;  // in the pages of the history, by address
   std::optional<Mark> again_;           // the place in the page that is read again
   std::optional<PageElement> left_;     // the element whose place is wanted
+  bool finding_ = false;                // what has been found in the page is wanted
   std::unique_ptr<Timer> timChanged_;   // what an element's use has changed is looked at
   Connection asking_;
   Connections connections_;

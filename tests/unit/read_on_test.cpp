@@ -256,6 +256,23 @@ TEST_F(ReadingAPage, GoesOnWhereItWasWhenTheTextIsTakenAnew) {
   EXPECT_THAT(p.Spoken(), ElementsAre("The first.", "The second."));
 }
 
+TEST_F(ReadingAPage, GoesOnAtWhatHasBeenFoundInThePage) {
+  p.Browser().Found.Raise();
+  PageTextMaker page("Menu\nThe first. The second.\nLast");
+  page.Page().selected = 16;
+  p.Browser().TextDescribed(page.Make());
+  EXPECT_THAT(p.Spoken(), IsEmpty()) << "it has been said";
+  Press(kKeyF7);
+  EXPECT_THAT(p.Spoken(), ElementsAre("The second."));
+}
+
+TEST_F(ReadingAPage, StaysWhereItIsWhenNothingIsSelectedOfWhatWasFound) {
+  p.Browser().Found.Raise();
+  p.Browser().TextDescribed(PageTextMaker("Menu\nThe first. The second.\nLast").Make());
+  Press(kKeyF7);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Menu"));
+}
+
 TEST_F(ReadingAPage, EndsWhenAnotherPageComes) {
   Press(kKeyF7);
   p.Read(MakePage("http://q/", "Other", ""));

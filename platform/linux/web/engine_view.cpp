@@ -80,8 +80,9 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
           view_.get(), [this](const std::string& href) { ShowStatus(href); },
           engine.Options().look_at_focus)),
       requests_(std::make_unique<PageRequests>(engine, view_.get(), RequestsHost())),
-      find_(std::make_unique<FindInPage>(view_.get(), requests_->Desk(),
-                                         [this](const std::string& text) { listener_.say(text); })),
+      find_(std::make_unique<FindInPage>(
+          view_.get(), requests_->Desk(), [this](const std::string& text) { listener_.say(text); },
+          [this] { listener_.found(); })),
       changes_(std::make_unique<PageChanges>(
           view_.get(), requests_->Notices(),
           PageChanges::Host{[this] {

@@ -52,6 +52,8 @@ class EngineView {
     std::function<void(const PageWords&)> page_says = [](const auto&) {};
     /// The user wants to leave an element of the page for its place in the text.
     std::function<void(const PageElement&)> left = [](const auto&) {};
+    /// As WebBrowser::Found.
+    std::function<void()> found = [] {};
     /// As WebBrowser::ElementGone.
     std::function<void()> gone = [] {};
   };

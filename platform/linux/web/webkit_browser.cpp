@@ -21,6 +21,7 @@ WebKitBrowser::WebKitBrowser(const std::string& name, WebEngine& engine, WindowT
         if (IsInFront()) PageSays.Raise(words);
       },
       [this](const PageElement& element) { LeftElement.Raise(element); },
+      [this] { Found.Raise(); },
       [this] { ElementGone.Raise(); }};
   if (view_) {
     // When there is somebody who listens.

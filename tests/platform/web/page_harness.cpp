@@ -126,6 +126,7 @@ EngineView::Listener TestView::Listener() {
           },
           [this](const PageWords& words) { page_words.push_back(words); },
           [this](const PageElement& element) { left.push_back(element); },
+          [this] { log.push_back("found"); },
           [this] { log.push_back("gone"); }};
 }
 

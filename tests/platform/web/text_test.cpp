@@ -315,6 +315,34 @@ TEST_F(TextTest, ThePageScrollsToWhatIsRead) {
   EXPECT_TRUE(Becomes("scrollY > 4000", "true"));
 }
 
+TEST_F(TextTest, ThePageScrollsToWordsBehindAnElement) {
+  Load(
+      "<h2>Far</h2><p>same words<div style='height:5000px'></div><h2>Head</h2><p>some text"
+      "<div style='height:5000px'></div><p>and <i>same</i>\n words<div "
+      "style='height:5000px'></div>");
+  const auto scrolled = [&](const PageElement& near, const std::string& words) {
+    view_->ShowWords(near, words);
+  };
+  scrolled(page_->ElementOf(page_->spans.at(1)), "same words");
+  EXPECT_TRUE(Becomes("scrollY > 9000", "true"));
+  scrolled({}, "same words");
+  EXPECT_TRUE(Becomes("scrollY < 100", "true"));
+  scrolled({}, "not there");
+  EXPECT_TRUE(Becomes("scrollY < 100", "true"));
+}
+
+TEST_F(TextTest, WhatIsSelectedIsFoundInTheText) {
+  Load("<p>One <b>two</b> three<p>two");
+  InPage(
+      "getSelection().setBaseAndExtent(document.querySelector('p').lastChild, 2,"
+      "document.querySelector('p').lastChild, 4)");
+  Read();
+  EXPECT_EQ(page_->selected, 9);
+  InPage("getSelection().removeAllRanges()");
+  Read();
+  EXPECT_EQ(page_->selected, -1);
+}
+
 TEST_F(TextTest, EscapeInAnElementLeadsToIt) {
   Load("<h2>Head</h2><a id=a href=/>link</a><input id=b><div id=c tabindex=0><b>box</b></div>");
   PressEscapeIn("a");

@@ -15,11 +15,12 @@ constexpr guint32 kOptions = WEBKIT_FIND_OPTIONS_CASE_INSENSITIVE | WEBKIT_FIND_
 }  // namespace
 
 FindInPage::FindInPage(WebKitWebView* view, QuestionDesk& desk,
-                       std::function<void(const std::string&)> say)
+                       std::function<void(const std::string&)> say, std::function<void()> found)
     : view_(view),
       finder_(webkit_web_view_get_find_controller(view)),
       desk_(desk),
       say_(std::move(say)),
+      found_(std::move(found)),
       self_(std::make_shared<FindInPage*>(this)) {
   g_signal_connect(finder_, "found-text",
                    G_CALLBACK(+[](WebKitFindController*, guint count, gpointer self) {
@@ -95,6 +96,7 @@ void FindInPage::Tell(const std::string& where) {
              const auto alive = weak.lock();
              if (!alive) return;
              (*alive)->say_(around && !around->empty() ? where + ": " + *around : where);
+             if (const auto still = weak.lock()) (*still)->found_();
            });
 }
 

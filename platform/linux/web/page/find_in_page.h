@@ -14,7 +14,9 @@ namespace corvane::desktop {
 /// is at and what stands there, and selects it, so that Tab goes on from there.
 class FindInPage {
  public:
-  FindInPage(WebKitWebView* view, QuestionDesk& desk, std::function<void(const std::string&)> say);
+  /// `say`: what has come of it. `found`: something is selected, and has just been said.
+  FindInPage(WebKitWebView* view, QuestionDesk& desk, std::function<void(const std::string&)> say,
+             std::function<void()> found);
   ~FindInPage();
   FindInPage(const FindInPage&) = delete;
   FindInPage& operator=(const FindInPage&) = delete;
@@ -35,6 +37,7 @@ class FindInPage {
   WebKitFindController* finder_;
   QuestionDesk& desk_;
   std::function<void(const std::string&)> say_;
+  std::function<void()> found_;
   std::shared_ptr<FindInPage*> self_;  // answers that come later find it gone
   std::string words_;
   unsigned place_ = 0;  // 0: not looked for in this page

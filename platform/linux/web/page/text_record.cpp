@@ -95,6 +95,7 @@ std::shared_ptr<PageText> ParsePageText(std::string_view text) {
   auto page = std::make_shared<PageText>();
   page->text = *words;
   page->length = static_cast<int>(text::length(page->text));
+  page->selected = std::min(NumberOf(Member(json, "selected"), -1), page->length);
   page->documents = DocumentsOf(Member(json, "documents"));
   AddSpans(Member(json, "spans"), DetailsOf(Member(json, "details")), *page);
   return page;

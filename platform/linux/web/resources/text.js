@@ -102,13 +102,20 @@
           if (closed) return;
         } else if (kind === Node.TEXT_NODE && !closed) {
           style ??= styleOf(element);
-          this.text(dataOf(node), style);
+          if (node === this.selected?.node) this.selectedText(node, style);
+          else this.text(dataOf(node), style);
         }
       }
     }
     node(node, holder, style, depth) {
       if (isElement(node)) this.element(node, depth);
       else if (nodeKindOf(node) === Node.TEXT_NODE) this.text(dataOf(node), style);
+    }
+    selectedText(node, style) {
+      const data = dataOf(node);
+      this.text(data.slice(0, this.selected.offset), style);
+      this.out.select();
+      this.text(data.slice(this.selected.offset), style);
     }
     text(data, style) {
       const {out} = this;
@@ -376,6 +383,14 @@
     }
   }
 
+  // Where the selection begins in this document's text; null where nothing is selected.
+  const selection = () => {
+    const selected = window.getSelection();
+    if (!selected || selected.rangeCount === 0) return null;
+    const range = Selection.prototype.getRangeAt.call(selected, 0);
+    return range.collapsed ? null : {node: range.startContainer, offset: range.startOffset};
+  };
+
   // Writes this document's text: into what is being put together of a page.
   const write = (out, depthOfFrames) => {
     elements.clear();
@@ -383,6 +398,7 @@
     const outer = out.enter(documentId);
     const walk = new Walk(out);
     walk.depthOfFrames = depthOfFrames;
+    walk.selected = selection();
     const body = bodyOf(document);
     if (body instanceof HTMLElement) walk.element(body, 0);
     else if (!(rootOf(document) instanceof HTMLElement)) out.written(rootOf(document)?.textContent.trim() ?? '');

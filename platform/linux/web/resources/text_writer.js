@@ -33,6 +33,12 @@
       this.nodes = 0;
       this.until = performance.now() + LIMIT.seconds * 1000;
       this.gaveUp = false;
+      this.selected = -1;  // where the page's selection begins
+      this.selecting = false;
+    }
+    // The page's selection begins with the next character.
+    select() {
+      this.selecting = this.selected < 0;
     }
     // Whether there is more to do; asked once a node.
     goesOn() {
@@ -136,6 +142,8 @@
       this.settle();
       if (this.gap !== '') this.add(this.gap);
       this.gap = '';
+      if (this.selecting) this.selected = this.length;
+      this.selecting = false;
       for (const at of this.waiting) this.spans[at + 1] = this.length;
       this.waiting.length = 0;
       // A text view lays out one very long line for many seconds.
@@ -177,7 +185,10 @@
           for (let i = 0; i < FIELDS; i++) list.push(spans[at + i]);
         }
       }
-      return {text: this.parts.join(''), documents: this.documents, spans: list, details: this.details};
+      return {
+        text: this.parts.join(''), documents: this.documents, spans: list, details: this.details,
+        selected: this.selected,
+      };
     }
   }
 

@@ -1,0 +1,70 @@
+"""What was heard badly: spelled, said again, copied; and keys that say what they do."""
+import unittest
+
+from text_pane import TextPaneTest
+
+
+class WordsAndLetters(TextPaneTest):
+    def begin(self):
+        return self.begin_in_text("/market.html", "The market", "A cat")
+
+    def test_a_word_and_a_line_are_spelled(self):
+        self.begin()
+        self.walk(
+            ("g", "A cat, picture"),
+            ("ctrl+Right", "cat"),
+            ("ctrl+shift+w", "c, a, t"),
+            ("ctrl+shift+w", "Charlie, Alfa, Tango"),
+            ("ctrl+shift+w", "c, a, t"),
+            ("h", "Your order, heading level 2"),
+            ("ctrl+shift+l", "Y, o, u, r, space, o, r, d, e, r"),
+            ("ctrl+shift+l", "Yankee, Oscar, Uniform, Romeo, space, Oscar, Romeo, Delta, Echo, Romeo"),
+        )
+
+    def test_what_was_said_is_said_again_and_copied(self):
+        corvane = self.begin()
+        self.walk(
+            ("h", "Prices, heading level 1"),
+            ("g", "A cat, picture"),
+            ("ctrl+shift+r", "A cat, picture"),
+            ("ctrl+shift+r", "Prices, heading level 1"),
+            ("ctrl+shift+c", "Copied"),
+            ("ctrl+l", "Address Box"),
+        )
+        corvane.keys("ctrl+a", "ctrl+v")
+        self.quiet()
+        self.walk(("ctrl+shift+w", "1"))
+
+    def test_keys_say_what_they_do_and_do_nothing(self):
+        corvane = self.begin()
+        self.walk(
+            ("ctrl+F1", "Key help on. Each key says what it does. Escape ends it."),
+            ("h", "H, next heading"),
+            ("shift+2", "Shift", "Shift 2, previous heading level 2"),
+            ("ctrl+w", "Control, silences what is being said", "Control W, closes the window"),
+            ("alt+f", "Alt", "Alt F, opens the menu File"),
+            ("F10", "F10, goes to the menu bar"),
+            ("Tab", "Tab, goes to the next part of the window"),
+            ("F5", "F5, loads the page again"),
+            ("Escape", "Key help off"),
+            ("h", "Prices, heading level 1"),
+        )
+        self.assertEqual(corvane.focused_name(), "Text")
+
+    def test_reading_goes_to_and_fro_and_on_from_what_was_found(self):
+        corvane = self.begin_in_text("/tale.html", "A tale", "goes on")
+        corvane.transcript.mark()
+        corvane.keys("ctrl+f")
+        self.said("Find in page")
+        corvane.type("second goes")
+        corvane.keys("Return")
+        self.said("1 of 1: The second goes on. The third ends it.")
+        self.quiet()
+        corvane.transcript.mark()
+        corvane.keys("F7", "Left", "Left", "Up", "Right", "Control_L")
+        self.quiet()
+        print(corvane.transcript.spoken())
+
+
+if __name__ == "__main__":
+    unittest.main()
