@@ -32,7 +32,7 @@ struct PageSpan {
     List,   ///< `level`: how many items it has
     Item,   ///< `level`: its number, 0 for none; `more`: 1 when it has a mark instead
     Table,  ///< `level`: rows; `more`: columns
-    Cell,   ///< `level`: 1 for a header
+    Cell,   ///< of a table; the only kind whose `length` may be 0
     Quotation,
     Frame,     ///< a frame, an object, media
     Language,  ///< of what it holds: the name in `facts`
@@ -43,7 +43,7 @@ struct PageSpan {
 
   Kind kind = Kind::Heading;
   int start = 0;
-  int length = 0;  ///< at least 1
+  int length = 0;  ///< at least 1, but of a cell
   int level = 0;
   int more = 0;
   int document = 0;      ///< in PageText::documents
@@ -55,6 +55,27 @@ struct PageSpan {
   int End() const { return start + length; }
 };
 
+/// Where a cell lies in its table. Rows and columns are counted from 1; where a page
+/// shows a part of a table only, its numbers hold, so some may be missing.
+struct PageCell {
+  std::size_t span = 0;  ///< in PageText::spans
+  int row = 1;
+  int column = 1;
+  int rows = 1;  ///< that it reaches over
+  int columns = 1;
+  bool heads_columns = false;
+  bool heads_rows = false;
+  int heads_until = 0;  ///< of a header of a group of rows: the row behind the group
+  /// The cells that the page names as its headers, by their index; else its place tells.
+  std::vector<std::size_t> headers;
+};
+
+/// A table whose cells are known.
+struct PageTable {
+  std::size_t span = 0;         ///< in PageText::spans
+  std::vector<PageCell> cells;  ///< in the order of the text
+};
+
 /// The text of a page, as it is shown, and its elements in it.
 struct PageText {
   std::string text;  ///< lines end with "\n"
@@ -62,6 +83,7 @@ struct PageText {
   /// By their first character; of those that begin together the outer one first.
   std::vector<PageSpan> spans;
   std::vector<std::string> documents;
+  std::vector<PageTable> tables;  ///< those inside of others in front of these
   int selected = -1;  ///< where what is selected in the page begins; -1: nothing is
 
   PageElement ElementOf(const PageSpan& span) const {

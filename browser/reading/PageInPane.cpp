@@ -249,7 +249,7 @@ std::optional<PageInPane::Mark> PageInPane::CaretMark() const {
 int PageInPane::PositionOf(const Mark& mark) const {
   const auto& spans = map_->Page().spans;
   const auto in = [&](const PageSpan& span) {
-    return span.start + std::min(mark.offset, span.length - 1);
+    return span.start + std::clamp(mark.offset, 0, std::max(span.length - 1, 0));
   };
   if (!mark.element.document.empty()) {
     if (const auto same = map_->Of(mark.element)) return in(map_->At(*same));
@@ -286,6 +286,8 @@ void PageInPane::Restore(const Mark& mark) {
 
 bool PageInPane::Use() {
   if (!map_) return false;
+  // A cell without text stands at what follows it, and holds nothing.
+  if (Here() && map_->At(*Here()).length == 0) return false;
   const auto at =
       map_->Around(Caret(), [](const PageSpan& span) { return UseOf(span).has_value(); });
   if (!at) return false;

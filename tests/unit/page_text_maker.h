@@ -35,6 +35,21 @@ class PageTextMaker {
     page_->spans.push_back(span);
     return *this;
   }
+  /// A cell of the table that was added last; more of it may be changed in the answer.
+  PageCell& Cell(std::string_view words, int row, int column, int rows = 1, int columns = 1) {
+    auto& tables = page_->tables;
+    if (!page_->spans.empty() && page_->spans.back().kind == PageSpan::Kind::Table) {
+      tables.push_back({page_->spans.size() - 1, {}});
+    }
+    Add(PageSpan::Kind::Cell, words);
+    PageCell cell;
+    cell.span = page_->spans.size() - 1;
+    cell.row = row;
+    cell.column = column;
+    cell.rows = rows;
+    cell.columns = columns;
+    return tables.back().cells.emplace_back(cell);
+  }
   /// What is added next begins behind these words.
   PageTextMaker& Behind(std::string_view words) {
     from_ = page_->text.find(words, from_) + words.size();

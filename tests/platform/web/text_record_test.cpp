@@ -50,6 +50,47 @@ TEST(ParsePageText, LeavesOutElementsThatDoNotFit) {
   EXPECT_EQ(Kept("2,0,1"), 0U);
 }
 
+// A table of two cells, "a" and one without text, in the text "abcde".
+std::shared_ptr<PageText> WithTables(const std::string& tables) {
+  return ParsePageText(
+      R"({"text":"abcde","documents":["d"],"details":[],"spans":[99,0,1,9,0,0,0,-1,)"
+      R"(12,0,5,1,1,2,0,-1,13,0,1,2,0,0,0,-1,13,5,0,3,0,0,0,-1],"tables":)" +
+      tables + "}");
+}
+
+TEST(ParsePageText, ReadsTables) {
+  const auto page = WithTables("[[1,[2,1,1,1,1,3,2,3,1,2,1,2,0,0],[[1,0,1,5,-1]]]]");
+  ASSERT_TRUE(page);
+  ASSERT_EQ(page->tables.size(), 1U);
+  EXPECT_EQ(page->tables[0].span, 0U) << "the span in front of it did not fit";
+  const auto& cells = page->tables[0].cells;
+  ASSERT_EQ(cells.size(), 2U);
+  EXPECT_EQ(cells[0].span, 1U);
+  EXPECT_TRUE(cells[0].heads_columns);
+  EXPECT_TRUE(cells[0].heads_rows);
+  EXPECT_EQ(cells[0].heads_until, 2);
+  EXPECT_EQ(page->spans[cells[1].span].length, 0);
+  EXPECT_EQ(cells[1].column, 2);
+  EXPECT_EQ(cells[1].columns, 2);
+  EXPECT_EQ(cells[1].headers, std::vector<std::size_t>{0});
+}
+
+TEST(ParsePageText, LeavesOutTablesThatDoNotFit) {
+  for (const char* table :
+       {"null", "[]", "3", "[1,[2,1,1,1,1,0,0]]", "[1,[],[]]", "[0,[2,1,1,1,1,0,0],[]]",
+        "[2,[2,1,1,1,1,0,0],[]]", "[77,[2,1,1,1,1,0,0],[]]", "[-1,[2,1,1,1,1,0,0],[]]",
+        "[1,[2,0,1,1,1,0,0],[]]", "[1,[2,1,1,1,2147483647,0,0],[]]", "[1,[1,1,1,1,1,0,0],[]]",
+        "[1,[2,1,1,1],[]]", R"([1,["a",1,1,1,1,0,0],[]])"}) {
+    const auto page = WithTables("[" + std::string(table) + "]");
+    ASSERT_TRUE(page) << table;
+    EXPECT_TRUE(page->tables.empty()) << table;
+  }
+  const auto page = WithTables("[[1,[0,1,1,1,1,0,0,2,1,2,1,1,0,0],[[0,1],[1,0,1],[]]]]");
+  ASSERT_EQ(page->tables.size(), 1U);
+  ASSERT_EQ(page->tables[0].cells.size(), 1U);
+  EXPECT_TRUE(page->tables[0].cells[0].headers.empty()) << "what they name is not there";
+}
+
 TEST(ParsePageText, HasNoneOfWhatIsNoText) {
   for (const char* text : {"", "null", "[]", "{}", R"({"text":3})", R"({"text":"a\u0000b"})",
                            R"({"text":"a\rb"})", "{"}) {

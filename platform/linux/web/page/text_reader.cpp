@@ -50,7 +50,8 @@ TextReader::TextReader(WebKitWebView* view, std::function<void(const PageElement
       left_(std::move(left)),
       gone_(std::move(gone)),
       script_(webkit_web_view_get_user_content_manager(view),
-              std::vector{"text_writer.js", "text.js", "text_use.js"}, "corvaneText",
+              std::vector{"text_writer.js", "text_tables.js", "text.js", "text_use.js"},
+              "corvaneText",
               [this](const std::string& kind, const std::string& text) { Receive(kind, text); }) {}
 
 void TextReader::Receive(const std::string& kind, const std::string& text) {

@@ -1,4 +1,4 @@
-// Runs behind text_writer.js, in the same script world, and is asked: the words of a
+// Runs behind text_tables.js, in the same script world, and is asked: the words of a
 // page as they are shown, with where each element of it begins and ends in them.
 //
 // What the engine calls a page's inner text has no pictures' words and no fields, and
@@ -7,22 +7,19 @@
 // together.
 'use strict';
 (() => {
-  if (!globalThis.corvaneTextWriter || globalThis.corvaneText) return;
+  if (!globalThis.corvaneTextTables || globalThis.corvaneText) return;
 
   const {
     nameOf, roleOf, isElement, isKeptBack, elementsBelow, attribute, has, getter, short, tagOf, words,
   } = globalThis.corvaneNames;
-  const {briefFactsOf, sizeOfTable} = globalThis.corvaneFacts;
+  const {briefFactsOf} = globalThis.corvaneFacts;
   const {numberOf, documentId, bodyOf, rootOf, hrefOf} = globalThis.corvane.parts;
   const Writer = globalThis.corvaneTextWriter;
+  const {walkTable, walkPart} = globalThis.corvaneTextTables;
+  const {KIND} = Writer;
   const DEPTH = 1000;  // of elements in each other
   const FRAMES = 10;   // of frames
 
-  // What an element is in the text, as the program numbers it.
-  const KIND = {
-    heading: 1, link: 2, button: 3, edit: 4, checkbox: 5, radio: 6, choice: 7, picture: 8, landmark: 9,
-    list: 10, item: 11, table: 12, cell: 13, quotation: 14, frame: 15, language: 16, widget: 17, place: 18,
-  };
   const KINDS_OF_ROLES = {
     heading: KIND.heading, link: KIND.link, button: KIND.button, summary: KIND.button,
     textbox: KIND.edit, searchbox: KIND.edit, spinbutton: KIND.edit, password: KIND.edit,
@@ -78,6 +75,7 @@
   class Walk {
     constructor(out) {
       this.out = out;
+      this.grid = null;  // of the table whose cells are looked for
     }
 
     // The nodes that an element shows, from the first on.
@@ -148,20 +146,15 @@
         return;
       }
       const lines = INLINE.test(display) ? 0 : 1;
-      if (display === 'table-cell') return this.cell(element, tag, style, depth);
+      if (display === 'table-cell') {
+        this.content(element, tag, dressed, style, depth);
+        return out.cell();
+      }
       if (lines > 0) out.lines(lines);
       const language = dressed && has(element, 'lang') ? this.language(element) : -1;
       this.content(element, tag, dressed, style, depth);
       if (language >= 0) out.end(language);
       if (lines > 0) out.lines(PARAGRAPHS.has(tag) ? 2 : 1);
-    }
-    cell(element, tag, style, depth) {
-      const role = roleOf(element);
-      const at = /^(cell|gridcell|columnheader|rowheader)$/.test(role)
-        ? this.begin(KIND.cell, element, role.endsWith('header') ? 1 : 0) : -1;
-      this.content(element, tag, true, style, depth);
-      this.out.end(at);
-      this.out.cell();
     }
     language(element) {
       const name = short(attribute(element, 'lang'));
@@ -179,7 +172,8 @@
       if (tag === 'figcaption' && this.isPictures(element)) {
         return this.around(KIND.picture, element, depth, 0, 0, {role: 'img'});
       }
-      const role = dressed || !PLAIN.has(tag) ? roleOf(element) : '';
+      const role = dressed || !PLAIN.has(tag) ? this.roleIn(element, tag) : '';
+      if (this.grid && walkPart(this, element, tag, role, style, depth)) return;
       switch (KINDS_OF_ROLES[role]) {
         case undefined:
           if (dressed && has(element, 'tabindex')) return this.around(KIND.place, element, depth);
@@ -207,6 +201,10 @@
         default:
           return this.field(element, tag, role, style, depth);
       }
+    }
+    // To find out what a cell heads takes a look at its whole row; the table knows.
+    roleIn(element, tag) {
+      return (tag === 'td' || tag === 'th') && !has(element, 'role') ? '' : roleOf(element);
     }
     around(kind, element, depth, level = 0, more = 0, detail = null) {
       const at = this.begin(kind, element, level, more, detail);
@@ -309,17 +307,7 @@
     }
     table(element, role, depth) {
       if (!this.isData(element)) return this.below(element, depth + 1);
-      const {rows} = element;
-      const isNative = element instanceof HTMLTableElement && rows instanceof HTMLCollection;
-      let size = [0, 0];
-      if (isNative) {
-        const widths = Array.prototype.slice.call(rows, 0, 50).map((row) =>
-          Array.prototype.reduce.call(row.cells, (sum, each) => sum + each.colSpan, 0));
-        size = [rows.length, Math.max(0, ...widths)];
-      } else {
-        size = sizeOfTable(element);
-      }
-      return this.around(KIND.table, element, depth, ...size, {role, name: nameOf(element)});
+      return walkTable(this, element, role, depth);
     }
     frame(element, role, style, depth) {
       const {out} = this;

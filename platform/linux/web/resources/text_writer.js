@@ -8,6 +8,13 @@
   // A page may be hostile; none of these limits is met by a page for people.
   const LIMIT = {text: 32000000, spans: 200000, line: 4000, nodes: 3000000, seconds: 5};
   const FIELDS = 8;  // numbers of one element: see `begin`
+  const CELL = 7;    // numbers of one cell: see `endTable`
+
+  // What an element is in the text, as the program numbers it.
+  const KIND = {
+    heading: 1, link: 2, button: 3, edit: 4, checkbox: 5, radio: 6, choice: 7, picture: 8, landmark: 9,
+    list: 10, item: 11, table: 12, cell: 13, quotation: 14, frame: 15, language: 16, widget: 17, place: 18,
+  };
 
   // The count of code points.
   const characters = (text) => (/[\uD800-\uDFFF]/.test(text)
@@ -28,6 +35,7 @@
       this.spans = [];
       this.waiting = [];  // elements whose first character has not come
       this.details = [];
+      this.tables = [];
       this.documents = [];
       this.document = 0;
       this.nodes = 0;
@@ -77,6 +85,31 @@
       }
       while (this.waiting.length > 0 && this.waiting.at(-1) >= at) this.waiting.pop();
       return false;
+    }
+    // The cell of a table ends. Also one without text has a place: where it would stand
+    // on its row's line. False where there is no text.
+    endCell(at) {
+      if (at < 0 || this.spans[at + 1] >= 0) return this.end(at);
+      while (this.waiting.at(-1) > at) this.waiting.pop();
+      const isOnLine = this.waiting.at(0) === at && this.line > 0 && this.breaks === 0;
+      if (isOnLine) this.settleCells(at);
+      return false;
+    }
+    // Gives what waits from `at` on the present place.
+    settleCells(at) {
+      while (this.waiting.length > 0 && this.waiting.at(-1) >= at) {
+        this.spans[this.waiting.pop() + 1] = this.length;
+      }
+    }
+    // A table ends: its size; its cells, seven numbers each, of which the first is what
+    // `begin` answered for it: [at, row, column, rows, columns, heads, until]; and
+    // headers: [index of a cell, indexes of those that it names ...].
+    endTable(at, rows, columns, cells, headers) {
+      if (!this.end(at) || at < 0) return;
+      this.settleCells(at);
+      this.spans[at + 4] = rows;
+      this.spans[at + 5] = columns;
+      if (cells.length > 0) this.tables.push({at, cells, headers});
     }
     isEmpty(at) {
       return at >= 0 && this.spans[at + 1] < 0;
@@ -180,17 +213,22 @@
       if (this.gaveUp) return null;
       const {spans} = this;
       const list = [];
+      const indexes = new Int32Array(spans.length / FIELDS).fill(-1);  // where each stands in the list
       for (let at = 0; at < spans.length; at += FIELDS) {
-        if (spans[at + 1] >= 0 && spans[at + 2] > 0) {
+        if (spans[at + 1] >= 0) {
+          indexes[at / FIELDS] = list.length / FIELDS;
           for (let i = 0; i < FIELDS; i++) list.push(spans[at + i]);
         }
       }
+      const tables = this.tables.map(({at, cells, headers}) => [indexes[at / FIELDS],
+        cells.map((number, i) => (i % CELL === 0 ? indexes[number / FIELDS] : number)), headers]);
       return {
-        text: this.parts.join(''), documents: this.documents, spans: list, details: this.details,
+        text: this.parts.join(''), documents: this.documents, spans: list, details: this.details, tables,
         selected: this.selected,
       };
     }
   }
 
+  Object.defineProperty(Writer, 'KIND', {value: Object.freeze(KIND)});
   Object.defineProperty(globalThis, 'corvaneTextWriter', {value: Writer});
 })();
