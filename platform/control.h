@@ -24,6 +24,7 @@ enum KeyCodes : int {
   kKeyControl = 17,
   kKeyAlt = 18,
   kKeyEscape = 27,
+  kKeyEnd = 35,
   kKeyHome = 36,
   kKeyLeft = 37,
   kKeyUp = 38,

@@ -83,7 +83,8 @@ std::string None(Way way, const std::string& name) {
 
 }  // namespace
 
-QuickKeys::QuickKeys(PaneContext& pane, PageInPane& page) : pane_(pane), page_(page) {
+QuickKeys::QuickKeys(PaneContext& pane, PageInPane& page)
+    : pane_(pane), page_(page), tables_(pane, page) {
   ctlText& box = pane_.controls.ctlText1;
   connections_ += box.KeyDown.Connect([this](KeyEvent& key) { KeyDown(key); });
   connections_ += box.KeyPress.Connect([this](int& character) { KeyPress(character); });
@@ -100,7 +101,9 @@ void QuickKeys::Switch() {
 }
 
 void QuickKeys::KeyDown(KeyEvent& key) {
-  if (!AreOn() || (key.Shift & (kCtrlMask | kAltMask)) != 0) return;
+  if (!AreOn()) return;
+  if (key.Shift == (kAltMask | kShiftMask) && CarryInTable(key.KeyCode)) key.KeyCode = 0;
+  if ((key.Shift & (kCtrlMask | kAltMask)) != 0) return;
   early_.reset();
   if (!Carry(key.KeyCode, (key.Shift & kShiftMask) != 0 ? Way::Back : Way::On)) return;
   key.KeyCode = 0;
@@ -153,10 +156,21 @@ bool QuickKeys::Carry(int code, Way way) {
   return true;
 }
 
+bool QuickKeys::CarryInTable(int code) {
+  const auto step = TableKeys::StepOf(code);
+  if (!step) return false;
+  if (HasCome()) tables_.Go(*step);
+  return true;
+}
+
 // Who is quicker than the page is led there as soon as it has come.
 bool QuickKeys::IsReady(int code, Way way) {
+  if (page_.Map() == nullptr && page_.IsComing()) early_ = {code, way};
+  return HasCome();
+}
+
+bool QuickKeys::HasCome() {
   if (page_.Map() != nullptr) return true;
-  if (page_.IsComing()) early_ = {code, way};
   pane_.announcer.Say(page_.IsComing() ? "The page is still being read"
                                        : "What stands where in this page is not known");
   return false;

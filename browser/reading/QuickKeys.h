@@ -5,6 +5,7 @@
 
 #include "browser/PaneContext.h"
 #include "browser/reading/PageInPane.h"
+#include "browser/reading/TableKeys.h"
 
 namespace corvane {
 
@@ -25,14 +26,17 @@ class QuickKeys {
   bool AreOn() const { return switched_.value_or(pane_.manner.quick_keys); }
   void KeyDown(KeyEvent& key);
   void KeyPress(int& character);
+  bool CarryInTable(int code);
   bool Carry(int code, TextMap::Way way);
   bool IsReady(int code, TextMap::Way way);
+  bool HasCome();
   void Go(TextMap::Way way, const TextMap::Wanted& wanted, const std::string& name);
   void GoBehindLinks(TextMap::Way way);
   void Act();
 
   PaneContext& pane_;
   PageInPane& page_;
+  TableKeys tables_;
   struct Pressed {
     int code;
     TextMap::Way way;

@@ -18,8 +18,6 @@ namespace corvane::fakes {
 
 class FakeDesktop;
 
-inline constexpr int kKeyEnd = 35;  ///< of no meaning to the product
-
 /// What every fake control can do: it remembers sizes and reports its focus to
 /// the desktop's journal.
 template <class Port>
