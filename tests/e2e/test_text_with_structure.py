@@ -2,44 +2,13 @@
 Enter acts on what is there, Escape leads back."""
 import unittest
 
-from harness import EndToEndTest, wait_until
+from harness import wait_until
+from text_pane import TextPaneTest
 
-IN_TEXT = {"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "0", "Focus": "5"}}
 
-
-class TextWithStructure(EndToEndTest):
+class TextWithStructure(TextPaneTest):
     def begin(self, page="/market.html", title="The market"):
-        corvane = self.start(settings=IN_TEXT)
-        self.read(page)
-        self.said(title)
-        wait_until(lambda: corvane.focused_name() == "Text", "the text pane")
-        wait_until(lambda: "A cat" in corvane.text_of("Text"), "the elements in the text")
-        return corvane
-
-    def hear(self, key):
-        """Presses a key and returns all that is said then."""
-        transcript = self.corvane.transcript
-        transcript.mark()
-        self.corvane.keys(key)
-        wait_until(transcript.spoken, f"words for {key}")
-        self.quiet()
-        return transcript.spoken()
-
-    def quiet(self):
-        """Waits until nothing is being said."""
-
-        def silent():
-            events = self.corvane.transcript.events()
-            begun = {e["id"] for e in events if e["event"] == "speak"}
-            over = {e["id"] for e in events if e["event"] in ("end", "cut")}
-            return not begun - over
-
-        wait_until(silent, "silence")
-
-    def walk(self, *steps):
-        """Presses keys, each once the one before has been heard: (key, words ...)."""
-        heard = [(key, *self.hear(key)) for key, *_ in steps]
-        self.assertEqual(heard, list(steps))
+        return self.begin_in_text(page, title, "A cat")
 
     def test_letters_lead_through_the_page(self):
         self.begin()
