@@ -1,0 +1,107 @@
+#include "platform/linux/pdf/page_links.h"
+
+#include <Annot.h>
+#include <Catalog.h>
+#include <Link.h>
+#include <PDFDoc.h>
+#include <Page.h>
+#include <glib.h>
+
+#include <algorithm>
+#include <array>
+
+namespace corvane::pdf {
+namespace {
+
+constexpr std::size_t kMostLinks = 5000;  // of a page
+constexpr std::size_t kLongestAddress = 4000;
+constexpr double kPointsPerInch = 72;
+
+using Transform = std::array<double, 6>;
+
+Transform TransformOf(::Page& page) {
+  Transform transform{};
+  page.getDefaultCTM(transform.data(), kPointsPerInch, kPointsPerInch, 0, false, true);
+  return transform;
+}
+
+Box BoxOf(const Transform& way, double x1, double y1, double x2, double y2) {
+  const auto x = [&](double a, double b) { return way[0] * a + way[2] * b + way[4]; };
+  const auto y = [&](double a, double b) { return way[1] * a + way[3] * b + way[5]; };
+  Box box{x(x1, y1), y(x1, y1), x(x1, y1), y(x1, y1)};
+  box.Add({x(x2, y2), y(x2, y2), x(x2, y2), y(x2, y2)});
+  return box;
+}
+
+/// Only what a page of the network may lead to as well.
+bool IsAddress(const std::string& address) {
+  if (address.size() > kLongestAddress || !g_utf8_validate(address.c_str(), -1, nullptr)) {
+    return false;
+  }
+  char* scheme = g_uri_parse_scheme(address.c_str());
+  if (scheme == nullptr) return false;
+  const std::string name = scheme;
+  g_free(scheme);
+  for (const char* known : {"http", "https", "ftp", "mailto", "tel", "file"}) {
+    if (g_ascii_strcasecmp(name.c_str(), known) == 0) return true;
+  }
+  return false;
+}
+
+Target PlaceOf(PDFDoc& document, const LinkDest& place) {
+  Target target;
+  target.page = place.isPageRef() ? document.findPage(place.getPageRef()) : place.getPageNum();
+  if (target.page < 1 || target.page > document.getNumPages()) return {};
+  ::Page* page = document.getPage(target.page);
+  const bool has_top = place.getKind() == destXYZ || place.getKind() == destFitH ||
+                       place.getKind() == destFitBH || place.getKind() == destFitR;
+  if (page == nullptr || !has_top || !place.getChangeTop()) return target;
+  const Box at =
+      BoxOf(TransformOf(*page), place.getLeft(), place.getTop(), place.getLeft(), place.getTop());
+  target.top = std::max(at.top, 0.0);
+  return target;
+}
+
+}  // namespace
+
+Target TargetOf(PDFDoc& document, const LinkAction* action) {
+  if (action == nullptr) return {};
+  if (action->getKind() == actionURI) {
+    const std::string& address = static_cast<const LinkURI*>(action)->getURI();
+    return IsAddress(address) ? Target{address} : Target{};
+  }
+  if (action->getKind() != actionGoTo) return {};
+  const auto* way = static_cast<const LinkGoTo*>(action);
+  if (const LinkDest* place = way->getDest()) {
+    return place->isOk() ? PlaceOf(document, *place) : Target{};
+  }
+  if (way->getNamedDest() == nullptr) return {};
+  const std::unique_ptr<LinkDest> place = document.findDest(way->getNamedDest());
+  return place && place->isOk() ? PlaceOf(document, *place) : Target{};
+}
+
+void AddLinks(PDFDoc& document, ::Page& source, Page& page) {
+  const std::unique_ptr<Links> links = source.getLinks();
+  if (!links) return;
+  const Transform transform = TransformOf(source);
+  for (const AnnotLink* link : links->getLinks()) {
+    if (page.links.size() >= kMostLinks) break;
+    Target target = TargetOf(document, link->getAction());
+    if (target.address.empty() && !target.IsPlace()) continue;
+    const PDFRectangle& area = link->getRect();
+    const Box box = BoxOf(transform, area.x1, area.y1, area.x2, area.y2);
+    const int number = static_cast<int>(page.links.size());
+    bool any = false;
+    for (Word& word : page.words) {
+      const double x = (word.box.left + word.box.right) / 2;
+      const double y = (word.box.top + word.box.bottom) / 2;
+      if (x < box.left || x > box.right || y < box.top || y > box.bottom) continue;
+      word.link = number;
+      any = true;
+    }
+    // A link is often cut in two at the end of a line.
+    if (any) page.links.push_back(std::move(target));
+  }
+}
+
+}  // namespace corvane::pdf
