@@ -6,7 +6,7 @@ set(home lib/corvane)
 set(package_data ${CMAKE_SOURCE_DIR}/data/package)
 set(made ${CMAKE_CURRENT_BINARY_DIR}/package-data)
 
-install(TARGETS corvane RUNTIME DESTINATION ${home})
+install(TARGETS corvane corvane-pdf RUNTIME DESTINATION ${home})
 install(TARGETS corvane_page LIBRARY DESTINATION ${home}/web-process)
 install(FILES data/talker.acf data/talker-idle.svg data/talker-speaking.svg DESTINATION ${home})
 if(EXISTS ${CMAKE_SOURCE_DIR}/data/cvhelp.txt)
@@ -76,7 +76,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # What is started or read at run time, not linked.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "espeak-ng-data, at-spi2-core, default-dbus-session-bus | dbus-session-bus, glib-networking, adwaita-icon-theme")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pipewire-pulse | pulseaudio, fonts-dejavu-core")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pipewire-pulse | pulseaudio, fonts-dejavu-core, poppler-data")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${package_data}/conffiles)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/package)
