@@ -1,6 +1,7 @@
 // What the engine's view reports, translated for EngineView.
 #include <utility>
 
+#include "platform/linux/web/documents/document_address.h"
 #include "platform/linux/web/engine_view.h"
 #include "platform/linux/web/web_text.h"
 
@@ -90,11 +91,12 @@ void EngineView::OnInput() {
 void EngineView::OnLoadChanged(WebKitLoadEvent event) {
   switch (event) {
     case WEBKIT_LOAD_STARTED:
+      if (!IsDocumentPage(Text(webkit_web_view_get_uri(view_.get())))) StopDocument();
       watchdog_.Reset();
       watchdog_.Watch();
       reader_->Cancel();
       moved_ = false;
-      base_status_ = "Loading " + Text(webkit_web_view_get_uri(view_.get()));
+      base_status_ = "Loading " + ShownAddress(Text(webkit_web_view_get_uri(view_.get())));
       // Whoever is told may let events run, so that the page is there already when
       // this returns.
       navigation_.Started();
@@ -116,7 +118,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
       closing_.PageChanged();
       document_is_present_ = false;
       problem_ = std::exchange(coming_problem_, std::nullopt);
-      address_ = Text(webkit_web_view_get_uri(view_.get()));
+      address_ = ShownAddress(Text(webkit_web_view_get_uri(view_.get())));
       if (const std::string asked = std::exchange(asked_for_, "");
           !problem_ && address_ == "about:blank" && asked.starts_with("http")) {
         ShowRefusedPort(asked);
@@ -156,25 +158,28 @@ void EngineView::OnLoadFailed(WebKitLoadEvent event, const std::string& address,
     navigation_.Replaced();
     return Load(fallback);
   }
-  ShowProblem(LoadProblem(address, error));
+  ShowProblem(LoadProblem(ShownAddress(address), error));
 }
 
 void EngineView::OnAddressChanged() {
   // Not the page shown yet, or a jump within it that has not been made yet.
   if (navigation_.Waiting()) return;
   if (!Busy() && webkit_web_view_is_loading(view_.get())) return;
-  const std::string address = Text(webkit_web_view_get_uri(view_.get()));
+  const std::string address = ShownAddress(Text(webkit_web_view_get_uri(view_.get())));
   if (!address.empty() && !address_.empty()) address_ = address;
 }
 
 void EngineView::OnIdle() {
-  if (webkit_web_view_is_loading(view_.get())) return idle_.Cancel();
+  if (webkit_web_view_is_loading(view_.get()) || opening_document_.Running()) {
+    return idle_.Cancel();
+  }
   // Looks again once everything that is on its way has arrived: a load that
   // takes the place of another is idle for a moment between the two.
   idle_.Start(0, [this] {
     if (webkit_web_view_is_loading(view_.get())) return;
     if (ProblemIsThere()) return;
-    if (Text(webkit_web_view_get_uri(view_.get())) != address_ && navigation_.MovedInPlace()) {
+    if (ShownAddress(Text(webkit_web_view_get_uri(view_.get()))) != address_ &&
+        navigation_.MovedInPlace()) {
       // The page's scripts have only just been told; what they show comes a moment later.
       return idle_.Start(kMomentInPlace, [this] {
         if (navigation_.Idle()) StartReading();
@@ -188,7 +193,10 @@ void EngineView::OnIdle() {
 bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type) {
   const bool waits = navigation_.Waiting() || (opened_by_page_ && address_.empty());
   const std::string requested = waits ? requested_ : "";
-  const Verdict verdict = Judge(decision, type, {address_, requested});
+  const std::string shown = Text(webkit_web_view_get_uri(view_.get()));
+  const std::string document =
+      IsDocumentPage(shown) && ShownAddress(shown) == address_ ? shown : "";
+  const Verdict verdict = Judge(decision, type, {address_, requested, document});
   // A search by one of our own pages goes to the service, unless that failed just now.
   const bool searches = type == WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION &&
                         verdict.kind == Verdict::Kind::Use && !verdict.from_history &&
@@ -197,6 +205,18 @@ bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionTy
   if (verdict.kind == Verdict::Kind::Use && !searches && saved.empty()) return false;
   if (verdict.kind == Verdict::Kind::Download) {
     webkit_policy_decision_download(decision);
+    return true;
+  }
+  // Where nothing is waited for any more, the user has stopped it meanwhile.
+  if (verdict.kind == Verdict::Kind::Document && navigation_.Waiting()) {
+    // The answer's own address has lost the place that it was asked for with.
+    const bool has_place = shown.starts_with(verdict.address + "#");
+    documents_->Take(decision, verdict.address);
+    // The engine has to be done with this answer first.
+    opening_document_.Start(0, [this, page = DocumentPage(has_place ? shown : verdict.address)] {
+      navigation_.Replaced();
+      Load(page);
+    });
     return true;
   }
   webkit_policy_decision_ignore(decision);
@@ -234,7 +254,7 @@ WebKitWebView* EngineView::OnCreate(WebKitNavigationAction* action) {
 
 void EngineView::OnPointer(WebKitHitTestResult* target) {
   if (webkit_hit_test_result_context_is_link(target)) {
-    ShowStatus(Text(webkit_hit_test_result_get_link_uri(target)));
+    ShowStatus(ShownAddress(Text(webkit_hit_test_result_get_link_uri(target))));
   } else if (!base_status_.empty()) {
     ShowStatus(base_status_);
   }

@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "platform/linux/web/documents/document_address.h"
 #include "platform/linux/web/files/print_page.h"
 #include "platform/linux/web/files/save_page.h"
 #include "platform/linux/web/typed_address.h"
@@ -105,6 +106,8 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
       keys_(std::make_unique<PageKeys>(view_.get(), KeysHost(), engine.Options().hang.keys)),
       list_(std::make_unique<OptionList>(
           view_.get(), [this](const OpenList& list) { reader_->TellList(list); })),
+      documents_(std::make_unique<Documents>(view_.get(), requests_->Desk(),
+                                             engine.Options().document_program, DocumentsHost())),
       closing_(
           view_.get(), [this] { listener_.close(); }, [this] { return dialog_open_; }),
       watchdog_(
@@ -125,6 +128,19 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
   ConnectView();
   ApplyPreferences();
   connections_ += engine_.PreferencesChanged.Connect([this] { ApplyPreferences(); });
+  ConnectEngine();
+}
+
+void EngineView::ConnectEngine() {
+  connections_ += engine_.FileBegins.Connect([this](WebKitDownload* download, bool& taken) {
+    taken = taken || documents_->TakesDownload(download);
+  });
+  connections_ +=
+      engine_.DocumentWanted.Connect([this](WebKitURISchemeRequest* request, bool& taken) {
+        if (webkit_uri_scheme_request_get_web_view(request) != view_.get()) return;
+        taken = true;
+        documents_->Answer(request);
+      });
   connections_ +=
       engine_.Say.Connect([this](WebKitWebView* view, const std::string& sentence, bool& said) {
         if (view == view_.get() || (view == nullptr && !std::exchange(said, true))) {
@@ -140,6 +156,7 @@ EngineView::~EngineView() {
   text_.reset();
   keys_.reset();
   list_.reset();
+  documents_.reset();
   requests_.reset();  // takes back what is asked
   find_.reset();
   reader_.reset();
@@ -158,6 +175,25 @@ PageRequests::Host EngineView::RequestsHost() {
           [this] { StayOnPage(); },
           [this] { Print(); },
           [this](const FileRequest& request) { listener_.files(request); }};
+}
+
+Documents::Host EngineView::DocumentsHost() {
+  return {[this](const Problem& problem) { ShowProblem(problem, DocumentPage(problem.address)); },
+          [this](const std::string& address) {
+            navigation_.Replaced();
+            Load(address);
+          }};
+}
+
+void EngineView::StopDocument() {
+  opening_document_.Cancel();
+  documents_->Stop();
+}
+
+// The page of a document is known to the engine by an address of the program's own.
+std::string EngineView::EngineAddress(const std::string& address) const {
+  return IsDocumentPage(Text(webkit_web_view_get_uri(view_.get()))) ? DocumentPage(address)
+                                                                    : address;
 }
 
 PageKeys::Host EngineView::KeysHost() {
@@ -220,7 +256,8 @@ void EngineView::Navigate(const std::string& typed) {
                      WithoutFragment(target.uri) == WithoutFragment(address_);
   if (jumps && !Busy() && !problem_) {
     requested_ = target.uri;
-    return webkit_web_view_load_uri(view_.get(), target.uri.c_str());
+    const std::string place = EngineAddress(target.uri);
+    return webkit_web_view_load_uri(view_.get(), place.c_str());
   }
   navigation_.Requested();
   fallback_ = target.fallback;
@@ -232,7 +269,7 @@ bool EngineView::GoToPlace(const std::string& address) {
   if (!is_here || Busy() || problem_ || !document_is_present_) return false;
   requests_->UserActed();
   watchdog_.WatchSoon();
-  changes_->Jump(address, [weak = std::weak_ptr(self_), address] {
+  changes_->Jump(EngineAddress(address), [weak = std::weak_ptr(self_), address] {
     const auto alive = weak.lock();
     if (!alive) return;
     (*alive)->Navigate(address);
@@ -295,6 +332,7 @@ void EngineView::Refresh() {
 }
 
 void EngineView::Stop() {
+  StopDocument();
   webkit_web_view_stop_loading(view_.get());
   if (watchdog_.Warned()) return leaving_.EndPage();
   if (!Busy()) return;
@@ -306,19 +344,22 @@ void EngineView::Stop() {
 // --- problems ----------------------------------------------------------------
 
 void EngineView::ShowProblem(const Problem& problem) {
+  // What is not an address stands under one that no list of addresses takes.
+  const bool is_address =
+      g_uri_is_valid(problem.address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
+  ShowProblem(problem, is_address ? problem.address : kProblemAddress);
+}
+
+void EngineView::ShowProblem(const Problem& problem, const std::string& under) {
   stopping_ = false;
   fallback_.clear();
   reader_->Cancel();
   navigation_.Replaced();
-  // What is not an address stands under one that no list of addresses takes.
-  const bool is_address =
-      g_uri_is_valid(problem.address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
-  const std::string address = is_address ? problem.address : kProblemAddress;
-  leaving_.Leave([this, problem, address] {
+  leaving_.Leave([this, problem, under] {
     leaving_.ProblemLoads();
     coming_problem_ = problem;
-    webkit_web_view_load_alternate_html(view_.get(), RenderProblem(problem).c_str(),
-                                        address.c_str(), nullptr);
+    webkit_web_view_load_alternate_html(view_.get(), RenderProblem(problem).c_str(), under.c_str(),
+                                        nullptr);
   });
 }
 

@@ -9,6 +9,7 @@
 
 #include "platform/file_request.h"
 #include "platform/html_document.h"
+#include "platform/linux/web/documents/documents.h"
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/navigation.h"
 #include "platform/linux/web/option_list.h"
@@ -123,6 +124,10 @@ class EngineView {
   bool ProblemIsThere();
   void LoadSearch(const std::string& search);
   void ShowProblem(const Problem& problem);
+  void ShowProblem(const Problem& problem, const std::string& under);
+  void ConnectEngine();
+  void StopDocument();
+  std::string EngineAddress(const std::string& address) const;
   void ReadAgain();
   void StartReading();
   void Settle();
@@ -134,6 +139,7 @@ class EngineView {
   void StayOnPage();
   void SayZoom(int percent);
   PageRequests::Host RequestsHost();
+  Documents::Host DocumentsHost();
 
   WebEngine& engine_;
   Listener listener_;
@@ -147,6 +153,7 @@ class EngineView {
   std::unique_ptr<TextReader> text_;
   std::unique_ptr<PageKeys> keys_;
   std::unique_ptr<OptionList> list_;
+  std::unique_ptr<Documents> documents_;
   PageClosing closing_;
   Watchdog watchdog_;
   PageLeaving leaving_;
@@ -171,6 +178,7 @@ class EngineView {
   std::string base_status_;
   Delay idle_;     // a look at whether anything still loads
   Delay opening_;  // of a window that the page wants
+  Delay opening_document_;
 };
 
 }  // namespace corvane::desktop

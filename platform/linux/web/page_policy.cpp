@@ -2,6 +2,8 @@
 
 #include <libsoup/soup.h>
 
+#include "platform/linux/web/documents/document_address.h"
+#include "platform/linux/web/documents/document_fetch.h"
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/requests/outside_links.h"
 
@@ -15,6 +17,22 @@ std::string AddressOf(WebKitNavigationAction* action) {
 bool IsFile(const std::string& address) { return address.starts_with("file:"); }
 bool IsOwnPage(const std::string& address) { return address.starts_with("corvane:"); }
 
+std::string WithoutPlace(const std::string& address) {
+  return address.substr(0, address.find('#'));
+}
+
+/// Whether the program itself has asked for it.
+bool IsAskedFor(const std::string& address, const std::string& requested) {
+  if (IsDocumentPage(address)) return address == requested;
+  // The engine writes addresses in its own way, so only their kind is compared.
+  return (IsOwnPage(address) && IsOwnPage(requested)) || (IsFile(address) && IsFile(requested));
+}
+
+/// Whether that is a place in the document that is shown.
+bool IsWithin(const std::string& address, const std::string& document) {
+  return !document.empty() && WithoutPlace(address) == WithoutPlace(document);
+}
+
 Verdict JudgeNavigation(WebKitNavigationAction* action, const PolicyContext& context) {
   const std::string address = AddressOf(action);
   const auto type = webkit_navigation_action_get_navigation_type(action);
@@ -25,10 +43,10 @@ Verdict JudgeNavigation(WebKitNavigationAction* action, const PolicyContext& con
     return {Verdict::Kind::Use, address, from_history, gesture};
   }
   const bool known = from_history || type == WEBKIT_NAVIGATION_TYPE_RELOAD;
-  const bool from_here = IsOwnPage(context.present) || (IsFile(context.present) && IsFile(address));
-  // The engine writes addresses in its own way, so only their kind is compared.
-  const bool asked_for = (IsOwnPage(address) && IsOwnPage(context.requested)) ||
-                         (IsFile(address) && IsFile(context.requested));
+  const bool from_own = IsOwnPage(context.present) && !IsDocumentPage(address);
+  const bool from_here = from_own || (IsFile(context.present) && IsFile(address)) ||
+                         IsWithin(address, context.document);
+  const bool asked_for = IsAskedFor(address, context.requested);
   const bool allowed =
       !webkit_navigation_action_is_redirect(action) && (known || from_here || asked_for);
   return {allowed ? Verdict::Kind::Use : Verdict::Kind::Ignore, address, from_history, gesture};
@@ -50,16 +68,15 @@ bool IsAttachment(WebKitURIResponse* response) {
 Verdict JudgeAnswer(WebKitResponsePolicyDecision* decision) {
   WebKitURIResponse* response = webkit_response_policy_decision_get_response(decision);
   const std::string address = Text(webkit_uri_response_get_uri(response));
-  // The engine draws printed pages, and their words are nowhere to be read.
-  const bool is_print =
-      g_ascii_strcasecmp(Text(webkit_uri_response_get_mime_type(response)).c_str(),
-                         "application/pdf") == 0;
+  // The engine draws documents, and their words are nowhere to be read.
+  const bool is_document = IsDocumentKind(Text(webkit_uri_response_get_mime_type(response)));
   const bool supported =
-      webkit_response_policy_decision_is_mime_type_supported(decision) && !is_print;
+      webkit_response_policy_decision_is_mime_type_supported(decision) && !is_document;
   const bool attached = IsAttachment(response);
   if (supported && !attached) return {Verdict::Kind::Use, address};
   // A picture of an unknown kind inside a page is nobody's download.
   const bool is_page = webkit_response_policy_decision_is_main_frame_main_resource(decision);
+  if (is_document && is_page && !attached) return {Verdict::Kind::Document, address};
   return {is_page || attached ? Verdict::Kind::Download : Verdict::Kind::Ignore, address};
 }
 

@@ -13,6 +13,7 @@ struct Verdict {
     Ignore,    ///< does not happen
     Outside,   ///< is for another program of the desktop
     Download,  ///< is a file to be saved
+    Document,  ///< is one that the program makes a page of
   };
   Kind kind = Kind::Ignore;
   std::string address;
@@ -24,6 +25,8 @@ struct Verdict {
 struct PolicyContext {
   std::string present;    ///< address of the page shown
   std::string requested;  ///< address that the program itself asked for and waits for
+  /// Address under which the engine knows the page shown, where that is of a document.
+  std::string document = {};
 };
 
 /// Judges a navigation, a new window or an answer. Pages of the network never

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "platform/linux/web/documents/document_address.h"
 #include "platform/linux/web/engine_view.h"
 #include "platform/linux/web/files/downloads.h"
 
@@ -42,6 +43,9 @@ void FillDefaults(EngineOptions& options) {
     options.cache_directory = InFolder(g_get_user_cache_dir(), "web");
   }
   if (options.extension_directory.empty()) options.extension_directory = ExtensionFolder();
+  if (options.document_program.empty()) {
+    options.document_program = ProgramFolder() + "/corvane-pdf";
+  }
   if (options.permissions_file.empty() && !options.ephemeral) {
     options.permissions_file = options.data_directory + "/permissions.ini";
   }
@@ -164,13 +168,19 @@ std::string WebEngine::SearchAddress(const std::string& address) const {
 }
 
 void WebEngine::OnDownload(WebKitWebContext*, WebKitDownload* download, gpointer self) {
-  static_cast<WebEngine*>(self)->downloads_->Begin(download);
+  auto& engine = *static_cast<WebEngine*>(self);
+  bool taken = false;
+  engine.FileBegins.Raise(download, taken);
+  if (!taken) engine.downloads_->Begin(download);
 }
 
 void WebEngine::OnCorvaneRequest(WebKitURISchemeRequest* request, gpointer self) {
   const auto& engine = *static_cast<WebEngine*>(self);
   const std::string address = Text(webkit_uri_scheme_request_get_uri(request));
   std::string page;
+  bool taken = false;
+  if (IsDocumentPage(address)) engine.DocumentWanted.Raise(request, taken);
+  if (taken) return;
   if (address == "corvane://home" || address.starts_with("corvane://home/")) {
     page = RenderHome();
   } else if (IsSearch(address)) {

@@ -40,6 +40,8 @@ struct EngineOptions {
   std::string cache_directory;
   /// The folder of the page processes' own part; default: beside the program.
   std::string extension_directory;
+  /// The program that makes pages of documents; default: beside the program.
+  std::string document_program;
   /// The user's home folder, for "~" in typed paths.
   std::string home_directory;
   /// Where GoHome goes; default: the program's home page.
@@ -99,6 +101,12 @@ class WebEngine {
   /// A sentence for the user of this view. When that has gone (null), the first
   /// listener says it and sets `said`: it is not to be heard from every window.
   Event<WebKitWebView*, const std::string&, bool& /*said*/> Say;
+
+  /// A file begins to come, and whether somebody takes it: it is no download then.
+  Event<WebKitDownload*, bool& /*taken*/> FileBegins;
+  /// The engine wants the page of a document for one of its views, and whether that has
+  /// taken the request.
+  Event<WebKitURISchemeRequest*, bool& /*taken*/> DocumentWanted;
 
   /// What sites are allowed for good.
   PermissionBook& Permissions() { return *permissions_; }

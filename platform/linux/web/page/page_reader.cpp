@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "platform/linux/web/documents/document_address.h"
 
 namespace corvane::desktop {
 namespace {
@@ -286,7 +287,7 @@ HTMLDocumentPtr PageReader::MinimalDocument() const {
   auto document = std::make_shared<HTMLDocument>();
   document->Title = Text(webkit_web_view_get_title(view_));
   document->nameProp = document->Title;
-  document->location = Text(webkit_web_view_get_uri(view_));
+  document->location = ShownAddress(Text(webkit_web_view_get_uri(view_)));
   return document;
 }
 

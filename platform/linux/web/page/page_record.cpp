@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "platform/linux/web/documents/document_address.h"
 #include "platform/linux/web/page/facts_record.h"
 #include "platform/linux/web/web_text.h"
 
@@ -116,7 +117,7 @@ std::vector<HTMLElementPtr> LinksOf(const Json& json, Elements& elements) {
     auto link = elements.Get(json[i]);
     link->type_name = NumberOf(json[i + 1], 0) == 1 ? "HTMLAreaElement" : "HTMLAnchorElement";
     link->innerText = TextOf(json[i + 2]);
-    link->href = TextOf(json[i + 3]);
+    link->href = ShownAddress(TextOf(json[i + 3]));
     link->name = TextOf(json[i + 4]);
     link->label = TextOf(json[i + 5]);
     links.push_back(std::move(link));
@@ -177,7 +178,7 @@ std::optional<PageRecord> RecordOf(const Json& json) {
   auto document = std::make_shared<HTMLDocument>();
   document->Title = TextOf(Member(json, "title"));
   document->nameProp = TextOf(Member(json, "name"));
-  document->location = TextOf(Member(json, "url"));
+  document->location = ShownAddress(TextOf(Member(json, "url")));
   const auto& body = Member(json, "body");
   document->has_body = body.is_string();
   document->body_innerText = BreakLongLines(TextOf(body));
@@ -227,7 +228,7 @@ std::optional<ElementEvent> ParseElementEvent(std::string_view text) {
   }
   event.document_id = TextOf(Member(json, "document"));
   event.number = NumberOf(Member(json, "number"), 0);
-  event.href = TextOf(Member(json, "href"));
+  event.href = ShownAddress(TextOf(Member(json, "href")));
   event.facts = FactsOf(Member(json, "facts"));
   event.with_focus = NumberOf(Member(json, "fresh"), 0) == 1;
   const Json& state = Member(json, "state");

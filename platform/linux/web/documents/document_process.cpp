@@ -1,0 +1,127 @@
+#include "platform/linux/web/documents/document_process.h"
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <utility>
+
+namespace corvane::desktop {
+namespace {
+
+constexpr double kMostSeconds = 60;
+constexpr std::size_t kLongestPage = std::size_t{64} << 20U;  // bytes
+constexpr gsize kPiece = gsize{256} << 10U;
+constexpr int kPasswordFile = 3;
+
+// Which numbers the program ends with: platform/linux/pdf/document.h.
+DocumentProcess::End EndOf(int code) {
+  switch (code) {
+    case 0:
+      return DocumentProcess::End::Done;
+    case 3:
+      return DocumentProcess::End::NotProtected;
+    case 4:
+      return DocumentProcess::End::Locked;
+    case 6:
+      return DocumentProcess::End::TooBig;
+    default:
+      return DocumentProcess::End::Broken;
+  }
+}
+
+/// A pipe's end from which the text can be read: it has room for a password, and nobody
+/// else sees it there, as in arguments or the environment.
+int PipeWith(const std::string& text) {
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) return -1;
+  const ssize_t written = write(ends[1], text.data(), text.size());
+  close(ends[1]);
+  if (written == static_cast<ssize_t>(text.size())) return ends[0];
+  close(ends[0]);
+  return -1;
+}
+
+using LauncherPtr = ObjectPtr<GSubprocessLauncher>;
+
+}  // namespace
+
+DocumentProcess::DocumentProcess(const std::string& program, int document,
+                                 const std::string& password, Ready ready)
+    : self_(std::make_shared<DocumentProcess*>(this)), ready_(std::move(ready)) {
+  const LauncherPtr launcher(g_subprocess_launcher_new(static_cast<GSubprocessFlags>(
+      G_SUBPROCESS_FLAGS_STDOUT_PIPE | G_SUBPROCESS_FLAGS_STDERR_SILENCE)));
+  const char* const environment[] = {"LC_ALL=C.UTF-8", nullptr};
+  g_subprocess_launcher_set_environ(launcher.get(), const_cast<char**>(environment));
+  g_subprocess_launcher_set_cwd(launcher.get(), "/");
+  g_subprocess_launcher_take_stdin_fd(launcher.get(), fcntl(document, F_DUPFD_CLOEXEC, 0));
+  g_subprocess_launcher_take_fd(launcher.get(), PipeWith(password), kPasswordFile);
+  GError* failure = nullptr;
+  process_.reset(g_subprocess_launcher_spawn(launcher.get(), &failure, program.c_str(), nullptr));
+  const ErrorPtr owner(failure);
+  if (!process_) {
+    limit_.Start(0, [this] { Finish({End::NotProtected}); });
+    return;
+  }
+  limit_.Start(kMostSeconds, [this] { Finish({End::TooLong}); });
+  Read();
+}
+
+DocumentProcess::~DocumentProcess() {
+  if (process_) g_subprocess_force_exit(process_.get());
+}
+
+void DocumentProcess::Read() {
+  auto* weak = new std::weak_ptr<DocumentProcess*>(self_);
+  g_input_stream_read_bytes_async(
+      g_subprocess_get_stdout_pipe(process_.get()), kPiece, G_PRIORITY_DEFAULT, nullptr,
+      [](GObject* stream, GAsyncResult* result, gpointer data) {
+        const std::unique_ptr<std::weak_ptr<DocumentProcess*>> owner(
+            static_cast<std::weak_ptr<DocumentProcess*>*>(data));
+        GBytes* piece = g_input_stream_read_bytes_finish(G_INPUT_STREAM(stream), result, nullptr);
+        if (const auto alive = owner->lock()) (*alive)->TakePiece(piece);
+        if (piece != nullptr) g_bytes_unref(piece);
+      },
+      weak);
+}
+
+void DocumentProcess::TakePiece(GBytes* piece) {
+  gsize size = 0;
+  const auto* bytes =
+      piece == nullptr ? nullptr : static_cast<const char*>(g_bytes_get_data(piece, &size));
+  if (size == 0) return WaitForEnd();
+  page_.append(bytes, size);
+  if (page_.size() > kLongestPage) return Finish({End::TooBig});
+  Read();
+}
+
+void DocumentProcess::WaitForEnd() {
+  auto* weak = new std::weak_ptr<DocumentProcess*>(self_);
+  g_subprocess_wait_async(
+      process_.get(), nullptr,
+      [](GObject* process, GAsyncResult* result, gpointer data) {
+        const std::unique_ptr<std::weak_ptr<DocumentProcess*>> owner(
+            static_cast<std::weak_ptr<DocumentProcess*>*>(data));
+        g_subprocess_wait_finish(G_SUBPROCESS(process), result, nullptr);
+        if (const auto alive = owner->lock()) (*alive)->Finish((*alive)->ResultOf());
+      },
+      weak);
+}
+
+DocumentProcess::Result DocumentProcess::ResultOf() const {
+  if (g_subprocess_get_if_exited(process_.get())) {
+    return {EndOf(g_subprocess_get_exit_status(process_.get())), page_};
+  }
+  const int signal = g_subprocess_get_term_sig(process_.get());
+  return {signal == SIGXCPU ? End::TooLong : End::Broken};
+}
+
+// Whoever is told lets go of this.
+void DocumentProcess::Finish(Result result) {
+  limit_.Cancel();
+  const Ready ready = std::exchange(ready_, nullptr);
+  if (ready) ready(std::move(result));
+}
+
+}  // namespace corvane::desktop

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <gio/gio.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/linux/web/gobject.h"
+
+namespace corvane::desktop {
+
+/// Makes a page of a document in a process of its own, which is confined and bounded
+/// (platform/linux/pdf). Letting go of this ends the process.
+class DocumentProcess {
+ public:
+  enum class End {
+    Done,
+    Locked,        ///< a password is wanted, another one than that given
+    Broken,        ///< is no document, or one that cannot be read
+    TooBig,        ///< takes too much memory or makes too long a page
+    TooLong,       ///< takes too much time
+    NotProtected,  ///< cannot be read safely here, so that it has not been
+  };
+  struct Result {
+    End end = End::Broken;
+    std::string page = {};
+  };
+
+  /// Called once, never before the constructor has returned.
+  using Ready = std::function<void(Result)>;
+
+  /// `program`: the path of corvane-pdf. `document`: the open file, which stays the
+  /// caller's. `password` may be empty.
+  DocumentProcess(const std::string& program, int document, const std::string& password,
+                  Ready ready);
+  ~DocumentProcess();
+  DocumentProcess(const DocumentProcess&) = delete;
+  DocumentProcess& operator=(const DocumentProcess&) = delete;
+
+ private:
+  void Read();
+  void TakePiece(GBytes* piece);
+  void WaitForEnd();
+  void Finish(Result result);
+  Result ResultOf() const;
+
+  std::shared_ptr<DocumentProcess*> self_;  // answers that come later find it gone
+  Ready ready_;
+  ObjectPtr<GSubprocess> process_;
+  std::string page_;
+  Delay limit_;
+};
+
+}  // namespace corvane::desktop
