@@ -16,7 +16,8 @@ import time
 
 SOURCE = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(SOURCE / "tests/e2e"))
-import keys  # noqa: E402  (this and the three next lie beside this file)
+import documents  # noqa: E402  (this and the four next lie beside this file)
+import keys  # noqa: E402
 import leaving  # noqa: E402
 import trees  # noqa: E402
 from measured import Browser, median, p95, row  # noqa: E402
@@ -227,6 +228,8 @@ def main():
             ", ".join(f"{name} -dump: {value:.0f} ms" for name, value in others.items()))
         row(f"longest stall of the window while {links} links are read, median",
             f"{median(stalls):.0f} ms", "50 ms" if links == 10_000 else "")
+    for figures in documents.rows(build, server, base):
+        row(*figures)
     for figures in leaving.rows(build, base):
         row(*figures)
     for figures in trees.rows(build, base):

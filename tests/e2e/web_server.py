@@ -120,6 +120,25 @@ class Handler(http.server.BaseHTTPRequestHandler):
         self.wfile.write(b"<p>The end.")
         self.close_connection = True
 
+    def page_documents(self, path):
+        """Documents that a test has put into a folder."""
+        file = self.server.documents / path.rsplit("/", 1)[-1]
+        self.reply(file.read_bytes(), content_type="application/pdf")
+
+    def page_attached(self, path):
+        file = self.server.documents / path.rsplit("/", 1)[-1]
+        self.reply(file.read_bytes(), content_type="application/pdf",
+                   headers=[("Content-Disposition", f'attachment; filename="{file.name}"')])
+
+    def page_endless_document(self, _):
+        self.send_response(200)
+        self.send_header("Content-Type", "application/pdf")
+        self.send_header("Content-Length", "100000")
+        self.end_headers()
+        self.wfile.write(b"%PDF-1.7\n" + b" " * 40_000)
+        self.wfile.flush()
+        self.server.stopped.wait()
+
     # Files to be saved. Of those that are not whole at once, 100,000 bytes are told.
     def begin_file(self, size=100_000):
         self.send_response(200)
@@ -160,6 +179,7 @@ class Server(http.server.ThreadingHTTPServer):
         super().__init__(("127.0.0.1", 0), Handler)
         self.stopped = threading.Event()
         self.posted = []  # the bodies of forms
+        self.documents = PAGES  # the folder of documents, which tests make
         self.gate = threading.Event()  # opened by a test when a page may go on
 
     def shutdown(self):
