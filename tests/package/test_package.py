@@ -44,7 +44,7 @@ class Contents(unittest.TestCase):
     def test_command_leads_to_the_program_with_its_data_beside_it(self):
         command = root / "usr/bin/corvane"
         self.assertEqual(os.readlink(command), "../lib/corvane/corvane")
-        for name in ("corvane", "talker.acf", "talker-idle.svg", "talker-speaking.svg"):
+        for name in ("corvane", "corvane-pdf", "talker.acf", "talker-idle.svg", "talker-speaking.svg"):
             self.assertTrue((root / "usr/lib/corvane" / name).is_file(), name)
         self.assertTrue(list((root / "usr/lib/corvane/web-process").glob("*.so")))
         help_text = SOURCE / "data/cvhelp.txt"

@@ -511,6 +511,12 @@ void EngineView::ShowStatus(const std::string& text) {
 
 void EngineView::Save() {
   if (address_.empty()) return;
+  const bool is_document = IsDocumentPage(Text(webkit_web_view_get_uri(view_.get())));
+  if (is_document && !problem_ && address_.starts_with("http")) {
+    // The document itself, not the page made of it.
+    ObjectPtr<WebKitDownload>(webkit_web_view_download_uri(view_.get(), address_.c_str()));
+    return;
+  }
   FileRequest request = SaveRequest(LocationName());
   request.chosen = [this, weak = std::weak_ptr(self_)](const std::vector<std::string>& paths) {
     if (weak.expired() || paths.empty()) return;

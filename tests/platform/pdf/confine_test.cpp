@@ -4,12 +4,14 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <seccomp.h>
 #include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
@@ -27,6 +29,7 @@ class ConfineTest : public testing::Test {
   int Tried(const std::function<bool()>& act, const Bounds& bounds = {}) {
     const pid_t child = fork();
     if (child == 0) {
+      kernel_();
       if (!Confine(bounds, {folder_ / "allowed"})) _exit(99);
       _exit(act() ? 1 : 0);
     }
@@ -42,7 +45,18 @@ class ConfineTest : public testing::Test {
     folder_.Write("home/secret", "words");
   }
 
+  /// As if the kernel did not know that call.
+  void WithoutCall(int call) {
+    kernel_ = [call] {
+      scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ALLOW);
+      seccomp_rule_add(filter, SCMP_ACT_ERRNO(ENOSYS), call, 0);
+      seccomp_load(filter);
+      seccomp_release(filter);
+    };
+  }
+
   const test::TemporaryFolder folder_;
+  std::function<void()> kernel_ = [] {};
 };
 
 TEST_F(ConfineTest, ItGoesOnWorking) {
@@ -87,6 +101,18 @@ TEST_F(ConfineTest, NoCodeThatIsNotThereYet) {
               return at != MAP_FAILED && mprotect(at, 4096, PROT_READ | PROT_EXEC) == 0;
             }),
             0);
+}
+
+TEST_F(ConfineTest, AKernelThatCannotTellFoldersApartOpensNoFile) {
+  WithoutCall(SCMP_SYS(landlock_create_ruleset));
+  EXPECT_EQ(Tried([&] { return Opens(folder_ / "allowed/table", O_RDONLY); }), 0);
+  EXPECT_EQ(Tried([] { return socket(AF_INET, SOCK_STREAM, 0) >= 0; }), 0);
+  EXPECT_EQ(Tried([] { return std::string(1U << 20U, 'a').size() == 1U << 20U; }), 1);
+}
+
+TEST_F(ConfineTest, WhereCallsCannotBeTakenAwayNothingIsRead) {
+  WithoutCall(SCMP_SYS(prctl));
+  EXPECT_EQ(Tried([] { return true; }), -1000);
 }
 
 TEST_F(ConfineTest, MemoryAndTimeEnd) {

@@ -206,16 +206,6 @@ TEST_F(CommandTest, PlainTextIsReadAsItStands) {
   EXPECT_EQ(view_->LocationName(), server_.Url("/notes.txt"));
 }
 
-TEST_F(CommandTest, APdfIsOfferedAsAFile) {
-  server_.Page("/paper.pdf", "%PDF-1.4 and more", "application/pdf");
-  view_->Navigate(server_.Url("/paper.pdf"));
-  ASSERT_TRUE(WaitUntil([&] { return !asking_->asked.empty(); }));
-  EXPECT_EQ(asking_->asked[0].title, "Download");
-  EXPECT_EQ(asking_->asked[0].fields.at(0).value, "paper.pdf");
-  asking_->Answer({1, {""}});
-  view_.WaitIdle();
-}
-
 TEST_F(CommandTest, ADrawingIsReadAsItsWords) {
   server_.Page("/picture.svg", "<svg xmlns='http://www.w3.org/2000/svg'><text>Drawn</text></svg>",
                "image/svg+xml");

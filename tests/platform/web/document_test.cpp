@@ -158,6 +158,16 @@ TEST_F(DocumentTest, AnAttachmentIsAskedForAsAnyOtherFile) {
   EXPECT_EQ(Title(), "A");
 }
 
+TEST_F(DocumentTest, TheDocumentItselfIsSaved) {
+  view_.Go(Address("tagged"));
+  asking_->replies = {{0, {"hours.pdf"}}};
+  view_->Save();
+  ASSERT_TRUE(WaitUntil([&] { return !view_.Said().empty(); }));
+  ASSERT_TRUE(WaitUntil([&] { return !engine_.GetDownloads().Any(); }));
+  EXPECT_EQ(test::ContentOf(root_ / "downloads/hours.pdf"), DocumentOf("tagged"));
+  EXPECT_EQ(Title(), "Opening hours & more");
+}
+
 TEST_F(DocumentTest, ADocumentOfTheDiskOpensToo) {
   view_.Go("file://" + std::string(CORVANE_DOCUMENTS) + "/scanned.pdf");
   EXPECT_THAT(view_.Body(), HasSubstr("Page 1 is a picture without text."));
