@@ -34,7 +34,8 @@ void FuzzOne(const std::string& input) {
   static const bool prepared = (pdf::Prepare(), true);
   Promise(prepared);
   std::string page;
-  if (pdf::Convert(input, "", kSmall, page) != pdf::Outcome::Done) return;
+  if (pdf::Convert(input, {"https://example.org/a.pdf"}, kSmall, page) != pdf::Outcome::Done)
+    return;
   Promise(text::valid(page) == page);
   Promise(HasOwnTagsOnly(page));
   Promise(page.ends_with("</body></html>\n"));

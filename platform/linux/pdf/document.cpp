@@ -46,7 +46,7 @@ std::string LabelOf(PDFDoc& document, int number) {
   return text == std::to_string(number) ? "" : text;
 }
 
-std::vector<Page> ReadPages(PDFDoc& document, const Limits& limits) {
+std::vector<Page> ReadPages(PDFDoc& document, const std::string& base, const Limits& limits) {
   using Clock = std::chrono::steady_clock;
   const auto end = Clock::now() + std::chrono::duration<double>(limits.most_seconds);
   std::vector<Page> pages;
@@ -54,7 +54,7 @@ std::vector<Page> ReadPages(PDFDoc& document, const Limits& limits) {
   const int count = document.getNumPages();
   for (int number = 1; number <= count; ++number) {
     if (words > limits.most_words || Clock::now() > end) break;
-    pages.push_back(ReadPage(document, number));
+    pages.push_back(ReadPage(document, number, base));
     words += pages.back().words.size() + pages.back().links.size();
   }
   return pages;
@@ -95,10 +95,10 @@ void Prepare() {
   setErrorCallback([](ErrorCategory, Goffset, const char*) {});
 }
 
-Outcome Convert(std::string_view data, const std::string& password, const Limits& limits,
+Outcome Convert(std::string_view data, const Source& source, const Limits& limits,
                 std::string& page) {
   std::optional<GooString> given;
-  if (!password.empty()) given = GooString(password);
+  if (!source.password.empty()) given = GooString(source.password);
   auto* stream = new MemStream(data.data(), 0, static_cast<Goffset>(data.size()), Object(objNull));
   PDFDoc document(stream, given, given);  // owns the stream
   if (!document.isOk()) {
@@ -107,7 +107,7 @@ Outcome Convert(std::string_view data, const std::string& password, const Limits
   Written written;
   written.pages = document.getNumPages();
   if (written.pages < 1) return Outcome::Broken;
-  const std::vector<Page> pages = ReadPages(document, limits);
+  const std::vector<Page> pages = ReadPages(document, source.address, limits);
   written.read = static_cast<int>(pages.size());
   for (int number = 1; number <= written.read; ++number) {
     written.labels.push_back(LabelOf(document, number));

@@ -14,6 +14,12 @@ enum class Outcome {
   TooBig = 6,        ///< does not fit into the memory that there is for it
 };
 
+/// What is known of a document beside its bytes.
+struct Source {
+  std::string address = {};  ///< where it comes from, for links that are parts of addresses
+  std::string password = {};
+};
+
 struct Limits {
   std::size_t longest = std::size_t{48} << 20U;    ///< bytes of the page that is made
   std::size_t most_words = std::size_t{3} << 20U;  ///< of the document
@@ -22,7 +28,7 @@ struct Limits {
 
 /// Makes a page (HTML) of the PDF document in `data`. What exceeds the limits is left
 /// out, and the page says so. Throws std::bad_alloc.
-Outcome Convert(std::string_view data, const std::string& password, const Limits& limits,
+Outcome Convert(std::string_view data, const Source& source, const Limits& limits,
                 std::string& page);
 
 /// To be called once before, while files can still be opened.

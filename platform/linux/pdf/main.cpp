@@ -1,12 +1,12 @@
 // corvane-pdf: reads a PDF document from its standard input, which is a file, and writes
 // a page of it to its standard output. On the file with the number 3 it gets the
-// password, if there is one. It is started anew for each document and confines itself
-// before it has read a byte of it.
+// document's address and its password, where nobody else sees them. It is started anew for each
+// document and confines itself before it has read a byte of it.
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cstdio>
+#include <algorithm>
 #include <new>
 #include <string>
 #include <string_view>
@@ -17,19 +17,22 @@
 namespace corvane::pdf {
 namespace {
 
-constexpr int kPassword = 3;
-constexpr std::size_t kLongestPassword = 1000;
+constexpr int kSource = 3;
+constexpr std::size_t kLongestSource = 10000;
 // Tables of letters that documents in Chinese, Japanese and Korean rely on.
 constexpr const char* kTables = "/usr/share/poppler";
 
-std::string ReadPassword() {
-  std::string password;
+/// The address, a zero, the password.
+Source ReadSource() {
+  std::string both;
   char piece[256];
   for (;;) {
-    const ssize_t count = read(kPassword, piece, sizeof piece);
-    if (count <= 0 || password.size() > kLongestPassword) return password;
-    password.append(piece, static_cast<std::size_t>(count));
+    const ssize_t count = read(kSource, piece, sizeof piece);
+    if (count <= 0 || both.size() > kLongestSource) break;
+    both.append(piece, static_cast<std::size_t>(count));
   }
+  const auto end = std::min(both.find('\0'), both.size());
+  return {both.substr(0, end), both.substr(std::min(end + 1, both.size()))};
 }
 
 std::string_view MapInput() {
@@ -55,7 +58,7 @@ Outcome Run() {
   if (!Confine({}, {kTables})) return Outcome::NotProtected;
   try {
     std::string page;
-    const Outcome outcome = Convert(MapInput(), ReadPassword(), {}, page);
+    const Outcome outcome = Convert(MapInput(), ReadSource(), {}, page);
     if (outcome != Outcome::Done) return outcome;
     return WriteOut(page) ? Outcome::Done : Outcome::Broken;
   } catch (const std::bad_alloc&) {

@@ -35,7 +35,7 @@ void AddEntries(PDFDoc& document, const std::vector<OutlineItem*>* items, int le
     const Unicode* letters = item->getTitle();
     const std::vector<char32_t> title(letters, letters + std::max(item->getTitleLength(), 0));
     Entry entry{TextOf(title.data(), static_cast<int>(title.size())), level,
-                TargetOf(document, item->getAction())};
+                TargetOf(document, item->getAction(), {})};
     if (entry.place.IsPlace() && !entry.title.empty()) entries.push_back(std::move(entry));
     item->open();
     AddEntries(document, item->getKids(), level + 1, entries);

@@ -16,6 +16,7 @@ namespace {
 constexpr std::size_t kMostLinks = 5000;  // of a page
 constexpr std::size_t kLongestAddress = 4000;
 constexpr double kPointsPerInch = 72;
+constexpr const char* kBlanks = " \t\r\n";
 
 using Transform = std::array<double, 6>;
 
@@ -34,18 +35,31 @@ Box BoxOf(const Transform& way, double x1, double y1, double x2, double y2) {
 }
 
 /// Only what a page of the network may lead to as well.
-bool IsAddress(const std::string& address) {
-  if (address.size() > kLongestAddress || !g_utf8_validate(address.c_str(), -1, nullptr)) {
-    return false;
-  }
-  char* scheme = g_uri_parse_scheme(address.c_str());
-  if (scheme == nullptr) return false;
-  const std::string name = scheme;
-  g_free(scheme);
-  for (const char* known : {"http", "https", "ftp", "mailto", "tel", "file"}) {
-    if (g_ascii_strcasecmp(name.c_str(), known) == 0) return true;
+bool IsAllowed(const char* scheme) {
+  for (const char* known : {"http", "https", "ftp", "mailto", "tel"}) {
+    if (g_ascii_strcasecmp(scheme, known) == 0) return true;
   }
   return false;
+}
+
+/// The address whole; empty when there is none that leads anywhere.
+std::string WholeAddress(std::string address, const std::string& base) {
+  address.erase(0, address.find_first_not_of(kBlanks));
+  address.erase(address.find_last_not_of(kBlanks) + 1);
+  if (address.empty()) return {};
+  if (address.size() > kLongestAddress || !g_utf8_validate(address.c_str(), -1, nullptr)) return {};
+  if (char* scheme = g_uri_parse_scheme(address.c_str())) {
+    const bool allowed = IsAllowed(scheme);
+    g_free(scheme);
+    return allowed ? address : "";
+  }
+  if (g_ascii_strncasecmp(address.c_str(), "www.", 4) == 0) return "http://" + address;
+  if (!base.starts_with("http")) return {};
+  char* whole =
+      g_uri_resolve_relative(base.c_str(), address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
+  const std::string resolved = whole == nullptr ? "" : whole;
+  g_free(whole);
+  return resolved;
 }
 
 Target PlaceOf(PDFDoc& document, const LinkDest& place) {
@@ -64,11 +78,10 @@ Target PlaceOf(PDFDoc& document, const LinkDest& place) {
 
 }  // namespace
 
-Target TargetOf(PDFDoc& document, const LinkAction* action) {
+Target TargetOf(PDFDoc& document, const LinkAction* action, const std::string& base) {
   if (action == nullptr) return {};
   if (action->getKind() == actionURI) {
-    const std::string& address = static_cast<const LinkURI*>(action)->getURI();
-    return IsAddress(address) ? Target{address} : Target{};
+    return {WholeAddress(static_cast<const LinkURI*>(action)->getURI(), base)};
   }
   if (action->getKind() != actionGoTo) return {};
   const auto* way = static_cast<const LinkGoTo*>(action);
@@ -80,13 +93,13 @@ Target TargetOf(PDFDoc& document, const LinkAction* action) {
   return place && place->isOk() ? PlaceOf(document, *place) : Target{};
 }
 
-void AddLinks(PDFDoc& document, ::Page& source, Page& page) {
+void AddLinks(PDFDoc& document, ::Page& source, const std::string& base, Page& page) {
   const std::unique_ptr<Links> links = source.getLinks();
   if (!links) return;
   const Transform transform = TransformOf(source);
   for (const AnnotLink* link : links->getLinks()) {
     if (page.links.size() >= kMostLinks) break;
-    Target target = TargetOf(document, link->getAction());
+    Target target = TargetOf(document, link->getAction(), base);
     if (target.address.empty() && !target.IsPlace()) continue;
     const PDFRectangle& area = link->getRect();
     const Box box = BoxOf(transform, area.x1, area.y1, area.x2, area.y2);

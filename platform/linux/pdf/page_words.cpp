@@ -181,7 +181,7 @@ void Box::Add(const Box& other) {
   bottom = std::max(bottom, other.bottom);
 }
 
-Page ReadPage(PDFDoc& document, int number) {
+Page ReadPage(PDFDoc& document, int number, const std::string& base) {
   Page page;
   ::Page* source = document.getPage(number);
   if (source == nullptr || !source->isOk()) return page;
@@ -189,7 +189,7 @@ Page ReadPage(PDFDoc& document, int number) {
   source->display(&recorder, kPointsPerInch, kPointsPerInch, 0, false, true, false);
   page.height = recorder.Height();
   page.words = WordsOf(recorder);
-  AddLinks(document, *source, page);
+  AddLinks(document, *source, base, page);
   if (page.words.empty()) {
     int forms = kMostForms;
     page.has_picture = HasPicture(source->getResourceDict(), forms);

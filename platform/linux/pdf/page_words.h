@@ -52,6 +52,7 @@ struct Page {
 };
 
 /// Reads the page with that number, from 1 on. A page that is broken has no words.
-Page ReadPage(PDFDoc& document, int number);
+/// `base`: the document's own address.
+Page ReadPage(PDFDoc& document, int number, const std::string& base);
 
 }  // namespace corvane::pdf

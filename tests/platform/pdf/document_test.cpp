@@ -22,7 +22,7 @@ class DocumentTest : public testing::Test {
   Outcome Make(const std::string& document, const std::string& password = "",
                const Limits& limits = {}) {
     page_.clear();
-    return Convert(document, password, limits, page_);
+    return Convert(document, {"https://example.org/papers/list.pdf", password}, limits, page_);
   }
   /// What stands between the begin and the end of the body.
   std::string Body(const std::string& name) {
@@ -73,6 +73,23 @@ TEST_F(DocumentTest, WithoutTagsTheOutlineGivesTheHeadings) {
   EXPECT_THAT(body, HasSubstr("<p>What comes before it on the page.</p>\n"
                               "<h1 id=\"page=3,1\">Second part</h1>\n"
                               "<p>The end.</p>\n"));
+}
+
+TEST_F(DocumentTest, LinksThatArePartsOfAddressesAreWhole) {
+  const auto leads_to = [this](std::string link) {
+    link.resize(20, ' ');
+    std::string document = test::ContentOf(std::string(CORVANE_SEEDS) + "/linked.pdf");
+    document.replace(document.find("https://example.org/"), 20, link);
+    EXPECT_EQ(Make(document), Outcome::Done);
+    const auto from = page_.find("href=\"", page_.find("href=\"#") + 1);
+    return from == std::string::npos ? ""
+                                     : page_.substr(from + 6, page_.find('"', from + 6) - from - 6);
+  };
+  EXPECT_EQ(leads_to("next.pdf"), "https://example.org/papers/next.pdf");
+  EXPECT_EQ(leads_to("/a"), "https://example.org/a");
+  EXPECT_EQ(leads_to("www.example.org"), "http://www.example.org");
+  EXPECT_EQ(leads_to("file:///etc/passwd"), "");
+  EXPECT_EQ(leads_to("javascript:alert(1)"), "");
 }
 
 TEST_F(DocumentTest, AColumnIsReadToItsEnd) {

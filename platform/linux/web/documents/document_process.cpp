@@ -13,7 +13,7 @@ namespace {
 constexpr double kMostSeconds = 60;
 constexpr std::size_t kLongestPage = std::size_t{64} << 20U;  // bytes
 constexpr gsize kPiece = gsize{256} << 10U;
-constexpr int kPasswordFile = 3;
+constexpr int kSourceFile = 3;
 
 // Which numbers the program ends with: platform/linux/pdf/document.h.
 DocumentProcess::End EndOf(int code) {
@@ -31,8 +31,8 @@ DocumentProcess::End EndOf(int code) {
   }
 }
 
-/// A pipe's end from which the text can be read: it has room for a password, and nobody
-/// else sees it there, as in arguments or the environment.
+/// A pipe's end from which the text, which is not long, can be read. Nobody else sees it
+/// there, as in arguments or the environment.
 int PipeWith(const std::string& text) {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) return -1;
@@ -47,16 +47,17 @@ using LauncherPtr = ObjectPtr<GSubprocessLauncher>;
 
 }  // namespace
 
-DocumentProcess::DocumentProcess(const std::string& program, int document,
-                                 const std::string& password, Ready ready)
+DocumentProcess::DocumentProcess(const std::string& program, const Source& source, Ready ready)
     : self_(std::make_shared<DocumentProcess*>(this)), ready_(std::move(ready)) {
   const LauncherPtr launcher(g_subprocess_launcher_new(static_cast<GSubprocessFlags>(
       G_SUBPROCESS_FLAGS_STDOUT_PIPE | G_SUBPROCESS_FLAGS_STDERR_SILENCE)));
   const char* const environment[] = {"LC_ALL=C.UTF-8", nullptr};
   g_subprocess_launcher_set_environ(launcher.get(), const_cast<char**>(environment));
   g_subprocess_launcher_set_cwd(launcher.get(), "/");
-  g_subprocess_launcher_take_stdin_fd(launcher.get(), fcntl(document, F_DUPFD_CLOEXEC, 0));
-  g_subprocess_launcher_take_fd(launcher.get(), PipeWith(password), kPasswordFile);
+  g_subprocess_launcher_take_stdin_fd(launcher.get(), fcntl(source.file, F_DUPFD_CLOEXEC, 0));
+  g_subprocess_launcher_take_fd(launcher.get(),
+                                PipeWith(source.address + std::string(1, '\0') + source.password),
+                                kSourceFile);
   GError* failure = nullptr;
   process_.reset(g_subprocess_launcher_spawn(launcher.get(), &failure, program.c_str(), nullptr));
   const ErrorPtr owner(failure);

@@ -30,10 +30,13 @@ class DocumentProcess {
   /// Called once, never before the constructor has returned.
   using Ready = std::function<void(Result)>;
 
-  /// `program`: the path of corvane-pdf. `document`: the open file, which stays the
-  /// caller's. `password` may be empty.
-  DocumentProcess(const std::string& program, int document, const std::string& password,
-                  Ready ready);
+  struct Source {
+    int file = -1;  ///< open, and stays the caller's
+    std::string address = {};
+    std::string password = {};  ///< empty: none
+  };
+  /// `program`: the path of corvane-pdf.
+  DocumentProcess(const std::string& program, const Source& source, Ready ready);
   ~DocumentProcess();
   DocumentProcess(const DocumentProcess&) = delete;
   DocumentProcess& operator=(const DocumentProcess&) = delete;

@@ -119,7 +119,7 @@ void Documents::Answer(WebKitURISchemeRequest* request) {
 
 void Documents::Make() {
   job_->process = std::make_unique<DocumentProcess>(
-      program_, job_->file.Number(), job_->password,
+      program_, DocumentProcess::Source{job_->file.Number(), job_->address, job_->password},
       [this](DocumentProcess::Result result) { Made(std::move(result)); });
 }
 
