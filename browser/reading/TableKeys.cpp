@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "base/text.h"
+#include "browser/reading/TextKinds.h"
 
 namespace corvane {
 namespace {
@@ -141,7 +141,7 @@ void TableKeys::Reach(const PageTable& table, const std::optional<TableGrid::Pla
   if (column) {
     say_headers(grid.ColumnHeaders(to.cell), from ? grid.ColumnHeaders(from->cell) : Cells());
   }
-  Add(words, CellWords(map.At(cell.span)));
+  Add(words, CellWords(cell.span));
   if (row) Add(words, RangeWords("row", cell.row, cell.rows));
   if (column) Add(words, RangeWords("column", cell.column, cell.columns));
   reached_ = map.Page().ElementOf(map.At(cell.span));
@@ -150,11 +150,11 @@ void TableKeys::Reach(const PageTable& table, const std::optional<TableGrid::Pla
   page_.GoTo(cell.span);
 }
 
-std::string TableKeys::CellWords(const PageSpan& cell) const {
-  std::string words = page_.Map()->Text(cell.start, std::min(cell.length, kLongestWords));
-  if (pane_.manner.text_kinds) {
-    words = page_.LineWords(pane_.state.page_text + cell.start, words);
-  }
+std::string TableKeys::CellWords(std::size_t span) const {
+  const TextMap& map = *page_.Map();
+  const PageSpan& cell = map.At(span);
+  std::string words = map.Text(cell.start, std::min(cell.length, kLongestWords));
+  if (pane_.manner.text_kinds) words = LineWithKinds(map, cell.start, words, span + 1);
   words = OneLine(words);
   return words.empty() ? "blank" : words;
 }

@@ -31,7 +31,7 @@ class TableKeys {
   TableGrid::Place PlaceIn(const PageTable& table, std::size_t cell) const;
   void Reach(const PageTable& table, const std::optional<TableGrid::Place>& from,
              const TableGrid::Place& to);
-  std::string CellWords(const PageSpan& cell) const;
+  std::string CellWords(std::size_t span) const;
 
   PaneContext& pane_;
   PageInPane& page_;

@@ -183,7 +183,8 @@ std::string ReachedWords(const TextMap& map, const PageSpan& span) {
   return Joined({map.Words(shown), KindWords(span), StatesOf(span)});
 }
 
-std::string LineWithKinds(const TextMap& map, int start, const std::string& line) {
+std::string LineWithKinds(const TextMap& map, int start, const std::string& line,
+                          std::size_t from) {
   const int end = start + static_cast<int>(text::length(line));
   const auto [first, behind] = map.BeginningIn(start, end);
   Spoken spoken;
@@ -200,7 +201,7 @@ std::string LineWithKinds(const TextMap& map, int start, const std::string& line
       open.pop_back();
     }
   };
-  for (std::size_t i = first; i < behind; ++i) {
+  for (std::size_t i = std::max(first, from); i < behind; ++i) {
     const PageSpan& span = map.At(i);
     close_until(span.start);
     say_until(span.start);

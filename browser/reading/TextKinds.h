@@ -15,7 +15,9 @@ std::string KindWords(const PageSpan& span);
 std::string ReachedWords(const TextMap& map, const PageSpan& span);
 
 /// A line of the text, and in it what begins there: "heading level 2, Prices",
-/// "list of 3, bullet, first". `start`: of the line in the text.
-std::string LineWithKinds(const TextMap& map, int start, const std::string& line);
+/// "list of 3, bullet, first". `start`: of the line in the text. `from`: the first span
+/// that is said, for a part of a line.
+std::string LineWithKinds(const TextMap& map, int start, const std::string& line,
+                          std::size_t from = 0);
 
 }  // namespace corvane
