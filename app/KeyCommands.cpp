@@ -61,6 +61,8 @@ constexpr std::array kCommands = {
     KeyCommand{kKeyF12, 0, "F12",
                "lets more or fewer of the words be heard that the page says by itself",
                [](Target t) { t.pane.StepThroughLiveWords(); }},
+    KeyCommand{'E', kCtrlMask | kShiftMask, "Ctrl+Shift+E", "lists the elements of the page",
+               nullptr, [](Target t) { return t.pane.ShowElements(t.form); }},
     KeyCommand{'F', kCtrlMask, "Ctrl+F", "finds words in the page", Do<Page::Find>},
     KeyCommand{kKeyF3, 0, "F3", "finds the next place", Do<Page::FindNext>},
     KeyCommand{kKeyF3, kShiftMask, "Shift+F3", "finds the place before", Do<Page::FindPrevious>},
@@ -102,7 +104,7 @@ constexpr std::array kCommands = {
 std::span<const KeyCommand> AllKeyCommands() { return kCommands; }
 
 KeyCommands::KeyCommands(Form& form, MenuCommands& commands, ctlWebBrowser& pane, KeyHelp& help)
-    : target_{commands, pane, help} {
+    : target_{commands, pane, help, form} {
   connections_ += form.KeyDown.Connect([this](KeyEvent& key) { Form_KeyDown(key); });
 }
 

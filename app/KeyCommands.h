@@ -17,6 +17,7 @@ struct KeyCommand {
     MenuCommands& commands;
     ctlWebBrowser& pane;
     KeyHelp& help;
+    Form& form;
   };
 
   int KeyCode;

@@ -6,8 +6,13 @@ namespace corvane {
 
 AutoFocus::AutoFocus(PaneContext& pane, SideBar& side_bar) : pane_(pane), side_bar_(side_bar) {
   PaneControls& c = pane_.controls;
-  connections_ += c.ctlText1.Text1().GotFocus.Connect([this] { Name("Text Box"); });
+  connections_ += c.ctlText1.Text1().GotFocus.Connect([this] {
+    const auto words = std::exchange(pane_.state.arriving, std::nullopt);
+    if (!words) return Name("Text Box");
+    if (!words->empty()) pane_.announcer.Say(*words);
+  });
   connections_ += c.brwWebBrowser->GotFocus.Connect([this] {
+    pane_.state.arriving.reset();  // the text pane has been passed over
     // The element that the focus is led into says itself.
     if (!std::exchange(pane_.state.entering, false)) Name("WebBrowser");
   });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "base/manner.h"
@@ -33,7 +34,10 @@ struct PaneState {
   /// An address is being typed: a page that is there at last must not take it, or the
   /// focus, from under the user's fingers.
   bool typing = false;
-  bool entering = false;    ///< the focus is about to be led into an element of the page
+  bool entering = false;  ///< the focus is about to be led into an element of the page
+  /// What is said in place of the text pane's name when the focus comes there next; empty
+  /// for nothing.
+  std::optional<std::string> arriving;
   bool by_history = false;  ///< the user has gone back or forward, and no page has come yet
   bool quiet = false;       ///< the focus is moved for the user: the page's title is not cut off
 };

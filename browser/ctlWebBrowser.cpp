@@ -27,6 +27,7 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop, const Manner& manner)
       favorites_(pane_, side_bar_),
       help_(pane_, side_bar_),
       page_in_pane_(pane_),
+      elements_dialog_(pane_, page_in_pane_),
       quick_keys_(pane_, page_in_pane_),
       spelling_(pane_),
       echo_(pane_, page_in_pane_),
@@ -86,6 +87,12 @@ bool ctlWebBrowser::SpellWord() {
 bool ctlWebBrowser::SpellLine() {
   if (pane_.manner.today) spelling_.SpellLine();
   return pane_.manner.today;
+}
+
+bool ctlWebBrowser::ShowElements(Form& owner) {
+  if (!pane_.manner.today) return false;
+  ErrorsIgnored([&] { elements_dialog_.Show(owner); });
+  return true;
 }
 
 void ctlWebBrowser::Terminate() {

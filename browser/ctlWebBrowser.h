@@ -18,6 +18,7 @@
 #include "browser/Places.h"
 #include "browser/ReadOn.h"
 #include "browser/SideBar.h"
+#include "browser/reading/ElementsDialog.h"
 #include "browser/reading/PageInPane.h"
 #include "browser/reading/QuickKeys.h"
 #include "browser/reading/Spelling.h"
@@ -102,6 +103,9 @@ class ctlWebBrowser {
   /// Spell what is at the caret; false, and nothing done, in the established manner.
   bool SpellWord();
   bool SpellLine();
+  /// Lists the page's elements over the window; false, and nothing done, in the
+  /// established manner.
+  bool ShowElements(Form& owner);
   void HideButtonToolBar(bool hide) {
     areas_.KeepFocus([&] { layout_.HideButtonToolBar(hide); });
   }
@@ -149,6 +153,7 @@ class ctlWebBrowser {
   FavoriteCommands favorites_;
   HelpOutline help_;
   PageInPane page_in_pane_;
+  ElementsDialog elements_dialog_;
   QuickKeys quick_keys_;  // has the text pane's keys before the echo
   Spelling spelling_;
   CaretEcho echo_;

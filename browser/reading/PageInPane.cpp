@@ -92,6 +92,13 @@ void PageInPane::Shown() {
   if (coming_) Ask();
 }
 
+bool PageInPane::IsKnown() const {
+  if (map_) return true;
+  pane_.announcer.Say(coming_ ? "The page is still being read"
+                              : "What stands where in this page is not known");
+  return false;
+}
+
 void PageInPane::Ask() {
   asking_ = pane_.controls.brwWebBrowser->DescribeText(
       [this](const PageTextPtr& text) { ErrorsIgnored([&] { Take(text); }); });

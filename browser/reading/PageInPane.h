@@ -21,6 +21,8 @@ class PageInPane {
   const TextMap* Map() const { return map_.get(); }
   /// Whether it is still to come.
   bool IsComing() const { return coming_; }
+  /// Whether it is known; says so where it is not.
+  bool IsKnown() const;
 
   /// The caret's place in the page's text; below 0 in front of it.
   int Caret() const;

@@ -159,21 +159,14 @@ bool QuickKeys::Carry(int code, Way way) {
 bool QuickKeys::CarryInTable(int code) {
   const auto step = TableKeys::StepOf(code);
   if (!step) return false;
-  if (HasCome()) tables_.Go(*step);
+  if (page_.IsKnown()) tables_.Go(*step);
   return true;
 }
 
 // Who is quicker than the page is led there as soon as it has come.
 bool QuickKeys::IsReady(int code, Way way) {
   if (page_.Map() == nullptr && page_.IsComing()) early_ = {code, way};
-  return HasCome();
-}
-
-bool QuickKeys::HasCome() {
-  if (page_.Map() != nullptr) return true;
-  pane_.announcer.Say(page_.IsComing() ? "The page is still being read"
-                                       : "What stands where in this page is not known");
-  return false;
+  return page_.IsKnown();
 }
 
 void QuickKeys::Go(Way way, const TextMap::Wanted& wanted, const std::string& name) {

@@ -29,7 +29,6 @@ class QuickKeys {
   bool CarryInTable(int code);
   bool Carry(int code, TextMap::Way way);
   bool IsReady(int code, TextMap::Way way);
-  bool HasCome();
   void Go(TextMap::Way way, const TextMap::Wanted& wanted, const std::string& name);
   void GoBehindLinks(TextMap::Way way);
   void Act();
