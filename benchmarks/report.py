@@ -19,6 +19,7 @@ sys.path.insert(0, str(SOURCE / "tests/e2e"))
 import documents  # noqa: E402  (this and the four next lie beside this file)
 import keys  # noqa: E402
 import leaving  # noqa: E402
+import lists  # noqa: E402
 import trees  # noqa: E402
 from measured import Browser, median, p95, row  # noqa: E402
 import processes  # noqa: E402  (this and the next lie beside the end-to-end tests)
@@ -233,6 +234,8 @@ def main():
     for figures in leaving.rows(build, base):
         row(*figures)
     for figures in trees.rows(build, base):
+        row(*figures)
+    for figures in lists.rows(build, base):
         row(*figures)
     engine_rows(json_lines(build / "bin/web_bench"))
     speech = json_lines(build / "bin/speech_bench")

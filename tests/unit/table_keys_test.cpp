@@ -62,8 +62,8 @@ TEST_F(TableKeysTest, WhatChangesIsSaidWithItsHeaderInFront) {
   p.Spoken();
   EXPECT_THAT(Heard({kKeyDown, kKeyDown, kKeyRight, kKeyRight, kKeyDown, kKeyUp, kKeyLeft}),
               ElementsAre("Fruit, row 1, column 1", "Apples, row 2", "Kilo, 3, column 2",
-                          "Pound, 2, column 3", "Pears, by link, request, row 3", "Apples, 2, row 2",
-                          "Kilo, 3, column 2"));
+                          "Pound, 2, column 3", "Pears, by link, request, row 3",
+                          "Apples, 2, row 2", "Kilo, 3, column 2"));
   EXPECT_EQ(AtCaret(), "3\t2\nP");
 }
 
@@ -99,10 +99,10 @@ TEST_F(TableKeysTest, AtTheEdgeThePlaceStays) {
   EXPECT_THAT(Heard({kKeyRight}), ElementsAre("Not in a table"));
   p.TextPane().Press('T', 0, 't');
   p.Spoken();
-  EXPECT_THAT(Heard({kKeyEnd, kKeyDown, kKeyRight, kKeyHome, kKeyLeft, kKeyUp}),
-              ElementsAre("Pears, Pound, by link, request, row 3, column 3", "Edge of table",
-                          "Edge of table", "Fruit, row 1, column 1", "Edge of table",
-                          "Edge of table"));
+  EXPECT_THAT(
+      Heard({kKeyEnd, kKeyDown, kKeyRight, kKeyHome, kKeyLeft, kKeyUp}),
+      ElementsAre("Pears, Pound, by link, request, row 3, column 3", "Edge of table",
+                  "Edge of table", "Fruit, row 1, column 1", "Edge of table", "Edge of table"));
   EXPECT_EQ(AtCaret(), "Fruit");
 }
 

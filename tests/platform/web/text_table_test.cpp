@@ -161,7 +161,8 @@ TEST_F(TextTableTest, AllRowsThatAreEmptyAndCellsOutsideOfRowsCostNothing) {
 
 TEST_F(TextTableTest, AHostileTableIsBounded) {
   Load(
-      "<table id=t><caption>T</caption></table><div role=grid id=g></div><table id=w></table><script>"
+      "<table id=t><caption>T</caption></table><div role=grid id=g></div><table "
+      "id=w></table><script>"
       "let html = '';"
       "for (let i = 0; i < 3; i++) html += `<th rowspan=1000000000>${i}`;"
       "html = `<tr>${html}`; for (let i = 0; i < 20; i++) html += '<tr><td rowspan=0>x<td>y';"
