@@ -139,6 +139,7 @@ bool HasPicture(Dict* resources, int& forms) {
 Word WordOf(const TextWord& word, const Recorder& recorder) {
   Word made;
   std::vector<char32_t> letters;
+  letters.reserve(static_cast<std::size_t>(word.getLength()));
   for (int i = 0; i < word.getLength(); ++i) letters.push_back(*word.getChar(i));
   made.text = WordText(letters);
   word.getBBox(&made.box.left, &made.box.top, &made.box.right, &made.box.bottom);

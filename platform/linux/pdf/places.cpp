@@ -29,7 +29,7 @@ std::string NameOfPage(int page) { return "page=" + std::to_string(page); }
 
 std::string Places::AddressOf(const Target& target) {
   if (!target.IsPlace()) return target.address;
-  const std::string page = "#" + NameOfPage(target.page);
+  std::string page = "#" + NameOfPage(target.page);
   const int top = static_cast<int>(std::lround(std::min(target.top, 1e6)));
   if (top <= 0) return page;
   const int number = static_cast<int>(numbers_.size()) + 1;

@@ -32,7 +32,6 @@ Node::Kind KindOf(StructElement::Type type) {
     case StructElement::H6:
       return Node::Kind::Heading;
     case StructElement::L:
-      return Node::Kind::List;
     case StructElement::TOC:
       return Node::Kind::List;
     case StructElement::LI:

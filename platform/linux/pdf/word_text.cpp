@@ -102,6 +102,7 @@ void PutInReadingOrder(std::vector<Word>& words) {
   const bool from_right = right >= left;
   // The blanks lie between words, whichever way these are read.
   std::vector<bool> blanks;
+  blanks.reserve(words.size());
   for (const Word& word : words) blanks.push_back(word.blank_after);
   if (from_right) {
     std::reverse(words.begin(), words.end());

@@ -119,10 +119,10 @@ DocumentProcess::Result DocumentProcess::ResultOf() const {
 }
 
 // Whoever is told lets go of this.
-void DocumentProcess::Finish(Result result) {
+void DocumentProcess::Finish(const Result& result) {
   limit_.Cancel();
   const Ready ready = std::exchange(ready_, nullptr);
-  if (ready) ready(std::move(result));
+  if (ready) ready(result);
 }
 
 }  // namespace corvane::desktop

@@ -28,7 +28,7 @@ class DocumentProcess {
   };
 
   /// Called once, never before the constructor has returned.
-  using Ready = std::function<void(Result)>;
+  using Ready = std::function<void(const Result&)>;
 
   struct Source {
     int file = -1;  ///< open, and stays the caller's
@@ -45,7 +45,7 @@ class DocumentProcess {
   void Read();
   void TakePiece(GBytes* piece);
   void WaitForEnd();
-  void Finish(Result result);
+  void Finish(const Result& result);
   Result ResultOf() const;
 
   std::shared_ptr<DocumentProcess*> self_;  // answers that come later find it gone

@@ -120,10 +120,10 @@ void Documents::Answer(WebKitURISchemeRequest* request) {
 void Documents::Make() {
   job_->process = std::make_unique<DocumentProcess>(
       program_, DocumentProcess::Source{job_->file.Number(), job_->address, job_->password},
-      [this](DocumentProcess::Result result) { Made(std::move(result)); });
+      [this](const DocumentProcess::Result& result) { Made(result); });
 }
 
-void Documents::Made(DocumentProcess::Result result) {
+void Documents::Made(const DocumentProcess::Result& result) {
   job_->process.reset();
   if (result.end == DocumentProcess::End::Locked) return AskPassword();
   if (result.end != DocumentProcess::End::Done) {

@@ -49,7 +49,7 @@ class Documents {
 
   void Fetch(WebKitDownload* download, bool check_kind);
   void Make();
-  void Made(DocumentProcess::Result result);
+  void Made(const DocumentProcess::Result& result);
   void AskPassword();
   void GiveAnswer(const std::string& page);
   void Fail(const Problem& problem);
