@@ -109,6 +109,9 @@ def report(path, web="https://example.org/", password=None):
     heading("Contents", "contents", 0, 760)
     link("Go to the second part", 50, 700,
          lambda area: page.linkRect("", "second", area, relative=0))
+    entry = "Part two " + ". " * 20
+    page.drawString(50, 680, entry)
+    link("3", 50 + page.stringWidth(entry), 680, lambda area: page.linkRect("", "second", area, relative=0))
     link("Go out", 50, 660, lambda area: page.linkURL(web, area))
     page.showPage()
     heading("First part", "first", 0, 760)

@@ -9,6 +9,9 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+
+#include "platform/linux/pdf/word_text.h"
 
 namespace corvane::pdf {
 namespace {
@@ -76,6 +79,25 @@ Target PlaceOf(PDFDoc& document, const LinkDest& place) {
   return target;
 }
 
+// In a table of contents the page's number alone is often a link, which says nothing.
+void WidenEntries(std::vector<Word>& words) {
+  for (auto start = words.begin(); start != words.end();) {
+    const auto end = std::find_if(start, words.end(),
+                                  [&](const Word& word) { return word.line != start->line; });
+    const int link = std::prev(end)->link;
+    std::size_t dots = 0;
+    bool alone = link >= 0;
+    for (auto word = start; word != end; ++word) {
+      dots += DotsOf(*word);
+      alone = alone && (word->link < 0 || word->link == link);
+    }
+    if (alone && dots >= kFewestDots) {
+      std::for_each(start, end, [link](Word& word) { word.link = link; });
+    }
+    start = end;
+  }
+}
+
 }  // namespace
 
 Target TargetOf(PDFDoc& document, const LinkAction* action, const std::string& base) {
@@ -115,6 +137,7 @@ void AddLinks(PDFDoc& document, ::Page& source, const std::string& base, Page& p
     // A link is often cut in two at the end of a line.
     if (any) page.links.push_back(std::move(target));
   }
+  WidenEntries(page.words);
 }
 
 }  // namespace corvane::pdf

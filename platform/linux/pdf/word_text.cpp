@@ -159,6 +159,10 @@ Joint JointOf(const Word& word, const Word& next) {
   return goes_on && !word.blank_after ? Joint::Nothing : Joint::Blank;
 }
 
+std::size_t DotsOf(const Word& word) {
+  return word.text.find_first_not_of('.') == std::string::npos ? word.text.size() : 0;
+}
+
 std::string Essence(std::string_view text) {
   std::string essence;
   for (const char *at = text.data(), *end = at + text.size(); at < end; at = g_utf8_next_char(at)) {

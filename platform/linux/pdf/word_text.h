@@ -30,6 +30,11 @@ enum class Joint {
 Joint JointOf(const Word& word, const Word& next);
 void TakeHyphenAway(std::string& text);
 
+/// How many dots the word is made of; 0 where there is anything else in it.
+std::size_t DotsOf(const Word& word);
+/// From so many on they are a line for the eye, between an entry and its page.
+inline constexpr std::size_t kFewestDots = 4;
+
 /// Letters and figures of the text only, in lower case: to compare headings.
 std::string Essence(std::string_view text);
 

@@ -66,6 +66,7 @@ TEST_F(DocumentTest, WithoutTagsTheOutlineGivesTheHeadings) {
   const std::string body = Body("report");
   EXPECT_THAT(body, HasSubstr("<h1>Contents</h1>\n"
                               "<p><a href=\"#page=3,1\">Go to the second part</a></p>\n"
+                              "<p><a href=\"#page=3,1\">Part two 3</a></p>\n"
                               "<p><a href=\"https://example.org/\">Go out</a></p>\n"
                               "</section>\n"
                               "<section id=\"page=2\" aria-label=\"Page 2\">\n"

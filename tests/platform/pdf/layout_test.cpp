@@ -22,6 +22,14 @@ class LayoutTest : public testing::Test {
     word.box = {where.left, top, where.left + where.width, top + where.size};
     word.size = where.size;
     word.line = line_++;
+    word.block = block_;
+    page_.words.push_back(word);
+  }
+  /// Another word on the line.
+  void Continue(const std::string& text) {
+    page_.words.back().blank_after = true;
+    Word word = page_.words.back();
+    word.text = text;
     page_.words.push_back(word);
   }
   void Line(const std::string& text, double top) { Line(text, top, {}); }
@@ -36,6 +44,7 @@ class LayoutTest : public testing::Test {
 
   Page page_;
   int line_ = 0;
+  int block_ = 0;
 };
 
 TEST_F(LayoutTest, LinesThatFollowEachOtherAreOneParagraph) {
@@ -71,6 +80,40 @@ TEST_F(LayoutTest, AShortLineThatEndsASentenceEndsTheParagraph) {
   Line("two.", 112, {.width = 100});
   Line("three", 124);
   EXPECT_THAT(Read(), ElementsAre("one two.", "three"));
+}
+
+TEST_F(LayoutTest, SignsInAColumnOfTheirOwnStandBeforeTheirLines) {
+  const Where column{.left = 50, .width = 12};
+  const Where text{.left = 80, .width = 300};
+  Line("1.", 100, column);
+  Line("2.", 112, column);
+  block_ = 1;
+  Line("one", 100, text);
+  Line("two", 112, text);
+  Line("more", 124, text);
+  EXPECT_THAT(Read(), ElementsAre("1. one", "2. two more"));
+}
+
+TEST_F(LayoutTest, ANumberWithNothingBesideItStandsByItself) {
+  Line("12", 100, {.left = 500, .width = 12});
+  block_ = 1;
+  Line("one", 100);
+  EXPECT_THAT(Read(), ElementsAre("12", "one"));
+}
+
+TEST_F(LayoutTest, ABulletBeginsAParagraph) {
+  Line("\u2022", 100, {.width = 5});
+  Line("one", 112);
+  Line("\u2022", 124, {.width = 5});
+  EXPECT_THAT(Read(), ElementsAre("\u2022 one", "\u2022"));
+}
+
+TEST_F(LayoutTest, DotsBetweenAnEntryAndItsPageAreNotRead) {
+  Line("Contents", 100);
+  for (const char* word : {".", ".", ".", ".", "5"}) Continue(word);
+  Line("wait", 112);
+  Continue("...");
+  EXPECT_THAT(Read(), ElementsAre("Contents 5", "wait ..."));
 }
 
 TEST_F(LayoutTest, AWordThatALineBreaksIsWhole) {

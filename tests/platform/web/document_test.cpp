@@ -126,10 +126,10 @@ TEST_F(DocumentTest, WhatHasBecomeAnOrdinaryPageIsShownAsOne) {
 
 TEST_F(DocumentTest, LinksWithinTheDocumentLeadToTheirPlace) {
   view_.Go(Address("report"));
-  ASSERT_EQ(view_.Document()->links.size(), 2U);
+  ASSERT_EQ(view_.Document()->links.size(), 3U);
   const std::string place = view_.Document()->links[0]->href;
   EXPECT_EQ(place, Address("report") + "#page=3,1");
-  EXPECT_EQ(view_.Document()->links[1]->href, "https://example.org/");
+  EXPECT_EQ(view_.Document()->links[2]->href, "https://example.org/");
   ASSERT_TRUE(view_->GoToPlace(place));
   ASSERT_TRUE(WaitUntil([&] { return !view_.places.empty(); }));
   EXPECT_EQ(view_.places[0].words, "Second part");
