@@ -60,7 +60,7 @@ std::string WholeAddress(std::string address, const std::string& base) {
   if (!base.starts_with("http")) return {};
   char* whole =
       g_uri_resolve_relative(base.c_str(), address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
-  const std::string resolved = whole == nullptr ? "" : whole;
+  std::string resolved = whole == nullptr ? "" : whole;
   g_free(whole);
   return resolved;
 }
