@@ -24,6 +24,20 @@ std::string DocumentOf(const std::string& name) {
   return test::ContentOf(std::string(CORVANE_DOCUMENTS) + "/" + name + ".pdf");
 }
 
+// Of this program alone: others come to documents at the same time.
+const test::TemporaryFolder temporary;
+[[maybe_unused]] const bool is_set = g_setenv("TMPDIR", temporary.Path().c_str(), TRUE);
+
+/// The folders that documents come to.
+std::vector<std::string> PrivateFolders() {
+  std::vector<std::string> folders;
+  for (const auto& entry : std::filesystem::directory_iterator(temporary.Path())) {
+    const std::string name = entry.path().filename();
+    if (name.starts_with("corvane-document-")) folders.push_back(name);
+  }
+  return folders;
+}
+
 class DocumentTest : public testing::Test {
  protected:
   EngineOptions Options() {
@@ -218,9 +232,11 @@ TEST_F(DocumentTest, StopEndsTheWaitForADocument) {
   view_.Go(server_.Url());
   ASSERT_TRUE(Awaits(server_.Url("/slow.pdf")));
   EXPECT_TRUE(view_->Busy());
+  ASSERT_TRUE(WaitUntil([] { return !PrivateFolders().empty(); }));
   Do(&EngineView::Stop);
   EXPECT_EQ(Title(), "A");
   EXPECT_EQ(view_->LocationURL(), server_.Url());
+  EXPECT_TRUE(WaitUntil([] { return PrivateFolders().empty(); }));
   view_.Go(Address("tagged"));
   EXPECT_EQ(Title(), "Opening hours & more");
 }

@@ -28,6 +28,22 @@ OpenFile Open(const std::string& path) {
   return {};
 }
 
+void Remove(const std::string& folder) {
+  std::error_code error;
+  std::filesystem::remove_all(folder, error);
+}
+
+/// Removes the folder once more when the download that has been given up is over: the
+/// engine may still be about to write there.
+void RemoveWhenOver(WebKitDownload* download, const std::string& folder) {
+  g_signal_connect_data(
+      download, "finished", G_CALLBACK(+[](WebKitDownload*, gpointer data) {
+        Remove(*static_cast<const std::string*>(data));
+      }),
+      new std::string(folder),
+      [](gpointer data, GClosure*) { delete static_cast<std::string*>(data); }, G_CONNECT_AFTER);
+}
+
 }  // namespace
 
 OpenFile::~OpenFile() {
@@ -81,12 +97,13 @@ DocumentFetch::~DocumentFetch() {
 
 void DocumentFetch::GiveUp() {
   g_signal_handlers_disconnect_by_data(download_.get(), this);
-  if (!std::exchange(over_, true)) webkit_download_cancel(download_.get());
+  if (std::exchange(over_, true)) return;
+  if (!folder_.empty()) RemoveWhenOver(download_.get(), folder_);
+  webkit_download_cancel(download_.get());
 }
 
 void DocumentFetch::RemoveFolder() {
-  std::error_code error;
-  if (!folder_.empty()) std::filesystem::remove_all(std::exchange(folder_, ""), error);
+  if (!folder_.empty()) Remove(std::exchange(folder_, ""));
 }
 
 void DocumentFetch::Begin() {
