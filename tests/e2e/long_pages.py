@@ -38,7 +38,7 @@ class Manual(html.parser.HTMLParser):
         attributes = dict(attrs)
         if re.fullmatch("h[1-6]", tag):
             self._begin(tag, "heading", level=tag[1])
-        elif tag == "a" and "href" in attributes:
+        elif tag == "a" and "href" in attributes and attributes.get("class") != "copiable-link":  # is hidden
             self._begin(tag, "link")
         elif tag == "table":
             for _, kind, entry in self._open:
@@ -138,7 +138,7 @@ def application(count):
                  x=f"All of {n}, check box, partly checked")
         page.add(f"<div><template shadowrootmode=open><h4>Shaded {n}</h4><a href=/page/{n}><slot></slot></a>"
                  f"</template>given {n}</div>", h=f"Shaded {n}, heading level 4", k=f"given {n}, link")
-        page.add("<p hidden><a href=/>hidden</a><button>no</button></p><p style='visibility:hidden'><a href=/>not seen</a>")
+        page.add("<p hidden><a href=/>hidden</a><button>no</button></p><p style='visibility:hidden'><a href=/>not seen</a></p>")
         page.add(f"<iframe title='Frame {n}' srcdoc='<h5>Framed {n}</h5>'></iframe>", o=f"Frame {n}, frame",
                  h=f"Framed {n}, heading level 5")
         page.add("</section>")

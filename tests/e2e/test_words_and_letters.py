@@ -1,6 +1,7 @@
 """What was heard badly: spelled, said again, copied; and keys that say what they do."""
 import unittest
 
+from harness import wait_until
 from text_pane import TextPaneTest
 
 
@@ -52,18 +53,26 @@ class WordsAndLetters(TextPaneTest):
         self.assertEqual(corvane.focused_name(), "Text")
 
     def test_reading_goes_to_and_fro_and_on_from_what_was_found(self):
-        corvane = self.begin_in_text("/tale.html", "A tale", "goes on")
+        corvane = self.begin_in_text("/sentences.html", "Long sentences", "The fourth")
         corvane.transcript.mark()
         corvane.keys("ctrl+f")
         self.said("Find in page. Find, edit box, empty")
-        corvane.type("second goes")
+        corvane.type("the second one is")
         corvane.keys("Return")
-        self.said("1 of 1: The second goes on. The third ends it.")
+        wait_until(lambda: any(words.startswith("1 of 1: ") for words in corvane.transcript.spoken()), "the place")
         self.quiet()
+        for key, ordinal in (("F7", "second"), ("Left", "first"), ("Right", "second"), ("Down", "third"),
+                             ("Down", "fourth"), ("Left", "third"), ("Up", "first")):
+            corvane.transcript.mark()
+            corvane.keys(key)
+            wait_until(corvane.transcript.spoken, f"words for {key}")
+            self.assertIn(f"The {ordinal} ", corvane.transcript.spoken()[0], key)
         corvane.transcript.mark()
-        corvane.keys("F7", "Left", "Left", "Up", "Right", "Control_L")
+        corvane.keys("Control_L")
         self.quiet()
-        print(corvane.transcript.spoken())
+        corvane.keys("F7")
+        wait_until(corvane.transcript.spoken, "the words that were cut off")
+        self.assertIn("The first ", corvane.transcript.spoken()[0])
 
 
 if __name__ == "__main__":
