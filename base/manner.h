@@ -33,6 +33,8 @@ struct Manner {
   bool text_kinds = false;
   /// Letters lead through the page's text in the text pane. False: they write there.
   bool quick_keys = false;
+  /// The page's structure in the side bar has headings, landmarks and tables, too.
+  bool more_structure = false;
   /// Which words are heard that a page says by itself.
   LiveWordsHeard live_words = LiveWordsHeard::None;
   /// Keys beside letters and digits are named by words. False: by the character

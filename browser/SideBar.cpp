@@ -3,8 +3,10 @@
 #include <utility>
 
 #include "browser/LinkFile.h"
+#include "browser/reading/ElementLists.h"
 #include "explorer/CDirectory.h"
 #include "explorer/CHTMLStructure.h"
+#include "explorer/CPageElements.h"
 #include "explorer/mIShellFolder.h"
 
 namespace corvane {
@@ -129,10 +131,32 @@ void SideBar::ShowStructure(const HTMLDocumentPtr& document) {
   }
   const auto root = std::make_shared<CHTMLStructure>(pane_.desktop);
   root->setChild({document, nullptr, 0}, CHTMLStructure::kDocument);
+  if (pane_.manner.more_structure) root->AddBelow([this] { return MoreBranches(); });
   if (shown_ != mine) return;
   pane_.controls.TreeView1->SetImageList(page_images_.get());
   explorer_.SetRoot(root);
   Made();
+}
+
+// Asked for when the document's node is opened: the text comes behind the page's title.
+ExplorerItems SideBar::MoreBranches() const {
+  const TextMap* map = map_ ? map_() : nullptr;
+  if (map == nullptr) return {};
+  ExplorerItems branches;
+  for (const auto list : {ElementList::Headings, ElementList::Landmarks, ElementList::Tables}) {
+    std::vector<CPageElements::Entry> entries;
+    for (auto& each : Listed(*map, list)) entries.push_back({std::move(each.words), each.element});
+    branches.push_back(CPageElements::Branch(NameOf(list), std::move(entries),
+                                             CHTMLStructure::kAnchors, CHTMLStructure::kAnchor));
+  }
+  return branches;
+}
+
+bool SideBar::FollowElement(TreeNode& node) {
+  const auto item = std::dynamic_pointer_cast<CPageElements>(explorer_.GetItemObject(node));
+  if (!item || item->Element().document.empty()) return false;
+  ElementChosen.Raise(item->Element());
+  return true;
 }
 
 void SideBar::Made() {
@@ -213,6 +237,7 @@ void SideBar::Explain(TreeNode& node) {
 
 // What leads nowhere can still be opened; a leaf that leads nowhere says so.
 void SideBar::Follow(TreeNode& node, int content) {
+  if (content == kSideBarPageStructure && FollowElement(node)) return;
   const std::string address = AddressOf(node, content);
   if (address.empty()) {
     if (node.Children() > 0) {

@@ -1,13 +1,16 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "browser/AccessibilityView.h"
 #include "browser/Favorites.h"
 #include "browser/PaneContext.h"
 #include "browser/PaneLayout.h"
 #include "browser/PaneSettings.h"
+#include "browser/reading/TextMap.h"
 #include "explorer/CExplorer.h"
 
 namespace corvane {
@@ -47,6 +50,11 @@ class SideBar {
   /// it still exists.
   void FavoritesChanged(const std::string& select_path = {});
 
+  /// Where the elements of the page's text are looked up; null while they are not known.
+  void LookUpElements(std::function<const TextMap*()> map) { map_ = std::move(map); }
+  /// An element of the page's text was chosen.
+  Event<const PageElement&> ElementChosen;
+
   void TreeView1_DblClick();
 
  private:
@@ -54,6 +62,8 @@ class SideBar {
   unsigned Begin();
   void ShowStructure(const HTMLDocumentPtr& document);
   void Made();
+  ExplorerItems MoreBranches() const;
+  bool FollowElement(TreeNode& node);
   void ShowFolder(const std::string& path);
   std::string HistoryPath() const;
   void Explain(TreeNode& node);
@@ -75,6 +85,7 @@ class SideBar {
   std::shared_ptr<ImageList> icons_large_;
   std::shared_ptr<ImageList> icons_small_;
   std::unique_ptr<ImageList> page_images_;
+  std::function<const TextMap*()> map_;
   bool outline_ = false;    // the tree shows a text outline
   unsigned shown_ = 0;      // counts what was shown: a newer content makes an older one stop
   bool say_first_ = false;  // when the content has been made: the user waits for it in the tree

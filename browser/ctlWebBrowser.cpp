@@ -35,6 +35,10 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop, const Manner& manner)
       read_on_(pane_, page_in_pane_, echo_),
       reader_(pane_, navigation_, elements_, links_, side_bar_),
       areas_(pane_, navigation_) {
+  side_bar_.LookUpElements([this] { return page_in_pane_.Map(); });
+  connections_ += side_bar_.ElementChosen.Connect([this](const PageElement& element) {
+    elements_dialog_.Lead({element, false});
+  });
   PaneMenu& menu = pane_.menu;
   connections_ += menu.mnuTextHistory.Click.Connect([this](int i) { mnuTextHistory_Click(i); });
   connections_ += menu.mnuHome.Click.Connect([this](int i) { mnuHome_Click(i); });

@@ -103,6 +103,9 @@ ExplorerItems CHTMLStructure::IExplorerItem_GetChildren(CExplorer&, TreeNode&) {
       case kFrame:
         for (const Kind kind : {kLinks, kFrames, kAnchors, kForms})
           Add(items, {document, {}, 0}, kind);
+        if (branches_) {
+          for (auto& branch : branches_()) items.push_back(std::move(branch));
+        }
         break;
       case kLinks:
         elements(Required(document).links, kLink);

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -43,6 +45,9 @@ class CHTMLStructure : public IExplorerItem {
   /// Lets waiting events run, then takes the object and reads its label.
   void setChild(PageObject object, Kind kind);
 
+  /// Further branches of the document, below its own. Asked for when they are to be shown.
+  void AddBelow(std::function<ExplorerItems()> branches) { branches_ = std::move(branches); }
+
   /// The address of the document that the item is or stands in.
   std::string Location() const;
 
@@ -67,6 +72,7 @@ class CHTMLStructure : public IExplorerItem {
   std::string text_;
   std::string href_;
   bool has_children_ = false;
+  std::function<ExplorerItems()> branches_;
 };
 
 }  // namespace corvane
