@@ -15,7 +15,6 @@ bool Is(const HTMLElement& input, const char* type) {
   return text::same_ignoring_case(input.type, type);
 }
 
-
 std::string Described(const HTMLElement& input, const Manner& manner) {
   if (Is(input, "radio") || Is(input, "checkbox")) {
     const std::string after = Beside(input.text_after_end, input, manner);

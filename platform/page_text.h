@@ -84,7 +84,7 @@ struct PageText {
   std::vector<PageSpan> spans;
   std::vector<std::string> documents;
   std::vector<PageTable> tables;  ///< those inside of others in front of these
-  int selected = -1;  ///< where what is selected in the page begins; -1: nothing is
+  int selected = -1;              ///< where what is selected in the page begins; -1: nothing is
 
   PageElement ElementOf(const PageSpan& span) const {
     return {documents[static_cast<std::size_t>(span.document)], span.number};

@@ -38,7 +38,7 @@ class Manual(html.parser.HTMLParser):
         attributes = dict(attrs)
         if re.fullmatch("h[1-6]", tag):
             self._begin(tag, "heading", level=tag[1])
-        elif tag == "a" and "href" in attributes and attributes.get("class") != "copiable-link":  # is hidden
+        elif tag == "a" and "href" in attributes and "copiable" not in attributes.get("class", ""):  # is hidden
             self._begin(tag, "link")
         elif tag == "table":
             for _, kind, entry in self._open:
