@@ -13,6 +13,7 @@ sys.path.insert(0, str(SOURCE / "tests/documents"))
 import make_documents  # noqa: E402  (its folder must be known first)
 
 PAGES = 300
+RUNS = 3
 
 
 def reference(document):
@@ -24,22 +25,22 @@ def reference(document):
     return f"its text by pdftotext: {(time.monotonic() - begin) * 1000:.0f} ms"
 
 
-def rows(build, server, base, runs=3):
+def rows(bench):
     """The rows of the report."""
     folder = pathlib.Path(tempfile.mkdtemp(prefix="corvane-bench-"))
     try:
         document = folder / "book.pdf"
         make_documents.big(document, PAGES)
-        server.documents = folder
+        bench.server.documents = folder
         times, stalls = [], []
-        for _ in range(runs):
-            browser = Browser(build, base + "/page/1")
+        for _ in range(RUNS):
+            browser = Browser(bench.build, bench.base + "/page/1")
             try:
                 browser.wait_spoken("Page 1")
                 time.sleep(0.5)
                 browser.forget_stalls()
                 subprocess.run(["xdotool", "key", "--delay", "60", "ctrl+l", "ctrl+a"], check=True)
-                subprocess.run(["xdotool", "type", "--delay", "5", f"{base}/documents/book.pdf"], check=True)
+                subprocess.run(["xdotool", "type", "--delay", "5", f"{bench.base}/documents/book.pdf"], check=True)
                 before = time.monotonic()
                 subprocess.run(["xdotool", "key", "Return"], check=True)
                 done = browser.wait_spoken("A long book")

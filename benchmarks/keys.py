@@ -5,6 +5,9 @@ import ctypes.util
 import subprocess
 import time
 
+from measured import Browser, p95
+import speech
+
 LETTERS = "abcdefghijklmnopqrst"
 
 
@@ -71,3 +74,44 @@ def silences(browser, keyboard, times):
         if cut:
             delays.append((cut["t"] - pressed) * 1000)
     return delays
+
+
+PLACES = {  # where keys are typed: the keys that lead there from the address box
+    "address box": ["ctrl+a"],
+    "field of a page": ["shift+F6", "shift+F6", "Tab"],
+    "text pane": ["shift+F6"],
+}
+
+
+def rows(bench):
+    words = speech.first_chunk(speech.figures_of(bench.build))
+    keyboard = Keyboard()
+    browser = Browser(bench.build, bench.base + "/form.html", main={"KeyEcho": "True"}, pane={"Focus": 0})
+    try:
+        browser.wait_spoken("The order")
+        time.sleep(0.5)
+        for place, way in PLACES.items():
+            keys("ctrl+l", *way)
+            time.sleep(0.5)
+            presses = type_letters(keyboard, 60, 0.25)
+            time.sleep(0.5)
+            yield echo_row(f"key press → first samples of its echo, {place}, p95", browser, presses, words)
+        keys("ctrl+l", "ctrl+a")
+        presses = type_letters(keyboard, 1200, 0.05)
+        time.sleep(0.5)
+        yield echo_row("the same, 20 keys a second for a minute", browser, presses, "")
+        last = echo_delays(browser.events(), presses[-1:])[0]
+        yield ("the last of those keys", f"{last:.1f} ms" if last else "never began", "15 ms")
+        quiet = silences(browser, keyboard, 20)
+        yield (f"Control → silence, p95 of {len(quiet)}", f"{p95(quiet):.1f} ms" if quiet else "none", "20 ms")
+    finally:
+        browser.end()
+
+
+def echo_row(what, browser, presses, reference):
+    delays = echo_delays(browser.events(), presses)
+    heard = [d for d in delays if d is not None]
+    figure = f"{p95(heard):.1f} ms" if heard else "nothing heard"
+    if len(heard) < len(delays):
+        figure += f" ({len(delays) - len(heard)} of {len(delays)} not begun)"
+    return (what, figure, "15 ms", reference)

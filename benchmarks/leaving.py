@@ -1,20 +1,13 @@
 """Measures in the real program how long it takes to come from a page with very many
 links to a small one, from Enter to the small one's title, for each content of the side
 bar that shows the page: what is told of a page must not make it slow to leave.
-
-By itself, below scripts/with-desktop: leaving.py BUILD_FOLDER
 """
-import pathlib
 import subprocess
-import sys
-import threading
 import time
 
-SOURCE = pathlib.Path(__file__).resolve().parents[1]
-sys.path.insert(0, str(SOURCE / "tests/e2e"))
-import web_server  # noqa: E402  (lies beside the end-to-end tests)
-from measured import Browser, median, row  # noqa: E402  (beside this file)
+from measured import Browser, median
 
+RUNS = 3
 CONTENTS = {"none": 0, "page structure": 4, "accessible elements": 5}
 LINKS = 16_000
 TITLE = "Page 7"
@@ -42,29 +35,17 @@ def left_in(build, base, content, links):
         browser.end()
 
 
-def rows(build, base, runs=3):
+def rows(bench):
     """The rows of the table: what, figure, budget, reference."""
-    small = median([left_in(build, base, CONTENTS["none"], 100) for _ in range(runs)])
+    small = median([left_in(bench.build, bench.base, CONTENTS["none"], 100) for _ in range(RUNS)])
     yield ("Enter → title of a small page, coming from 100 links", f"{small:.0f} ms", "120 ms", "")
     times = {name: [] for name in CONTENTS}
-    for _ in range(runs):  # in turn, so that all meet the same machine
+    for _ in range(RUNS):  # in turn, so that all meet the same machine
         for name, content in CONTENTS.items():
-            times[name].append(left_in(build, base, content, LINKS))
+            times[name].append(left_in(bench.build, bench.base, content, LINKS))
     reference = median(times["none"])
     for name, figures in times.items():
         figure = median(figures)
-        yield (f"the same, coming from {LINKS:,} links, side bar: {name}", f"{figure:.0f} ms", "",
-               "" if name == "none" else f"{figure / reference:.2f} of none (1.2 wanted)")
-
-
-def main():
-    server = web_server.start()
-    threading.Thread(target=server.serve_forever, daemon=True).start()
-    base = f"http://127.0.0.1:{server.server_address[1]}"
-    for figures in rows(pathlib.Path(sys.argv[1]), base):
-        row(*figures)
-    server.shutdown()
-
-
-if __name__ == "__main__":
-    main()
+        yield (f"the same, coming from {LINKS:,} links, side bar: {name}", f"{figure:.0f} ms",
+               "" if name == "none" else f"{1.2 * reference:.0f} ms",
+               "" if name == "none" else f"{figure / reference:.2f} of none")

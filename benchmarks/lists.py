@@ -1,19 +1,12 @@
 """Measures the lists of a page's elements in the real program: how long it takes from the
 key that opens them to the words of the list.
-
-By itself, below scripts/with-desktop: lists.py BUILD_FOLDER
 """
-import pathlib
 import subprocess
-import sys
-import threading
 import time
 
-SOURCE = pathlib.Path(__file__).resolve().parents[1]
-sys.path.insert(0, str(SOURCE / "tests/e2e"))
-import web_server  # noqa: E402  (lies beside the end-to-end tests)
-from measured import Browser, median, row  # noqa: E402  (beside this file)
+from measured import Browser, median
 
+RUNS = 3
 FOCUS_TEXT = 5
 
 
@@ -52,24 +45,10 @@ def links(build, base, count, runs):
         browser.end()
 
 
-def rows(build, base, runs=3):
+def rows(bench):
     """The rows of the table: what, figure, budget."""
     for count in (10_000, 50_000):
-        opened = list(links(build, base, count, runs))
+        opened = list(links(bench.build, bench.base, count, RUNS))
         yield (f"elements: list of {count} links, from the key to its words, median (longest stall)",
                f"{median([o[0] for o in opened]):.0f} ms ({median([o[1] or 0 for o in opened]):.0f} ms)",
                "300 ms" if count == 10_000 else "")
-
-
-def main():
-    server = web_server.start()
-    threading.Thread(target=server.serve_forever, daemon=True).start()
-    build = pathlib.Path(sys.argv[1])
-    base = f"http://127.0.0.1:{server.server_address[1]}"
-    for figures in rows(build, base):
-        row(*figures)
-    server.shutdown()
-
-
-if __name__ == "__main__":
-    main()

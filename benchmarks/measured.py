@@ -2,6 +2,7 @@
 import json
 import os
 import pathlib
+import re
 import shutil
 import statistics
 import subprocess
@@ -95,5 +96,31 @@ class Browser:
         shutil.rmtree(self.home, ignore_errors=True)
 
 
-def row(what, figure, budget, reference=""):
-    print(f"| {what} | {figure} | {budget} | {reference} |", flush=True)
+def json_lines(program):
+    """What a measuring program of the build prints, one object a line."""
+    result = subprocess.run([str(program)], check=False, capture_output=True, text=True)
+    objects = []
+    for line in result.stdout.splitlines():
+        try:
+            objects.append(json.loads(line))
+        except json.JSONDecodeError:
+            continue
+    return objects
+
+
+UNITS = {"ms": 0.001, "s": 1, "MB": 1}
+
+
+def amount(text):
+    """The number that a figure or a budget begins with, in seconds or MB; None where it
+    begins with none."""
+    found = re.match(r"([\d.]+) (ms|s|MB)\b", text)
+    return float(found[1]) * UNITS[found[2]] if found else None
+
+
+def misses(figure, budget):
+    """Whether a figure is over its budget, or should be under one and is no figure."""
+    if not budget:
+        return False
+    measured = amount(figure)
+    return measured is None or measured > amount(budget)

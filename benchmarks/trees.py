@@ -1,19 +1,12 @@
 """Measures the side bar's tree in the real program: how long it takes to open a
 node with very many children, from the key to the word "Opened".
-
-By itself, below scripts/with-desktop: trees.py BUILD_FOLDER
 """
-import pathlib
 import subprocess
-import sys
-import threading
 import time
 
-SOURCE = pathlib.Path(__file__).resolve().parents[1]
-sys.path.insert(0, str(SOURCE / "tests/e2e"))
-import web_server  # noqa: E402  (lies beside the end-to-end tests)
-from measured import Browser, median, row  # noqa: E402  (beside this file)
+from measured import Browser, median
 
+RUNS = 2
 FAVORITES, PAGE_STRUCTURE, ACCESSIBILITY = 2, 4, 5
 FOCUS_SIDE_BAR = 3
 
@@ -88,36 +81,22 @@ def elements(build, base, count):
         browser.end()
 
 
-def rows(build, base, runs=2):
+def rows(bench):
     """The rows of the table: what, figure, budget."""
-    files = [folder(build, base, 10_000) for _ in range(runs)]
+    files = [folder(bench.build, bench.base, 10_000) for _ in range(RUNS)]
     yield ("tree: open a folder of 10,000 favorites, median (longest stall)",
            f"{median([f[0] for f in files]):.0f} ms ({median([f[1] or 0 for f in files]):.0f} ms)", "300 ms")
-    time_of, stall = folder(build, base, 100_000)
-    yield ("tree: open a folder of 100,000 favorites (longest stall)", f"{time_of:.0f} ms ({stall or 0:.0f} ms)",
-           "stall 50 ms")
-    opened, stall, coming = elements(build, base, 10_000)
+    time_of, stall = folder(bench.build, bench.base, 100_000)
+    yield ("tree: open a folder of 100,000 favorites", f"{time_of:.0f} ms")
+    yield ("tree: longest stall meanwhile", f"{stall or 0:.0f} ms", "50 ms")
+    opened, stall, coming = elements(bench.build, bench.base, 10_000)
     yield ("tree: open the accessible elements of a page with 10,000 links (longest stall)",
            f"{opened:.0f} ms ({stall or 0:.0f} ms)", "300 ms")
     yield ("tree: longest stall while the 10,000 of them come", f"{coming or 0:.0f} ms", "50 ms")
     for count in (10_000, 50_000):
-        pages = [links(build, base, count) for _ in range(runs)]
+        pages = [links(bench.build, bench.base, count) for _ in range(RUNS)]
         yield (f"tree: first level of the structure of a page with {count} links, median",
                f"{median([p[0] for p in pages]):.0f} ms", "")
         yield (f"tree: open its {count} links, median (longest stall)",
                f"{median([p[1] for p in pages]):.0f} ms ({median([p[2] or 0 for p in pages]):.0f} ms)",
                "300 ms" if count == 10_000 else "")
-
-
-def main():
-    server = web_server.start()
-    threading.Thread(target=server.serve_forever, daemon=True).start()
-    build = pathlib.Path(sys.argv[1])
-    base = f"http://127.0.0.1:{server.server_address[1]}"
-    for figures in rows(build, base):
-        row(*figures)
-    server.shutdown()
-
-
-if __name__ == "__main__":
-    main()
