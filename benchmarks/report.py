@@ -19,6 +19,7 @@ import engine  # noqa: E402
 import keys  # noqa: E402
 import leaving  # noqa: E402
 import lists  # noqa: E402
+import quick_keys  # noqa: E402
 import reading  # noqa: E402
 import speech  # noqa: E402
 import starting  # noqa: E402
@@ -35,6 +36,7 @@ MEASUREMENTS = {
     "leaving": leaving,
     "trees": trees,
     "lists": lists,
+    "quick_keys": quick_keys,
     "engine": engine,
     "speech": speech,
     "keys": keys,

@@ -82,6 +82,14 @@ class Handler(http.server.BaseHTTPRequestHandler):
     def page_megabytes(self, path):
         self.reply(_megabytes(int(path.rsplit("/", 1)[-1]), "All work and no play makes a long page.\n"))
 
+    def page_chapters(self, path):
+        """So many megabytes with a heading, a link and paragraphs in each piece."""
+        words = "All work and no play makes a long page. " * 20
+        piece = "<h2>Chapter {0}</h2><p><a href='/page/{0}'>Its end</a> " + f"{words}<p>{words}<p>{words}\n"
+        count = int(path.rsplit("/", 1)[-1]) * 1024 * 1024 // len(piece)
+        self.reply(f"<!doctype html><title>{count} chapters</title>"
+                   + "".join(piece.format(n) for n in range(1, count + 1)))
+
     def page_one_line(self, path):
         self.reply(_megabytes(int(path.rsplit("/", 1)[-1]), "one single line without an end "))
 
