@@ -33,7 +33,7 @@ int AccessKey(const std::string& caption) {
 
 bool KeyHelp::Switch() {
   if (!manner_.today) return false;
-  on_ = !on_;
+  on_ = !IsOn();
   pane_.Say(on_ ? "Key help on. Each key says what it does. Escape ends it." : "Key help off");
   return true;
 }

@@ -13,7 +13,7 @@ class KeyHelp {
   KeyHelp(ctlWebBrowser& pane, MainMenu& menu, const Manner& manner)
       : pane_(pane), menu_(menu), manner_(manner) {}
 
-  bool IsOn() const { return on_; }
+  bool IsOn() const { return on_ && manner_.today; }
   /// Switches it on or off and says so; false, and nothing done, in the established manner.
   bool Switch();
   /// Says what the key would do.

@@ -70,6 +70,8 @@ MenuItem& frmCorvane::ISpeechWindow_EnableSpeechItem() {
 
 corvane::Form& frmCorvane::ISpeechWindow_Window() { return *Required(parts_).form; }
 
+bool frmCorvane::ISpeechWindow_ReadsOn() { return parts_ && parts_->ctlWebBrowser1.ReadsOn(); }
+
 void frmCorvane::ISpeechWindow_SpeechReady(bool tell_where) {
   ErrorsIgnored([&] { ReportSettings(); },
                 [&] {

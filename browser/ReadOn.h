@@ -19,6 +19,8 @@ class ReadOn {
 
   void Start();
 
+  bool IsReading() const { return turn_ != nullptr; }
+
   enum class Unit { Sentence, Paragraph };
   enum class Way { On, Back };
   /// Goes on with the next sentence or paragraph, or the one before; false, and nothing

@@ -82,6 +82,7 @@ class ctlWebBrowser {
   void PreviousSplitter() { layout_.PreviousSplitter(); }
   /// Reads the text pane aloud from its caret on.
   void ReadOn() { read_on_.Start(); }
+  bool ReadsOn() const { return read_on_.IsReading(); }
   /// Goes to and fro in what is being read aloud; false, and nothing done, while nothing
   /// is, and in the established manner.
   bool StepInReading(corvane::ReadOn::Unit unit, corvane::ReadOn::Way way) {

@@ -43,6 +43,13 @@ bool SpeechWindows::UserIsInASilentOne() const {
   return around && !IsOn(*around);
 }
 
+bool SpeechWindows::UserIsBeingReadTo() const {
+  const auto around = Around(desktop_.GetWindows().Active());
+  bool reads = false;
+  if (around) ErrorsIgnored([&] { reads = around->ReadsOn(); });
+  return reads;
+}
+
 void SpeechWindows::SpeechReady(bool tell_where) const {
   const auto active = Around(desktop_.GetWindows().Active());
   if (active && IsOn(*active)) return active->SpeechReady(tell_where);

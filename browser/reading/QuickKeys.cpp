@@ -117,7 +117,9 @@ void QuickKeys::KeyPress(int& character) {
 }
 
 std::optional<std::string> QuickKeys::WhatDoes(const KeyEvent& key) const {
-  if (!AreOn() || (key.Shift & (kCtrlMask | kAltMask)) != 0) return std::nullopt;
+  if (!AreOn()) return std::nullopt;
+  if (key.Shift == (kAltMask | kShiftMask)) return TableKeys::WhatDoes(key.KeyCode);
+  if ((key.Shift & (kCtrlMask | kAltMask)) != 0) return std::nullopt;
   const int code = key.KeyCode;
   if (code == kKeyReturn || code == kKeySpace) {
     return "follows the link, presses the button, or leads into the field";

@@ -1,7 +1,9 @@
 #include "browser/reading/TableGrid.h"
 
 #include <algorithm>
+#include <set>
 #include <tuple>
+#include <utility>
 
 namespace corvane {
 namespace {
@@ -88,20 +90,20 @@ std::vector<std::size_t> TableGrid::Headers(std::size_t cell, Side side) const {
     return along(At(a)).first > along(At(b)).first;
   });
   std::vector<std::size_t> headers;
-  std::vector<Range> replaced;
+  std::set<std::pair<int, int>> replaced;  // first and count of each
   std::vector<Range> block;
   if (IsHeader(of)) block.push_back(across(of));
   for (const std::size_t i : before) {
     const PageCell& each = At(i);
     if (!IsHeader(each)) {
-      replaced.insert(replaced.end(), block.begin(), block.end());
+      for (const Range& range : block) replaced.emplace(range.first, range.count);
       block.clear();
       continue;
     }
     const Range extent = across(each);
     block.push_back(extent);
     const bool heads = side == Side::Columns ? each.heads_columns : each.heads_rows;
-    const bool is_replaced = std::find(replaced.begin(), replaced.end(), extent) != replaced.end();
+    const bool is_replaced = replaced.contains({extent.first, extent.count});
     if (heads && !is_replaced) headers.push_back(i);
   }
   if (side == Side::Rows) AddGroupHeaders(cell, headers);
@@ -113,11 +115,12 @@ std::vector<std::size_t> TableGrid::Headers(std::size_t cell, Side side) const {
 
 void TableGrid::AddGroupHeaders(std::size_t cell, std::vector<std::size_t>& headers) const {
   const PageCell& of = At(cell);
+  const std::set<std::size_t> known(headers.begin(), headers.end());
   for (std::size_t i = 0; i < cells_.size(); ++i) {
     const PageCell& each = cells_[i];
     if (i == cell || of.row < each.row || of.row >= each.heads_until) continue;
     if (each.column > of.column) continue;
-    if (std::find(headers.begin(), headers.end(), i) == headers.end()) headers.push_back(i);
+    if (!known.contains(i)) headers.push_back(i);
   }
 }
 

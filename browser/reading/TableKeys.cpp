@@ -11,7 +11,9 @@ namespace {
 using Kind = PageSpan::Kind;
 using Step = TableGrid::Step;
 
-constexpr int kLongestWords = 1000;  // characters of a cell, as of what quick keys reach
+constexpr int kLongestHeader = 200;       // characters
+constexpr std::size_t kMostHeaders = 10;  // of one cell; nobody keeps more in mind
+constexpr int kLongestWords = 1000;       // characters of a cell, as of what quick keys reach
 
 void Add(std::string& all, const std::string& words) {
   if (words.empty()) return;
@@ -44,6 +46,17 @@ std::vector<std::size_t> Without(std::vector<std::size_t> list,
 }
 
 }  // namespace
+
+std::optional<std::string> TableKeys::WhatDoes(int code) {
+  // In the order of the steps.
+  static constexpr const char* kWords[] = {
+      "goes to the cell before in the table", "goes to the next cell in the table",
+      "goes to the cell above in the table",  "goes to the cell below in the table",
+      "goes to the first cell of the table",  "goes to the last cell of the table"};
+  const auto step = StepOf(code);
+  if (!step) return std::nullopt;
+  return kWords[static_cast<std::size_t>(*step)];
+}
 
 std::optional<Step> TableKeys::StepOf(int code) {
   switch (code) {
@@ -132,8 +145,11 @@ void TableKeys::Reach(const PageTable& table, const std::optional<TableGrid::Pla
   std::string words;
   const auto say_headers = [&](std::vector<std::size_t> headers,
                                const std::vector<std::size_t>& known) {
-    for (const std::size_t each : Without(std::move(headers), known)) {
-      Add(words, OneLine(map.Words(map.At(grid.At(each).span))));
+    auto fresh = Without(std::move(headers), known);
+    if (fresh.size() > kMostHeaders) fresh.erase(fresh.begin(), fresh.end() - kMostHeaders);
+    for (const std::size_t each : fresh) {
+      const PageSpan& span = map.At(grid.At(each).span);
+      Add(words, OneLine(map.Text(span.start, std::min(span.length, kLongestHeader))));
     }
   };
   using Cells = std::vector<std::size_t>;

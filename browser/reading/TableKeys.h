@@ -17,6 +17,8 @@ class TableKeys {
 
   /// What a key with Alt and Shift does in a table; none where it does nothing there.
   static std::optional<TableGrid::Step> StepOf(int code);
+  /// The same in a few words, as they follow the key's name.
+  static std::optional<std::string> WhatDoes(int code);
   /// Takes the step, or says why it is none. The page's map must be known.
   void Go(TableGrid::Step step);
 

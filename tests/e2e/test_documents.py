@@ -5,20 +5,14 @@ import subprocess
 import sys
 import unittest
 
-from harness import SOURCE, EndToEndTest, wait_until
+from harness import SOURCE, wait_until
+from text_pane import IN_TEXT, TextPaneTest
 
 sys.path.append(str(SOURCE / "tests/documents"))
 import make_documents  # noqa: E402  (its folder must be known first)
 
-IN_TEXT = {"Corvane": {"Speech": "True"}, "pnlBrowser": {"SideBar": "0", "Focus": "5"}}
 
-
-def readers():
-    """The processes that read a document."""
-    return subprocess.run(["pgrep", "-x", "corvane-pdf"], capture_output=True).stdout.split()
-
-
-class Documents(EndToEndTest):
+class Documents(TextPaneTest):
     def setUp(self):
         super().setUp()
         self.server.documents = pathlib.Path(self.home) / "documents"
@@ -37,35 +31,15 @@ class Documents(EndToEndTest):
         wait_until(lambda: self.corvane.focused_name() == "Text", "the text pane")
         wait_until(lambda: part in self.corvane.text_of("Text"), f"{part!r} in the text")
 
-    def quiet(self):
-        """Waits until nothing is being said."""
-
-        def silent():
-            events = self.corvane.transcript.events()
-            begun = {e["id"] for e in events if e["event"] == "speak"}
-            over = {e["id"] for e in events if e["event"] in ("end", "cut")}
-            return not begun - over
-
-        wait_until(silent, "silence")
-
     def heard(self, beginning):
         """Waits for a sentence of which only the beginning is known."""
         wait_until(lambda: any(said.startswith(beginning) for said in self.corvane.transcript.spoken()),
                    beginning)
 
-    def hear(self, key):
-        """Presses a key and returns all that is said then."""
-        transcript = self.corvane.transcript
-        transcript.mark()
-        self.corvane.keys(key)
-        wait_until(transcript.spoken, f"words for {key}")
-        self.quiet()
-        return transcript.spoken()
-
-    def walk(self, *steps):
-        """Presses keys, each once the one before has been heard: (key, words ...)."""
-        heard = [(key, *self.hear(key)) for key, *_ in steps]
-        self.assertEqual(heard, list(steps))
+    def readers(self):
+        """The program's processes that read a document."""
+        parent = str(self.corvane.process.pid)
+        return subprocess.run(["pgrep", "-x", "-P", parent, "corvane-pdf"], capture_output=True).stdout.split()
 
     def address(self):
         return self.corvane.text_of("Address")
@@ -94,7 +68,7 @@ class Documents(EndToEndTest):
         corvane.transcript.mark()
         corvane.keys("alt+Left")
         self.said("Papers", "Opening hours, visited link")
-        self.assertEqual(readers(), [])
+        self.assertEqual(self.readers(), [])
 
     def test_a_link_within_leads_to_its_place_and_alt_left_back(self):
         corvane = self.begin("/documents/report.pdf", "Yearly report", "The end.")

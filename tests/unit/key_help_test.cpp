@@ -64,11 +64,14 @@ TEST_F(KeyHelpTest, SaysWhatAKeyDoesWhereTheUserIs) {
   EXPECT_EQ(Explained('K', kCtrlMask), "Control K, goes to the page");
 }
 
-TEST_F(KeyHelpTest, WithoutQuickKeysLettersAreWritten) {
+TEST_F(KeyHelpTest, WithoutQuickKeysLettersAreWrittenAndTablesAreText) {
+  EXPECT_EQ(Explained(kKeyDown, kAltMask | kShiftMask),
+            "Alt Shift Down, goes to the cell below in the table");
   Press(kKeyF1, kCtrlMask);
   Press(kKeyF4);
   Press(kKeyF1, kCtrlMask);
   EXPECT_EQ(Explained('H'), "H, is written");
+  EXPECT_EQ(Explained(kKeyDown, kAltMask | kShiftMask), "Alt Shift Down, does nothing here");
 }
 
 TEST_F(KeyHelpTest, NamesTheMenusAndWhatDoesNothing) {
@@ -87,6 +90,16 @@ TEST_F(KeyHelpTest, EndsWithItsKeyAndWithEscape) {
             "Key help on. Each key says what it does. Escape ends it.");
   EXPECT_EQ(Explained(kKeyEscape), "Key help off");
   EXPECT_FALSE(Press(kKeyEscape));
+}
+
+TEST_F(KeyHelpTest, HoldsNobodyWhenTheMannerChangesMeanwhile) {
+  std::vector<std::string> values;
+  const auto options = p.desktop.own_options.list();
+  for (const OwnOption& option : options) values.push_back(option.value);
+  values[0] = options[0].choices[0];
+  p.desktop.own_options.apply(values);
+  EXPECT_FALSE(Press(kKeyEscape));
+  EXPECT_FALSE(Press('H'));
 }
 
 TEST(KeyHelpEstablished, TheKeyIsThePages) {

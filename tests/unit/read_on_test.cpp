@@ -208,6 +208,18 @@ TEST_F(SteppingInReading, LeavesTheArrowsAloneWhileNothingIsRead) {
   EXPECT_EQ(key.KeyCode, kKeyLeft) << "Control has paused it";
 }
 
+TEST_F(SteppingInReading, GoesOnWhileKeysAreEchoed) {
+  p.Service()->KeyBoardEcho(true);
+  p.desktop.windows.active = p.Inside().form->hwnd();
+  Press(kKeyF7);
+  p.desktop.PressKey(kKeyRight);
+  EXPECT_THAT(Heard(kKeyRight), ElementsAre("Then two."));
+  p.desktop.PressKey(kKeyControl);
+  p.Spoken();
+  p.desktop.PressKey(kKeyRight);
+  EXPECT_THAT(p.Spoken(), ElementsAre("Right")) << "nothing is read any more";
+}
+
 struct ReadingAPage : testing::Test {
   Program p;
   void SetUp() override {

@@ -67,6 +67,20 @@ TEST_F(TableKeysTest, WhatChangesIsSaidWithItsHeaderInFront) {
   EXPECT_EQ(AtCaret(), "3\t2\nP");
 }
 
+TEST_F(TableKeysTest, HeadersAreHeardWithinBounds) {
+  const std::string essay(5000, 'x');
+  PageTextMaker maker(essay + "\nB");
+  maker.Add(Kind::Table, essay + "\nB", 2, 1);
+  maker.Cell(essay, 1, 1).heads_columns = true;
+  maker.Cell("B", 2, 1);
+  Show(maker.Make());
+  p.TextPane().Press('T', 0, 't');
+  p.Spoken();
+  const auto heard = Heard({kKeyEnd});
+  ASSERT_EQ(heard.size(), 1U);
+  EXPECT_LT(heard.front().size(), 300U);
+}
+
 TEST_F(TableKeysTest, ATableThatWasReachedIsEnteredAtItsFirstCell) {
   PageTextMaker maker("A\tB");
   maker.Add(Kind::Table, "A\tB", 1, 2);

@@ -62,13 +62,15 @@ class Writer {
     Head();
     for (const Node& node : written_.nodes) {
       const std::size_t before = out_.size();
+      const bool was_open = is_open_;
+      const std::size_t page_starts = page_starts_;
       GoToPage(node.page);
       Put(node, Kind::Group);
       if (out_.size() <= longest) continue;
       // Cut off in front of what has been too much.
-      if (before < longest / 2) {
-        out_.resize(before);
-      }
+      out_.resize(before);
+      is_open_ = was_open;
+      page_starts_ = page_starts;
       EndPage();
       Remark("The document goes on, but the rest is too long to be shown.");
       return Finish();
@@ -157,8 +159,11 @@ class Writer {
     if (!node.places.empty()) Attributes("id", node.places.front());
     if (IsLanguage(node.language)) Attributes("lang", Language(node.language));
   }
-  void MorePlaces(const Node& node) {
-    for (std::size_t i = 1; i < node.places.size(); ++i) {
+  /// Where links lead that lead to nothing that is written.
+  void PlacesAlone(const Node& node) { PlacesFrom(node, 0); }
+  void MorePlaces(const Node& node) { PlacesFrom(node, 1); }
+  void PlacesFrom(const Node& node, std::size_t first) {
+    for (std::size_t i = first; i < node.places.size(); ++i) {
       out_ += "<a";
       Attributes("id", node.places[i]);
       out_ += "></a>";
@@ -222,7 +227,7 @@ class Writer {
     Block(HeadingTag(node.level), heading);
   }
   void Block(const char* tag, const Node& node) {
-    if (node.nodes.empty()) return;
+    if (node.nodes.empty()) return PlacesAlone(node);
     Begin(tag, node);
     out_ += '>';
     MorePlaces(node);
@@ -259,6 +264,7 @@ class Writer {
       Attributes("role", "img");
       Attributes("aria-label", node.text);
       out_ += "></span>\n";
+      MorePlaces(node);
       return;
     }
     // A picture that has text in it, and no words of its own, is read as text.

@@ -215,6 +215,7 @@ bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionTy
     // The engine has to be done with this answer first.
     opening_document_.Start(0, [this, page = DocumentPage(has_place ? shown : verdict.address)] {
       navigation_.Replaced();
+      requests_->LetLeave(true);  // for the document the page has asked already
       Load(page);
     });
     return true;

@@ -187,6 +187,7 @@ Documents::Host EngineView::DocumentsHost() {
 
 void EngineView::StopDocument() {
   opening_document_.Cancel();
+  requests_->LetLeave(false);
   documents_->Stop();
 }
 

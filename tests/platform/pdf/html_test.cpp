@@ -32,6 +32,32 @@ std::string Written1(std::vector<Node> nodes, int pages = 1) {
   return Html(written, 1U << 20U);
 }
 
+TEST(HtmlTest, WhatIsTooMuchIsLeftOutAndThatIsSaid) {
+  Written written;
+  written.pages = written.read = 2;
+  written.nodes = {Of(Kind::Paragraph, {Text("The beginning")}, 1),
+                   Of(Kind::Paragraph, {Text(std::string(5000, 'x'))}, 2),
+                   Of(Kind::Paragraph, {Text("The end")}, 2)};
+  const std::string html = Html(written, 1000);
+  EXPECT_LT(html.size(), 1500U);
+  EXPECT_THAT(html, HasSubstr("The beginning"));
+  EXPECT_THAT(html, HasSubstr("too long to be shown"));
+  EXPECT_THAT(html, Not(HasSubstr("The end")));
+  EXPECT_THAT(html, Not(HasSubstr("has no text")));
+}
+
+TEST(HtmlTest, LinksLeadToWhatHasNoWords) {
+  Node picture = Of(Kind::Picture, {});
+  picture.places = {"there"};
+  Node named = Of(Kind::Picture, {});
+  named.text = "A cat";
+  named.places = {"one", "two"};
+  const std::string html = Written1({picture, named});
+  EXPECT_THAT(html, HasSubstr("id=\"there\""));
+  EXPECT_THAT(html, HasSubstr("id=\"one\""));
+  EXPECT_THAT(html, HasSubstr("id=\"two\""));
+}
+
 TEST(HtmlTest, WordsOfTheDocumentAreNoMarkup) {
   Written written;
   written.title = "</title><script>";

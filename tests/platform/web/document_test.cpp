@@ -101,6 +101,28 @@ TEST_F(DocumentTest, ALinkLeadsToADocument) {
   EXPECT_EQ(view_->LocationURL(), Address("tagged"));
 }
 
+TEST_F(DocumentTest, APageThatAsksBeforeItIsLeftForADocumentAsksOnce) {
+  server_.Page("/",
+               "<title>A</title><input autofocus><a href=/tagged.pdf>Hours</a>"
+               "<script>onbeforeunload = event => event.preventDefault()</script>");
+  view_.Go(server_.Url());
+  view_.Focus();
+  view_.Key(GDK_KEY_Tab);
+  view_.Key(GDK_KEY_a);
+  asking_->replies = {{0, {}}};
+  view_->Navigate(Address("tagged"));
+  ASSERT_TRUE(WaitUntil([&] { return Title() == "Opening hours & more"; }));
+  EXPECT_EQ(asking_->asked.size(), 1U);
+}
+
+TEST_F(DocumentTest, AnAddressOfAnyLengthHoldsNobody) {
+  const std::string query = "?" + std::string(70000, 'a');
+  server_.Page("/tagged.pdf" + query, DocumentOf("tagged"), kPdf);
+  view_.Go(server_.Url());
+  view_.RunInPage("location = '/tagged.pdf?' + 'a'.repeat(70000)");
+  ASSERT_TRUE(WaitUntil([&] { return Title() == "Opening hours & more"; }));
+}
+
 TEST_F(DocumentTest, BackAndForwardFindTheDocumentInTheHistory) {
   server_.Page("/c", "<title>C</title>");
   view_.Go(server_.Url());

@@ -14,6 +14,9 @@ constexpr double kMostSeconds = 60;
 constexpr std::size_t kLongestPage = std::size_t{64} << 20U;  // bytes
 constexpr gsize kPiece = gsize{256} << 10U;
 constexpr int kSourceFile = 3;
+// What the process is told has room in a pipe, and is as long as it reads at most.
+constexpr std::size_t kLongestBase = 8000;  // of an address; links of longer ones stay parts
+constexpr std::size_t kLongestPassword = 1000;
 
 // Which numbers the program ends with: platform/linux/pdf/document.h.
 DocumentProcess::End EndOf(int code) {
@@ -35,7 +38,7 @@ DocumentProcess::End EndOf(int code) {
 /// there, as in arguments or the environment.
 int PipeWith(const std::string& text) {
   int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) return -1;
+  if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) return -1;  // nobody waits for room in it
   const ssize_t written = write(ends[1], text.data(), text.size());
   close(ends[1]);
   if (written == static_cast<ssize_t>(text.size())) return ends[0];
@@ -55,9 +58,10 @@ DocumentProcess::DocumentProcess(const std::string& program, const Source& sourc
   g_subprocess_launcher_set_environ(launcher.get(), const_cast<char**>(environment));
   g_subprocess_launcher_set_cwd(launcher.get(), "/");
   g_subprocess_launcher_take_stdin_fd(launcher.get(), fcntl(source.file, F_DUPFD_CLOEXEC, 0));
-  g_subprocess_launcher_take_fd(launcher.get(),
-                                PipeWith(source.address + std::string(1, '\0') + source.password),
-                                kSourceFile);
+  const std::string base = source.address.size() <= kLongestBase ? source.address : "";
+  const std::string password = source.password.substr(0, kLongestPassword);
+  const int facts = PipeWith(base + std::string(1, '\0') + password);
+  if (facts >= 0) g_subprocess_launcher_take_fd(launcher.get(), facts, kSourceFile);
   GError* failure = nullptr;
   process_.reset(g_subprocess_launcher_spawn(launcher.get(), &failure, program.c_str(), nullptr));
   const ErrorPtr owner(failure);
@@ -115,7 +119,8 @@ DocumentProcess::Result DocumentProcess::ResultOf() const {
     return {EndOf(g_subprocess_get_exit_status(process_.get())), page_};
   }
   const int signal = g_subprocess_get_term_sig(process_.get());
-  return {signal == SIGXCPU ? End::TooLong : End::Broken};
+  if (signal == SIGXCPU) return {End::TooLong};
+  return {signal == SIGABRT ? End::TooBig : End::Broken};  // poppler ends so without memory
 }
 
 // Whoever is told lets go of this.

@@ -35,6 +35,7 @@ struct Documents::Job {
   std::string password;
   std::optional<std::string> page;            // made, but not asked for yet
   ObjectPtr<WebKitURISchemeRequest> request;  // of the engine, which waits
+  std::shared_ptr<int> alive = std::make_shared<int>();
 };
 
 Documents::Documents(WebKitWebView* view, QuestionDesk& desk, std::string program, Host host)
@@ -142,8 +143,8 @@ void Documents::AskPassword() {
              wrong + "The document " + name + " asks for a password.",
              {{.kind = DialogField::Kind::kPassword, .label = "Password"}},
              {"&Open", "&Cancel"}},
-            [this, weak = std::weak_ptr(alive_), job = job_.get()](const auto& reply) {
-              if (weak.expired() || job_.get() != job) return;
+            [this, job = std::weak_ptr(job_->alive)](const auto& reply) {
+              if (job.expired()) return;
               if (!reply || reply->button != 0) {
                 return Fail(DocumentProblem(job_->address, DocumentProcess::End::Locked));
               }

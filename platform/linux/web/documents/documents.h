@@ -62,7 +62,6 @@ class Documents {
   std::string taken_;    // address of the document whose download is to begin
   std::string refused_;  // the same of one that is no longer wanted
   std::unique_ptr<Job> job_;
-  std::shared_ptr<int> alive_ = std::make_shared<int>();
 };
 
 }  // namespace corvane::desktop

@@ -26,7 +26,10 @@ PageDialogs::PageDialogs(std::shared_ptr<ScriptDialogs> alerts, QuestionDesk& de
       self_(std::make_shared<PageDialogs*>(this)),
       allowance_(kMostAlerts, kShortTime) {}
 
-void PageDialogs::Reset() { allowance_.Reset(); }
+void PageDialogs::Reset() {
+  allowance_.Reset();
+  lets_leave_ = false;
+}
 
 /// A dialog that holds its page. Closing it, or forgetting it, lets the page go on.
 class PageDialogs::Held {
@@ -70,7 +73,10 @@ void PageDialogs::Closed() {
 
 void PageDialogs::Show(GtkWidget* page, WebKitScriptDialog* dialog, const std::string& site) {
   const auto type = webkit_script_dialog_get_dialog_type(dialog);
-  if (type == WEBKIT_SCRIPT_DIALOG_BEFORE_UNLOAD_CONFIRM) return ShowBeforeUnload(dialog, site);
+  if (type == WEBKIT_SCRIPT_DIALOG_BEFORE_UNLOAD_CONFIRM) {
+    if (!std::exchange(lets_leave_, false)) return ShowBeforeUnload(dialog, site);
+    return webkit_script_dialog_confirm_set_confirmed(dialog, TRUE);
+  }
   if (!allowance_.Take()) {  // returning lets the page go on
     return listener_.tell("This page shows too many messages. No more of them are shown.");
   }

@@ -33,6 +33,9 @@ class PageDialogs {
 
   /// Another page is shown: its alerts count anew.
   void Reset();
+  /// The user has agreed to leave the page, which is not to ask once more on the same
+  /// way; or is not on that way any more.
+  void LetLeave(bool lets) { lets_leave_ = lets; }
   /// `page` is the view, `site` what people call the page's site.
   void Show(GtkWidget* page, WebKitScriptDialog* dialog, const std::string& site);
 
@@ -50,6 +53,7 @@ class PageDialogs {
   Listener listener_;
   std::shared_ptr<PageDialogs*> self_;  // dialogs closed later find the object gone
   int open_count_ = 0;
+  bool lets_leave_ = false;
   Allowance allowance_;
 };
 

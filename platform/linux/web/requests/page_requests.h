@@ -46,6 +46,8 @@ class PageRequests {
 
   /// Another page is shown, or the page's process is gone.
   void PageChanged();
+  /// See PageDialogs::LetLeave.
+  void LetLeave(bool lets) { dialogs_.LetLeave(lets); }
   /// The user asked for a page, with the address box or a command.
   void UserAskedForPage();
   /// The user pressed a key or a button in the page.

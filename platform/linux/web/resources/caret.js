@@ -114,7 +114,7 @@
   // The pieces of text that a line can be broken between: [node, begin, end].
   const piecesOf = (block) => {
     const pieces = [];
-    const walker = document.createTreeWalker(block, NodeFilter.SHOW_TEXT);
+    const walker = Document.prototype.createTreeWalker.call(document, block, NodeFilter.SHOW_TEXT);
     for (let node = walker.nextNode(), nodes = 0; node && nodes < MOST_NODES; node = walker.nextNode(), nodes++) {
       if (blockAround(node, block) !== block) continue;
       for (const piece of node.data.matchAll(/\S+|\s+/g)) {
@@ -124,7 +124,7 @@
     return pieces;
   };
   const boxesOf = (node, begin, end) => {
-    const range = document.createRange();
+    const range = new Range();
     range.setStart(node, begin);
     range.setEnd(node, end);
     return [...range.getClientRects()].filter((box) => box.height > 0);

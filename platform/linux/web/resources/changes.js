@@ -260,12 +260,12 @@
 
   // The first words at the place; none when the focus goes there and is told by itself.
   const wordsAt = (target) => {
-    if (activeElement() === target && document.hasFocus()) return '';
+    if (activeElement() === target && Document.prototype.hasFocus.call(document)) return '';
     if (target instanceof HTMLElement) {
       const own = words(innerTextOf(target).trim().split('\n')[0]);
       if (own) return own;
     }
-    const walker = document.createTreeWalker(root(), NodeFilter.SHOW_TEXT);
+    const walker = Document.prototype.createTreeWalker.call(document, root(), NodeFilter.SHOW_TEXT);
     walker.currentNode = target;
     for (let node = walker.nextNode(); node; node = walker.nextNode()) {
       const text = words(node.data);

@@ -67,7 +67,7 @@
   // who reads it.
   const withoutBlanks = (text) => text.replace(/\s+/g, '');
   const boxOf = (node, offset) => {
-    const range = document.createRange();
+    const range = new Range();
     Range.prototype.setStart.call(range, node, offset);
     Range.prototype.setEnd.call(range, node, offset + 1);
     return Range.prototype.getBoundingClientRect.call(range);
@@ -88,9 +88,10 @@
     walker.currentNode = start;
     let seen = '';
     const nodes = [];  // with where each begins in what was seen
-    while (nodes.length < NEARBY && seen.length < NEARBY_TEXT) {
+    for (let count = 0; count < NEARBY && seen.length < NEARBY_TEXT; count++) {
       const node = walker.nextNode();
       if (!node) return;
+      if (/^(script|style|noscript)$/i.test(node.parentElement?.localName)) continue;
       nodes.push({node, at: seen.length});
       const from = Math.max(0, seen.length - sought.length);
       seen += withoutBlanks(node.data);
@@ -135,11 +136,12 @@
     while (element?.shadowRoot && activeOf(element.shadowRoot)) element = activeOf(element.shadowRoot);
     return element;
   };
+  const fullscreenOf = Object.getOwnPropertyDescriptor(Document.prototype, 'fullscreenElement').get;
   // What the page shows that an Escape may take away.
   const signs = () => {
     const element = active();
-    return [element, element?.value, document.fullscreenElement,
-      document.querySelectorAll(':popover-open, dialog[open]').length];
+    return [element, element?.value, fullscreenOf.call(document),
+      Document.prototype.querySelectorAll.call(document, ':popover-open, dialog[open]').length];
   };
   // The element, or what is nearest around it, that stands in the text.
   const inText = (element) => {
