@@ -12,20 +12,6 @@ using Kind = PageSpan::Kind;
 
 constexpr int kLongestWords = 300;  // characters of an entry
 
-bool IsField(Kind kind) {
-  switch (kind) {
-    case Kind::Button:
-    case Kind::Edit:
-    case Kind::CheckBox:
-    case Kind::Radio:
-    case Kind::Choice:
-    case Kind::Widget:
-      return true;
-    default:
-      return false;
-  }
-}
-
 // What all entries of the list are is not said of each.
 std::string EntryWords(const TextMap& map, const PageSpan& span) {
   PageSpan shown = span;
@@ -69,7 +55,7 @@ bool BelongsTo(ElementList list, const PageSpan& span) {
     case ElementList::Links:
       return span.kind == Kind::Link;
     case ElementList::Fields:
-      return IsField(span.kind);
+      return IsField(span);
     case ElementList::Landmarks:
       return span.kind == Kind::Landmark;
     case ElementList::Tables:

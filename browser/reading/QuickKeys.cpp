@@ -19,12 +19,6 @@ using Way = TextMap::Way;
 constexpr int kKeySpace = 32;
 constexpr int kLevels = 6;  // of headings that have a key
 
-bool IsField(const PageSpan& span) {
-  constexpr std::array kFields = {Kind::Button, Kind::Edit,   Kind::CheckBox,
-                                  Kind::Radio,  Kind::Choice, Kind::Widget};
-  return std::find(kFields.begin(), kFields.end(), span.kind) != kFields.end();
-}
-
 template <Kind kind>
 bool Is(const PageSpan& span) {
   return span.kind == kind;

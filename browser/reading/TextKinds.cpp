@@ -43,20 +43,6 @@ std::string StatesOf(const PageSpan& span) {
   return span.facts ? Joined(StateWords(*span.facts)) : "";
 }
 
-bool IsField(const PageSpan& span) {
-  switch (span.kind) {
-    case Kind::Button:
-    case Kind::Edit:
-    case Kind::CheckBox:
-    case Kind::Radio:
-    case Kind::Choice:
-    case Kind::Widget:
-      return true;
-    default:
-      return false;
-  }
-}
-
 bool IsNamelessField(const PageSpan& span) {
   return IsField(span) && span.facts && span.facts->name.empty() && span.facts->value.empty();
 }
@@ -130,6 +116,20 @@ class Spoken {
 };
 
 }  // namespace
+
+bool IsField(const PageSpan& span) {
+  switch (span.kind) {
+    case Kind::Button:
+    case Kind::Edit:
+    case Kind::CheckBox:
+    case Kind::Radio:
+    case Kind::Choice:
+    case Kind::Widget:
+      return true;
+    default:
+      return false;
+  }
+}
 
 std::string KindWords(const PageSpan& span) {
   switch (span.kind) {

@@ -6,6 +6,9 @@
 
 namespace corvane {
 
+/// Whether its user gives it something, or presses it.
+bool IsField(const PageSpan& span);
+
 /// What an element of a page's text is called: "heading level 2", "link", "list of 3",
 /// "table, 3 rows, 2 columns"; empty for what is not said.
 std::string KindWords(const PageSpan& span);
