@@ -36,8 +36,10 @@ void AutoFocus::Name(const char* area) {
 // no focus.
 void AutoFocus::AfterReading(const HTMLDocumentPtr& document) {
   if (pane_.state.typing) return;
-  const bool is_there = document && document->in_place && pane_.state.area == kAreaPage;
-  if (is_there && pane_.manner.today) return;
+  // A page that has changed in place is not what was asked for in the address box: who has
+  // gone there meanwhile is about to type.
+  const bool stays = pane_.state.area == kAreaPage || pane_.state.area == kAreaAddress;
+  if (document && document->in_place && stays && pane_.manner.today) return;
   const auto chosen = [&](int index) {
     bool checked = false;
     ErrorsIgnored([&] { checked = pane_.menu.mnuFocus()(index).Checked(); });

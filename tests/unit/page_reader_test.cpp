@@ -199,6 +199,23 @@ TEST_F(PageReaderTest, WhoIsInAPageThatChangesInPlaceStaysThere) {
   }
 }
 
+// Who has followed a link and gone to the address box meanwhile is about to type there.
+TEST_F(PageReaderTest, TheFocusStaysInTheAddressBoxWhileAPageChangesInPlace) {
+  for (const auto& [manner, focus] :
+       {std::pair{"0", "brwWebBrowser"}, std::pair{"1", "cboAddress"}}) {
+    Program program;
+    program.desktop.settings.Main("Manner") = manner;
+    program.desktop.settings.Pane("Focus") = "4";
+    program.Start();
+    program.Read(MakePage("http://a/", "A", ""));
+    program.Address().SetFocus();
+    auto page = MakePage("http://a/#/b", "B", "");
+    page->in_place = true;
+    program.Read(page);
+    EXPECT_EQ(program.desktop.focus, focus) << manner;
+  }
+}
+
 TEST_F(PageReaderTest, LinksListIsNamedBehindTheTitle) {
   Program program;
   program.desktop.settings.Pane("Focus") = "2";
