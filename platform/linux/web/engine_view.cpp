@@ -338,6 +338,8 @@ void EngineView::Stop() {
   if (watchdog_.Warned()) return leaving_.EndPage();
   if (!Busy()) return;
   stopping_ = true;
+  // The engine may go on naming the page that does not come any more.
+  stays_ = navigation_.Waiting();
   coming_problem_.reset();
   if (navigation_.Idle()) StartReading();
 }

@@ -173,7 +173,7 @@ class EngineView {
   const bool opened_by_page_;
   bool dialog_open_ = false;
   bool stopping_ = false;
-  bool stays_ = false;  // the user has just refused to leave the page
+  bool stays_ = false;  // whatever the engine names: the user stays, or has stopped the load
   int crashes_ = 0;     // since a page was last read
   std::string base_status_;
   Delay idle_;     // a look at whether anything still loads
