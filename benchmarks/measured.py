@@ -76,6 +76,16 @@ class Browser:
                 raise RuntimeError("no window")
         return time.monotonic() - self.started
 
+    def go(self, address, words):
+        """Types an address as a user does, and returns the milliseconds from Enter to
+        those words, or to Enter alone without any."""
+        subprocess.run(["xdotool", "key", "--delay", "60", "ctrl+l", "ctrl+a"], check=True)
+        subprocess.run(["xdotool", "type", "--delay", "5", address], check=True)
+        time.sleep(0.3)
+        before = time.monotonic()
+        subprocess.run(["xdotool", "key", "Return"], check=True)
+        return (self.wait_spoken(words) - before) * 1000 if words else 0
+
     def forget_stalls(self):
         """What comes from now on is measured; twice, because the program may be
         about to write down what was before."""

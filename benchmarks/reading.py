@@ -16,22 +16,12 @@ def reading(build, base, links, runs):
             browser.wait_spoken("Page 1")
             time.sleep(0.5)
             browser.forget_stalls()
-            focus_address()
-            subprocess.run(["xdotool", "type", "--delay", "5", f"{base}/links/{links}"], check=True)
-            before = time.monotonic()
-            subprocess.run(["xdotool", "key", "Return"], check=True)
-            done = browser.wait_spoken(f"{links} links")
-            times.append((done - before) * 1000)
+            times.append(browser.go(f"{base}/links/{links}", f"{links} links"))
             time.sleep(1)
             stalls.append(browser.longest_stall())
         finally:
             browser.end()
     return times, stalls
-
-
-def focus_address():
-    """From the text pane, where the focus goes after a page, past the toolbar."""
-    subprocess.run(["xdotool", "key", "--delay", "60", "Tab", "Tab", "ctrl+a"], check=True)
 
 
 def text_browsers(base, links, runs):
