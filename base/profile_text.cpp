@@ -1,16 +1,12 @@
 #include "base/profile_text.h"
 
 #include "base/text.h"
+#include "base/trim.h"
 
 namespace corvane::profile {
 namespace {
 
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\v\f";
-  const auto first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
+std::string_view Trimmed(std::string_view text) { return text::trimmed(text, " \t\v\f"); }
 
 std::string_view Unquoted(std::string_view text) {
   if (text.size() < 2 || text.front() != text.back()) return text;

@@ -4,17 +4,14 @@
 #include <array>
 
 #include "base/error.h"
+#include "base/trim.h"
 
 namespace corvane {
 namespace {
 
 constexpr std::size_t kDepths = 5;  // 0 to 4 leading tabs
 
-std::string trimmed(const std::string& text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == std::string::npos) return "";
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
+std::string trimmed(const std::string& text) { return std::string(text::trimmed(text, " \t")); }
 
 // The tabs that the line begins with; more than 4 count as 4.
 std::size_t depth_of(const std::string& line) {
