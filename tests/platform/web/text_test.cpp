@@ -271,6 +271,24 @@ TEST_F(TextTest, ThePageScrollsToWordsBehindAnElement) {
   EXPECT_TRUE(Becomes("scrollY < 100", "true"));
 }
 
+TEST_F(TextTest, ThePageScrollsToWordsThatAreSeen) {
+  Load(
+      "<p style='display:none'>same words<script>'same words'</script>"
+      "<div style='height:5000px'></div><p>same words<div style='height:5000px'></div>");
+  view_->ShowWords({}, "same words");
+  EXPECT_TRUE(Becomes("scrollY > 4000", "true"));
+}
+
+TEST_F(TextTest, WhatIsSelectedInASlotIsFoundInTheText) {
+  Load(
+      "<p>One<div id=host>given words</div><script>"
+      "host.attachShadow({mode: 'open'}).innerHTML = '<b>two</b> <slot></slot>'</script>");
+  InPage("getSelection().setBaseAndExtent(host.firstChild, 6, host.firstChild, 8)");
+  Read();
+  ASSERT_GE(page_->selected, 0);
+  EXPECT_EQ(text::mid(page_->text, static_cast<std::size_t>(page_->selected) + 1), "words");
+}
+
 TEST_F(TextTest, WhatIsSelectedIsFoundInTheText) {
   Load("<p>One <b>two</b> three<p>two");
   InPage(

@@ -100,17 +100,17 @@
           if (closed) return;
         } else if (kind === Node.TEXT_NODE && !closed) {
           style ??= styleOf(element);
-          if (node === this.selected?.node) this.selectedText(node, style);
-          else this.text(dataOf(node), style);
+          this.textNode(node, style);
         }
       }
     }
     node(node, holder, style, depth) {
       if (isElement(node)) this.element(node, depth);
-      else if (nodeKindOf(node) === Node.TEXT_NODE) this.text(dataOf(node), style);
+      else if (nodeKindOf(node) === Node.TEXT_NODE) this.textNode(node, style);
     }
-    selectedText(node, style) {
+    textNode(node, style) {
       const data = dataOf(node);
+      if (node !== this.selected?.node) return this.text(data, style);
       this.text(data.slice(0, this.selected.offset), style);
       this.out.select();
       this.text(data.slice(this.selected.offset), style);

@@ -91,7 +91,8 @@
     for (let count = 0; count < NEARBY && seen.length < NEARBY_TEXT; count++) {
       const node = walker.nextNode();
       if (!node) return;
-      if (/^(script|style|noscript)$/i.test(node.parentElement?.localName)) continue;
+      const holder = node.parentElement;
+      if (!holder || !Element.prototype.checkVisibility.call(holder)) continue;
       nodes.push({node, at: seen.length});
       const from = Math.max(0, seen.length - sought.length);
       seen += withoutBlanks(node.data);
@@ -100,8 +101,7 @@
       const first = nodes.findLast(({at}) => at <= found);
       const box = boxOf(first.node, offsetIn(first.node.data, found - first.at));
       if (box.top >= 0 && box.bottom <= window.innerHeight) return;
-      const holder = first.node.parentElement;
-      if (holder) Element.prototype.scrollIntoView.call(holder, {block: 'nearest', behavior: 'instant'});
+      Element.prototype.scrollIntoView.call(first.node.parentElement, {block: 'nearest', behavior: 'instant'});
       const now = boxOf(first.node, offsetIn(first.node.data, found - first.at));
       if (now.top >= 0 && now.bottom <= window.innerHeight) return;
       window.scrollBy({top: now.top - window.innerHeight / 2, behavior: 'instant'});
