@@ -17,10 +17,6 @@ std::string AddressOf(WebKitNavigationAction* action) {
 bool IsFile(const std::string& address) { return address.starts_with("file:"); }
 bool IsOwnPage(const std::string& address) { return address.starts_with("corvane:"); }
 
-std::string WithoutPlace(const std::string& address) {
-  return address.substr(0, address.find('#'));
-}
-
 /// Whether the program itself has asked for it.
 bool IsAskedFor(const std::string& address, const std::string& requested) {
   if (IsDocumentPage(address)) return address == requested;

@@ -19,4 +19,8 @@ std::string ShownAddress(const std::string& address) {
   return IsDocumentPage(address) ? address.substr(kStart.size()) : address;
 }
 
+std::string WithoutPlace(const std::string& address) {
+  return address.substr(0, address.find('#'));
+}
+
 }  // namespace corvane::desktop

@@ -13,4 +13,7 @@ bool IsDocumentPage(const std::string& address);
 /// other as it is.
 std::string ShownAddress(const std::string& address);
 
+/// The address without the place in the document that is named behind "#".
+std::string WithoutPlace(const std::string& address);
+
 }  // namespace corvane::desktop

@@ -10,10 +10,6 @@
 namespace corvane::desktop {
 namespace {
 
-std::string WithoutPlace(const std::string& address) {
-  return address.substr(0, address.find('#'));
-}
-
 // The page comes from a process that has read what nobody trusts: nothing in it runs,
 // loads anything or sends anything.
 constexpr const char* kNothingRuns =
