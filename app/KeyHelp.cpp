@@ -40,8 +40,9 @@ bool KeyHelp::Switch() {
 
 void KeyHelp::Explain(const KeyEvent& key) const {
   const std::string name = NameOf(key);
-  const bool alone = key.KeyCode == kKeyShift || key.KeyCode == kKeyAlt;
-  pane_.Say(alone ? name : name + ", " + WhatDoes(key));
+  if (!IsModifier(key.KeyCode)) return pane_.Say(name + ", " + WhatDoes(key));
+  // Another that is already down makes no difference to it.
+  pane_.Say(key.KeyCode == kKeyControl ? name + ", " + WhatDoes({kKeyControl, 0}) : name);
 }
 
 // What is the area's own comes first, as when the key is pressed: a command that has the

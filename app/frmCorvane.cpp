@@ -70,7 +70,9 @@ MenuItem& frmCorvane::ISpeechWindow_EnableSpeechItem() {
 
 corvane::Form& frmCorvane::ISpeechWindow_Window() { return *Required(parts_).form; }
 
-bool frmCorvane::ISpeechWindow_ReadsOn() { return parts_ && parts_->ctlWebBrowser1.ReadsOn(); }
+bool frmCorvane::ISpeechWindow_AnswersKey(int key_code) {
+  return parts_ && (parts_->help.IsOn() || parts_->ctlWebBrowser1.StepsInReading(key_code));
+}
 
 void frmCorvane::ISpeechWindow_SpeechReady(bool tell_where) {
   ErrorsIgnored([&] { ReportSettings(); },

@@ -65,7 +65,7 @@ class frmCorvane : public ISpeechNotify,
   void ISpeechWindow_Show() override;
   MenuItem& ISpeechWindow_EnableSpeechItem() override;
   corvane::Form& ISpeechWindow_Window() override;
-  bool ISpeechWindow_ReadsOn() override;
+  bool ISpeechWindow_AnswersKey(int key_code) override;
   void ISpeechWindow_SpeechReady(bool tell_where) override;
   void SaveSetting(const std::string& key, const std::string& value) override;
   void NewWindow() override;

@@ -23,7 +23,6 @@ constexpr unsigned kEverywhere = In(kPaneAreas) - 1;
 constexpr int kKeySpace = 32;
 constexpr int kKeyPageUp = 33;
 constexpr int kKeyPageDown = 34;
-constexpr int kKeyEnd = 35;
 constexpr int kKeyF2 = 113;
 constexpr int kKeyF10 = 121;
 

@@ -60,8 +60,7 @@ ReadOn::ReadOn(PaneContext& pane, PageInPane& page, CaretEcho& echo)
 
 void ReadOn::Start() {
   TakeText();
-  const auto caret = static_cast<std::size_t>(pane_.controls.ctlText1.SelStart());
-  Go(text::offset_of(text_, caret));
+  Go(piece_);
 }
 
 // A page ends where its text does, whatever has been announced behind it.
@@ -69,9 +68,11 @@ void ReadOn::TakeText() {
   const ctlText& box = pane_.controls.ctlText1;
   text_ = box.Text();
   length_ = box.TextLength();
+  position_ = box.SelStart();
+  piece_ = text::offset_of(text_, static_cast<std::size_t>(position_));
   const int end = page_.End();
-  if (box.SelStart() >= end || end >= length_) return;
-  text_.resize(text::offset_of(text_, static_cast<std::size_t>(end)));
+  if (position_ >= end || end >= length_) return;
+  text_.resize(text::offset_of(text_, static_cast<std::size_t>(end - position_), piece_));
 }
 
 void ReadOn::Go(std::size_t offset) {
@@ -80,13 +81,22 @@ void ReadOn::Go(std::size_t offset) {
   Next();
 }
 
+// Only what lies between is counted: a page may have megabytes.
+void ReadOn::MoveTo(std::size_t offset) {
+  const std::string_view text = text_;
+  const auto characters = [&](std::size_t from, std::size_t until) {
+    return static_cast<int>(text::length(text.substr(from, until - from)));
+  };
+  position_ += offset >= piece_ ? characters(piece_, offset) : -characters(offset, piece_);
+  piece_ = offset;
+}
+
 void ReadOn::Next() {
   const std::size_t start = std::min(text_.find_first_not_of(kBlanks, offset_), text_.size());
-  const auto position = static_cast<int>(text::length(std::string_view(text_).substr(0, start)));
-  piece_ = start;
+  MoveTo(start);
   const std::string piece = text_.substr(start, PieceLength(text_, start));
   offset_ = start + piece.size();
-  page_.ReadAt(position, piece);
+  page_.ReadAt(position_, piece);
   echo_.Follow();
   if (piece.empty()) {
     turn_.reset();
@@ -106,7 +116,6 @@ void ReadOn::Spoken() {
     if (page_.Map() == nullptr) return turn_.reset();  // another text by now
     const std::size_t spoken = offset_ - piece_;
     TakeText();
-    piece_ = text::offset_of(text_, static_cast<std::size_t>(box.SelStart()));
     offset_ = std::min(piece_ + spoken, text_.size());
   }
   Next();

@@ -30,6 +30,7 @@ class ReadOn {
  private:
   void TakeText();
   void Go(std::size_t offset);
+  void MoveTo(std::size_t offset);
   void Next();
   void Spoken();
   std::size_t Target(Unit unit, Way way) const;
@@ -40,6 +41,7 @@ class ReadOn {
   std::string text_;           // the pane's, as far as it is read
   int length_ = 0;             // of the pane's, in characters
   std::size_t piece_ = 0;      // where what is being spoken begins, in bytes
+  int position_ = 0;           // the same in characters
   std::size_t offset_ = 0;     // where what comes next begins
   std::shared_ptr<int> turn_;  // the reading under way
   Connections connections_;

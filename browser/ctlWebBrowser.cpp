@@ -36,9 +36,8 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop, const Manner& manner)
       reader_(pane_, navigation_, elements_, links_, side_bar_),
       areas_(pane_, navigation_) {
   side_bar_.LookUpElements([this] { return page_in_pane_.Map(); });
-  connections_ += side_bar_.ElementChosen.Connect([this](const PageElement& element) {
-    elements_dialog_.Lead({element, false});
-  });
+  connections_ += side_bar_.ElementChosen.Connect(
+      [this](const PageElement& element) { page_in_pane_.Lead(element, PageInPane::Then::Read); });
   PaneMenu& menu = pane_.menu;
   connections_ += menu.mnuTextHistory.Click.Connect([this](int i) { mnuTextHistory_Click(i); });
   connections_ += menu.mnuHome.Click.Connect([this](int i) { mnuHome_Click(i); });

@@ -82,7 +82,11 @@ class ctlWebBrowser {
   void PreviousSplitter() { layout_.PreviousSplitter(); }
   /// Reads the text pane aloud from its caret on.
   void ReadOn() { read_on_.Start(); }
-  bool ReadsOn() const { return read_on_.IsReading(); }
+  /// Whether the key leads to and fro in what is being read aloud.
+  bool StepsInReading(int key_code) const {
+    const bool is_arrow = key_code >= kKeyLeft && key_code <= kKeyDown;
+    return is_arrow && pane_.manner.today && read_on_.IsReading();
+  }
   /// Goes to and fro in what is being read aloud; false, and nothing done, while nothing
   /// is, and in the established manner.
   bool StepInReading(corvane::ReadOn::Unit unit, corvane::ReadOn::Way way) {

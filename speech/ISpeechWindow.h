@@ -22,8 +22,9 @@ class ISpeechWindow {
   MenuItem& EnableSpeechItem() { return ISpeechWindow_EnableSpeechItem(); }
   /// The window on the screen.
   Form& Window() { return ISpeechWindow_Window(); }
-  /// Whether text is being read aloud in which the arrows lead to and fro.
-  bool ReadsOn() { return ISpeechWindow_ReadsOn(); }
+  /// Whether what the key does there is heard at once, so that its own name would only
+  /// cut that off, or say it twice.
+  bool AnswersKey(int key_code) { return ISpeechWindow_AnswersKey(key_code); }
   /// The character can speak from now on. `tell_where`: the user has heard nothing yet
   /// of where he is.
   void SpeechReady(bool tell_where) { ISpeechWindow_SpeechReady(tell_where); }
@@ -33,7 +34,7 @@ class ISpeechWindow {
   virtual void ISpeechWindow_Show() = 0;
   virtual MenuItem& ISpeechWindow_EnableSpeechItem() = 0;
   virtual Form& ISpeechWindow_Window() = 0;
-  virtual bool ISpeechWindow_ReadsOn() = 0;
+  virtual bool ISpeechWindow_AnswersKey(int key_code) = 0;
   virtual void ISpeechWindow_SpeechReady(bool tell_where) = 0;
 };
 

@@ -245,9 +245,7 @@ void MSAgent::Drop(std::optional<Message> message) {
 void MSAgent::WinHook3_KeyDownHook(const PressedKey& key) {
   ErrorsIgnored([&] {
     if (!blnKeyboardEcho || UserWantsSilence()) return;
-    // The arrows' names would end what they lead to and fro in.
-    const bool is_arrow = key.code >= kKeyLeft && key.code <= kKeyDown;
-    if (is_arrow && manner_.today && speech_.windows.UserIsBeingReadTo()) return;
+    if (speech_.windows.UsersAnswersKey(key.code)) return;
     if (manner_.hide_passwords && WinHook3_->IntoPassword() &&
         (key.character != 0 || WritesCharacter(key.code))) {
       return SayInPassing("star", Urgency::Urgent);

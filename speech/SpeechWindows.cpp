@@ -43,11 +43,11 @@ bool SpeechWindows::UserIsInASilentOne() const {
   return around && !IsOn(*around);
 }
 
-bool SpeechWindows::UserIsBeingReadTo() const {
+bool SpeechWindows::UsersAnswersKey(int key_code) const {
   const auto around = Around(desktop_.GetWindows().Active());
-  bool reads = false;
-  if (around) ErrorsIgnored([&] { reads = around->ReadsOn(); });
-  return reads;
+  bool answers = false;
+  if (around) ErrorsIgnored([&] { answers = around->AnswersKey(key_code); });
+  return answers;
 }
 
 void SpeechWindows::SpeechReady(bool tell_where) const {

@@ -27,8 +27,8 @@ class SpeechWindows {
   bool Speaks(WindowHandle window) const;
   /// Whether the user is in a browser window whose speech is off.
   bool UserIsInASilentOne() const;
-  /// Whether the user is in a browser window that reads aloud; see ISpeechWindow::ReadsOn.
-  bool UserIsBeingReadTo() const;
+  /// Whether the browser window that the user is in answers the key; see ISpeechWindow.
+  bool UsersAnswersKey(int key_code) const;
   /// Tells the window that the user hears now that the character can speak: of
   /// several, the one that he is in. `tell_where` as for a window.
   void SpeechReady(bool tell_where) const;

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "base/handling.h"
-#include "browser/reading/TextKinds.h"
 
 namespace corvane {
 
@@ -26,19 +25,9 @@ void ElementsDialog::Closed(const std::optional<frmElements::Choice>& choice) {
   list_ = form_->List();
   const std::optional<frmElements::Choice> chosen = choice;  // the dialog's own goes with it
   form_.reset();
-  if (chosen) ErrorsIgnored([&] { Lead(*chosen); });
-}
-
-// The focus comes to the text pane when the window is the active one again; what is said
-// there then are the words of what was chosen.
-void ElementsDialog::Lead(const frmElements::Choice& choice) {
-  const auto span = page_.Map() == nullptr ? std::nullopt : page_.Map()->Of(choice.element);
-  if (!span) return pane_.announcer.Say("That is not in the page any more");
-  page_.GoTo(*span);
-  std::string words = ReachedWords(*page_.Map(), page_.Map()->At(*span));
-  if (choice.act) words = page_.Use() ? "" : "No link, button or field here";
-  pane_.state.arriving = words;
-  pane_.controls.ctlText1.SetFocus();
+  if (!chosen) return;
+  using Then = PageInPane::Then;
+  ErrorsIgnored([&] { page_.Lead(chosen->element, chosen->act ? Then::Act : Then::Read); });
 }
 
 }  // namespace corvane

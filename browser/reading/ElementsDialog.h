@@ -16,8 +16,6 @@ class ElementsDialog {
   /// Shows the lists over the pane's window, on the kind that was shown last. Without
   /// effect while they are shown.
   void Show(Form& owner);
-  /// Leads to an element of the page, or acts on it, from wherever the focus is.
-  void Lead(const frmElements::Choice& choice);
 
  private:
   void Closed(const std::optional<frmElements::Choice>& choice);

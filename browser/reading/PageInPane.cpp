@@ -16,7 +16,8 @@ namespace {
 using Kind = PageSpan::Kind;
 
 constexpr std::size_t kMostPlaces = 200;  // kept of the history
-constexpr int kChanges = 700;             // milliseconds that a page gets for what follows a use
+constexpr const char* kGone = "That is no longer in the page";
+constexpr int kChanges = 700;  // milliseconds that a page gets for what follows a use
 
 bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
@@ -221,6 +222,18 @@ void PageInPane::GoTo(std::size_t span) {
                                            WebBrowser::ElementUse::Show);
 }
 
+// The focus comes to the text pane when the window is the active one again; what is said
+// there then are the words of what was chosen.
+void PageInPane::Lead(const PageElement& element, Then then) {
+  const auto span = map_ ? map_->Of(element) : std::nullopt;
+  if (!span) return pane_.announcer.Say(kGone);
+  GoTo(*span);
+  std::string words = ReachedWords(*map_, map_->At(*span));
+  if (then == Then::Act) words = Use() ? "" : kNothingToUse;
+  pane_.state.arriving = words;
+  pane_.controls.ctlText1.SetFocus();
+}
+
 void PageInPane::ReadAt(int position, const std::string& words) {
   ctlText& box = pane_.controls.ctlText1;
   if (box.SelStart() != position || box.SelLength() > 0) box.SetSelStart(position);
@@ -315,7 +328,7 @@ bool PageInPane::Use() {
 // The page has changed since its text was taken.
 void PageInPane::Gone() {
   pane_.state.entering = false;
-  pane_.announcer.Say("That is no longer in the page");
+  pane_.announcer.Say(kGone);
   if (map_) Ask();
 }
 

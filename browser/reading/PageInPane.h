@@ -15,6 +15,9 @@ namespace corvane {
 /// is read again and while other pages of the history are shown.
 class PageInPane {
  public:
+  /// What is said where Use has found nothing to do.
+  static constexpr const char* kNothingToUse = "No link, button or field here";
+
   explicit PageInPane(PaneContext& pane);
 
   /// What lies where; null while that is not known.
@@ -32,6 +35,10 @@ class PageInPane {
   void GoTo(std::size_t span);
   void GoTo(int position);
 
+  enum class Then { Read, Act };
+  /// Leads the user to an element of the page's text, or has it act on it there, from
+  /// wherever the focus is.
+  void Lead(const PageElement& element, Then then);
   /// Takes the reader along to a place in the pane where these words are said; the page
   /// scrolls along.
   void ReadAt(int position, const std::string& words);

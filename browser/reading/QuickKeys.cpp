@@ -186,7 +186,7 @@ void QuickKeys::GoBehindLinks(Way way) {
 }
 
 void QuickKeys::Act() {
-  if (!page_.Use()) pane_.announcer.Say("No link, button or field here");
+  if (!page_.Use()) pane_.announcer.Say(PageInPane::kNothingToUse);
 }
 
 }  // namespace corvane

@@ -8,6 +8,7 @@
 
 #include "access/FieldKinds.h"
 #include "base/text.h"
+#include "base/trim.h"
 #include "speech/SignName.h"
 
 namespace corvane {
@@ -19,6 +20,7 @@ constexpr std::array<std::string_view, 26> kAlphabet = {
     "Juliett", "Kilo",  "Lima",    "Mike",   "November", "Oscar",   "Papa",   "Quebec", "Romeo",
     "Sierra",  "Tango", "Uniform", "Victor", "Whiskey",  "X-ray",   "Yankee", "Zulu"};
 
+constexpr const char* kNothing = "There is nothing to spell here";
 constexpr std::size_t kMostCharacters = 1000;  // nobody listens to more
 
 bool IsBlank(std::string_view character) {
@@ -73,13 +75,6 @@ std::string WordAt(const std::string& line, int column) {
   return word;
 }
 
-std::string Trimmed(const std::string& text) {
-  constexpr const char* kBlanks = " \t\r\n";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
 bool TakesText(const HTMLElement& element) {
   if (element.type_name == "HTMLTextAreaElement") return true;
   if (element.type_name == "HTMLInputElement") return IsTyped(element);
@@ -92,11 +87,17 @@ std::string Spelled(const std::string& text) { return Joined(text, Named); }
 std::string SpelledByWords(const std::string& text) { return Joined(text, NamedByWord); }
 
 void Spelling::SpellWord() {
-  const Place place = Here();
-  Spell(place.has_caret ? WordAt(place.line, place.column) : Trimmed(place.line));
+  const auto place = Here();
+  if (!place) return pane_.announcer.Say(kNothing);
+  if (!place->has_caret) return SpellLine();
+  Spell(WordAt(place->line, place->column));
 }
 
-void Spelling::SpellLine() { Spell(Trimmed(Here().line)); }
+void Spelling::SpellLine() {
+  const auto place = Here();
+  if (!place) return pane_.announcer.Say(kNothing);
+  Spell(std::string(text::trimmed(place->line)));
+}
 
 void Spelling::Spell(const std::string& text) {
   const bool again = said_ == pane_.announcer.Count() && text == spelled_;
@@ -110,13 +111,19 @@ void Spelling::Spell(const std::string& text) {
   said_ = pane_.announcer.Count();
 }
 
-Spelling::Place Spelling::Here() const {
+std::optional<Spelling::Place> Spelling::Here() const {
   const PaneControls& c = pane_.controls;
   switch (pane_.state.area) {
     case kAreaAddress:
-      return {c.cboAddress->Text(), c.cboAddress->SelStart()};
+      return Place{c.cboAddress->Text(), c.cboAddress->SelStart()};
+    case kAreaToolbar:
+      return std::nullopt;
+    case kAreaSideBar: {
+      const TreeNode* const selected = c.TreeView1->SelectedItem();
+      return selected == nullptr ? std::nullopt : std::optional(Place{selected->Text(), 0, false});
+    }
     case kAreaLinks:
-      return {c.cmbListLinks->Text(), 0, false};
+      return Place{c.cmbListLinks->Text(), 0, false};
     case kAreaPage:
       return InPage();
     default:
@@ -125,15 +132,15 @@ Spelling::Place Spelling::Here() const {
   const RichTextBox& box = c.ctlText1.Text1();
   const int caret = box.SelStart();
   const int start = box.LineIndex(box.GetLineFromChar(caret));
-  return {box.GetLine(box.GetLineFromChar(caret), box.LineLength(start)), caret - start};
+  return Place{box.GetLine(box.GetLineFromChar(caret), box.LineLength(start)), caret - start};
 }
 
 // Of a field the line at its caret.
-Spelling::Place Spelling::InPage() const {
+std::optional<Spelling::Place> Spelling::InPage() const {
   const HTMLElementPtr element = pane_.controls.brwWebBrowser->FocusedElement();
-  if (!element) return {"", 0, false};
+  if (!element) return std::nullopt;
   if (!TakesText(*element)) {
-    return {element->innerText.empty() ? element->label : element->innerText, 0, false};
+    return Place{element->innerText.empty() ? element->label : element->innerText, 0, false};
   }
   const auto length = static_cast<int>(text::length(element->value));
   const bool secret = pane_.manner.hide_passwords && IsSecret(*element);
@@ -144,7 +151,8 @@ Spelling::Place Spelling::InPage() const {
   const std::size_t before = at == 0 ? std::string::npos : value.rfind('\n', at - 1);
   const std::size_t start = before == std::string::npos ? 0 : before + 1;
   const std::string line = value.substr(start, value.find('\n', at) - start);
-  return {line, static_cast<int>(text::length(std::string_view(value).substr(start, at - start)))};
+  return Place{line,
+               static_cast<int>(text::length(std::string_view(value).substr(start, at - start)))};
 }
 
 }  // namespace corvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "browser/PaneContext.h"
@@ -23,8 +24,9 @@ class Spelling {
     int column = 0;
     bool has_caret = true;
   };
-  Place Here() const;
-  Place InPage() const;
+  /// Nothing where there is nothing to spell.
+  std::optional<Place> Here() const;
+  std::optional<Place> InPage() const;
   void Spell(const std::string& text);
 
   PaneContext& pane_;

@@ -227,7 +227,7 @@ TEST_F(ElementListsTest, WhatHasGoneFromThePageIsTold) {
   p.Spoken();
   PressKey(kKeyReturn);
   EXPECT_FALSE(IsOpen());
-  EXPECT_THAT(p.Spoken(), ElementsAre("That is not in the page any more"));
+  EXPECT_THAT(p.Spoken(), ElementsAre("That is no longer in the page"));
 }
 
 TEST(EstablishedElements, TheKeyIsNotTaken) {

@@ -92,6 +92,23 @@ TEST_F(KeyHelpTest, EndsWithItsKeyAndWithEscape) {
   EXPECT_FALSE(Press(kKeyEscape));
 }
 
+TEST_F(KeyHelpTest, KeysThatAreEchoedAreNamedOnce) {
+  p.Service()->KeyBoardEcho(true);
+  p.desktop.windows.active = p.Inside().form->hwnd();
+  p.Spoken();
+  p.desktop.PressKey(kKeyF5);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  EXPECT_EQ(Explained(kKeyF5), "F5, loads the page again");
+  EXPECT_EQ(Explained(kKeyEscape), "Key help off");
+  p.desktop.PressKey(kKeyF5);
+  EXPECT_THAT(p.Spoken(), ElementsAre("F5 (urgent)"));
+}
+
+TEST_F(KeyHelpTest, AModifierIsTheSameWithAnotherOneDown) {
+  EXPECT_EQ(Explained(kKeyControl, kShiftMask), "Control, silences what is being said");
+  EXPECT_EQ(Explained(kKeyShift, kCtrlMask), "Shift");
+}
+
 TEST_F(KeyHelpTest, HoldsNobodyWhenTheMannerChangesMeanwhile) {
   std::vector<std::string> values;
   const auto options = p.desktop.own_options.list();

@@ -110,6 +110,20 @@ TEST_F(SpellingTest, TheWordsOfALinkThatHasTheFocus) {
   EXPECT_THAT(Press('W'), ElementsAre("G, o, space, o, n"));
 }
 
+TEST_F(SpellingTest, TheItemOfTheTreeThatIsSelected) {
+  TreeNode& node = p.Tree().Add(nullptr, "Go on");
+  p.Tree().SetSelectedItem(&node);
+  p.Tree().SetFocus();
+  EXPECT_THAT(Press('W'), ElementsAre("G, o, space, o, n"));
+}
+
+TEST_F(SpellingTest, SaysSoWhereThereIsNothingToSpell) {
+  p.desktop.Get<FakeCommandButton>("cmdToolbar0").SetFocus();
+  EXPECT_THAT(Press('W'), ElementsAre("There is nothing to spell here"));
+  p.Browser().SetFocus();
+  EXPECT_THAT(Press('L'), ElementsAre("There is nothing to spell here"));
+}
+
 TEST(SpellingEstablished, TheKeysAreThePages) {
   Program p;
   p.StartTalking();
