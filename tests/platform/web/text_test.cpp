@@ -149,16 +149,6 @@ TEST_F(TextTest, ShadowTreesAreReadAsTheyAreShown) {
   EXPECT_THAT(All(Kind::Link), ElementsAre("inner"));
 }
 
-TEST_F(TextTest, FramesStandWhereTheyAre) {
-  server_.Page("/inner", "<!doctype html><h2>Inside</h2><a href=/q>go</a>");
-  Load("<p>before<iframe src=/inner title=Advert></iframe>after");
-  EXPECT_EQ(page_->text, "before\nInside\n\ngo\nafter");
-  EXPECT_THAT(All(Kind::Frame), ElementsAre("Inside\n\ngo"));
-  EXPECT_EQ(First(Kind::Frame).facts->name, "Advert");
-  EXPECT_EQ(page_->documents.size(), 2U);
-  EXPECT_EQ(First(Kind::Heading).document, 1);
-}
-
 TEST_F(TextTest, LanguagesAreKnown) {
   Load("<p>A <span lang=fr>mot</span>");
   EXPECT_THAT(All(Kind::Language), ElementsAre("mot"));
@@ -221,13 +211,6 @@ TEST_F(TextTest, AUseIsAClickAndTakesNoFocus) {
   EXPECT_TRUE(Becomes("document.querySelector('details').open", "true"));
   Read();
   EXPECT_NE(page_->text.find("inner"), std::string::npos);
-}
-
-TEST_F(TextTest, AnElementOfAFrameIsUsedThere) {
-  server_.Page("/inner", "<!doctype html><button onclick='parent.pressed = 1'>Do</button>");
-  Load("<iframe src=/inner></iframe>");
-  Use(Kind::Button);
-  EXPECT_TRUE(Becomes("window.pressed", "1"));
 }
 
 TEST_F(TextTest, EnteringAFieldGivesItTheFocus) {

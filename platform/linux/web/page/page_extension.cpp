@@ -73,6 +73,30 @@ gboolean OnMessage(WebKitWebPage* page, WebKitUserMessage* message, gpointer) {
   return TRUE;
 }
 
+constexpr const char* kFrames = "corvaneFrames";
+
+// The frames of a page may be of different origins, and then no script of one may look
+// into another, the program's own neither. By this map, which all frames of a page have
+// in common, the program's scripts find each other; no page sees it.
+void GiveFrames(JSCContext* main, JSCContext* frame) {
+  JSCValue* frames = jsc_context_get_value(main, kFrames);
+  if (jsc_value_is_undefined(frames)) {
+    g_object_unref(frames);
+    frames = jsc_context_evaluate(main, "new WeakMap()", -1);
+    jsc_context_set_value(main, kFrames, frames);
+  }
+  if (frame != main) jsc_context_set_value(frame, kFrames, frames);
+  g_object_unref(frames);
+}
+
+void OnWindow(WebKitScriptWorld*, WebKitWebPage* page, WebKitFrame* frame, gpointer) {
+  JSCContext* main = webkit_frame_get_js_context_for_script_world(MainFrameOf(page), world);
+  JSCContext* context = webkit_frame_get_js_context_for_script_world(frame, world);
+  if (main != nullptr && context != nullptr) GiveFrames(main, context);
+  g_clear_object(&context);
+  g_clear_object(&main);
+}
+
 // A large page's elements on their way to the accessibility bus leave a heap full of
 // holes, which the allocator would keep: tens of megabytes after some hundred pages.
 // Not in the program itself, where the keys would have to wait for it.
@@ -100,5 +124,6 @@ void OnPageCreated(WebKitWebExtension*, WebKitWebPage* page, gpointer) {
 
 G_MODULE_EXPORT void webkit_web_extension_initialize(WebKitWebExtension* extension) {
   world = webkit_script_world_new_with_name("corvane");  // kScriptWorld
+  g_signal_connect(world, "window-object-cleared", G_CALLBACK(OnWindow), nullptr);
   g_signal_connect(extension, "page-created", G_CALLBACK(OnPageCreated), nullptr);
 }

@@ -25,6 +25,10 @@ void OnAwaited(GObject* view, GAsyncResult* result, gpointer done) {
                                                                      nullptr));
 }
 
+void OnActed(GObject* view, GAsyncResult* result, gpointer done) {
+  Answer(done, webkit_web_view_evaluate_javascript_finish(WEBKIT_WEB_VIEW(view), result, nullptr));
+}
+
 void OnReplied(GObject* view, GAsyncResult* result, gpointer data) {
   const std::unique_ptr<Done> done(static_cast<Done*>(data));
   WebKitUserMessage* reply =
@@ -48,9 +52,10 @@ void Evaluate(WebKitWebView* view, const std::string& expression, GCancellable* 
       cancellable, &OnReplied, new Done(std::move(done)));
 }
 
-void ActForUser(WebKitWebView* view, const std::string& call) {
+void ActForUser(WebKitWebView* view, const std::string& call, Done done) {
   webkit_web_view_evaluate_javascript(view, call.c_str(), static_cast<gssize>(call.size()),
-                                      kScriptWorld, nullptr, nullptr, nullptr, nullptr);
+                                      kScriptWorld, nullptr, nullptr, &OnActed,
+                                      new Done(std::move(done)));
 }
 
 void Await(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,

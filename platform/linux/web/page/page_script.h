@@ -25,8 +25,10 @@ void Evaluate(WebKitWebView* view, const std::string& expression, GCancellable* 
               std::function<void(std::optional<std::string>)> done);
 
 /// Runs a call in the same place as something that the user does: what follows in
-/// the page has the rights that a click gives.
-void ActForUser(WebKitWebView* view, const std::string& call);
+/// the page has the rights that a click gives. `done` is given its text as by Evaluate.
+void ActForUser(
+    WebKitWebView* view, const std::string& call,
+    std::function<void(std::optional<std::string>)> done = [](const auto&) {});
 
 /// Evaluates an expression that promises its text and waits for it. Not for ever; the
 /// promise must keep itself. None in documents that run no scripts, and rights that

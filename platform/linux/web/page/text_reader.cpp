@@ -85,7 +85,7 @@ void TextReader::Received(std::string text, const std::weak_ptr<int>& turn, cons
 void TextReader::Use(const PageElement& element) { ActForUser(view_, Call("use", element)); }
 
 void TextReader::Focus(const PageElement& element, std::function<void()> done) {
-  Evaluate(view_, Call("focus", element), nullptr, [done = std::move(done)](const auto& there) {
+  ActForUser(view_, Call("focus", element), [done = std::move(done)](const auto& there) {
     if (there == "true") done();
   });
 }

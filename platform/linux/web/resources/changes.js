@@ -339,7 +339,7 @@
 
   // Goes to a place in this page as the link that leads there would.
   const jump = (address) => {
-    const link = globalThis.corvane?.findLink?.(address);
+    const link = globalThis.corvane.parts.findLink(address);
     const click = new MouseEvent('click', {bubbles: true, cancelable: true, composed: true});
     action?.end();
     action = new Action(link ?? null);

@@ -9,7 +9,7 @@
   const {
     documentId, post, begin, clean, collapsed, attribute, characters, bodyOf, rootOf, innerTextOf,
     numberOf, classOf, hrefOf, isLink, isField, stateOf, describeField, describeLinks, maxValue,
-    isRecorded, kindOf,
+    isRecorded, kindOf, share, sharedBy,
   } = globalThis.corvane.parts;
   const {ofEditor, lineOfEditor, lineOfArea, stepOf} = globalThis.corvaneCaret;
   const MOST_WORDS = 300;  // characters of what an element shows
@@ -250,19 +250,14 @@
 
   const activeIn = (root) => Object.getOwnPropertyDescriptor(
     (root instanceof Document ? Document : ShadowRoot).prototype, 'activeElement').get.call(root);
-  // Tells once more of the element that has the focus, here or in a frame that may be
-  // looked into from here.
+  // Tells once more of the element that has the focus, here or in a frame.
   const tellAgain = (depth = 0) => {
     if (!Document.prototype.hasFocus.call(document) || depth > 10) return;
     let element = activeIn(document);
     while (element?.shadowRoot && activeIn(element.shadowRoot)) element = activeIn(element.shadowRoot);
     if (!element || (isPage(element) && !isEditor(element))) return;
     if (element instanceof HTMLIFrameElement || element instanceof HTMLFrameElement) {
-      try {
-        element.contentWindow.corvaneEvents?.tellAgain(depth + 1);
-      } catch {
-        // another origin's frame
-      }
+      sharedBy(element.contentWindow).tellAgain?.(depth + 1);
       return;
     }
     const target = globalThis.corvaneAttention?.arrive(element) ?? element;
@@ -270,4 +265,5 @@
   };
   Object.defineProperty(globalThis, 'corvaneEvents',
     {value: Object.freeze({tellAgain, tell, tellFocus, enter})});
+  share('tellAgain', tellAgain);
 })();

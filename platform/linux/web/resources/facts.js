@@ -9,7 +9,7 @@
     nameOf, descriptionOf, roleOf, givenRole, isShown, isKeptBack, isElement, isInside, elementAbove,
     elementsBelow, named, attribute, has, matches, getter, short, typeOf, valueOf, tagOf, words, limit,
   } = globalThis.corvaneNames;
-  const {numberOf} = globalThis.corvane.parts;
+  const {numberOf, share, sharedBy} = globalThis.corvane.parts;
   const MOST_GROUPS = 8;
   const MOST_LIKE = 20000;  // elements looked at to find a place among the like
 
@@ -345,14 +345,14 @@
   const ALWAYS = words('dialog alertdialog listbox menu menubar tree treegrid grid table tablist ' +
     'toolbar radiogroup banner complementary contentinfo main navigation search');
   const WHEN_NAMED = words('group region form figure list tabpanel article feed application');
-  // A frame that may be looked out of is the group of all that is in it.
-  const frameAround = (element) => {
-    try {
-      return element === document.documentElement ? window.frameElement : null;
-    } catch {
-      return null;
-    }
-  };
+  // A frame is the group of all that is in it.
+  const framesOf = () => Document.prototype.querySelectorAll.call(document, 'iframe, frame, object');
+  share('nameOfFrame', (view) => {
+    const frame = Array.prototype.find.call(framesOf(), (each) => each.contentWindow === view);
+    return frame ? nameOf(frame) : null;
+  });
+  const nameOfOwnFrame = () => (window === window.parent ? null
+    : sharedBy(window.parent).nameOfFrame?.(window) ?? null);
   const groupsOf = (element) => {
     const groups = [];
     // The options that a list's choice stands among.
@@ -363,9 +363,9 @@
     }
     let at = ownerOf(element) ?? elementAbove(element);
     for (let i = 0; at && i < limit.above && groups.length < MOST_GROUPS; i++) {
-      const frame = frameAround(at);
-      if (frame) {
-        groups.unshift([numberOf(at), 'frame', nameOf(frame), '', 0, 0, '']);
+      const frame = at === document.documentElement ? nameOfOwnFrame() : null;
+      if (frame !== null) {
+        groups.unshift([numberOf(at), 'frame', frame, '', 0, 0, '']);
         break;
       }
       const role = isLayout(at) ? '' : roleOf(at);

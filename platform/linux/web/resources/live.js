@@ -13,6 +13,7 @@
     nameOf, wordsOf, descriptionOf, roleOf, isShown, isElement, elementAbove, attribute, has, matches, canHaveFocus,
     getter, short, limit,
   } = globalThis.corvaneNames;
+  const {share, sharedBy} = globalThis.corvane.parts;
   const channel = globalThis.webkit?.messageHandlers?.corvaneLive;
   if (!channel) return;
 
@@ -147,11 +148,7 @@
     }
     if (depth > 10) return undefined;
     for (let i = 0; i < window.length && i < MOST.inside; i++) {
-      try {
-        if (window[i].corvaneLive?.enter(depth + 1)) return 'entered';
-      } catch {
-        // another origin's frame
-      }
+      if (sharedBy(window[i]).enterDialog?.(depth + 1)) return 'entered';
     }
     return undefined;
   };
@@ -341,4 +338,5 @@
   else window.addEventListener('load', (event) => { if (event.isTrusted) start(); }, {once: true});
 
   Object.defineProperty(globalThis, 'corvaneLive', {value: Object.freeze({enter})});
+  share('enterDialog', enter);
 })();

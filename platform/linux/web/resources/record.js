@@ -38,6 +38,20 @@
   const documentId = Array.from({length: 3},
     () => Math.floor(Math.random() * 2 ** 32).toString(36)).join('-');
 
+  // --- the page's other frames -------------------------------------------------
+
+  // The scripts of a page's frames find each other here, of whatever origin they are.
+  const frames = globalThis.corvaneFrames ?? new WeakMap();
+  const viewOf = getter(Document, 'defaultView');
+  const shared = {};  // what this frame's scripts have for the others'
+  const share = (name, value) => { shared[name] = value; };
+  frames.set(window, {shared, isThere: () => viewOf(document) !== null});
+  /** What the scripts of the frame with that window share; nothing where none run. */
+  const sharedBy = (view) => {
+    const its = view ? frames.get(view) : null;
+    return its?.isThere() ? its.shared : {};
+  };
+
   // --- texts -----------------------------------------------------------------
 
   let budget = 0;  // characters that the present message may still hold
@@ -329,18 +343,13 @@
     };
   };
 
-  // The records of this document and of every frame in it that may be read from
-  // here. The others report themselves.
+  // The records of this document and of every frame in it.
   const collect = (remember = true) => {
     const records = [];
     const visit = (view, depth) => {
       if (records.length > LIMIT.frames || depth > LIMIT.depth) return;
-      try {
-        const api = view.corvane;  // refused for another origin's window
-        if (api?.describe) records.push(api.describe(remember));
-      } catch {
-        // its own record will come
-      }
+      const its = sharedBy(view).describe;
+      if (its) records.push(its(remember));
       const count = Math.min(view.length, LIMIT.frames);
       for (let i = 0; i < count; i++) visit(view[i], depth + 1);
     };
@@ -353,14 +362,10 @@
   const follow = (href) => {
     const visit = (view, depth) => {
       if (depth > LIMIT.depth) return false;
-      try {
-        const link = view.corvane?.findLink?.(href);
-        if (link) {
-          HTMLElement.prototype.click.call(link);
-          return true;
-        }
-      } catch {
-        // another origin's frame
+      const link = sharedBy(view).findLink?.(href);
+      if (link) {
+        HTMLElement.prototype.click.call(link);
+        return true;
       }
       const count = Math.min(view.length, LIMIT.frames);
       for (let i = 0; i < count; i++) if (visit(view[i], depth + 1)) return true;
@@ -394,21 +399,16 @@
   const parts = Object.freeze({
     documentId, post, begin, clean, collapsed, attribute, characters, bodyOf, rootOf, innerTextOf,
     numberOf, classOf, hrefOf, isLink, isField, stateOf, describeField, describeLinks, kindOf,
-    maxValue: LIMIT.value, isRecorded: (element) => recorded.has(element),
+    share, sharedBy, findLink, maxValue: LIMIT.value, isRecorded: (element) => recorded.has(element),
   });
   Object.defineProperty(globalThis, 'corvane',
-    {value: Object.freeze({collect, describe, follow, findLink, around, parts})});
+    {value: Object.freeze({collect, follow, around, parts})});
+  share('describe', describe);
+  share('findLink', findLink);
 
-  // A frame reports itself where the page cannot collect it: it is of another
-  // origin, or it has changed since.
-  const isCollected = () => {
-    try {
-      return window.top.corvane !== undefined && window.top.document &&
-        readyStateOf(window.top.document) !== 'complete';
-    } catch {
-      return false;
-    }
-  };
+  // A frame reports itself where it comes or changes behind the page.
+  share('isComplete', () => readyStateOf(document) === 'complete');
+  const isCollected = () => sharedBy(window.top).isComplete?.() === false;
   const report = () => {
     if (isCollected()) return;
     const record = describe();

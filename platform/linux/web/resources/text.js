@@ -13,7 +13,7 @@
     nameOf, roleOf, isElement, isKeptBack, elementsBelow, attribute, has, getter, short, tagOf, words,
   } = globalThis.corvaneNames;
   const {briefFactsOf} = globalThis.corvaneFacts;
-  const {numberOf, documentId, bodyOf, rootOf, hrefOf} = globalThis.corvane.parts;
+  const {numberOf, documentId, bodyOf, rootOf, hrefOf, share, sharedBy} = globalThis.corvane.parts;
   const Writer = globalThis.corvaneTextWriter;
   const {walkTable, walkPart} = globalThis.corvaneTextTables;
   const {KIND} = Writer;
@@ -317,12 +317,7 @@
       const name = nameOf(element);
       const at = this.begin(KIND.frame, element, 0, 0, {role, name});
       if (role === 'frame' || element instanceof HTMLObjectElement) {
-        try {
-          // Refused for another origin's window.
-          element.contentWindow?.corvaneText?.write(out, this.depthOfFrames + 1);
-        } catch {
-          // its words cannot be read from here
-        }
+        sharedBy(element.contentWindow).writeText?.(out, this.depthOfFrames + 1);
       }
       if (out.isEmpty(at) && element instanceof HTMLObjectElement) this.below(element, depth + 1);
       if (out.isEmpty(at)) out.flowing(name || `(${role})`);
@@ -399,6 +394,7 @@
   };
 
   Object.defineProperty(globalThis, 'corvaneText', {value: Object.freeze({
-    describe, write, elementOf: (number) => elements.get(number),
+    describe, elementOf: (number) => elements.get(number),
   })});
+  share('writeText', write);
 })();

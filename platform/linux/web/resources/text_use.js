@@ -4,7 +4,7 @@
 (() => {
   if (!globalThis.corvaneText || globalThis.corvaneTextUse) return;
 
-  const {documentId, numberOf, rootOf} = globalThis.corvane.parts;
+  const {documentId, numberOf, rootOf, share, sharedBy} = globalThis.corvane.parts;
   const {isElement, elementAbove} = globalThis.corvaneNames;
   const DEPTH = 10;
   const FRAMES = 500;
@@ -17,12 +17,8 @@
   const find = (name, number, work) => {
     const visit = (view, depth) => {
       if (depth > DEPTH) return false;
-      try {
-        const own = view.corvaneTextUse;  // refused for another origin's window
-        if (own?.documentId === name) return own.withElement(number, work);
-      } catch {
-        // another origin's frame
-      }
+      const its = sharedBy(view).textUse;
+      if (its?.documentId === name) return its.withElement(number, work);
       const count = Math.min(view.length, FRAMES);
       for (let i = 0; i < count; i++) if (visit(view[i], depth + 1)) return true;
       return false;
@@ -126,6 +122,7 @@
     },
   });
   Object.defineProperty(globalThis, 'corvaneTextUse', {value: own});
+  share('textUse', own);
 
   // --- Escape leads back to the text ---------------------------------------------------
 
