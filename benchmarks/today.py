@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
 """Walks the pages of today's widgets by keys and tells how much of what a stop must
 convey is said: names, roles, states, values, places, groups that are entered, live
-words. Prints a table and, with --misses, each stop where something was lacking.
+words; and how much of the names, roles and states that the accessibility bus tells an
+outside client of the same stop. Then walks each page again at 20 keys a second: the
+last words must be those of where the user has come to. Prints a table and, with
+--misses, each stop where something was lacking.
 
 Runs below scripts/with-desktop: today.py BUILD_FOLDER [--page NAME] [--misses]
 """
@@ -15,11 +18,15 @@ import tempfile
 import threading
 import time
 
+import page_on_bus
+
 SOURCE = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(SOURCE / "tests/e2e"))
 
 QUIET = 0.35    # seconds without a new word until a stop is over
-PATIENCE = 4    # that words may take to come
+PATIENCE = 8    # that words may take to come
+FAST = 50       # milliseconds from key to key of a fast walk
+LAST = 6        # of what is said: the end of a fast walk, with what its last keys changed
 # How a role may be said.
 ROLES = {
     "alertdialog": ["alert dialog"], "cell": ["cell", "row"], "checkbox": ["check box", "checkbox"],
@@ -110,6 +117,7 @@ def wanted(step):
 class Walker:
     def __init__(self, corvane, user, misses):
         self._corvane, self._user, self._misses = corvane, user, misses
+        self._bus = page_on_bus.PageOnBus(corvane)
         self.wanted, self.found = collections.Counter(), collections.Counter()
         self.silent, self.boxes, self.stops = 0, 0, 0
 
@@ -129,13 +137,45 @@ class Walker:
                 return said
             time.sleep(0.02)
 
-    def walk(self, name, steps, base):
+    def enter(self, page):
         self._corvane.transcript.mark()
-        self._user.go(f"{base}/patterns/{name}.html")
+        self._user.go(page)
         self._corvane.transcript.wait_for("Extracting Links ...", "Done")
         self._user.wait_for_silence()
         self._user.enter_page()
+        self._bus.left()
         time.sleep(QUIET)
+
+    def hold_beside_bus(self, stop, said):
+        whole = page_on_bus.squeezed(" | ".join(said))
+        for kind, what, words in self._bus.news():
+            row = f"{kind}, as the bus tells it"
+            self.wanted[row] += 1
+            if any(each in whole for each in words):
+                self.found[row] += 1
+            elif self._misses:
+                print(f"{stop}: said {whole!r}, on the bus: {kind} {what!r}", flush=True)
+
+    def walk_fast(self, name, steps, base):
+        """Where the user has come to is told by the bus."""
+        self.enter(f"{base}/patterns/{name}.html")
+        self._corvane.transcript.mark()
+        self._corvane.keys(*[step["key"] for step in steps if step.get("key")], delay=FAST)
+        self._user.wait_for_silence()
+        node = self._bus.focused()
+        names = [words for kind, _, words in self._bus.told_of(node) if kind == "name"] if node else []
+        if not names:
+            return  # nothing has the focus that could be told by its name
+        said = [page_on_bus.squeezed(each) for each in self._corvane.transcript.spoken()]
+        row = "last words after 20 keys a second"
+        self.wanted[row] += 1
+        if all(word in " ".join(said[-LAST:]).split() for name in names[0] for word in name.split()):
+            self.found[row] += 1
+        elif self._misses:
+            print(f"{name}, fast: ended with {said[-LAST:]}, the user is at {names[0]}", flush=True)
+
+    def walk(self, name, steps, base):
+        self.enter(f"{base}/patterns/{name}.html")
         for number, step in enumerate(steps, 1):
             if not step.get("key"):  # met in reading on only
                 continue
@@ -157,6 +197,7 @@ class Walker:
                     lacking.append(f"{kind} {words!r}")
             if lacking and self._misses:
                 print(f"{name} {number} {step['key']}: said {said}, lacking {', '.join(lacking)}", flush=True)
+            self.hold_beside_bus(f"{name} {number} {step['key']}", said)
 
     @staticmethod
     def pause():
@@ -187,6 +228,7 @@ def main():
             for name, steps in patterns.WALKS.items():
                 if arguments.page in (None, name):
                     walker.walk(name, steps, base)
+                    walker.walk_fast(name, steps, base)
         finally:
             corvane.kill()
             server.shutdown()

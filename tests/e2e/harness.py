@@ -123,9 +123,10 @@ class Corvane:
         return self.log.read_text(errors="replace")
 
     # Keys -------------------------------------------------------------------
-    def keys(self, *names):
-        """Presses keys one after the other, such as "Tab" or "alt+F4"."""
-        subprocess.run(["xdotool", "key", "--clearmodifiers", "--delay", "25", *names], check=True)
+    def keys(self, *names, delay=25):
+        """Presses keys one after the other, such as "Tab" or "alt+F4"; `delay`: the
+        milliseconds between two."""
+        subprocess.run(["xdotool", "key", "--clearmodifiers", "--delay", str(delay), *names], check=True)
 
     def type(self, text):
         subprocess.run(["xdotool", "type", "--clearmodifiers", "--delay", "8", text], check=True)
