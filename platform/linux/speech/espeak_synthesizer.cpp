@@ -4,15 +4,18 @@
 
 #include <algorithm>
 #include <atomic>
+#include <map>
+#include <string_view>
+#include <vector>
 
 #include "base/error.h"
+#include "base/language.h"
 #include "platform/linux/speech/speech_text.h"
 #include "platform/linux/speech/time_stretch.h"
 
 namespace corvane::desktop {
 namespace {
 
-constexpr const char* kDefaultVoice = "en";
 constexpr int kChunkMilliseconds = 20;
 
 /// Whether the library's one state is taken.
@@ -38,7 +41,28 @@ int LibraryPitch(int pitch) {
   return std::clamp(pitch, kPitchLowest, kPitchHighest) - kPitchDefault + 50;
 }
 
+/// What the library calls the voices that may speak a language, best first: its files are
+/// named after languages.
+std::vector<std::string> VoicesOf(const std::string& language) {
+  // Pages' names for a few that it knows by others.
+  static const std::map<std::string_view, std::string_view> kOtherNames = {
+      {"zh", "cmn"}, {"zh-hk", "yue"}, {"zh-yue", "yue"}, {"no", "nb"}, {"nn", "nb"},
+      {"iw", "he"},  {"in", "id"},     {"ji", "yi"},      {"mo", "ro"}, {"sh", "hr"}};
+  std::vector<std::string> names;
+  for (const std::string_view tag : {std::string_view(language), language::Primary(language)}) {
+    const auto other = kOtherNames.find(tag);
+    names.emplace_back(other != kOtherNames.end() ? other->second : tag);
+  }
+  return names;
+}
+
 }  // namespace
+
+std::string VoiceLanguage(const std::string& voice) {
+  const std::size_t folder = voice.find('/');
+  const std::string name = folder == std::string::npos ? voice : voice.substr(folder + 1);
+  return language::Tag(name.substr(0, name.find('+')));
+}
 
 EspeakSynthesizer::EspeakSynthesizer() {
   if (in_use.exchange(true)) {
@@ -49,21 +73,34 @@ EspeakSynthesizer::EspeakSynthesizer() {
     throw RunTimeError(kErrDeviceIo, "Speech", "The speech synthesizer could not be started.");
   }
   espeak_SetSynthCallback(HandOver);
-  UseVoice(kDefaultVoice);
+  UseVoice(kDefaultVoice, "");
 }
 
 EspeakSynthesizer::~EspeakSynthesizer() { in_use = false; }
 
-void EspeakSynthesizer::UseVoice(const std::string& voice) {
-  if (voice == voice_) return;
-  // An unknown voice must not silence anybody: the default one speaks instead.
-  if (espeak_SetVoiceByName(voice.c_str()) != EE_OK) espeak_SetVoiceByName(kDefaultVoice);
+void EspeakSynthesizer::UseVoice(const std::string& voice, const std::string& language) {
+  if (voice == voice_ && language == language_) return;
   voice_ = voice;
+  language_ = language;
+  // An unknown voice must not silence anybody: the default one speaks instead.
+  const auto is_there = [](const std::string& name) {
+    return !name.empty() && espeak_SetVoiceByName(name.c_str()) == EE_OK;
+  };
+  const std::string own = VoiceLanguage(voice);
+  const bool is_own = language.empty() || language::Primary(language) == language::Primary(own);
+  if (!is_own) {
+    // Another mouth, but the same throat: what stands behind the plus.
+    const std::size_t variant = std::min(voice.find('+'), voice.size());
+    for (const std::string& name : VoicesOf(language)) {
+      if (is_there(name + voice.substr(variant))) return;
+    }
+  }
+  if (!is_there(voice)) espeak_SetVoiceByName(kDefaultVoice);
 }
 
 void EspeakSynthesizer::Synthesize(const std::string& text, const VoiceStyle& style,
                                    const Sink& sink) {
-  UseVoice(style.voice.empty() ? kDefaultVoice : style.voice);
+  UseVoice(style.voice.empty() ? kDefaultVoice : style.voice, style.language);
   const int speed = std::clamp(style.speed, kSpeedLowest, kSpeedHighest);
   espeak_SetParameter(espeakRATE, std::max(speed, espeakRATE_MINIMUM), 0);
   espeak_SetParameter(espeakPITCH, LibraryPitch(style.pitch), 0);

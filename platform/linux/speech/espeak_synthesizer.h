@@ -19,9 +19,10 @@ class EspeakSynthesizer : public Synthesizer {
   void Synthesize(const std::string& text, const VoiceStyle& style, const Sink& sink) override;
 
  private:
-  void UseVoice(const std::string& voice);
+  void UseVoice(const std::string& voice, const std::string& language);
 
-  std::string voice_;
+  std::string voice_;  // asked for
+  std::string language_;
 };
 
 }  // namespace corvane::desktop

@@ -10,6 +10,7 @@ Utterance UtteranceOf(const std::string& tagged, bool urgent) {
   TaggedText parts = ReadSpeechTags(tagged);
   Utterance utterance;
   utterance.text = std::move(parts.text);
+  utterance.runs = std::move(parts.runs);
   utterance.pitch = parts.pitch.value_or(kPitchDefault);
   utterance.speed = parts.speed.value_or(kSpeedDefault);
   utterance.urgent = urgent;

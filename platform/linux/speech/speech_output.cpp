@@ -33,6 +33,10 @@ VoiceStyle StyleOf(const Utterance& utterance) {
           utterance.speed + utterance.speed_shift};
 }
 
+std::string OwnLanguageOf(const Utterance& utterance) {
+  return VoiceLanguage(utterance.voice.empty() ? kDefaultVoice : utterance.voice);
+}
+
 }  // namespace
 
 SpeechOutput::SpeechOutput(SynthesizerMaker make_synthesizer, const AudioMaker& make_audio,
@@ -75,7 +79,8 @@ int SpeechOutput::Speak(Utterance utterance, Begun begun, Ended ended) {
   const Utterance& asked = request->utterance;
   {
     const std::lock_guard lock(mutex_);
-    transcript_->Speak(request->id, asked.text, asked.pitch, asked.speed, asked.urgent);
+    transcript_->Speak(request->id, asked.text, asked.pitch, asked.speed, asked.urgent, asked.runs,
+                       OwnLanguageOf(asked));
     waiting_.push_back(request);
     if (waiting_.size() > kMostWaiting) {
       FinishLocked(*waiting_.front(), SpeechEnd::kCut);
@@ -141,11 +146,18 @@ void SpeechOutput::Run() {
 
 bool SpeechOutput::Render(Synthesizer& synthesizer, Request& request) {
   bool whole = true;
-  synthesizer.Synthesize(request.utterance.text, StyleOf(request.utterance),
-                         [&](std::span<const std::int16_t> samples) {
-                           whole = whole && Hand(samples, request);
-                           return whole;
-                         });
+  const Synthesizer::Sink sink = [&](std::span<const std::int16_t> samples) {
+    whole = whole && Hand(samples, request);
+    return whole;
+  };
+  const Utterance& asked = request.utterance;
+  VoiceStyle style = StyleOf(asked);
+  if (asked.runs.empty()) synthesizer.Synthesize(asked.text, style, sink);
+  for (const LanguageRun& run : asked.runs) {
+    if (!whole) break;
+    style.language = run.language;
+    synthesizer.Synthesize(run.text, style, sink);
+  }
   return whole && !request.cut;
 }
 

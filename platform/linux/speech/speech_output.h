@@ -20,6 +20,8 @@ namespace corvane::desktop {
 /// One text to be spoken.
 struct Utterance {
   std::string text = {};  ///< UTF-8; shown in the transcript as it is
+  /// Its parts in their languages; empty: all of it in the voice's own.
+  std::vector<LanguageRun> runs = {};
   int pitch = kPitchDefault;
   int speed = kSpeedDefault;
   bool urgent = false;     ///< only noted in the transcript

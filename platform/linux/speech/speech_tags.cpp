@@ -7,6 +7,8 @@ namespace corvane::desktop {
 namespace {
 
 constexpr std::size_t kMostDigits = 6;
+constexpr std::string_view kLanguage = "\\Lng=";
+constexpr std::size_t kLongestLanguage = 35;
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
@@ -36,6 +38,23 @@ bool TakeTag(std::string_view& text, std::string_view start, std::optional<int>&
   return true;
 }
 
+// A tag with a name that may be a language's, or with none.
+std::size_t FindLanguageTag(std::string_view text) {
+  std::size_t at = text.find(kLanguage);
+  for (; at != std::string_view::npos; at = text.find(kLanguage, at + 1)) {
+    const std::string_view name = text.substr(at + kLanguage.size(), kLongestLanguage + 1);
+    const std::size_t end = name.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-");
+    if (end != std::string_view::npos && name[end] == '\\') break;
+  }
+  return at;
+}
+
+void AddRun(TaggedText& tagged, std::string_view words, const std::string& language) {
+  if (words.empty()) return;
+  tagged.text += words;
+  tagged.runs.push_back({std::string(words), language});
+}
+
 }  // namespace
 
 TaggedText ReadSpeechTags(const std::string& text) {
@@ -43,8 +62,16 @@ TaggedText ReadSpeechTags(const std::string& text) {
   std::string_view rest = text;
   while (TakeTag(rest, "\\pit=", tagged.pitch) || TakeTag(rest, "\\spd=", tagged.speed)) {
   }
-  tagged.text = rest;
-  return tagged;
+  std::string language;
+  for (;;) {
+    const std::size_t tag = FindLanguageTag(rest);
+    AddRun(tagged, rest.substr(0, tag), language);
+    if (tag == std::string_view::npos) return tagged;
+    rest.remove_prefix(tag + kLanguage.size());
+    const std::size_t end = rest.find('\\');
+    language = rest.substr(0, end);
+    rest.remove_prefix(end + 1);
+  }
 }
 
 }  // namespace corvane::desktop

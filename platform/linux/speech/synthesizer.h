@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 
+#include "base/language.h"
 #include "platform/linux/speech/sound_format.h"
 
 namespace corvane::desktop {
@@ -21,11 +22,18 @@ inline constexpr int kSpeedLowest = 40;
 inline constexpr int kSpeedDefault = 150;
 inline constexpr int kSpeedHighest = 450;
 
+/// The voice of whoever asks for none.
+inline constexpr const char* kDefaultVoice = "en";
+
+/// The language that a voice is named after: that of "pt-br+f2" is "pt-br".
+std::string VoiceLanguage(const std::string& voice);
+
 /// How a text is to sound.
 struct VoiceStyle {
   std::string voice;          ///< the synthesizer's name for it; empty for its default
   int pitch = kPitchDefault;  ///< on the menu's scale; held to its ends
   int speed = kSpeedDefault;  ///< words a minute; held to the limits above
+  std::string language = {};  ///< of the text, as in LanguageRun; empty: the voice's own
 };
 
 /// Turns text into sound. Made, used and destroyed on one thread, which is never

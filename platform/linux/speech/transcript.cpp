@@ -25,6 +25,22 @@ std::string Quoted(const std::string& text) {
   return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
+/// The first part's language, and where there are several, all of them.
+std::string Languages(const std::vector<LanguageRun>& runs, const std::string& own) {
+  const auto language_of = [&own](const LanguageRun& run) {
+    return Quoted(run.language.empty() ? own : run.language);
+  };
+  if (runs.empty() && own.empty()) return {};
+  std::string members = ", \"language\": " + (runs.empty() ? Quoted(own) : language_of(runs[0]));
+  if (runs.size() < 2) return members;
+  std::string list;
+  for (const LanguageRun& run : runs) {
+    if (!list.empty()) list += ", ";
+    list += "{\"text\": " + Quoted(run.text) + ", \"language\": " + language_of(run) + "}";
+  }
+  return members + ", \"runs\": [" + list + "]";
+}
+
 }  // namespace
 
 Transcript::Transcript(const std::string& file) {
@@ -40,12 +56,13 @@ Transcript::~Transcript() {
   if (file_ != nullptr && file_ != stdout) std::fclose(file_);
 }
 
-void Transcript::Speak(int id, const std::string& text, int pitch, int speed, bool urgent) {
+void Transcript::Speak(int id, const std::string& text, int pitch, int speed, bool urgent,
+                       const std::vector<LanguageRun>& runs, const std::string& own) {
   if (file_ == nullptr) return;
   WriteLine("speak", id,
             ", \"text\": " + Quoted(text) + ", \"pitch\": " + std::to_string(pitch) +
                 ", \"speed\": " + std::to_string(speed) +
-                ", \"urgent\": " + (urgent ? "true" : "false"));
+                ", \"urgent\": " + (urgent ? "true" : "false") + Languages(runs, own));
 }
 
 void Transcript::Begin(int id) { WriteLine("begin", id, ""); }

@@ -4,6 +4,9 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <vector>
+
+#include "platform/linux/speech/synthesizer.h"
 
 namespace corvane::desktop {
 
@@ -19,8 +22,10 @@ class Transcript {
   Transcript(const Transcript&) = delete;
   Transcript& operator=(const Transcript&) = delete;
 
-  /// The request was accepted; `pitch` and `speed` as they were asked for.
-  void Speak(int id, const std::string& text, int pitch, int speed, bool urgent);
+  /// The request was accepted; `pitch` and `speed` as they were asked for. `runs`: the
+  /// text's parts; what says no language is in the voice's `own`.
+  void Speak(int id, const std::string& text, int pitch, int speed, bool urgent,
+             const std::vector<LanguageRun>& runs = {}, const std::string& own = "");
   void Begin(int id);  ///< its first samples were handed to the device
   void End(int id);    ///< spoken to its end
   void Cut(int id);    ///< stopped before its end

@@ -110,6 +110,28 @@ TEST_F(SpeechOutputTest, StyleReachesTheSynthesizerWithTheCharactersOwnAdded) {
   EXPECT_EQ(entries[0].style.speed, 210);
 }
 
+TEST_F(SpeechOutputTest, EachPartReachesTheSynthesizerWithItsLanguage) {
+  Utterance utterance = Plain("link, Preise");
+  utterance.runs = {{"link, ", ""}, {"Preise", "de"}};
+  bool done = false;
+  speech_->Speak(utterance, nullptr, [&](SpeechEnd) { done = true; });
+  ASSERT_TRUE(RunLoopUntil([&] { return done; }));
+  EXPECT_THAT(Texts(), ElementsAre("link, ", "Preise"));
+  EXPECT_EQ(spoken_->Entries()[0].style.language, "");
+  EXPECT_EQ(spoken_->Entries()[1].style.language, "de");
+}
+
+TEST_F(SpeechOutputTest, WhatIsCutSaysNoOtherPart) {
+  Utterance utterance = Plain("many words, Preise");
+  utterance.runs = {{std::string(100'000, 'a'), ""}, {"Preise", "de"}};
+  bool done = false;
+  speech_->Speak(
+      utterance, [&] { speech_->Stop(); }, [&](SpeechEnd) { done = true; });
+  ASSERT_TRUE(RunLoopUntil([&] { return done; }));
+  speech_.reset();
+  EXPECT_EQ(Texts().size(), 1U);
+}
+
 TEST_F(SpeechOutputTest, StopCutsEverythingAndNothingMoreIsWritten) {
   audio_->SetRoom(50);
   Speak("long text");

@@ -1,6 +1,6 @@
 #include "platform/linux/speech/speech_tags.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace corvane::desktop {
 namespace {
@@ -48,6 +48,22 @@ TEST(SpeechTags, ATagInsideTheTextIsText) {
   EXPECT_EQ(tagged.speed, 250);
   EXPECT_EQ(tagged.pitch, std::nullopt);
   EXPECT_EQ(tagged.text, "a\\Pit=50\\b");
+}
+
+TEST(SpeechTags, LanguagesAreFoundAnywhere) {
+  const TaggedText tagged = ReadSpeechTags("\\Spd=250\\link, \\Lng=de\\Preise\\Lng=\\, visited");
+  EXPECT_EQ(tagged.text, "link, Preise, visited");
+  EXPECT_THAT(tagged.runs,
+              testing::ElementsAre(LanguageRun{"link, ", ""}, LanguageRun{"Preise", "de"},
+                                   LanguageRun{", visited", ""}));
+}
+
+TEST(SpeechTags, WhatOnlyLooksLikeALanguageIsText) {
+  for (const char* text : {"\\Lng=de", "\\Lng=d e\\x", "\\lng=de\\x", "a\\Lng=DE\\x"}) {
+    const TaggedText tagged = ReadSpeechTags(text);
+    EXPECT_EQ(tagged.text, text);
+    EXPECT_THAT(tagged.runs, testing::ElementsAre(LanguageRun{text, ""}));
+  }
 }
 
 }  // namespace

@@ -179,6 +179,54 @@ TEST_F(EspeakTest, AnUnknownVoiceSpeaksWithTheDefaultOne) {
   EXPECT_GT(Loudness(Speak(espeak_, "word", kPitchDefault, kSpeedDefault, "no-such-voice")), 500);
 }
 
+Sound SoundIn(EspeakSynthesizer& espeak, const std::string& language,
+              const std::string& voice = "") {
+  Sound sound;
+  espeak.Synthesize("1 2 3 4 5 6 7", {.voice = voice, .language = language}, [&](auto samples) {
+    sound.insert(sound.end(), samples.begin(), samples.end());
+    return true;
+  });
+  return sound;
+}
+
+/// Whether some numbers are said in the same language: how long they take tells, while
+/// the sound itself is never twice the same.
+bool AreAlike(const Sound& a, const Sound& b) {
+  const auto [less, more] = std::minmax(a.size(), b.size());
+  return more - less < kSampleRate / 30;
+}
+
+TEST_F(EspeakTest, AnotherLanguageHasAnotherMouth) {
+  const Sound german = SoundIn(espeak_, "de");
+  const Sound own = SoundIn(espeak_, "");
+  EXPECT_FALSE(AreAlike(own, german));
+  EXPECT_TRUE(AreAlike(SoundIn(espeak_, "de"), german));
+  EXPECT_TRUE(AreAlike(SoundIn(espeak_, ""), own)) << "the own one is back";
+}
+
+TEST_F(EspeakTest, ALanguageIsFoundByWhateverPagesCallIt) {
+  EXPECT_TRUE(AreAlike(SoundIn(espeak_, "de-at"), SoundIn(espeak_, "de")));
+  EXPECT_TRUE(AreAlike(SoundIn(espeak_, "zh-cn"), SoundIn(espeak_, "cmn")));
+  EXPECT_TRUE(AreAlike(SoundIn(espeak_, "no"), SoundIn(espeak_, "nb")));
+  EXPECT_FALSE(AreAlike(SoundIn(espeak_, "zh"), SoundIn(espeak_, "")));
+}
+
+TEST_F(EspeakTest, WithoutAVoiceForItTheOwnOneSpeaks) {
+  const Sound own = SoundIn(espeak_, "");
+  EXPECT_TRUE(AreAlike(SoundIn(espeak_, "tlh"), own));
+  SoundIn(espeak_, "de");
+  EXPECT_TRUE(AreAlike(SoundIn(espeak_, "xx"), own)) << "not the one before";
+}
+
+TEST_F(EspeakTest, TheOwnLanguagesVoiceStaysTheChosenOne) {
+  EXPECT_TRUE(AreAlike(SoundIn(espeak_, "en-us", "en-gb"), SoundIn(espeak_, "", "en-gb")));
+}
+
+TEST_F(EspeakTest, AnotherMouthKeepsTheThroat) {
+  EXPECT_GT(MedianFrequency(SoundIn(espeak_, "de", "en+f2")),
+            1.2 * MedianFrequency(SoundIn(espeak_, "de")));
+}
+
 TEST_F(EspeakTest, OnlyOneMayLiveAtATime) {
   EXPECT_THROW(EspeakSynthesizer second, RunTimeError);
   EXPECT_GT(Loudness(Speak(espeak_, "word")), 500);

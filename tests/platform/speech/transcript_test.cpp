@@ -46,6 +46,23 @@ TEST_F(TranscriptTest, WritesEachLineAtOnceInItsFixedForm) {
   EXPECT_EQ(nlohmann::json::parse(lines[3])["id"], 4);
 }
 
+TEST_F(TranscriptTest, TellsTheLanguageAndWhereThereAreSeveralEachPartsOwn) {
+  Transcript transcript(file_);
+  transcript.Speak(1, "Hello", 90, 150, false, {{"Hello", ""}}, "en");
+  transcript.Speak(2, "Preise", 90, 150, false, {{"Preise", "de"}}, "en");
+  transcript.Speak(3, "link, Preise", 90, 150, false, {{"link, ", ""}, {"Preise", "de"}}, "en");
+  const auto lines = Lines(test::ContentOf(file_));
+  ASSERT_EQ(lines.size(), 3U);
+  const auto hello = nlohmann::json::parse(lines[0]);
+  EXPECT_EQ(hello["language"], "en");
+  EXPECT_FALSE(hello.contains("runs"));
+  EXPECT_EQ(nlohmann::json::parse(lines[1])["language"], "de");
+  const auto both = nlohmann::json::parse(lines[2]);
+  EXPECT_EQ(both["language"], "en");
+  EXPECT_EQ(both["runs"].dump(),
+            R"([{"language":"en","text":"link, "},{"language":"de","text":"Preise"}])");
+}
+
 TEST_F(TranscriptTest, AnyTextComesBackAsItWas) {
   const std::string text = "\"quoted\" \\ back\nline\ttab \x01 \xC3\xA4 \xF0\x9F\x98\x80 </script>";
   Transcript transcript(file_);
