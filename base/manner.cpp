@@ -57,6 +57,8 @@ constexpr std::array kChoices = {
     Choice<&Manner::keep_place>(kPane, "KeepPlace",
                                 "Keep my place in the text while something is announced", kSwitch,
                                 0, 1),
+    Choice<&Manner::languages>(kWindow, "Languages", "Speak each language in its own voice",
+                               kSwitch, 0, 1),
     Choice<&Manner::hide_passwords>(kPane, "Passwords", "Passwords are", kPasswords, 0, 0),
     Choice<&Manner::whole_screen>(
         kWindow, "WholeScreen", "Windows fill the screen while no place is stored", kSwitch, 0, 1),

@@ -43,6 +43,9 @@ struct Manner {
   /// What is announced leaves the reader's place in the text pane alone. False:
   /// the caret goes to the end.
   bool keep_place = false;
+  /// What is said is spoken in its language, as its page or its letters tell it.
+  /// False: in one voice.
+  bool languages = false;
   /// Passwords are heard as "star" for each character and are written nowhere.
   /// False: they are spoken.
   bool hide_passwords = false;

@@ -5,6 +5,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "speech/SpokenLanguages.h"
 
 namespace corvane {
 namespace {
@@ -25,12 +26,32 @@ void SpeechOrder::CharacterGoes() {
   character_.reset();
 }
 
+// A page's words may look like tags; they are none.
+std::string SpeechOrder::Tagged(const std::string& text) const {
+  const auto harmless = [](std::string words) {
+    return text::replace_all(std::move(words), "\\", "/");
+  };
+  if (!manner_.languages) return harmless(language::Unmarked(text));
+  std::string tagged;
+  std::string_view present = kOwnLanguage;
+  const auto runs = SpokenRuns(text);
+  for (const LanguageRun& run : runs) {
+    if (run.language != present) {
+      tagged += "\\Lng=";
+      if (run.language != kOwnLanguage) tagged += run.language;
+      tagged += "\\";
+    }
+    present = run.language;
+    tagged += harmless(run.text);
+  }
+  return tagged;
+}
+
 AgentRequest SpeechOrder::Speak(const std::string& text, SpeechStyle style, bool urgent,
                                 Remembered remembered) {
   if (remembered == Remembered::Yes) words_.Add(text);
   return Speaking().Speak("\\Pit=" + number::digits(style.pitch) +
-                              "\\\\Spd=" + number::digits(style.speed) + "\\" +
-                              text::replace_all(text, "\\", "/"),
+                              "\\\\Spd=" + number::digits(style.speed) + "\\" + Tagged(text),
                           urgent);
 }
 

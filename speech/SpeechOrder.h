@@ -79,6 +79,7 @@ class SpeechOrder {
  private:
   AgentRequest Speak(const std::string& text, SpeechStyle style, bool urgent,
                      Remembered remembered = Remembered::Yes);
+  std::string Tagged(const std::string& text) const;
   Voice& Speaking() const;
   void NoLongerFollowed();
 
