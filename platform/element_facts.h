@@ -23,7 +23,8 @@ struct ElementGroup {
 };
 
 /// What an element of a page is to its user, as its page tells it: the page may
-/// lie, but cannot say more than this. Texts are UTF-8 and bounded.
+/// lie, but cannot say more than this. Texts are UTF-8 and bounded; names, values and
+/// descriptions may be marked with their language (base/language.h).
 struct ElementFacts {
   int number = 0;  ///< tells it apart from the page's other elements
   /// The name of its role as ARIA has it, or one of "password", "date", "month",
@@ -60,6 +61,7 @@ struct ElementFacts {
   std::string error;       ///< why it is invalid
   std::string description;
   std::vector<ElementGroup> groups;  ///< that it lies in, the outermost first
+  std::string language;              ///< of its words: a tag; empty: nobody says
 
   bool operator==(const ElementFacts&) const = default;
 };

@@ -92,6 +92,7 @@ class HTMLDocument {
  public:
   std::string Title;
   std::string nameProp;  ///< the page's name for people; often the title
+  std::string language;  ///< that its author says, "de-at"; empty: none
   std::string location;  ///< the page's own address
   /// Whether the page has a body; without one there is no innerText to read.
   bool has_body = false;

@@ -55,6 +55,15 @@ TEST_F(ElementFactsTest, StatesAreThoseThatHold) {
   EXPECT_EQ(Fact("#b", "multiple"), true);
 }
 
+TEST_F(ElementFactsTest, TheLanguageIsThatOfTheNearestThatHasOne) {
+  Load(
+      "<div lang=de><button id=a>Ja</button><p lang=''><button id=b lang=fr>Oui</button></p></div>"
+      "<button id=c>Yes</button>");
+  EXPECT_EQ(Fact("#a", "language"), "de");
+  EXPECT_EQ(Fact("#b", "language"), "fr");
+  EXPECT_EQ(Fact("#c", "language"), Json());
+}
+
 TEST_F(ElementFactsTest, ValuesAreThoseForTheEar) {
   Load(
       "<div id=a role=slider aria-valuenow=42></div><div id=b role=slider aria-valuenow=2 "

@@ -305,5 +305,19 @@ TEST_F(RecordTest, DeeplyNestedElements) {
   EXPECT_EQ(Load(page + "deep").body_innerText, "deep");
 }
 
+TEST_F(RecordTest, ThePagesLanguageIsWhatItsAuthorSays) {
+  const auto language_of = [this](const std::string& page) {
+    server_.Page("/", page);
+    view_.Go(server_.Url());
+    return view_.Document()->language;
+  };
+  EXPECT_EQ(language_of("<!doctype html><html lang=de-AT><title>A</title>"), "de-at");
+  EXPECT_EQ(
+      language_of("<!doctype html><meta http-equiv=Content-Language content=fr><title>A</title>"),
+      "fr");
+  EXPECT_EQ(language_of("<!doctype html><title>A</title>"), "");
+  EXPECT_EQ(language_of("<!doctype html><html lang='what, ever'><title>A</title>"), "");
+}
+
 }  // namespace
 }  // namespace corvane::desktop

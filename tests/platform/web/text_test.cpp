@@ -155,6 +155,15 @@ TEST_F(TextTest, LanguagesAreKnown) {
   EXPECT_EQ(First(Kind::Language).facts->name, "fr");
 }
 
+TEST_F(TextTest, ThePagesOwnLanguageIsThatOfAllItsText) {
+  server_.Page("/",
+               "<!doctype html><html lang=de><title>A</title><p>Das <i lang=en>Team</i> spielt");
+  view_.Go(server_.Url());
+  Read();
+  EXPECT_THAT(All(Kind::Language), ElementsAre("Das Team spielt", "Team"));
+  EXPECT_EQ(page_->spans[0].facts->name, "de");
+}
+
 TEST_F(TextTest, LongLinesAreBrokenAndStillFitTheirElements) {
   std::string content = "<p>";
   for (int i = 0; i < 3000; ++i)

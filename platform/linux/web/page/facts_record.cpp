@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "base/language.h"
 #include "base/text.h"
 
 namespace corvane::desktop {
@@ -51,6 +52,22 @@ std::vector<ElementGroup> Groups(const Json& json) {
   return groups;
 }
 
+// The words that are the page's own.
+void MarkLanguage(ElementFacts& facts, const std::string& tag) {
+  facts.language = tag;
+  if (tag.empty()) return;
+  const auto mark = [&tag](std::string& words) { words = language::Marked(words, tag); };
+  for (std::string* words : {&facts.role_description, &facts.name, &facts.value, &facts.suggestion,
+                             &facts.error, &facts.description}) {
+    mark(*words);
+  }
+  for (ElementGroup& group : facts.groups) {
+    mark(group.name);
+    mark(group.role_description);
+    mark(group.description);
+  }
+}
+
 }  // namespace
 
 ElementFactsPtr FactsOf(const Json& json) {
@@ -93,6 +110,7 @@ ElementFactsPtr FactsOf(const Json& json) {
   facts->error = Text(member("error"));
   facts->description = Text(member("description"));
   facts->groups = Groups(member("groups"));
+  MarkLanguage(*facts, language::Tag(Text(member("language"))));
   return facts;
 }
 

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "base/language.h"
 #include "platform/linux/web/documents/document_address.h"
 #include "platform/linux/web/page/facts_record.h"
 #include "platform/linux/web/web_text.h"
@@ -177,6 +178,7 @@ std::optional<PageRecord> RecordOf(const Json& json) {
 
   auto document = std::make_shared<HTMLDocument>();
   document->Title = TextOf(Member(json, "title"));
+  document->language = language::Tag(TextOf(Member(json, "language")));
   document->nameProp = TextOf(Member(json, "name"));
   document->location = ShownAddress(TextOf(Member(json, "url")));
   const auto& body = Member(json, "body");

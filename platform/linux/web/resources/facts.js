@@ -405,6 +405,14 @@
     required: isRequired(element), invalid: isInvalid(element), disabled: isDisabled(element),
     readonly: isReadOnly(element), value: valueFor(element, role),
   });
+  // What its author says; of what holds no word of it, the nearest around it.
+  const languageOf = (element) => {
+    for (let at = element, i = 0; at && i < limit.above; at = elementAbove(at), i++) {
+      const language = attribute(at, 'lang');
+      if (language !== '') return short(language);
+    }
+    return '';
+  };
   const factsOf = (element) => {
     const role = roleOf(element);
     const name = nameOf(element);
@@ -418,6 +426,7 @@
       vertical: attribute(element, 'aria-orientation') === 'vertical' && /^(slider|separator)$/.test(role),
       level: levelOf(element, role), place, size, row, column,
       error: errorOf(element), description: descriptionOf(element, name), groups: groupsOf(element),
+      language: languageOf(element),
     });
   };
   // The part of it that is quick to find, for many elements at once.

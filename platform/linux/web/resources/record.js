@@ -13,6 +13,7 @@
     links: 200000, anchors: 100000, forms: 20000, elements: 100000, options: 20000, frames: 500,
     depth: 10, text: 100000, value: 2000000, body: 32000000, total: 64000000, nearby: 10000,
     siblings: 1000, around: 200, label: 1000, labels: 10,
+    language: 50,
   };
   const KNOWN_INPUT_TYPES = new Set(['text', 'password', 'checkbox', 'radio', 'submit', 'reset',
     'button', 'image', 'file', 'hidden']);
@@ -321,6 +322,13 @@
     return clean(root.textContent.trim(), LIMIT.body);
   };
 
+  const languageOf = () => {
+    const root = rootOf(document);
+    const said = root ? attribute(root, 'lang') || attribute(root, 'xml:lang') : '';
+    const meta = said === '' ? all('meta[http-equiv="content-language" i]')[0] : null;
+    return clean(meta ? attribute(meta, 'content').trim() : said, LIMIT.language);
+  };
+
   // What is remembered as described is not described again with its events.
   const describe = (remember = true) => {
     begin();
@@ -334,6 +342,7 @@
       top: ancestors.length > 0 ? ancestors[ancestors.length - 1] : self.origin,
       title,
       name: title || collapsed(fileName(url)),
+      language: languageOf(),
       url: address(url),
       body: bodyText(),
       links: describeLinks(all('a[href], area[href]'), LIMIT.links, remember),

@@ -383,8 +383,11 @@
     walk.depthOfFrames = depthOfFrames;
     walk.selected = selection();
     const body = bodyOf(document);
+    const root = rootOf(document);
+    const language = root instanceof HTMLElement ? walk.language(root) : -1;
     if (body instanceof HTMLElement) walk.element(body, 0);
-    else if (!(rootOf(document) instanceof HTMLElement)) out.written(rootOf(document)?.textContent.trim() ?? '');
+    else if (!(root instanceof HTMLElement)) out.written(root?.textContent.trim() ?? '');
+    if (language >= 0) out.end(language);
     out.leave(outer);
   };
   const describe = () => {
