@@ -64,9 +64,13 @@ class Transcript:
         self._events = self._events + [json.loads(line) for line in new[:whole].splitlines()]
         return self._events
 
+    def since_mark(self):
+        """All events since the last mark."""
+        return self.events()[self._mark:]
+
     def spoken(self):
         """All texts spoken since the last mark."""
-        return [e["text"] for e in self.events()[self._mark:] if e["event"] == "speak"]
+        return [e["text"] for e in self.since_mark() if e["event"] == "speak"]
 
     def mark(self):
         """Forgets what was spoken so far."""
