@@ -6,6 +6,7 @@
 #include "access/ElementWords.h"
 #include "access/FieldEcho.h"
 #include "access/FieldKinds.h"
+#include "base/language.h"
 #include "base/text.h"
 
 namespace corvane {
@@ -64,11 +65,15 @@ std::string FirstOf(const Words& words) {
   return {};
 }
 
+std::string InItsLanguage(const HTMLElement& element, const std::string& words) {
+  return language::Marked(words, element.facts->language);
+}
+
 // What a field is called. Its internal name is for those who have nothing better, and
 // the value of a choice for those who have not even that.
 Words NamesOf(const HTMLElement& field, const std::string& beside, const Manner& manner,
               const std::string& value = "") {
-  const std::string label = FirstOf({field.facts->name, beside});
+  const std::string label = FirstOf({field.facts->name, InItsLanguage(field, beside)});
   if (manner.field_names) return {field.name, FirstOf({label, value})};
   return {FirstOf({label, field.name, value})};
 }
@@ -93,27 +98,28 @@ std::string FullSentence(const HTMLElement& element, const Manner& manner) {
   };
   switch (KindOf(element, facts)) {
     case Kind::Link:
-      words = {FirstOf({facts.name, element.innerText, element.href}), RoleWords(facts)};
+      words = {FirstOf({facts.name, InItsLanguage(element, element.innerText), element.href}),
+               RoleWords(facts)};
       break;
     case Kind::Text:
       add(NamesOf(element, element.text_before_begin, manner));
-      words.push_back(Heard(element, element.value, manner));
+      words.push_back(InItsLanguage(element, Heard(element, element.value, manner)));
       break;
     case Kind::Area:
       add(NamesOf(element, element.text_before_begin, manner));
-      words.push_back(TextOnEntry(element, manner));
+      words.push_back(InItsLanguage(element, TextOnEntry(element, manner)));
       break;
     case Kind::Choice:
       add(NamesOf(element, element.text_after_end, manner, element.value));
       words.push_back(CheckedWord(element));
       break;
     case Kind::Button:
-      words.push_back(FirstOf({element.value, facts.name}));
+      words.push_back(FirstOf({InItsLanguage(element, element.value), facts.name}));
       if (IsOf(element, "image")) words.push_back(RoleWords(facts));
       break;
     case Kind::List:
       add(NamesOf(element, element.text_before_begin, manner));
-      words.push_back(Chosen(element));
+      words.push_back(InItsLanguage(element, Chosen(element)));
       break;
     case Kind::Other: {
       // Whatever its page calls an editor, its user wants to know what is there.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/handling.h"
+#include "base/language.h"
 #include "controls/ctlText.h"
 #include "speech/ISpeechNotify.h"
 
@@ -13,7 +14,7 @@ namespace corvane {
 inline constexpr const char* kLineBreak = "\r\n";
 
 /// How the pane speaks: through the sink that its host gave it, and into the
-/// text pane for those who read along.
+/// text pane for those who read along. Texts may be marked with their languages.
 class Announcer {
  public:
   Announcer(MessageBox& box, ctlText& pane) : box_(box), pane_(pane) {}
@@ -62,7 +63,7 @@ class Announcer {
   void AddAndSayAfterTitle(const std::string& text) {
     if (!title_) return AddAndSay(text);
     after_title_ = text;
-    ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true); });
+    ErrorsIgnored([&] { pane_.AddText(language::Unmarked(text) + kLineBreak, true); });
   }
 
   /// Speaks behind what is being spoken, which it does not cut off, and tells what
@@ -79,7 +80,8 @@ class Announcer {
   /// Adds the text as a line to the text pane and speaks it, before the pane lets
   /// waiting keys have their say.
   void AddAndSay(const std::string& text, bool urgent = false) {
-    ErrorsIgnored([&] { pane_.AddText(text + kLineBreak, true, [&] { Say(text, urgent); }); });
+    const std::string line = language::Unmarked(text) + kLineBreak;
+    ErrorsIgnored([&] { pane_.AddText(line, true, [&] { Say(text, urgent); }); });
   }
 
  private:

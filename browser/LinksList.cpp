@@ -1,6 +1,7 @@
 #include "browser/LinksList.h"
 
 #include "access/AALinkElement.h"
+#include "base/language.h"
 #include "browser/LinkFile.h"
 
 namespace corvane {
@@ -8,14 +9,23 @@ namespace corvane {
 LinksList::LinksList(PaneContext& pane, AAFormCollection& announcers)
     : pane_(pane), oAAFormCol_(announcers) {
   ComboBox& list = *pane_.controls.cmbListLinks;
-  connections_ += list.Click.Connect([this, &list] { pane_.announcer.Say(list.Text()); });
+  connections_ += list.Click.Connect([this] { pane_.announcer.Say(Words()); });
   // When the focus was moved for the user, the page's title is not cut off.
-  connections_ += list.GotFocus.Connect([this, &list] {
-    const std::string words = list.Text() + " Links List";
+  connections_ += list.GotFocus.Connect([this] {
+    const std::string words = Words() + " Links List";
     pane_.state.quiet ? pane_.announcer.SayAfterTitle(words) : pane_.announcer.Say(words);
   });
   connections_ += list.KeyDown.Connect([this](KeyEvent& key) { cmbListLinks_KeyDown(key); });
   connections_ += list.DblClick.Connect([this] { cmbListLinks_DblClick(); });
+}
+
+// The first entry is the program's own, as far as it goes.
+std::string LinksList::Words() const {
+  const ComboBox& list = *pane_.controls.cmbListLinks;
+  const std::string words = list.Text();
+  if (list.ListIndex() > 0) return language::Marked(words, language_);
+  const std::string name = words.ends_with(name_) ? name_ : "";
+  return words.substr(0, words.size() - name.size()) + language::Marked(name, language_);
 }
 
 void LinksList::Fill(const HTMLDocument& document, const std::function<bool()>& still_wanted) {
@@ -25,6 +35,8 @@ void LinksList::Fill(const HTMLDocument& document, const std::function<bool()>& 
   std::string name = document.nameProp;
   if (name.empty()) name = document.Title;
   if (name.empty()) name = document.location;
+  name_ = name;
+  language_ = document.language;
 
   const auto links = document.links;
   addresses_.assign(1, document.location);

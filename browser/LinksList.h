@@ -23,10 +23,13 @@ class LinksList {
 
  private:
   const std::string& LineFor(const HTMLElement& link) const;
+  std::string Words() const;
   void cmbListLinks_KeyDown(const KeyEvent& key);
 
   PaneContext& pane_;
   AAFormCollection& oAAFormCol_;
+  std::string name_;  // of the page
+  std::string language_;
   std::vector<std::string> addresses_;  // parallel to the list; 0 is the page itself
   bool filling_ = false;                // nothing is selected before the list is whole
   Connections connections_;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "access/ElementWords.h"
+#include "base/language.h"
 #include "platform/element_facts.h"
 
 namespace corvane {
@@ -89,13 +90,21 @@ bool LiveWords::WasJustSaid(const std::string& sentence) {
   return false;
 }
 
+PageWords LiveWords::InItsLanguage(PageWords words) const {
+  const HTMLDocumentPtr document = pane_.controls.brwWebBrowser->Document();
+  if (!document) return words;
+  words.words = language::Marked(words.words, document->language);
+  words.name = language::Marked(words.name, document->language);
+  return words;
+}
+
 void LiveWords::Receive(const PageWords& words) {
   if (words.opened) {
     if (Heard() == LiveWordsHeard::None) pane_.announcer.AddAndSay(words.words);
     return;
   }
   if (!IsWanted(words)) return;
-  const std::string sentence = SentenceOf(words);
+  const std::string sentence = SentenceOf(InItsLanguage(words));
   if (sentence.empty() || WasJustSaid(sentence)) return;
   // What is said of the page as it comes would cut it off.
   if (words.urgent && !PageIsBeingRead()) {

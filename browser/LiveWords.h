@@ -31,6 +31,7 @@ class LiveWords {
   void Next();
   LiveWordsHeard Heard() const;
   bool IsWanted(const PageWords& words) const;
+  PageWords InItsLanguage(PageWords words) const;
   bool PageIsBeingRead() const;
   bool WasJustSaid(const std::string& sentence);
 

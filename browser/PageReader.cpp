@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/language.h"
 #include "base/number.h"
 #include "base/text.h"
 #include "platform/button_image.h"
@@ -135,7 +136,7 @@ void PageReader::ReadTitleAndText(const HTMLDocument& document, const std::funct
   if (pane_.menu.mnuTextHistory(kClearWithNewPage).Checked()) text.ClearText();
   text.AddText(document.Title + kLineBreak + document.body_innerText, false, [&] {
     pane_.state.page_text = text.SelStart() + static_cast<int>(text::length(document.Title)) + 1;
-    title_ = NameOf(document);
+    title_ = language::Marked(NameOf(document), document.language);
     SayTitle();
     said();
     pane_.PageShown.Raise();

@@ -102,11 +102,12 @@ void ReadOn::Next() {
     turn_.reset();
     return pane_.announcer.Say("End of text");
   }
-  pane_.announcer.SayThrough(piece, [this, turn = std::weak_ptr(turn_)](bool to_its_end) {
-    if (turn.expired()) return;
-    if (!to_its_end) return turn_.reset();
-    Spoken();
-  });
+  pane_.announcer.SayThrough(page_.InItsLanguages(position_, piece),
+                             [this, turn = std::weak_ptr(turn_)](bool to_its_end) {
+                               if (turn.expired()) return;
+                               if (!to_its_end) return turn_.reset();
+                               Spoken();
+                             });
 }
 
 // The page's text may have been taken anew meanwhile, and the caret with it.

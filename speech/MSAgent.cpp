@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/handling.h"
+#include "base/language.h"
 #include "base/text.h"
 #include "platform/image.h"
 #include "speech/KeyName.h"
@@ -228,7 +229,7 @@ void MSAgent::SayAgain() {
 void MSAgent::CopySaid() {
   const std::string* words = speech_.order.Words().Present();
   if (words == nullptr) return SayInPassing("Nothing has been said yet");
-  desktop_.GetClipboard().SetText(*words);
+  desktop_.GetClipboard().SetText(language::Unmarked(*words));
   SayInPassing("Copied");
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/language.h"
 #include "base/text.h"
 #include "browser/reading/TextKinds.h"
 
@@ -24,7 +25,7 @@ std::string EntryWords(const TextMap& map, const PageSpan& span) {
     case Kind::Picture:
       return map.Words(shown);
     default:
-      return ReachedWords(map, shown);
+      return language::Unmarked(ReachedWords(map, shown));
   }
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/handling.h"
+#include "base/language.h"
 #include "base/text.h"
 #include "browser/reading/Glance.h"
 #include "browser/reading/TextKinds.h"
@@ -187,8 +188,21 @@ std::string PageInPane::AtAGlance() const {
 
 std::string PageInPane::LineWords(int start, const std::string& line) const {
   const int place = start - pane_.state.page_text;
-  if (!map_ || place < 0 || place > length_) return line;
+  if (!map_ || place < 0 || place > length_) return InItsLanguages(start, line);
   return LineWithKinds(*map_, place, line);
+}
+
+std::string PageInPane::InItsLanguages(int position, const std::string& words) const {
+  const int place = position - pane_.state.page_text;
+  if (!map_) return words;
+  const HTMLDocumentPtr document = pane_.controls.brwWebBrowser->Document();
+  const bool is_title = place == -static_cast<int>(text::length(words)) - 1;
+  if (is_title && document && document->Title == words) {
+    return language::Marked(words, document->language);
+  }
+  if (place < 0) return words;
+  const std::string marked = map_->Marked(place, static_cast<int>(text::length(words)));
+  return language::Unmarked(marked) == words ? marked : words;
 }
 
 // --- the reader's place ----------------------------------------------------------------

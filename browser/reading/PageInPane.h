@@ -54,6 +54,9 @@ class PageInPane {
 
   /// A line of the pane, as it is said when the caret enters it. `start`: in the pane.
   std::string LineWords(int start, const std::string& line) const;
+  /// Words that stand in the pane at the position, marked with their languages where they
+  /// are the page's.
+  std::string InItsLanguages(int position, const std::string& words) const;
 
   /// The reader has been led elsewhere in the pane, and told so.
   Event<> Moved;

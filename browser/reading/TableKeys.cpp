@@ -149,7 +149,7 @@ void TableKeys::Reach(const PageTable& table, const std::optional<TableGrid::Pla
     if (fresh.size() > kMostHeaders) fresh.erase(fresh.begin(), fresh.end() - kMostHeaders);
     for (const std::size_t each : fresh) {
       const PageSpan& span = map.At(grid.At(each).span);
-      Add(words, OneLine(map.Text(span.start, std::min(span.length, kLongestHeader))));
+      Add(words, OneLine(map.Marked(span.start, std::min(span.length, kLongestHeader))));
     }
   };
   using Cells = std::vector<std::size_t>;
@@ -169,9 +169,11 @@ void TableKeys::Reach(const PageTable& table, const std::optional<TableGrid::Pla
 std::string TableKeys::CellWords(std::size_t span) const {
   const TextMap& map = *page_.Map();
   const PageSpan& cell = map.At(span);
-  std::string words = map.Text(cell.start, std::min(cell.length, kLongestWords));
-  if (pane_.manner.text_kinds) words = LineWithKinds(map, cell.start, words, span + 1);
-  words = OneLine(words);
+  const int length = std::min(cell.length, kLongestWords);
+  const std::string words =
+      OneLine(pane_.manner.text_kinds
+                  ? LineWithKinds(map, cell.start, map.Text(cell.start, length), span + 1)
+                  : map.Marked(cell.start, length));
   return words.empty() ? "blank" : words;
 }
 

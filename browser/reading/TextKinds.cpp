@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "access/ElementWords.h"
+#include "base/language.h"
 #include "base/text.h"
 
 namespace corvane {
@@ -39,6 +40,14 @@ std::string RoleOr(const PageSpan& span, const char* otherwise) {
 
 std::string NameOf(const PageSpan& span) { return span.facts ? span.facts->name : ""; }
 
+// Words that its page has given it.
+std::string InItsLanguage(const TextMap& map, const PageSpan& span, const std::string& words) {
+  return language::Marked(words, map.LanguageAt(span.start));
+}
+std::string MarkedName(const TextMap& map, const PageSpan& span) {
+  return InItsLanguage(map, span, NameOf(span));
+}
+
 std::string StatesOf(const PageSpan& span) {
   return span.facts ? Joined(StateWords(*span.facts)) : "";
 }
@@ -49,7 +58,8 @@ bool IsNamelessField(const PageSpan& span) {
 
 std::string FirstLine(const TextMap& map, const PageSpan& span) {
   const std::string words = map.Text(span.start, std::min(span.length, kLongestWords));
-  return words.substr(0, words.find('\n'));
+  const auto length = static_cast<int>(text::length(words.substr(0, words.find('\n'))));
+  return map.Marked(span.start, length);
 }
 
 /// What is said in front of an element's text, on the line that it begins on. What
@@ -64,10 +74,10 @@ std::string Before(const TextMap& map, const PageSpan& span) {
       return span.more > 0 ? "bullet" : "";
     case Kind::Table:
       return is_written ? RoleOr(span, "table")
-                        : Joined({RoleOr(span, "table"), name, SizeWords(span)});
+                        : Joined({RoleOr(span, "table"), MarkedName(map, span), SizeWords(span)});
     case Kind::Landmark:
     case Kind::Frame:
-      return is_written ? KindWords(span) : Joined({KindWords(span), name});
+      return is_written ? KindWords(span) : Joined({KindWords(span), MarkedName(map, span)});
     case Kind::Cell:
     case Kind::Language:
     case Kind::Place:
@@ -164,7 +174,7 @@ std::string ReachedWords(const TextMap& map, const PageSpan& span) {
     case Kind::Landmark:
     case Kind::Frame:
     case Kind::Table:
-      return Joined({NameOf(span), KindWords(span)});
+      return Joined({MarkedName(map, span), KindWords(span)});
     case Kind::Item:
     case Kind::Quotation:
       return Joined({FirstLine(map, span), KindWords(span)});
@@ -172,15 +182,17 @@ std::string ReachedWords(const TextMap& map, const PageSpan& span) {
       break;
   }
   if (IsField(span) && span.facts) {
-    std::string name = NameOf(span);
+    std::string name = MarkedName(map, span);
     if (name.empty() && span.facts->value.empty() && span.kind == Kind::Widget) {
       name = FirstLine(map, span);
     }
-    return Joined({name, KindWords(span), span.facts->value, StatesOf(span)});
+    const std::string value = InItsLanguage(map, span, span.facts->value);
+    return Joined({name, KindWords(span), value, StatesOf(span)});
   }
-  PageSpan shown = span;
-  shown.length = std::min(span.length, kLongestWords);
-  return Joined({map.Words(shown), KindWords(span), StatesOf(span)});
+  std::string words = map.Marked(span.start, std::min(span.length, kLongestWords));
+  std::replace(words.begin(), words.end(), '\n', ' ');
+  std::replace(words.begin(), words.end(), '\t', ' ');
+  return Joined({words, KindWords(span), StatesOf(span)});
 }
 
 std::string LineWithKinds(const TextMap& map, int start, const std::string& line,
@@ -191,7 +203,7 @@ std::string LineWithKinds(const TextMap& map, int start, const std::string& line
   int at = start;  // what has been said reaches here
   std::vector<Tail> open;
   const auto say_until = [&](int position) {
-    if (position > at) spoken.Add(map.Text(at, position - at));
+    if (position > at) spoken.Add(map.Marked(at, position - at));
     at = std::max(at, position);
   };
   const auto close_until = [&](int position) {

@@ -1,8 +1,10 @@
 #include "browser/reading/TextMap.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
+#include "base/language.h"
 #include "base/text.h"
 
 namespace corvane {
@@ -23,6 +25,56 @@ TextMap::TextMap(PageTextPtr page) : page_(std::move(page)) {
   for (std::size_t at = 0; at < text.size(); at = text::offset_of(text, kStep, at)) {
     offsets_.push_back(at);
   }
+  FindLanguages();
+}
+
+void TextMap::FindLanguages() {
+  struct Open {
+    int end = 0;
+    std::string language;
+  };
+  std::vector<Open> open = {{std::numeric_limits<int>::max(), ""}};
+  languages_.push_back({});
+  const auto change = [&](int start) {
+    if (languages_.back().start == start) languages_.pop_back();
+    languages_.push_back({start, open.back().language});
+  };
+  const auto close_until = [&](int position) {
+    while (open.back().end <= position) {
+      const int end = open.back().end;
+      open.pop_back();
+      change(end);
+    }
+  };
+  for (const PageSpan& span : page_->spans) {
+    if (span.kind != PageSpan::Kind::Language || !span.facts) continue;
+    close_until(span.start);
+    open.push_back({std::min(span.End(), open.back().end), language::Tag(span.facts->name)});
+    change(span.start);
+  }
+  close_until(page_->length);
+}
+
+std::size_t TextMap::LanguageIndex(int position) const {
+  const auto behind =
+      std::upper_bound(languages_.begin() + 1, languages_.end(), position,
+                       [](int at, const Change& change) { return at < change.start; });
+  return static_cast<std::size_t>(behind - languages_.begin()) - 1;
+}
+
+const std::string& TextMap::LanguageAt(int position) const {
+  return languages_[LanguageIndex(position)].language;
+}
+
+std::string TextMap::Marked(int start, int length) const {
+  std::string marked;
+  const int end = std::min(start + length, page_->length);
+  for (std::size_t i = LanguageIndex(start); start < end; ++i) {
+    const int until = i + 1 < languages_.size() ? std::min(languages_[i + 1].start, end) : end;
+    marked += language::Marked(Text(start, until - start), languages_[i].language);
+    start = until;
+  }
+  return marked;
 }
 
 std::size_t TextMap::FirstFrom(int position) const {

@@ -41,12 +41,24 @@ class TextMap {
   std::string Words(const PageSpan& span) const;
   /// Some of the text.
   std::string Text(int start, int length) const;
+  /// The same, marked with the languages that its parts are in.
+  std::string Marked(int start, int length) const;
+  /// The language at the position: a tag; empty where nobody says.
+  const std::string& LanguageAt(int position) const;
 
  private:
+  /// From here on the text is in another language.
+  struct Change {
+    int start = 0;
+    std::string language;
+  };
+  void FindLanguages();
+  std::size_t LanguageIndex(int position) const;
   std::size_t FirstFrom(int position) const;
 
   PageTextPtr page_;
   std::vector<std::size_t> offsets_;  // in bytes, of every kStep-th character
+  std::vector<Change> languages_;     // by their starts; the first one is at 0
 };
 
 }  // namespace corvane
