@@ -175,6 +175,40 @@ TEST_F(NamesTest, PicturesOfAFontAreNoWords) {
   EXPECT_EQ(NameOf("#c"), "");
 }
 
+TEST_F(NamesTest, WordsThatAreHiddenForWantOfRoomAreBetterThanNone) {
+  Load(
+      "<style>.words {display: none}</style>"
+      "<a href=# id=link><span class=words>Compose</span></a>"
+      "<button id=icon><svg><style>.a{}</style></svg><span class=words>Settings</span></button>"
+      "<button id=tip title=Tip><span class=words>no</span></button>"
+      "<button id=kept><span class=words aria-hidden=true>no</span></button>"
+      "<button id=sign><span title=Unread></span>Soup</button>"
+      "<div role=dialog id=dialog><span class=words>no</span></div>");
+  EXPECT_EQ(NameOf("#link"), "Compose");
+  EXPECT_EQ(NameOf("#icon"), "Settings");
+  EXPECT_EQ(NameOf("#tip"), "Tip");
+  EXPECT_EQ(NameOf("#kept"), "");
+  EXPECT_EQ(NameOf("#sign"), "Unread Soup");
+  EXPECT_EQ(NameOf("#dialog"), "");
+  ASSERT_EQ(view_.Document()->links.size(), 1U);
+  EXPECT_EQ(view_.Document()->links[0]->label, "Compose");
+}
+
+TEST_F(NamesTest, FieldThatStandsForAnotherHasItsLabel) {
+  Load(
+      "<div><label for=old>To</label><div><ul><li><input id=new role=combobox></li></ul>"
+      "<textarea id=old tabindex=-1></textarea></div></div>"
+      "<div><label for=gone>Town</label><input id=gone hidden><div id=box role=combobox "
+      "tabindex=0></div></div>"
+      "<div><label for=other>Other</label><input id=other><input id=alone></div>"
+      "<div><label for=a hidden>A</label><label for=b>B</label><input id=a hidden><input id=b "
+      "hidden><input id=two></div>");
+  EXPECT_EQ(NameOf("#new"), "To");
+  EXPECT_EQ(NameOf("#box"), "Town");
+  EXPECT_EQ(NameOf("#alone"), "") << "the labelled field is there itself";
+  EXPECT_EQ(NameOf("#two"), "") << "it could be either";
+}
+
 TEST_F(NamesTest, HostilePagesAreBounded) {
   Load(
       "<button id=self aria-labelledby=self>own</button>"

@@ -9,7 +9,8 @@
 (() => {
   if (!globalThis.corvane || globalThis.corvaneNames) return;
 
-  const LIMIT = {name: 1000, loose: 300, nodes: 3000, depth: 60, ids: 50, siblings: 5000, above: 300};
+  const LIMIT = {name: 1000, loose: 300, nodes: 3000, depth: 60, ids: 50, siblings: 5000, above: 300,
+    beside: 6};
 
   // --- the tree as it is shown ---------------------------------------------------
 
@@ -330,12 +331,13 @@
   //   label      by a label, of the field `field`
   //   content    as a part of what names
   //   hidden     within a part that is hidden and names all the same
+  //   unseen     what is not shown counts, too
   const textOf = (node, walk, how, depth) => {
     if (isText(node)) return walk.take(dataOf(node).slice(0, LIMIT.name * 2));
     if (!isElement(node) || matches(node, 'script, style, template') || !walk.enter(node, depth)) {
       return '';
     }
-    const isUnseen = !how.root && !how.hidden && (isKeptBack(node) || !isShown(node));
+    const isUnseen = !how.root && !how.hidden && (isKeptBack(node) || !(how.unseen || isShown(node)));
     if (isUnseen && how.content) return '';
     const hidden = how.hidden || isUnseen;
     walk.seen.add(node);
@@ -368,11 +370,13 @@
     }
     if (isPart || FROM_CONTENT.has(role) || how.loose) {
       const apart = HOLDING.has(role);
-      const text = contentOf(node, walk, {content: true, hidden: how.hidden, field: how.field, apart},
-        depth + 1);
+      const text = contentOf(node, walk,
+        {content: true, hidden: how.hidden, unseen: how.unseen, field: how.field, apart}, depth + 1);
       if (flat(text)) return text;
     }
-    return walk.take(flat(attribute(node, 'title')));
+    // The words of a sign are no part of the word beside it.
+    const tip = flat(attribute(node, 'title'));
+    return walk.take(how.content && tip ? ` ${tip} ` : tip);
   };
   const contentOf = (node, walk, how, depth) => {
     let text = generated(node, '::before');
@@ -403,13 +407,37 @@
   const hintOf = (field) => short(attribute(field, 'placeholder') || attribute(field, 'aria-placeholder'));
   const isWrittenIn = (field) => (field instanceof HTMLInputElement || field instanceof HTMLTextAreaElement
     ? field.value : field.textContent) !== '';
+  // A page that is short of room shows a sign in place of a control's words and hides
+  // those in it. They are better than nothing.
+  const ACTS = words('button link menuitem menuitemcheckbox menuitemradio option summary switch tab');
+  const unseenWords = (element) => short(
+    contentOf(element, new Walk(), {content: true, unseen: true, apart: true}, 0).slice(0, LIMIT.loose));
+  // A script that puts a field of its own in the place of the page's takes that one out
+  // of reach; the label stays with it.
+  const STANDS_IN = words('textbox searchbox combobox listbox spinbutton');
+  const isOutOfReach = (field) => !isShown(field) || attribute(field, 'tabindex').trim().startsWith('-');
+  const labelOfReplaced = (field) => {
+    let at = elementAbove(field);
+    for (let i = 0; at && i < LIMIT.beside; at = elementAbove(at), i++) {
+      const labels = Element.prototype.querySelectorAll.call(at, 'label');
+      if (labels.length === 0) continue;
+      const other = labels[0].control;
+      if (labels.length > 1 || !other || other === field || !isOutOfReach(other)) return '';
+      return short(textOf(labels[0], new Walk(), {label: true, field: other}, 0));
+    }
+    return '';
+  };
+  const lastResort = (element, role) => {
+    if (ACTS.has(role)) return canHaveFocus(element) ? unseenWords(element) : '';
+    return STANDS_IN.has(role) ? labelOfReplaced(element) : '';
+  };
   // What gets the focus and is nothing in particular is called by what it shows.
   const nameOf = (element) => {
     const role = roleOf(element);
     if (UNNAMED.has(role)) return '';
     const loose = role === '' && canHaveFocus(element);
     const text = short(textOf(element, new Walk(), {root: true, loose}, 0)) || hintOf(element);
-    return loose ? short(text.slice(0, LIMIT.loose)) : text;
+    return (loose ? short(text.slice(0, LIMIT.loose)) : text) || lastResort(element, role);
   };
   // What an element says to whoever reads it: its content, alternative texts in it.
   const wordsOf = (element) => short(isKeptBack(element) || !isShown(element) ? ''
@@ -427,7 +455,7 @@
   };
 
   Object.defineProperty(globalThis, 'corvaneNames', {value: Object.freeze({
-    nameOf, wordsOf, descriptionOf, roleOf, givenRole, isShown, isKeptBack, isElement, isEditingHost, canHaveFocus, isInside,
+    nameOf, wordsOf, unseenWords, descriptionOf, roleOf, givenRole, isShown, isKeptBack, isElement, isEditingHost, canHaveFocus, isInside,
     elementAbove, elementsBelow, nodesBelow, named, referenced, attribute, has, matches, getter, short,
     flat, typeOf, valueOf, tagOf, words, limit: LIMIT,
   })});

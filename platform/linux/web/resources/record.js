@@ -168,7 +168,7 @@
   // What a link or button without text is called.
   const labelWithoutText = (element) => labelWords(authorsName(element) ||
     (element instanceof HTMLAreaElement ? attribute(element, 'alt') : pictures(element)) ||
-    attribute(element, 'title'));
+    attribute(element, 'title') || globalThis.corvaneNames?.unseenWords(element) || '');
   const legendOf = (set) => {
     const legend = Array.prototype.find.call(set.children, (child) => child.localName === 'legend');
     return legend ? wordsOf(legend) : '';
