@@ -43,7 +43,12 @@ constexpr std::array kKeys = {
     QuickKey{'B', "button", &Is<Kind::Button>},
     QuickKey{'X', "check box", &Is<Kind::CheckBox>},
     QuickKey{'R', "radio button", &Is<Kind::Radio>},
-    QuickKey{'C', "combo box", &Is<Kind::Choice>},
+    // One that is written in is an edit field, too.
+    QuickKey{'C', "combo box",
+             [](const PageSpan& span) {
+               const bool is_box = span.facts && span.facts->role == "combobox";
+               return span.kind == Kind::Choice || (span.kind == Kind::Edit && is_box);
+             }},
     QuickKey{'T', "table", &Is<Kind::Table>},
     QuickKey{'L', "list", &Is<Kind::List>},
     QuickKey{'I', "list item", &Is<Kind::Item>},

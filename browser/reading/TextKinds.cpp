@@ -113,7 +113,9 @@ class Spoken {
   }
   /// The same, set off from what is in front.
   void AddState(const std::string& words) {
-    if (!words.empty()) words_ += ", " + words;
+    if (words.empty()) return;
+    if (!words_.ends_with(", ")) words_ += ", ";
+    words_ += words;
   }
   std::string Take() {
     words_ = text::replace_all(words_, "\t", ", ");

@@ -83,6 +83,22 @@ TEST_F(QuickKeysTest, ALetterLeadsToTheNextOfItsKindAndWithShiftBack) {
   EXPECT_EQ(p.TextPane().text.find("hhh"), std::string::npos);
 }
 
+TEST_F(QuickKeysTest, ComboBoxThatIsWrittenInIsAnEditFieldToo) {
+  ElementFacts box;
+  box.role = "combobox";
+  box.name = "To";
+  p.Read(MakePage("http://b/", "T", "To"));
+  p.Browser().TextDescribed(PageTextMaker("x To").Add(Kind::Edit, "To", 0, 0, box).Make());
+  p.TextPane().SetFocus();
+  p.Spoken();
+  Press('E');
+  EXPECT_THAT(p.Spoken(), ElementsAre("To, combo box"));
+  p.TextPane().Press(kKeyHome, kCtrlMask);
+  p.Spoken();
+  Press('C');
+  EXPECT_THAT(p.Spoken(), ElementsAre("To, combo box"));
+}
+
 TEST_F(QuickKeysTest, ThePageScrollsAlong) {
   Press('H');
   EXPECT_THAT(p.Browser().calls, ElementsAre("Show 2"));

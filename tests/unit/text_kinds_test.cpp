@@ -69,6 +69,10 @@ TEST(TextKinds, StatesFollowTheWordsAndNamelessFieldsAreOnlyCalledByTheirKind) {
               ElementsAre("check box, Agree, not checked to it"));
   EXPECT_THAT(Lines(PageTextMaker("(edit)").Add(Kind::Edit, "(edit)", 0, 0, Facts("textbox", ""))),
               ElementsAre("edit"));
+  ElementFacts off = Facts("button", "");
+  off.disabled = true;
+  EXPECT_THAT(Lines(PageTextMaker("(button)").Add(Kind::Button, "(button)", 0, 0, off)),
+              ElementsAre("button, unavailable"));
 }
 
 TEST(TextKinds, ALineInTheMiddleOfAnElementIsItsTextAlone) {

@@ -56,6 +56,24 @@ TEST_F(TextTest, TextIsAsTheEngineShowsIt) {
   }
 }
 
+TEST_F(TextTest, FieldThatAnotherStandsForIsLeftOut) {
+  Load(
+      "<div><label for=old>To</label><textarea id=old tabindex=-1 "
+      "style='position:absolute;left:-5000px;width:10px'>x</textarea>"
+      "<ul style='list-style:none'><li><input role=combobox></ul></div>"
+      "<input tabindex=-1 aria-label=Seen>");
+  EXPECT_THAT(All(Kind::Edit), ElementsAre("To", "Seen"));
+  EXPECT_EQ(First(Kind::Edit).facts->role, "combobox");
+  EXPECT_EQ(page_->text, "To\nSeen");
+}
+
+TEST_F(TextTest, EntriesWithNothingInThemAreLeftOut) {
+  Load(
+      "<ul role=menu><li role=menuitem><a hidden>no</a><li role=menuitem>Cut"
+      "<li role=menuitem tabindex=0></ul>");
+  EXPECT_THAT(All(Kind::Widget), ElementsAre("Cut", "(field)"));
+}
+
 TEST_F(TextTest, LineEndsThatCountAreKept) {
   Load("<div style='white-space:pre-line'>a   b  \n   c</div>");
   EXPECT_EQ(page_->text, "a b\nc");

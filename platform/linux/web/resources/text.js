@@ -10,7 +10,7 @@
   if (!globalThis.corvaneTextTables || globalThis.corvaneText) return;
 
   const {
-    nameOf, roleOf, isElement, isKeptBack, elementsBelow, attribute, has, getter, short, tagOf, words,
+    nameOf, roleOf, isElement, isKeptBack, canHaveFocus, elementsBelow, attribute, has, getter, short, tagOf, words,
   } = globalThis.corvaneNames;
   const {briefFactsOf} = globalThis.corvaneFacts;
   const {numberOf, documentId, bodyOf, rootOf, hrefOf, share, sharedBy} = globalThis.corvane.parts;
@@ -69,6 +69,15 @@
     }
   };
   const wordsOfLink = (link) => nameOf(link) || endOfAddress(hrefOf(link)) || 'link';
+
+  // --- fields -------------------------------------------------------------------------
+
+  const isWrittenIn = (element) => element instanceof HTMLInputElement ||
+    element instanceof HTMLTextAreaElement || (element instanceof HTMLElement && element.isContentEditable);
+  // A field that no key leads to and that stands beside the page, where nobody can scroll
+  // to: something else has taken its place.
+  const isSetAside = (element) => attribute(element, 'tabindex').trim().startsWith('-') &&
+    Element.prototype.getBoundingClientRect.call(element).right + window.scrollX <= 0;
 
   // --- the walk -------------------------------------------------------------------------
 
@@ -343,8 +352,9 @@
     }
     field(element, tag, role, style, depth) {
       if (!isSeen(style)) return this.below(element, depth + 1);
+      if (isSetAside(element)) return;
       const {out} = this;
-      const kind = KINDS_OF_ROLES[role];
+      const kind = role === 'combobox' && isWrittenIn(element) ? KIND.edit : KINDS_OF_ROLES[role];
       // What holds text of its own, or others of its like, is read as it stands.
       const isOpen = !(element instanceof HTMLInputElement || element instanceof HTMLSelectElement ||
         element instanceof HTMLTextAreaElement) &&
@@ -358,6 +368,8 @@
       if (isOpen) this.below(element, depth + 1);
       if (!isOpen || out.isEmpty(at)) {
         const text = [name, facts.value ?? ''].filter((each) => each !== '').join(', ');
+        // An entry with nothing in it is there for the page's style.
+        if (text === '' && isOpen && kind === KIND.widget && !canHaveFocus(element)) return out.end(at);
         out.flowing(text || UNNAMED[role] || (kind === KIND.edit ? '(edit)' : '(field)'));
       }
       out.end(at);
