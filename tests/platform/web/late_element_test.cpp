@@ -51,6 +51,30 @@ TEST_F(LateElementTest, AFieldOutsideEveryFormIsToldWithItsFirstFocus) {
   EXPECT_THAT(added_, SizeIs(1)) << "told once";
 }
 
+TEST_F(LateElementTest, AFrameWithNothingToComeToIsToldAsAWhole) {
+  server_.Page("/in", "<title>In</title><p>Nothing is chosen.");
+  for (const auto& [frame, name] : {std::pair{"<iframe title=Preview src=/in></iframe>", "Preview"},
+                                    std::pair{"<iframe src=/in></iframe>", "In"}}) {
+    added_.clear();
+    Load(frame);
+    Tab();
+    ASSERT_TRUE(WaitUntil([&] { return !added_.empty(); })) << name;
+    ASSERT_TRUE(added_[0]->facts);
+    EXPECT_EQ(added_[0]->facts->role, "");
+    ASSERT_THAT(added_[0]->facts->groups, SizeIs(1));
+    EXPECT_EQ(added_[0]->facts->groups[0].role, "frame");
+    EXPECT_EQ(added_[0]->facts->groups[0].name, name);
+  }
+}
+
+TEST_F(LateElementTest, AFrameWithAFieldIsToldWithThat) {
+  server_.Page("/in", "<input name=q>");
+  Load("<iframe title=Preview src=/in></iframe>");
+  Tab();
+  ASSERT_TRUE(Heard("focus HTMLInputElement text q"));
+  EXPECT_THAT(added_, SizeIs(1));
+}
+
 TEST_F(LateElementTest, ALabelAnywhereInThePageBelongsToItsField) {
   Load(
       "<label for='a.1'>First</label><hr><input id='a.1' name=one><hr>"

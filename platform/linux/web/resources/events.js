@@ -16,6 +16,8 @@
 
   // --- what an element is to its user ------------------------------------------
 
+  const activeIn = (root) => Object.getOwnPropertyDescriptor(
+    (root instanceof Document ? Document : ShadowRoot).prototype, 'activeElement').get.call(root);
   const isPage = (element) => element === bodyOf(document) || element === rootOf(document);
   // The editable part of the page that the focus is in, where that is no field.
   const isEditor = (element) => element instanceof HTMLElement && element.isContentEditable &&
@@ -178,20 +180,30 @@
   let entering = false;
   const enter = () => { entering = !Document.prototype.hasFocus.call(document); };
 
+  // The focus is told of when the page has done what it does with it: it may choose a
+  // tab, or lead on at once.
+  const comeTo = (element) => {
+    latest = element;
+    telling ??= setTimeout(() => {
+      telling = arriving = null;
+      tellFocus(globalThis.corvaneAttention?.arrive(latest) ?? latest);
+    }, 0);
+  };
+  // A frame with nothing in it that takes the focus has it as a whole.
+  const comeToFrame = () => {
+    const page = bodyOf(document) ?? rootOf(document);
+    const at = activeIn(document);
+    if (window !== window.parent && page && (!at || isPage(at))) comeTo(page);
+  };
+
   // `focus`, since an input of several parts has no `focusin`.
   const hearers = {
-    // Told when the page has done what it does with the focus: it may choose a tab, or
-    // lead on at once.
     focus: (element) => {
       if (isPage(element) && !isEditor(element)) return;
       if (entering && !Document.prototype.hasFocus.call(document)) return;
       entering = false;
-      latest = element;
       if (isRadio(element)) arriving = element;
-      telling ??= setTimeout(() => {
-        telling = arriving = null;
-        tellFocus(globalThis.corvaneAttention?.arrive(latest) ?? latest);
-      }, 0);
+      comeTo(element);
     },
     blur: (element) => {
       if (isSecret(element)) tell('leave', element);
@@ -213,6 +225,7 @@
     if (target instanceof Element) hearers[event.type](target, event);
     // A document that is edited as a whole has the focus itself.
     else if (target === document && event.type === 'focus') hearers.focus(bodyOf(document) ?? rootOf(document));
+    else if (target === window && event.type === 'focus') comeToFrame();
   };
 
   // The release of a key that was pressed elsewhere, such as the Tab that led
@@ -248,8 +261,6 @@
 
   // --- where the focus is ----------------------------------------------------------
 
-  const activeIn = (root) => Object.getOwnPropertyDescriptor(
-    (root instanceof Document ? Document : ShadowRoot).prototype, 'activeElement').get.call(root);
   // Tells once more of the element that has the focus, here or in a frame.
   const tellAgain = (depth = 0) => {
     if (!Document.prototype.hasFocus.call(document) || depth > 10) return;

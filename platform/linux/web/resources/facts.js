@@ -351,8 +351,12 @@
     const frame = Array.prototype.find.call(framesOf(), (each) => each.contentWindow === view);
     return frame ? nameOf(frame) : null;
   });
-  const nameOfOwnFrame = () => (window === window.parent ? null
-    : sharedBy(window.parent).nameOfFrame?.(window) ?? null);
+  const titleOf = getter(Document, 'title');
+  const nameOfOwnFrame = () => {
+    if (window === window.parent) return null;
+    const name = sharedBy(window.parent).nameOfFrame?.(window) ?? null;
+    return name === '' ? short(titleOf(document)) : name;
+  };
   const groupsOf = (element) => {
     const groups = [];
     // The options that a list's choice stands among.
