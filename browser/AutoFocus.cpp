@@ -36,6 +36,8 @@ void AutoFocus::Name(const char* area) {
 // no focus.
 void AutoFocus::AfterReading(const HTMLDocumentPtr& document) {
   if (pane_.state.typing) return;
+  // Who has asked what the page is like now wants to go on where he is.
+  if (document && document->read_again && pane_.manner.today) return;
   // A page that has changed in place is not what was asked for in the address box: who has
   // gone there meanwhile is about to type.
   const bool stays = pane_.state.area == kAreaPage || pane_.state.area == kAreaAddress;

@@ -104,6 +104,8 @@ class HTMLDocument {
   /// Of the page's top document: the page that was read before it has shown another
   /// one in its place, without loading it; its user is still in it.
   bool in_place = false;
+  /// Of the page's top document: its user has asked for it to be read as it is now.
+  bool read_again = false;
   /// Of the page's top document: the event that is being raised is the page's own
   /// doing, not what something follows that the user has done.
   bool unasked = false;

@@ -48,6 +48,7 @@ class ChangingPages(EndToEndTest):
         self.assertNotIn("Two for one", corvane.text_of("Text"))
         self.press("F9", *(text.format("Shop") for text in READ))
         wait_until(lambda: "Two for one" in corvane.text_of("Text"), "the new text")
+        self.press("Tab", "button, Menu, collapsed")  # on from where the user is
 
     def test_button_that_opens_a_part_says_so(self):
         self.begin()

@@ -216,6 +216,21 @@ TEST_F(PageReaderTest, TheFocusStaysInTheAddressBoxWhileAPageChangesInPlace) {
   }
 }
 
+TEST_F(PageReaderTest, WhoHasAPageReadAgainStaysWhereHeIs) {
+  for (const auto& [manner, focus] : {std::pair{"0", "TreeView1"}, std::pair{"1", "Text1"}}) {
+    Program program;
+    program.desktop.settings.Main("Manner") = manner;
+    program.desktop.settings.Pane("Focus") = "3";
+    program.Start();
+    program.Read(MakePage("http://a/", "A", ""));
+    program.TextPane().SetFocus();
+    auto page = MakePage("http://a/", "A", "");
+    page->read_again = true;
+    program.Read(page);
+    EXPECT_EQ(program.desktop.focus, focus) << manner;
+  }
+}
+
 TEST_F(PageReaderTest, LinksListIsNamedBehindTheTitle) {
   Program program;
   program.desktop.settings.Pane("Focus") = "2";

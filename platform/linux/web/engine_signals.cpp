@@ -95,7 +95,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
       watchdog_.Reset();
       watchdog_.Watch();
       reader_->Cancel();
-      moved_ = false;
+      moved_ = again_ = false;
       base_status_ = "Loading " + ShownAddress(Text(webkit_web_view_get_uri(view_.get())));
       // Whoever is told may let events run, so that the page is there already when
       // this returns.

@@ -472,7 +472,12 @@ void EngineView::UseElement(const PageElement& element, WebBrowser::ElementUse u
 
 void EngineView::FinishReading(HTMLDocumentPtr document) {
   document_ = std::move(document);
-  if (document_) document_->in_place = std::exchange(moved_, false);
+  const bool in_place = std::exchange(moved_, false);
+  const bool again = std::exchange(again_, false);
+  if (document_) {
+    document_->in_place = in_place;
+    document_->read_again = again;
+  }
   document_is_present_ = true;
   stayed_ = false;
   ShowSettled();
@@ -563,6 +568,7 @@ void EngineView::Do(WebBrowser::PageCommand command) {
     case WebBrowser::PageCommand::ZoomReset:
       return SayZoom(engine_.ZoomReset());
     case WebBrowser::PageCommand::ReadAgain:
+      again_ = !Busy();
       return ReadAgain();
   }
 }

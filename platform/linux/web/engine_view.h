@@ -168,6 +168,7 @@ class EngineView {
   bool document_is_present_ = false;  // it is of the page shown
   bool stayed_ = false;               // since before the last navigation
   bool moved_ = false;                // what is read next has come without being loaded
+  bool again_ = false;                // it is read because the user has asked for that
   std::optional<Problem> problem_;    // the page shown is this problem's
   std::optional<Problem> coming_problem_;
   const bool opened_by_page_;
