@@ -9,6 +9,7 @@
 #include "platform/linux/automation/hand_over.h"
 #include "platform/linux/linux_desktop.h"
 #include "platform/linux/store/log.h"
+#include "platform/linux/web/drawing.h"
 
 namespace {
 
@@ -33,6 +34,7 @@ LinuxDesktop::StartedBy WhoStarted(const std::string& address) {
 int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "");
   corvane::desktop::StartLog();
+  corvane::desktop::DrawByProcessor();
   corvane::desktop::ForgetStaleBus();
   const bool display = gtk_init_check(&argc, &argv) != FALSE;  // takes GTK's own arguments
   if (argc > 2 || (argc == 2 && argv[1][0] == '-')) {

@@ -10,6 +10,7 @@
 #include <optional>
 #include <utility>
 
+#include "platform/linux/web/drawing.h"
 #include "platform/linux/web/gobject.h"
 
 namespace corvane::desktop {
@@ -86,6 +87,7 @@ std::vector<pid_t> PageProcesses() {
 }  // namespace
 
 EngineOptions TestOptions() {
+  DrawByProcessor();
   gtk_init(nullptr, nullptr);  // the engine needs it
   EngineOptions options;
   options.ephemeral = true;

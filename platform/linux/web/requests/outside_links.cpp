@@ -6,6 +6,7 @@
 #include <memory>
 #include <utility>
 
+#include "platform/linux/web/drawing.h"
 #include "platform/linux/web/gobject.h"
 #include "platform/linux/web/web_text.h"
 
@@ -44,8 +45,10 @@ bool OtherPrograms::CanOpen(const std::string& scheme) const {
 
 void OtherPrograms::Open(const std::string& address, std::function<void(const std::string&)> done) {
   using Done = std::function<void(const std::string&)>;
+  const ObjectPtr<GAppLaunchContext> context(g_app_launch_context_new());
+  g_app_launch_context_unsetenv(context.get(), kByProcessor);
   g_app_info_launch_default_for_uri_async(
-      address.c_str(), nullptr, nullptr,
+      address.c_str(), context.get(), nullptr,
       +[](GObject*, GAsyncResult* result, gpointer data) {
         const std::unique_ptr<Done> call(static_cast<Done*>(data));
         GError* raw = nullptr;
