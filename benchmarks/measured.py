@@ -67,15 +67,6 @@ class Browser:
             time.sleep(0.005)
         raise RuntimeError(f"never spoken: {text}")
 
-    def wait_window(self):
-        """Seconds from the process's start to a window on the screen."""
-        search = ["xdotool", "search", "--onlyvisible", "--name", "^Corvane$"]
-        # A window that vanishes while xdotool looks makes it fail; it looks again.
-        while subprocess.run(search, capture_output=True).returncode != 0:
-            if time.monotonic() > self.started + 60:
-                raise RuntimeError("no window")
-        return time.monotonic() - self.started
-
     def go(self, address, words):
         """Types an address as a user does, and returns the milliseconds from Enter to
         those words, or to Enter alone without any."""

@@ -1,11 +1,25 @@
 #include "platform/linux/web/drawing.h"
 
-#include <glib.h>
+#include <utility>
 
 namespace corvane::desktop {
+namespace {
 
-// The engine has a setting of the same meaning, but has looked for the device before
-// it is asked.
-void DrawByProcessor() { g_setenv(kByProcessor, "1", FALSE); }
+// The engine's own settings come too late: it looks for the device when the first
+// context is made, and asks it for its name when the first page process is started.
+constexpr std::pair<const char*, const char*> kVariables[] = {
+    {"WEBKIT_DISABLE_DMABUF_RENDERER", "1"},
+    {"WEBKIT_WEB_RENDER_DEVICE_FILE", "/dev/null"},  // none: page processes find their own
+};
+
+}  // namespace
+
+void DrawByProcessor() {
+  for (const auto& [name, value] : kVariables) g_setenv(name, value, FALSE);
+}
+
+void ForgetDrawing(GAppLaunchContext* context) {
+  for (const auto& [name, value] : kVariables) g_app_launch_context_unsetenv(context, name);
+}
 
 }  // namespace corvane::desktop

@@ -1,15 +1,16 @@
 #pragma once
 
+#include <gio/gio.h>
+
 namespace corvane::desktop {
 
-/// The variable of the environment that says so to the engine. Programs that this one
-/// starts are to do as they like.
-inline constexpr const char* kByProcessor = "WEBKIT_DISABLE_COMPOSITING_MODE";
-
-/// Has the engine draw pages by the processor alone, so that it never looks for a
-/// graphics device: loading that device's driver takes a third of the time until the
-/// first window is there, and some threads and memory for good. To be called before
-/// there are threads, as it changes the environment.
+/// Has the engine draw pages by the processor alone, so that this program never loads
+/// the driver of a graphics device: that takes a third of the time until the first
+/// window takes keys, and a third of the memory. Pages may still use one for pictures
+/// in space. To be called before there are threads, as it changes the environment.
 void DrawByProcessor();
+
+/// Has programs that are started in that context know nothing of it.
+void ForgetDrawing(GAppLaunchContext* context);
 
 }  // namespace corvane::desktop

@@ -46,7 +46,7 @@ bool OtherPrograms::CanOpen(const std::string& scheme) const {
 void OtherPrograms::Open(const std::string& address, std::function<void(const std::string&)> done) {
   using Done = std::function<void(const std::string&)>;
   const ObjectPtr<GAppLaunchContext> context(g_app_launch_context_new());
-  g_app_launch_context_unsetenv(context.get(), kByProcessor);
+  ForgetDrawing(context.get());
   g_app_info_launch_default_for_uri_async(
       address.c_str(), context.get(), nullptr,
       +[](GObject*, GAsyncResult* result, gpointer data) {
