@@ -16,6 +16,7 @@ SOURCE = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(SOURCE / "tests/e2e"))
 import documents  # noqa: E402  (this and the others lie beside this file)
 import engine  # noqa: E402
+import idle  # noqa: E402
 import keys  # noqa: E402
 import leaving  # noqa: E402
 import lists  # noqa: E402
@@ -24,6 +25,7 @@ import reading  # noqa: E402
 import speech  # noqa: E402
 import starting  # noqa: E402
 import trees  # noqa: E402
+import windows  # noqa: E402
 from measured import misses  # noqa: E402
 import web_server  # noqa: E402  (lies beside the end-to-end tests)
 
@@ -31,6 +33,8 @@ import web_server  # noqa: E402  (lies beside the end-to-end tests)
 # reference; the last two may be missing.
 MEASUREMENTS = {
     "starting": starting,
+    "windows": windows,
+    "idle": idle,
     "reading": reading,
     "documents": documents,
     "leaving": leaving,
