@@ -20,6 +20,7 @@ import idle  # noqa: E402
 import keys  # noqa: E402
 import leaving  # noqa: E402
 import lists  # noqa: E402
+import memory  # noqa: E402
 import quick_keys  # noqa: E402
 import reading  # noqa: E402
 import speech  # noqa: E402
@@ -38,6 +39,7 @@ MEASUREMENTS = {
     "reading": reading,
     "documents": documents,
     "leaving": leaving,
+    "memory": memory,
     "trees": trees,
     "lists": lists,
     "quick_keys": quick_keys,
