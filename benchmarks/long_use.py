@@ -2,10 +2,12 @@
 keys, each heard, and what the program holds on to counted on the way."""
 import collections
 import pathlib
+import re
 import time
 
 import processes
 from ear_user import DIALOGS, SIDE_BARS
+from web_server import PATTERNS
 
 # A page, its title, and the title that its first link leads to where it has links.
 PAGES = [
@@ -22,6 +24,10 @@ PAGES = [
     ("/page/long-{}", "Page long-{}", "The local news"),
     ("/broken-text", "Broken \ufffd\ufffd text", None),
 ]
+# The pages of today's widgets, each with its title.
+WIDGETS = [(f"/patterns/{path.name}", re.search("<title>([^<\n]*)", path.read_text()).group(1).strip())
+           for path in sorted(PATTERNS.glob("*.html"))]
+STOPS = 4  # that are tabbed to on each
 # Among the first hundred pages is the largest one with its accessible elements beside
 # it: what that takes from the system at the most, the allocator keeps.
 SHIFT = 2
@@ -65,7 +71,7 @@ class LongUse:
 
     def go_to(self, pages):
         """Uses the program until that many pages were read; each round is a page
-        opened, a link followed and the way back."""
+        opened, a link followed, the way back, and a page of today's widgets."""
         while self.read < pages:
             self._one_round()
 
@@ -78,11 +84,17 @@ class LongUse:
             self._user.follow(linked)
             self._user.back(title)
             self.read += 2
+        self._use_widgets(*WIDGETS[self._round % len(WIDGETS)])
         self._round += 1
         if self._round % 4 == 0:
             self._user.side_bar(list(SIDE_BARS)[(self._round // 4 + SHIFT) % len(SIDE_BARS)])
         if self._round % 5 == 0:
             self._user.leave(list(DIALOGS)[self._round // 5 % len(DIALOGS)])
+
+    def _use_widgets(self, path, title):
+        self._user.open(path, title)
+        self._corvane.keys(*["Tab"] * STOPS)
+        self.read += 1
 
     def rest(self):
         """The same quiet place each time, so that states can be compared. The engine

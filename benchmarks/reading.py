@@ -43,7 +43,8 @@ def rows(bench):
     for links in (10_000, 50_000):
         others = text_browsers(bench.base, links, 3)
         times, stalls = reading(bench.build, bench.base, links, 3)
-        yield (f"Enter → title of a page with {links} links spoken, median", f"{median(times):.0f} ms", "",
+        yield (f"Enter → title of a page with {links} links spoken, coming from a small one, median",
+               f"{median(times):.0f} ms", "350 ms" if links == 10_000 else "",
                ", ".join(f"{name} -dump: {value:.0f} ms" for name, value in others.items()))
         yield (f"longest stall of the window while {links} links are read, median",
                f"{median(stalls):.0f} ms", "50 ms" if links == 10_000 else "", "")
