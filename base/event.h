@@ -58,8 +58,16 @@ class Event {
  public:
   using Handler = std::function<void(Args...)>;
 
+  Event() = default;
+  Event(const Event&) = delete;
+  Event& operator=(const Event&) = delete;
+  Event(Event&&) noexcept = default;
+  Event& operator=(Event&&) noexcept = default;
+  ~Event() = default;
+
   [[nodiscard]] Connection Connect(Handler handler) {
     auto entry = std::make_shared<Handler>(std::move(handler));
+    if (!handlers_) handlers_ = std::make_shared<List>();
     handlers_->push_back(entry);
     return Connection([weak = std::weak_ptr(handlers_), entry] {
       *entry = nullptr;
@@ -69,9 +77,10 @@ class Event {
   }
 
   /// Whether anybody would be told.
-  bool HasListeners() const { return !handlers_->empty(); }
+  bool HasListeners() const { return handlers_ && !handlers_->empty(); }
 
   void Raise(Args... args) const {
+    if (!handlers_) return;
     const auto snapshot = *handlers_;
     for (const auto& entry : snapshot) {
       if (!*entry) continue;
@@ -82,7 +91,9 @@ class Event {
 
  private:
   using List = std::vector<std::shared_ptr<Handler>>;
-  std::shared_ptr<List> handlers_ = std::make_shared<List>();
+  // Made with the first handler: a page has hundreds of thousands of events that nobody
+  // ever listens to.
+  std::shared_ptr<List> handlers_;
 };
 
 }  // namespace corvane
