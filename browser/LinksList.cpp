@@ -39,15 +39,16 @@ void LinksList::Fill(const HTMLDocument& document, const std::function<bool()>& 
   language_ = document.language;
 
   const auto links = document.links;
-  addresses_.assign(1, document.location);
-  addresses_.reserve(links.size() + 1);
+  page_ = document.location;
+  links_.clear();
+  links_.reserve(links.size());
   list.AddItem(std::to_string(links.size()) + " Links in " + name);
   oAAFormCol_.ClearLinkCollection();
   filling_ = true;
   for (const auto& link : links) {
     pane_.desktop.DoEvents();
     if (!still_wanted()) return;
-    addresses_.push_back(link->href);
+    links_.push_back(link);
     list.AddItem(LineFor(*link));
     oAAFormCol_.AddLink(link);
   }
@@ -68,14 +69,14 @@ void LinksList::cmbListLinks_DblClick() {
   ErrorsShown(pane_.desktop.GetMessageBox(), "cmbListLinksDblClick Error: ", [&] {
     const int index = pane_.controls.cmbListLinks->ListIndex();
     if (index < 0 && filling_) return pane_.announcer.Say("Extracting Links ...");
-    if (index < 0 || static_cast<std::size_t>(index) >= addresses_.size()) {
+    if (index < 0 || static_cast<std::size_t>(index) > links_.size()) {
       throw RunTimeError(kErrSubscriptOutOfRange, "cmbListLinks_DblClick",
                          "Subscript out of range");
     }
-    const std::string address = addresses_[static_cast<std::size_t>(index)];
+    const std::string address =
+        index == 0 ? page_ : links_[static_cast<std::size_t>(index) - 1]->href;
     if (address.empty()) return;
-    const std::string& page = addresses_.front();
-    if (index > 0 && IsHostileAddress(address, page.empty() ? "unknown:" : page)) {
+    if (index > 0 && IsHostileAddress(address, page_.empty() ? "unknown:" : page_)) {
       pane_.announcer.AddAndSay(RefusedWords(address));
       return;
     }

@@ -30,8 +30,9 @@ class LinksList {
   AAFormCollection& oAAFormCol_;
   std::string name_;  // of the page
   std::string language_;
-  std::vector<std::string> addresses_;  // parallel to the list; 0 is the page itself
-  bool filling_ = false;                // nothing is selected before the list is whole
+  std::string page_;                   // its address, behind the list's first line
+  std::vector<HTMLElementPtr> links_;  // those behind the other lines
+  bool filling_ = false;               // nothing is selected before the list is whole
   Connections connections_;
 };
 
