@@ -1,5 +1,7 @@
 #include "platform/linux/web/page/page_reader.h"
 
+#include <malloc.h>
+
 #include <algorithm>
 #include <utility>
 
@@ -11,6 +13,8 @@ namespace {
 
 /// Longer texts are taken apart on a worker thread.
 constexpr std::size_t kShortText = 64 * 1024;
+/// After longer ones the worker gives free memory back to the system.
+constexpr std::size_t kLargeText = 1024 * 1024;
 /// Nothing that a page sends may be longer.
 constexpr std::size_t kLongestText = 256 * 1024 * 1024;
 /// How long a page waits for frames whose documents have said nothing yet.
@@ -55,7 +59,11 @@ Records ParseAny(const std::string& text) {
 void RunJob(GTask* task, gpointer, gpointer data, GCancellable*) {
   auto* job = static_cast<ParseJob*>(data);
   job->records = ParseAny(job->text);
+  const bool large = job->text.size() > kLargeText;
+  std::string().swap(job->text);
   g_task_return_boolean(task, TRUE);
+  // What was made of it lies between the holes of what it was taken apart into.
+  if (large) malloc_trim(0);
 }
 
 void OnJobDone(GObject*, GAsyncResult* result, gpointer) {
