@@ -9,12 +9,13 @@ import processes
 from ear_user import DIALOGS, SIDE_BARS
 from web_server import PATTERNS
 
-# A page, its title, and the title that its first link leads to where it has links.
+# A page, its title, and the title that Enter on its first element leads to: a link is
+# followed, a form sent.
 PAGES = [
     ("/start.html", "The local news", "The weather"),
     ("/page/{}", "Page {}", "The local news"),
     ("/links/300", "300 links", "Page 1"),
-    ("/form.html", "The order", "The local news"),
+    ("/form.html", "The order", "The weather"),
     ("/frames/{}", "Frames {}", "The weather"),
     ("/no-scripts", "No scripts here", "The local news"),
     ("/kinds.html", "All kinds", None),
