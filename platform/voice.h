@@ -16,8 +16,9 @@ class Voice {
   virtual ~Voice() = default;
   /// Speaks text (UTF-8). Tags `\Pit=n\` and `\Spd=n\` at its start set pitch and
   /// speed (words a minute) and are not spoken; without a number they mean the
-  /// voice's own. A tag `\Lng=de\` anywhere says which language follows; without a name
-  /// it is the voice's own. Where no voice speaks it, the voice's own does. `urgent` is only noted in the transcript of what was spoken.
+  /// voice's own. A tag `\Lng=de\` anywhere says which language follows; without a
+  /// name it is the voice's own. Where no voice speaks it, the voice's own does.
+  /// `urgent` is only noted in the transcript of what was spoken.
   virtual AgentRequest Speak(const std::string& text, bool urgent = false) = 0;
   /// Drops all requests to speak, whichever voice was asked, the one being spoken
   /// too, but not those `kept`: silence at once, or the next of these.
