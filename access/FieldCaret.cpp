@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "access/TextChange.h"
+#include "base/language.h"
 #include "base/text.h"
 
 namespace corvane {
@@ -86,7 +87,8 @@ std::string FieldCaret::Reached(const HTMLElement& field) {
   std::string words;
   if (field.value != value_ && field.caret.edit == ElementCaret::Edit::None) {
     // The page has put it there; what its facts tell has been heard.
-    if (!field.facts || field.facts->value != field.value) words = field.value;
+    const bool is_told = field.facts && language::Unmarked(field.facts->value) == field.value;
+    if (!is_told) words = field.value;
     if (field.value.empty()) words = "blank";
   } else if (field.value != value_) {
     words = Changed(Between(value_, field), field.caret.edit == ElementCaret::Edit::Removed);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/language.h"
 #include "base/text.h"
 
 namespace corvane {
@@ -101,7 +102,7 @@ TEST_F(FieldCaretTest, WhatThePageFillsInIsSaidUnlessItWasToldAsAChange) {
   Holds("b", 1);
   EXPECT_EQ(Becomes("Bilbao", 6, Edit::None), "Bilbao");
   auto facts = std::make_shared<ElementFacts>();
-  facts->value = "Bergen";
+  facts->value = language::Marked("Bergen", "nb");
   field_.facts = facts;
   EXPECT_EQ(Becomes("Bergen", 6, Edit::None), "");
   EXPECT_EQ(Becomes("", 0, Edit::None), "blank");
