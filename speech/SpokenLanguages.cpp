@@ -77,7 +77,9 @@ class Splitter {
   explicit Splitter(std::vector<LanguageRun>& runs) : runs_(runs) {}
 
   void Add(const LanguageRun& run) {
-    said_ = run.language.empty() ? std::string(kOwnLanguage) : run.language;
+    // The voice of one's own language reads it as it is written elsewhere, too.
+    const bool is_own = language::Primary(run.language) == kOwnLanguage;
+    said_ = run.language.empty() || is_own ? std::string(kOwnLanguage) : run.language;
     is_japanese_ = ScriptIn(run.text, kJapanese);
     const std::string_view rest = run.text;
     std::size_t start = 0;  // of the piece in the run

@@ -39,6 +39,11 @@ TEST(SpokenLanguages, ALanguageOfTwoAlphabetsIsRightInBoth) {
   EXPECT_THAT(SpokenRuns(Marked("Вести", "sr")), ElementsAre(LanguageRun{"Вести", "sr"}));
 }
 
+TEST(SpokenLanguages, TheOwnLanguageOfAnotherCountryIsTheOwn) {
+  EXPECT_THAT(SpokenRuns("link, " + Marked("Colors", "en-us")),
+              ElementsAre(LanguageRun{"link, Colors", "en"}));
+}
+
 TEST(SpokenLanguages, NumbersAreInTheLanguageAroundThem) {
   EXPECT_THAT(SpokenRuns(Marked("21 Preise", "de")), ElementsAre(LanguageRun{"21 Preise", "de"}));
   EXPECT_THAT(SpokenRuns(Marked("1945", "de") + ", link"),
