@@ -15,7 +15,9 @@ class ForeignFrames(TextPaneTest):
             ("e", "Number, edit"),
             ("Return", "Card payment, frame, text, Number"),
         )
+        corvane.transcript.mark()
         corvane.type("42")
+        self.said("2")
         self.quiet()
         self.walk(("Escape", "Number, edit, 42"), ("b", "Pay, button"))
         corvane.keys("Return")
