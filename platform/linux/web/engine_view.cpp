@@ -339,7 +339,7 @@ void EngineView::Stop() {
   if (!Busy()) return;
   stopping_ = true;
   // The engine may go on naming the page that does not come any more.
-  stays_ = navigation_.Waiting();
+  stays_ = stays_ || navigation_.Waiting();
   coming_problem_.reset();
   if (navigation_.Idle()) StartReading();
 }
