@@ -3,12 +3,13 @@
 #include <charconv>
 #include <string_view>
 
+#include "base/language.h"
+
 namespace corvane::desktop {
 namespace {
 
 constexpr std::size_t kMostDigits = 6;
 constexpr std::string_view kLanguage = "\\Lng=";
-constexpr std::size_t kLongestLanguage = 35;
 
 char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
@@ -42,9 +43,11 @@ bool TakeTag(std::string_view& text, std::string_view start, std::optional<int>&
 std::size_t FindLanguageTag(std::string_view text) {
   std::size_t at = text.find(kLanguage);
   for (; at != std::string_view::npos; at = text.find(kLanguage, at + 1)) {
-    const std::string_view name = text.substr(at + kLanguage.size(), kLongestLanguage + 1);
-    const std::size_t end = name.find_first_not_of("abcdefghijklmnopqrstuvwxyz0123456789-");
-    if (end != std::string_view::npos && name[end] == '\\') break;
+    const std::size_t start = at + kLanguage.size();
+    const std::size_t end = text.find('\\', start);
+    if (end == std::string_view::npos) return end;
+    const std::string_view name = text.substr(start, end - start);
+    if (name.empty() || language::Tag(name) == name) break;
   }
   return at;
 }
