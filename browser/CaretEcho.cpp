@@ -197,13 +197,22 @@ void CaretEcho::SayDeleted(int caret, int length) {
 
 // Silence would only cut off what is being said.
 void CaretEcho::SayPassed(const std::string& characters) {
-  if (!pane_.manner.today) return pane_.announcer.Say(characters);
-  if (!characters.empty()) pane_.announcer.Say(Named(characters));
+  if (pane_.manner.today && characters.empty()) return;
+  SayWords(characters);
 }
 
+// A name of ours is in our language.
+void CaretEcho::SayWords(const std::string& words) {
+  if (!pane_.manner.today) return pane_.announcer.Say(words);
+  const std::string named = Named(words);
+  const bool is_pages = pane_.state.area == kAreaText && named == words;
+  pane_.announcer.Say(is_pages ? page_.InLanguageHere(words) : named);
+}
+
+// The line's parts have been marked, where they are the page's.
 void CaretEcho::SayLine(const std::string& line) {
-  if (pane_.manner.today && IsBlank(line)) return pane_.announcer.Say("blank");
-  SayPassed(line);
+  if (!pane_.manner.today) return pane_.announcer.Say(line);
+  pane_.announcer.Say(IsBlank(line) ? "blank" : Named(line));
 }
 
 void CaretEcho::SpeakWord() {
@@ -213,7 +222,7 @@ void CaretEcho::SpeakWord() {
   while (end <= length && !blank(end)) ++end;
   int start = std::min(lngLastColumn_, length);
   while (start > 0 && !blank(start)) --start;
-  pane_.announcer.Say(characters(strLastLine_, start, end - start));
+  SayWords(characters(strLastLine_, start, end - start));
 }
 
 void CaretEcho::parse_string(const std::string& strLine, int lngLine, int& lngColumn) {

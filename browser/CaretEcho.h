@@ -57,6 +57,7 @@ class CaretEcho {
   void SayDeleted(int caret, int length);
   void SayPassed(const std::string& characters);
   void SayLine(const std::string& line);
+  void SayWords(const std::string& words);
   void SpeakWord();
 
   PaneContext& pane_;

@@ -1,6 +1,7 @@
 #include "browser/reading/PageInPane.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <string_view>
 #include <utility>
@@ -18,7 +19,9 @@ using Kind = PageSpan::Kind;
 
 constexpr std::size_t kMostPlaces = 200;  // kept of the history
 constexpr const char* kGone = "That is no longer in the page";
-constexpr int kChanges = 700;  // milliseconds that a page gets for what follows a use
+// What follows a use stands in the page at once, or when a server has answered: how long
+// after the look before each look at the text is, in milliseconds.
+constexpr std::array kLooks = {700, 2000, 5000};
 
 bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
@@ -60,7 +63,6 @@ std::optional<WebBrowser::ElementUse> UseOf(const PageSpan& span) {
 }  // namespace
 
 PageInPane::PageInPane(PaneContext& pane) : pane_(pane), timChanged_(pane.desktop.CreateTimer()) {
-  timChanged_->SetInterval(kChanges);
   WebBrowser& browser = *pane_.controls.brwWebBrowser;
   connections_ += pane_.PageShown.Connect([this] { Shown(); });
   connections_ += browser.DownloadBegin.Connect([this] { KeepPlace(); });
@@ -72,7 +74,9 @@ PageInPane::PageInPane(PaneContext& pane) : pane_(pane), timChanged_(pane.deskto
   connections_ += browser.ElementGone.Connect([this] { Gone(); });
   connections_ += timChanged_->Tick.Connect([this] {
     timChanged_->SetEnabled(false);
-    if (!pane_.controls.brwWebBrowser->Busy() && map_) Ask();
+    if (pane_.controls.brwWebBrowser->Busy() || !map_) return;
+    Ask();
+    LookIn(looks_ + 1);
   });
 }
 
@@ -190,6 +194,10 @@ std::string PageInPane::LineWords(int start, const std::string& line) const {
   const int place = start - pane_.state.page_text;
   if (!map_ || place < 0 || place > length_) return InItsLanguages(start, line);
   return LineWithKinds(*map_, place, line);
+}
+
+std::string PageInPane::InLanguageHere(const std::string& words) const {
+  return map_ ? language::Marked(words, map_->LanguageAt(Caret())) : words;
 }
 
 std::string PageInPane::InItsLanguages(int position, const std::string& words) const {
@@ -335,8 +343,16 @@ bool PageInPane::Use() {
   pane_.state.entering = use == WebBrowser::ElementUse::Enter;
   pane_.controls.brwWebBrowser->UseElement(map_->Page().ElementOf(span), use);
   // What follows stands in the text, too.
-  if (use == WebBrowser::ElementUse::Use) timChanged_->SetEnabled(true);
+  if (use == WebBrowser::ElementUse::Use) LookIn(0);
   return true;
+}
+
+void PageInPane::LookIn(std::size_t look) {
+  if (look >= kLooks.size()) return;
+  looks_ = look;
+  timChanged_->SetEnabled(false);
+  timChanged_->SetInterval(kLooks[look]);
+  timChanged_->SetEnabled(true);
 }
 
 // The page has changed since its text was taken.

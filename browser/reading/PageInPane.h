@@ -57,6 +57,8 @@ class PageInPane {
   /// Words that stand in the pane at the position, marked with their languages where they
   /// are the page's.
   std::string InItsLanguages(int position, const std::string& words) const;
+  /// The page's words at the caret, marked with the language there.
+  std::string InLanguageHere(const std::string& words) const;
 
   /// The reader has been led elsewhere in the pane, and told so.
   Event<> Moved;
@@ -85,6 +87,7 @@ class PageInPane {
   int PositionOf(const Mark& mark) const;
   void Left(const PageElement& element);
   void Gone();
+  void LookIn(std::size_t look);
   void GoToLeft();
   void SetCaret(int position);
 
@@ -100,6 +103,7 @@ class PageInPane {
   std::optional<PageElement> left_;     // the element whose place is wanted
   bool finding_ = false;                // what has been found in the page is wanted
   std::unique_ptr<Timer> timChanged_;   // what an element's use has changed is looked at
+  std::size_t looks_ = 0;               // which look comes next
   Connection asking_;
   Connections connections_;
 };

@@ -114,6 +114,23 @@ TEST_F(PageLanguages, WhatIsReachedIsThePagesAndItsKindOurs) {
   EXPECT_THAT(p.Spoken(), Contains("\\Lng=de\\Mehr\\Lng=\\, link"));
 }
 
+TEST_F(PageLanguages, AWordThatTheCaretReachesIsThePages) {
+  Read();
+  p.TextPane().SetSelStart(p.TextPane().Text().find("Mehr"));
+  p.TextPane().Press(kKeyRight, kCtrlMask);
+  p.Spoken();
+  p.TextPane().Press(kKeyRight, kCtrlMask);
+  EXPECT_THAT(p.Spoken(), Contains(testing::StartsWith("\\Lng=de\\")));
+}
+
+TEST_F(PageLanguages, TheKindOfALineIsOurs) {
+  Read();
+  p.TextPane().Press('H', 0, 'h');
+  p.Spoken();
+  p.TextPane().Press(kKeyDown);
+  EXPECT_THAT(p.Spoken(), Contains("link, \\Lng=de\\Mehr dazu"));
+}
+
 TEST_F(PageLanguages, ReadingOnIsThePages) {
   Read();
   p.TextPane().SetSelStart(p.TextPane().Text().find("Preise"));

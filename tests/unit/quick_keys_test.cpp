@@ -226,6 +226,22 @@ TEST_F(QuickKeysTest, WhatAUseHasChangedStandsInTheText) {
   EXPECT_THAT(p.Spoken(), IsEmpty());
 }
 
+TEST_F(QuickKeysTest, WhatAServerTakesSecondsForStandsInTheTextToo) {
+  Press('H');
+  Press('K');
+  p.TextPane().Press(kKeyReturn, 0, kKeyReturn);
+  p.Spoken();
+  for (const int interval : {700, 2000, 5000}) {
+    for (FakeTimer* timer : std::vector(p.desktop.timers)) {
+      if (timer->interval == interval && timer->enabled) timer->Fire();
+    }
+    const std::string line = "After " + std::to_string(interval);
+    p.Browser().TextDescribed(
+        PageTextMaker(line + "\nMenu").Behind(line).Add(Kind::Link, "Menu").Make());
+    EXPECT_NE(p.TextPane().text.find(line), std::string::npos);
+  }
+}
+
 TEST_F(QuickKeysTest, EscapeInThePageLeadsBackToItsPlace) {
   p.Browser().SetFocus();
   p.Spoken();
