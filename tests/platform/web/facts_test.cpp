@@ -152,6 +152,17 @@ TEST_F(ElementFactsTest, CellsKnowTheirRowAndColumn) {
   EXPECT_EQ(table[5], 2);
 }
 
+TEST_F(ElementFactsTest, HiddenColumnsAndSpansCountAsInTheText) {
+  Load(
+      "<table><tr><th hidden>x<th colspan=2>a<th>b<tr><td hidden>x<td rowspan=2>1<td>2<td>3"
+      "<tr><td hidden>x<td>4<td id=c>5</table>");
+  EXPECT_EQ(Fact("#c", "column"), 3);
+  EXPECT_EQ(Fact("#c", "row"), 3);
+  const Json table = FactsOf("#c")["groups"][0];
+  EXPECT_EQ(table[4], 3);
+  EXPECT_EQ(table[5], 3);
+}
+
 TEST_F(FactsTest, TableThatOnlyPutsThingsBesideEachOtherIsNoGroup) {
   Load(
       "<table><tr><td>Name<td><input id=a></table>"

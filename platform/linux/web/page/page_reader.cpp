@@ -123,7 +123,7 @@ PageReader::PageReader(WebKitWebView* view, std::function<void(const std::string
       look_(std::move(look)) {
   script_ = std::make_unique<PageScript>(
       webkit_web_view_get_user_content_manager(view),
-      std::vector{"record.js", "names.js", "facts.js", "caret.js", "events.js", "attention.js",
+      std::vector{"record.js", "names.js", "like_lists.js", "table_grid.js", "facts.js", "caret.js", "events.js", "attention.js",
                   "suggestions.js"},
       "corvane", [this](const std::string& kind, const std::string& text) { Receive(kind, text); });
 }
@@ -407,11 +407,14 @@ void PageReader::Deliver(const ElementEvent& event) {
     if (std::exchange(focused_, place) == place && event.again) return;
     unheard_ = unheard_ || !listened_;
   }
-  const HTMLDocumentPtr page = document_;  // a listener may leave it
+  const HTMLDocumentPtr page = document_;  // a listener may leave it, or close the window
+  const std::weak_ptr self = self_;
   if (Introduce(event, element)) page->onelementadded.Raise(element);
   if (page) page->unasked = event.unasked;
   Raise(event, *element);
   if (page) page->unasked = false;
+  if (self.expired() || page != document_ || event.kind != ElementEvent::Kind::Focus) return;
+  FocusMoved.Raise({event.document_id, event.number});
 }
 
 HTMLElementPtr PageReader::Focused() const { return Known(focused_.first, focused_.second); }

@@ -18,6 +18,7 @@
 #include "platform/linux/web/page/field_focus.h"
 #include "platform/linux/web/page/page_record.h"
 #include "platform/linux/web/page/page_script.h"
+#include "platform/page_text.h"
 
 namespace corvane::desktop {
 
@@ -64,6 +65,9 @@ class PageReader {
   /// While true, what happens to the page's elements is not told: the page tells of
   /// it so late that the user has gone elsewhere.
   void IgnoreEvents(bool ignore) { ignores_events_ = ignore; }
+
+  /// As WebBrowser::FocusMoved.
+  Event<const PageElement&> FocusMoved;
 
  private:
   void Collect();

@@ -9,9 +9,11 @@
     nameOf, descriptionOf, roleOf, givenRole, isShown, isKeptBack, isElement, isInside, elementAbove,
     elementsBelow, named, attribute, has, matches, getter, short, typeOf, valueOf, tagOf, words, limit,
   } = globalThis.corvaneNames;
+  const {likeBelow} = globalThis.corvaneLikeLists;
+  const {gridOf} = globalThis.corvaneTableGrid;
   const {numberOf, share, sharedBy} = globalThis.corvane.parts;
   const MOST_GROUPS = 8;
-  const MOST_LIKE = 20000;  // elements looked at to find a place among the like
+  const ROWS_LOOKED = 20;   // of a table, for where a cell of it lies
 
   const isField = (element) => element instanceof HTMLInputElement ||
     element instanceof HTMLSelectElement || element instanceof HTMLTextAreaElement ||
@@ -185,77 +187,6 @@
     }
     return null;
   };
-  // The elements of these roles below a holder, those of holders within it left out.
-  const collectLike = (holder, roles, inner) => {
-    const found = [];
-    let seen = 0;
-    const visit = (element) => {
-      for (const child of [...elementsBelow(element), ...named(element, attribute(element, 'aria-owns'))]) {
-        if (++seen > MOST_LIKE) return;
-        if (isKeptBack(child) || (!isShown(child) && !(child instanceof HTMLOptionElement))) continue;
-        const role = roleOf(child);
-        if (roles.has(role)) found.push(child);
-        else if (!inner.has(role)) visit(child);
-      }
-    };
-    visit(holder);
-    return found;
-  };
-
-  // What was found below a holder, until something there changes that counts. Who goes
-  // through a long list asks for it at each step, and what the list marks as reached
-  // changes its looks each time.
-  const LIST_TIME = 2000;  // milliseconds; a style sheet may hide elements unseen
-  const MOST_LISTS = 6;
-  const MOST_CHANGES = 50;
-  const lists = [];
-  class LikeList {
-    constructor(holder, roles, inner) {
-      this.holder = holder;
-      this.roles = roles;
-      this.key = LikeList.keyOf(roles, inner);
-      this.all = collectLike(holder, roles, inner);
-      this.places = new Map(this.all.map((element, i) => [element, i + 1]));
-      this.made = performance.now();
-      this.valid = true;
-      this.observer = new MutationObserver((changes) => this.check(changes));
-      this.observer.observe(holder, {subtree: true, childList: true, attributes: true,
-        attributeFilter: ['class', 'style', 'hidden', 'role', 'aria-hidden', 'aria-owns']});
-    }
-    static keyOf(roles, inner) {
-      return `${[...roles].join(' ')}/${[...inner].join(' ')}`;
-    }
-    check(changes) {
-      if (!this.valid) return;
-      this.valid = changes.length <= MOST_CHANGES && changes.every((change) => this.keeps(change));
-    }
-    // Whether all stays in its place: what lies within one of the elements does not count.
-    keeps({type, target}) {
-      if (this.places.has(target)) {
-        return type === 'childList' || (isShown(target) && !isKeptBack(target) && this.roles.has(roleOf(target)));
-      }
-      for (let at = elementAbove(target), i = 0; at && at !== this.holder && i < limit.above; i++) {
-        if (this.places.has(at)) return true;
-        at = elementAbove(at);
-      }
-      return type !== 'childList' && target !== this.holder && elementsBelow(target).length === 0 &&
-        !this.roles.has(roleOf(target));
-    }
-    isFresh() {
-      this.check(this.observer.takeRecords());
-      return this.valid && performance.now() - this.made < LIST_TIME;
-    }
-  }
-  const likeBelow = (holder, roles, inner) => {
-    const key = LikeList.keyOf(roles, inner);
-    const at = lists.findIndex((list) => list.holder === holder && list.key === key);
-    if (at >= 0 && lists[at].isFresh()) return lists[at];
-    const old = at >= 0 ? lists.splice(at, 1) : lists.splice(0, Math.max(0, lists.length - MOST_LISTS + 1));
-    for (const list of old) list.observer.disconnect();
-    const list = new LikeList(holder, roles, inner);
-    lists.push(list);
-    return list;
-  };
   const NONE = {all: [], places: new Map()};
   const treeLevelOf = (element) => {
     let level = 1;
@@ -321,22 +252,31 @@
   const isLayout = (element) => tagOf(element) === 'table' && givenRole(element) === '' &&
     searchIn(element, 'querySelector', 'caption, th, thead, tfoot, colgroup, td[scope], td[headers]') === null &&
     nameOf(element) === '';
+  // Columns are counted as in the page's text: what a page hides is none.
   const cellsOf = (row) => elementsBelow(row).filter((each) =>
-    /^(cell|gridcell|columnheader|rowheader)$/.test(roleOf(each)));
+    /^(cell|gridcell|columnheader|rowheader)$/.test(roleOf(each)) && window.getComputedStyle(each).display !== 'none' &&
+    !isKeptBack(each));
+  const reachesDown = (row) => searchIn(row, 'querySelector', '[rowspan], [aria-rowspan]') !== null;
+  const rowsOfTable = (table) => likeBelow(table, words('row'), words('table grid treegrid'));
   const sizeOfTable = (table) => {
     const rows = whole(attribute(table, 'aria-rowcount'));
     const columns = whole(attribute(table, 'aria-colcount'));
-    const list = likeBelow(table, words('row'), words('table grid treegrid')).all;
-    return [rows || list.length, columns || (list.length > 0 ? cellsOf(list[0]).length : 0)];
+    const list = rowsOfTable(table).all;
+    return [rows || list.length, columns || gridOf(list.slice(0, ROWS_LOOKED), cellsOf).columns];
+  };
+  const columnOf = (cell, row, rows) => {
+    const at = rows.places.get(row) || 1;
+    const above = rows.all.slice(Math.max(0, at - ROWS_LOOKED), at - 1);
+    return gridOf(above.some(reachesDown) ? [...above, row] : [row], cellsOf).columnOf(cell);
   };
   const cellPlace = (cell) => {
     const row = elementAbove(cell);
     const table = row && isInside(cell, 'table, [role=table], [role=grid], [role=treegrid]');
     if (!table) return [0, 0];
-    const rows = likeBelow(table, words('row'), words('table grid treegrid'));
+    const rows = rowsOfTable(table);
     return [whole(attribute(cell, 'aria-rowindex')) || whole(attribute(row, 'aria-rowindex')) ||
         rows.places.get(row) || 0,
-      whole(attribute(cell, 'aria-colindex')) || cellsOf(row).indexOf(cell) + 1];
+      whole(attribute(cell, 'aria-colindex')) || columnOf(cell, row, rows)];
   };
 
   // --- groups -----------------------------------------------------------------------
