@@ -99,10 +99,7 @@ PageWords LiveWords::InItsLanguage(PageWords words) const {
 }
 
 void LiveWords::Receive(const PageWords& words) {
-  if (words.opened) {
-    if (Heard() == LiveWordsHeard::None) pane_.announcer.AddAndSay(words.words);
-    return;
-  }
+  if (words.opened != PageWords::Opened::Nothing) return Opened(words);
   if (!IsWanted(words)) return;
   const std::string sentence = SentenceOf(InItsLanguage(words));
   if (sentence.empty() || WasJustSaid(sentence)) return;
@@ -112,6 +109,15 @@ void LiveWords::Receive(const PageWords& words) {
   } else {
     Wait(sentence);
   }
+}
+
+// It does not cut off what the page says with it.
+void LiveWords::Opened(const PageWords& words) {
+  const bool in_region = words.opened == PageWords::Opened::PartOfRegion;
+  if (in_region && Heard() != LiveWordsHeard::None) return;
+  const auto is_now = [](const Said& said) { return said.timer->Enabled(); };
+  if (saying_ || std::any_of(recent_.begin(), recent_.end(), is_now)) return Wait(words.words);
+  pane_.announcer.AddAndSay(words.words);
 }
 
 bool LiveWords::PageIsBeingRead() const {

@@ -27,6 +27,7 @@ class LiveWords {
 
  private:
   void Receive(const PageWords& words);
+  void Opened(const PageWords& words);
   void Wait(const std::string& sentence);
   void Next();
   LiveWordsHeard Heard() const;

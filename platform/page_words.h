@@ -14,9 +14,9 @@ struct PageWords {
   /// what it is called and `words` how it begins.
   std::string dialog;
   std::string name;
-  /// Of a live region nothing is told but that a part of it has opened, in the program's
-  /// own words: for those to whom the region itself says nothing.
-  bool opened = false;
+  /// A part of the page has opened: `words` are the program's own. In a live region only
+  /// those need them to whom the region itself says nothing.
+  enum class Opened { Nothing, Part, PartOfRegion } opened = Opened::Nothing;
   int more = 0;  ///< messages that were left out; nothing else is then set
 };
 

@@ -141,7 +141,7 @@ TEST_F(LiveWordsTest, AreEachNotSaidAgainForASecond) {
 
 TEST_F(LiveWordsTest, ThatNobodyHearsAreToldAsAPartThatOpens) {
   PageWords opened = Polite("Opened: Basket");
-  opened.opened = true;
+  opened.opened = PageWords::Opened::PartOfRegion;
   Start("0");
   Says(opened);
   EXPECT_THAT(p.Spoken(), ElementsAre("Opened: Basket"));
@@ -149,10 +149,39 @@ TEST_F(LiveWordsTest, ThatNobodyHearsAreToldAsAPartThatOpens) {
 
 TEST_F(LiveWordsTest, ThatAreHeardAreNotToldAsAPartThatOpens) {
   PageWords opened = Polite("Opened: Basket");
-  opened.opened = true;
+  opened.opened = PageWords::Opened::PartOfRegion;
   Start();
   Says(opened);
   EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
+TEST_F(LiveWordsTest, AreNotCutOffByAPartThatOpensWithThem) {
+  PageWords opened = Polite("Opened: Basket");
+  opened.opened = PageWords::Opened::Part;
+  for (const bool urgent : {false, true}) {
+    Program fresh;
+    fresh.desktop.settings.Main("Manner") = "1";
+    fresh.StartTalking();
+    fresh.Browser().busy = false;
+    fresh.Reading().SetEnabled(false);
+    fresh.Spoken();
+    fresh.Browser().PageSays.Raise(urgent ? Urgent("Saved") : Polite("Saved"));
+    fresh.desktop.speech.calls.clear();
+    fresh.Browser().PageSays.Raise(opened);
+    EXPECT_THAT(fresh.desktop.speech.calls, testing::Not(testing::Contains("stop"))) << urgent;
+    fresh.desktop.speech.agent->CompleteLast();
+    EXPECT_THAT(fresh.Spoken(), testing::Contains("Opened: Basket")) << urgent;
+  }
+}
+
+TEST_F(LiveWordsTest, ThatDoNotComeLetAPartThatOpensCutOffTheKey) {
+  PageWords opened = Polite("Opened: Basket");
+  opened.opened = PageWords::Opened::Part;
+  Start();
+  p.desktop.speech.calls.clear();
+  Says(opened);
+  EXPECT_THAT(p.desktop.speech.calls, testing::Contains("stop"));
+  EXPECT_THAT(p.Spoken(), ElementsAre("Opened: Basket"));
 }
 
 TEST_F(LiveWordsTest, OfADialogAreItsNameItsKindAndHowItBegins) {

@@ -59,11 +59,11 @@ void PageChanges::Receive(const std::string& kind, const std::string& text) {
   if (kind == "moved") return host_.read();
   if (kind == "top") return host_.place({"Top of the page", 0});
   if (kind == "jumped") return TellPlace(text);
-  std::string words;
-  if (kind == "opened") words = "Opened: " + Shorten(text, kLongestPlace);
-  if (kind == "opened in live region") {
-    return host_.say_unless_live("Opened: " + Shorten(text, kLongestPlace));
+  if (kind == "opened" || kind == "opened in live region") {
+    return host_.opened("Opened: " + Shorten(text, kLongestPlace),
+                        kind == "opened" ? PageWords::Opened::Part : PageWords::Opened::PartOfRegion);
   }
+  std::string words;
   if (kind == "lost") words = "What had the focus is gone";
   if (kind == "nowhere") words = "There is no such place in the page";
   if (kind == "state") words = WordsOf(text);

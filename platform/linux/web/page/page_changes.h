@@ -8,6 +8,7 @@
 #include "platform/linux/web/page/page_script.h"
 #include "platform/linux/web/requests/allowance.h"
 #include "platform/linux/web/requests/page_notices.h"
+#include "platform/page_words.h"
 #include "platform/web_browser.h"
 
 namespace corvane::desktop {
@@ -23,8 +24,8 @@ class PageChanges {
     std::function<void()> read;
     /// Speaks a text.
     std::function<void(const std::string&)> say;
-    /// The same, for those to whom live regions say nothing.
-    std::function<void(const std::string&)> say_unless_live;
+    /// The same of a part that has opened.
+    std::function<void(const std::string&, PageWords::Opened)> opened;
     /// The user has been led to another place in the page.
     std::function<void(const PagePlace&)> place;
   };
