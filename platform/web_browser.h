@@ -135,6 +135,11 @@ class WebBrowser : public Control {
   Event<const PageElement&> LeftElement;
   /// What the user wanted to use or to enter is in the page no more.
   Event<> ElementGone;
+  /// The page's focus has come to an element, and the element's own event has told of it.
+  Event<const PageElement&> FocusMoved;
+  /// What DescribeText has handed on last is no longer how the page is. Once for each text,
+  /// when the page stands still or has not for a while.
+  Event<> TextChanged;
   /// The page says something by itself. Only while the user is in its window.
   Event<const PageWords&> PageSays;
   /// A page, and with it the user, opens a window. The next control that is made

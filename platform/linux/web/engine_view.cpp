@@ -91,18 +91,19 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
                               ReadAgain();
                             },
                             [this](const std::string& text) { listener_.say(text); },
-                            [this](const std::string& text) {
+                            [this](const std::string& text, PageWords::Opened opened) {
                               PageWords words;
                               words.words = text;
-                              words.opened = true;
+                              words.opened = opened;
                               listener_.page_says(words);
                             },
                             [this](const PagePlace& place) { listener_.place(place); }})),
       live_(std::make_unique<LiveRegions>(
           view_.get(), [this](const PageWords& words) { listener_.page_says(words); })),
       text_(std::make_unique<TextReader>(
-          view_.get(), [this](const PageElement& element) { listener_.left(element); },
-          [this] { listener_.gone(); })),
+          view_.get(),
+          TextReader::Host{[this](const PageElement& element) { listener_.left(element); },
+                           [this] { listener_.gone(); }, [this] { listener_.text_changed(); }})),
       keys_(std::make_unique<PageKeys>(view_.get(), KeysHost(), engine.Options().hang.keys)),
       list_(std::make_unique<OptionList>(
           view_.get(), [this](const OpenList& list) { reader_->TellList(list); })),
@@ -128,6 +129,8 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
   ConnectView();
   ApplyPreferences();
   connections_ += engine_.PreferencesChanged.Connect([this] { ApplyPreferences(); });
+  connections_ += reader_->FocusMoved.Connect(
+      [this](const PageElement& element) { listener_.focus_moved(element); });
   ConnectEngine();
 }
 

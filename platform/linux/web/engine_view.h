@@ -57,6 +57,10 @@ class EngineView {
     std::function<void()> found = [] {};
     /// As WebBrowser::ElementGone.
     std::function<void()> gone = [] {};
+    /// As WebBrowser::FocusMoved.
+    std::function<void(const PageElement&)> focus_moved = [](const auto&) {};
+    /// As WebBrowser::TextChanged.
+    std::function<void()> text_changed = [] {};
   };
 
   /// `opener`: the view whose page opens this one; null for a view of its own.

@@ -22,7 +22,9 @@ WebKitBrowser::WebKitBrowser(const std::string& name, WebEngine& engine, WindowT
       },
       [this](const PageElement& element) { LeftElement.Raise(element); },
       [this] { Found.Raise(); },
-      [this] { ElementGone.Raise(); }};
+      [this] { ElementGone.Raise(); },
+      [this](const PageElement& element) { FocusMoved.Raise(element); },
+      [this] { TextChanged.Raise(); }};
   if (view_) {
     // When there is somebody who listens.
     take_over_.Start(0, [this, listener] { view_->TakeOver(listener); });

@@ -126,10 +126,15 @@ EngineView::Listener TestView::Listener() {
             places.push_back(place);
             if (!place.words.empty()) log.push_back("say " + place.words);
           },
-          [this](const PageWords& words) { page_words.push_back(words); },
+          [this](const PageWords& words) {
+            if (words.opened == PageWords::Opened::Part) log.push_back("say " + words.words);
+            else page_words.push_back(words);
+          },
           [this](const PageElement& element) { left.push_back(element); },
           [this] { log.push_back("found"); },
-          [this] { log.push_back("gone"); }};
+          [this] { log.push_back("gone"); },
+          [this](const PageElement& element) { focused.push_back(element); },
+          [this] { ++text_changes; }};
 }
 
 void TestView::Show() {

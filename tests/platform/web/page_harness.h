@@ -56,6 +56,10 @@ class TestView {
   std::vector<PageWords> page_words;
   /// The elements that the user has left with Escape.
   std::vector<PageElement> left;
+  /// The elements that the page's focus has come to.
+  std::vector<PageElement> focused;
+  /// How often the page's text was told to be no longer right.
+  int text_changes = 0;
   std::vector<std::string> EventsWithoutStatus() const;
   bool HasStatus(const std::string& part) const;
   /// What the user was to hear.

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/linux/web/gobject.h"
 #include "platform/linux/web/page/page_script.h"
 #include "platform/page_text.h"
 
@@ -19,8 +20,13 @@ class TextReader {
 
   /// `left`: the user has pressed Escape in an element of the page, and the page had no
   /// use for it. `gone`: what was to be used or get the focus is in the page no more.
-  TextReader(WebKitWebView* view, std::function<void(const PageElement&)> left,
-             std::function<void()> gone);
+  /// `changed`: as WebBrowser::TextChanged.
+  struct Host {
+    std::function<void(const PageElement&)> left;
+    std::function<void()> gone;
+    std::function<void()> changed;
+  };
+  TextReader(WebKitWebView* view, Host host);
   TextReader(const TextReader&) = delete;
   TextReader& operator=(const TextReader&) = delete;
 
@@ -29,7 +35,7 @@ class TextReader {
   /// page that is more than can be put together. A page that hangs never answers.
   void Read(Done done);
   /// The page is left: what is asked for never comes.
-  void Forget() { turn_.reset(); }
+  void Forget();
 
   /// Uses the element as a click of the user would.
   void Use(const PageElement& element);
@@ -43,12 +49,15 @@ class TextReader {
  private:
   void Receive(const std::string& kind, const std::string& text);
   void Received(std::string text, const std::weak_ptr<int>& turn, const Done& done);
+  void Changed();
 
   WebKitWebView* view_;
-  std::function<void(const PageElement&)> left_;
-  std::function<void()> gone_;
+  Host host_;
   PageScript script_;
   std::shared_ptr<int> turn_;  // the reading under way; alive only while it is wanted
+  gint64 asked_at_ = 0;        // microseconds
+  double took_ = -1;           // the last reading, in seconds; below 0: there was none
+  Delay change_;               // until a change of the page is told
 };
 
 }  // namespace corvane::desktop

@@ -88,6 +88,9 @@
     return target;
   };
 
+  // The user has done something in the page through its text.
+  const acted = () => { lastInput = performance.now(); };
+
   // Whether a change of this element is told here.
   const attends = (element) => element === focused || element === active ||
     (focused !== null && element instanceof HTMLDetailsElement && elementAbove(focused) === element);
@@ -140,5 +143,5 @@
     observer.disconnect();
   }, {capture: true, passive: true});
 
-  Object.defineProperty(globalThis, 'corvaneAttention', {value: Object.freeze({arrive, attends})});
+  Object.defineProperty(globalThis, 'corvaneAttention', {value: Object.freeze({arrive, attends, acted})});
 })();

@@ -142,8 +142,10 @@
   };
 
   class Action {
-    constructor(element) {
+    // `inText`: the user has done it where the page's text is read, which follows the page.
+    constructor(element, inText = false) {
       this.element = element;
+      this.inText = inText;
       this.page = pageOf(location.href);
       this.state = element ? stateOf(element) : '';
       this.focus = activeElement();
@@ -153,6 +155,7 @@
       this.told = false;
       this.toldLive = false;
       this.restless = 0;
+      this.fresh = true;  // the text of the page does not have what has changed
       this.observer = new MutationObserver((changes) => this.changed(changes));
       this.observer.observe(root() ?? document,
         {subtree: true, childList: true, characterData: true});
@@ -161,7 +164,11 @@
     changed(changes) {
       if (this.text < NEWS) for (const change of changes) this.text += added(change);
       for (const change of changes) this.note(change.addedNodes);
+      this.touch();
+    }
+    touch() {
       this.restless ||= performance.now();
+      this.fresh = true;
       if (performance.now() - this.restless < RESTLESS) this.wait();
     }
     // New elements with a field in them are a part that appears, too.
@@ -186,10 +193,13 @@
       }
       this.tellState();
       this.tellOpened();
+      // A box may be checked without any change of the document.
+      if (this.fresh) globalThis.corvaneText?.changed();
+      this.fresh = false;
       if (!this.told && this.text >= NEWS) {
         this.told = true;
         // Who is led to the new part hears it by its focus.
-        if (activeElement() === this.focus) post('changed');
+        if (activeElement() === this.focus && !this.inText) post('changed');
       }
       if (performance.now() - this.began < WATCHED) this.wait();
       else this.end();
@@ -324,7 +334,7 @@
   // Watches what follows `work`, which the program does with an element for its user.
   const act = (element, work) => {
     action?.end();
-    action = new Action(element.localName === 'summary' ? element.parentElement : element);
+    action = new Action(element.localName === 'summary' ? element.parentElement : element, true);
     const place = placeOfLink(element);
     let click = null;
     const notice = (event) => { click = event; };
@@ -375,5 +385,14 @@
     if (!writes && (event.key === 'Enter' || event.key === ' ')) acted(event);
   }, {capture: true, passive: true});
 
-  Object.defineProperty(globalThis, 'corvaneChanges', {value: Object.freeze({filled, jump, act})});
+  // Whether what happens now may follow something that the user has done.
+  const isActing = () => action !== null;
+  // The same, told of something that the document's own changes do not show.
+  const touch = () => {
+    action?.touch();
+    return isActing();
+  };
+
+  Object.defineProperty(globalThis, 'corvaneChanges',
+    {value: Object.freeze({filled, jump, act, isActing, touch})});
 })();

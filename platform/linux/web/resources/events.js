@@ -178,6 +178,10 @@
   // The program leads the user into an element of a page that does not have the keys yet:
   // the element is told of when they come, not twice.
   let entering = false;
+  // And what a page has led its focus to before the keys come has been told.
+  let ahead = {element: null, at: -Infinity};
+  const AHEAD = 1000;  // milliseconds
+  const wasToldAhead = (element) => element === ahead.element && performance.now() - ahead.at < AHEAD;
   const enter = () => { entering = !Document.prototype.hasFocus.call(document); };
 
   // The focus is told of when the page has done what it does with it: it may choose a
@@ -202,6 +206,11 @@
       if (isPage(element) && !isEditor(element)) return;
       if (entering && !Document.prototype.hasFocus.call(document)) return;
       entering = false;
+      if (Document.prototype.hasFocus.call(document)) {
+        if (wasToldAhead(element)) return;
+      } else {
+        ahead = {element, at: performance.now()};
+      }
       if (isRadio(element)) arriving = element;
       comeTo(element);
     },
@@ -241,11 +250,15 @@
     if (event.inputType.startsWith('insert')) return 1;
     return event.inputType.startsWith('delete') ? 2 : 0;
   };
-  const input = (event) => {
-    if (!event.isTrusted) return;
+  // The user has done something in the page, by a key or through its text.
+  const acted = () => {
     movesSinceInput = 0;
     pause = MOVE_PAUSE.first;
     lastInput = performance.now();
+  };
+  const input = (event) => {
+    if (!event.isTrusted) return;
+    acted();
     if (event.type === 'keydown') {
       pressedIn = event.composedPath()[0];
       if (!event.repeat) edit = 0;
@@ -275,6 +288,6 @@
     tell('focus', target, {unasked: 1, again: 1});
   };
   Object.defineProperty(globalThis, 'corvaneEvents',
-    {value: Object.freeze({tellAgain, tell, tellFocus, enter})});
+    {value: Object.freeze({tellAgain, tell, tellFocus, enter, acted})});
   share('tellAgain', tellAgain);
 })();

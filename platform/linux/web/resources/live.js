@@ -244,6 +244,12 @@
     told.set(region, before);
   };
 
+  // Whether the page's text may be another one by it. What only dresses an element changes
+  // without end on many a page; it counts where it follows what the user has done.
+  const isInText = (change) => change.type !== 'attributes' ||
+    /^(hidden|aria-hidden|open|popover)$/.test(change.attributeName) ||
+    (/^(class|style)$/.test(change.attributeName) && globalThis.corvaneChanges?.isActing() === true);
+
   const look = () => {
     turn = null;
     const changes = waiting;
@@ -291,6 +297,8 @@
       tell(region, short(parts.filter((each) => each).join(' ')));
     }
     for (const element of shownAnew) if (element.isConnected) appeared(element);
+    // Where it follows what the user has done, what that has done is told first.
+    if (changes.some(isInText) && !globalThis.corvaneChanges?.touch()) globalThis.corvaneText?.changed();
     if (known.size < MOST.regions) return;
     for (const region of known.keys()) if (!region.isConnected) known.delete(region);
   };
@@ -315,15 +323,17 @@
   const watchShadows = (root) => {
     const walker = Document.prototype.createTreeWalker.call(document, root, NodeFilter.SHOW_ELEMENT);
     for (let element = isElement(root) ? root : walker.nextNode(); element; element = walker.nextNode()) {
-      if (shadowCount >= MOST.shadows) return;
       const shadow = shadowOf(element);
-      if (!shadow || shadows.has(shadow)) continue;
-      shadows.add(shadow);
-      shadowCount += 1;
-      watch(shadow);
-      adopt(shadow);
-      watchShadows(shadow);
+      if (shadow) watchShadow(shadow);
     }
+  };
+  const watchShadow = (shadow) => {
+    if (shadowCount >= MOST.shadows || shadows.has(shadow)) return;
+    shadows.add(shadow);
+    shadowCount += 1;
+    watch(shadow);
+    adopt(shadow);
+    watchShadows(shadow);
   };
 
   // What is there when the page has come is part of the page.
@@ -338,6 +348,6 @@
   if (document.readyState === 'complete') start();
   else window.addEventListener('load', (event) => { if (event.isTrusted) start(); }, {once: true});
 
-  Object.defineProperty(globalThis, 'corvaneLive', {value: Object.freeze({enter})});
+  Object.defineProperty(globalThis, 'corvaneLive', {value: Object.freeze({enter, watchShadow})});
   share('enterDialog', enter);
 })();

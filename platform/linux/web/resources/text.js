@@ -56,6 +56,7 @@
   const isGivenName = (element) => has(element, 'aria-label') || has(element, 'aria-labelledby');
 
   const elements = new Map();  // by number, of the text that was made last
+  let stands = false;          // it is right, as far as anybody has been told
 
   // --- words of elements without text ------------------------------------------------
 
@@ -100,7 +101,10 @@
       }
       const closed = element instanceof HTMLDetailsElement && !element.open;
       let style = null;
-      for (let node = firstOf(shadowOf(element) ?? element); node; node = nextOf(node)) {
+      const shadow = shadowOf(element);
+      // A page may give one to an element at any time, unseen by who watches its changes.
+      if (shadow) globalThis.corvaneLive?.watchShadow(shadow);
+      for (let node = firstOf(shadow ?? element); node; node = nextOf(node)) {
         if (!this.out.goesOn()) return;
         const kind = nodeKindOf(node);
         if (kind === Node.ELEMENT_NODE) {
@@ -186,6 +190,7 @@
       switch (KINDS_OF_ROLES[role]) {
         case undefined:
           if (dressed && has(element, 'tabindex')) return this.around(KIND.place, element, depth);
+          if (dressed && (has(element, 'title') || has(element, 'aria-label'))) return this.sign(element, style, depth);
           return this.below(element, depth + 1);
         case KIND.link:
           return this.link(element, style, depth);
@@ -214,6 +219,22 @@
     // To find out what a cell heads takes a look at its whole row; the table knows.
     roleIn(element, tag) {
       return (tag === 'td' || tag === 'th') && !has(element, 'role') ? '' : roleOf(element);
+    }
+    // A sign is drawn by the page's style; what it stands for says its tip.
+    sign(element, style, depth) {
+      const before = this.out.length;
+      this.below(element, depth + 1);
+      if (this.out.length > before || !isSeen(style) || !this.isDrawn(element)) return;
+      this.out.blank();
+      this.out.flowing(short(attribute(element, 'aria-label').trim() || attribute(element, 'title')));
+      this.out.blank();
+    }
+    // An icon that the page's style puts in front of nothing may have a box of its own only.
+    isDrawn(element) {
+      const box = Element.prototype.getBoundingClientRect.call(element);
+      if (box.width >= 1 && box.height >= 1) return true;
+      return ['::before', '::after'].some((part) =>
+        !/^(none|normal)$/.test(window.getComputedStyle(element, part).content));
     }
     around(kind, element, depth, level = 0, more = 0, detail = null) {
       const at = this.begin(kind, element, level, more, detail);
@@ -389,6 +410,7 @@
   // Writes this document's text: into what is being put together of a page.
   const write = (out, depthOfFrames) => {
     elements.clear();
+    stands = true;
     if (depthOfFrames > FRAMES) return;
     const outer = out.enter(documentId);
     const walk = new Walk(out);
@@ -408,8 +430,23 @@
     return JSON.stringify(out.result());
   };
 
+  // Who has the text is told once that it is no longer right.
+  const changed = () => {
+    if (!stands) return;
+    stands = false;
+    globalThis.webkit?.messageHandlers?.corvaneText?.postMessage('changed\n');
+  };
+  // What stands in a frame has come later than the text around it, or in the place of
+  // another.
+  if (window !== window.parent) {
+    window.addEventListener('load', (event) => {
+      stands ||= event.isTrusted;
+      changed();
+    }, {once: true});
+  }
+
   Object.defineProperty(globalThis, 'corvaneText', {value: Object.freeze({
-    describe, elementOf: (number) => elements.get(number),
+    describe, changed, walk: () => write(new Writer(), 0), elementOf: (number) => elements.get(number),
   })});
   share('writeText', write);
 })();

@@ -118,6 +118,8 @@
     },
     // What follows is watched as if the user had clicked there.
     useOwn: (element) => {
+      globalThis.corvaneEvents?.acted();
+      globalThis.corvaneAttention?.acted();
       globalThis.corvaneChanges?.act(element, () => clickOn(element));
     },
   });
@@ -140,11 +142,15 @@
     return [element, element?.value, fullscreenOf.call(document),
       Document.prototype.querySelectorAll.call(document, ':popover-open, dialog[open]').length];
   };
-  // The element, or what is nearest around it, that stands in the text.
+  // The element, or what is nearest around it, that stands in the text. It may have come
+  // after the text was put together.
   const inText = (element) => {
+    if (isElement(element) && globalThis.corvaneText.elementOf(numberOf(element)) !== element) {
+      globalThis.corvaneText.walk();
+    }
     for (let at = element, i = 0; isElement(at) && i < 300; at = elementAbove(at), i++) {
       const number = numberOf(at);
-      if (globalThis.corvaneText.elementOf(number) === at) return number;
+      if (at !== rootOf(document) && globalThis.corvaneText.elementOf(number) === at) return number;
     }
     return isElement(element) ? numberOf(element) : 0;
   };
