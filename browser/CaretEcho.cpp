@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/number.h"
+#include "base/language.h"
 #include "base/text.h"
 
 namespace corvane {
@@ -212,7 +213,7 @@ void CaretEcho::SayWords(const std::string& words) {
 // The line's parts have been marked, where they are the page's.
 void CaretEcho::SayLine(const std::string& line) {
   if (!pane_.manner.today) return pane_.announcer.Say(line);
-  pane_.announcer.Say(IsBlank(line) ? "blank" : Named(line));
+  pane_.announcer.Say(IsBlank(language::Unmarked(line)) ? "blank" : Named(line));
 }
 
 void CaretEcho::SpeakWord() {

@@ -27,8 +27,9 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop, const Manner& manner)
       favorites_(pane_, side_bar_),
       help_(pane_, side_bar_),
       page_in_pane_(pane_),
-      elements_dialog_(pane_, page_in_pane_),
-      quick_keys_(pane_, page_in_pane_),
+      acting_(pane_, page_in_pane_),
+      elements_dialog_(pane_, page_in_pane_, acting_),
+      quick_keys_(pane_, page_in_pane_, acting_),
       spelling_(pane_),
       echo_(pane_, page_in_pane_),
       places_(pane_, echo_),
@@ -37,7 +38,7 @@ ctlWebBrowser::ctlWebBrowser(Desktop& desktop, const Manner& manner)
       areas_(pane_, navigation_) {
   side_bar_.LookUpElements([this] { return page_in_pane_.Map(); });
   connections_ += side_bar_.ElementChosen.Connect(
-      [this](const PageElement& element) { page_in_pane_.Lead(element, PageInPane::Then::Read); });
+      [this](const PageElement& element) { acting_.Lead(element, ActingInText::Then::Read); });
   PaneMenu& menu = pane_.menu;
   connections_ += menu.mnuTextHistory.Click.Connect([this](int i) { mnuTextHistory_Click(i); });
   connections_ += menu.mnuHome.Click.Connect([this](int i) { mnuHome_Click(i); });

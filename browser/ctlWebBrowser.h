@@ -18,6 +18,7 @@
 #include "browser/Places.h"
 #include "browser/ReadOn.h"
 #include "browser/SideBar.h"
+#include "browser/reading/ActingInText.h"
 #include "browser/reading/ElementsDialog.h"
 #include "browser/reading/PageInPane.h"
 #include "browser/reading/QuickKeys.h"
@@ -158,6 +159,7 @@ class ctlWebBrowser {
   FavoriteCommands favorites_;
   HelpOutline help_;
   PageInPane page_in_pane_;
+  ActingInText acting_;
   ElementsDialog elements_dialog_;
   QuickKeys quick_keys_;  // has the text pane's keys before the echo
   Spelling spelling_;

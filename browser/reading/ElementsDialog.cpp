@@ -6,7 +6,8 @@
 
 namespace corvane {
 
-ElementsDialog::ElementsDialog(PaneContext& pane, PageInPane& page) : pane_(pane), page_(page) {
+ElementsDialog::ElementsDialog(PaneContext& pane, PageInPane& page, ActingInText& acting)
+    : pane_(pane), page_(page), acting_(acting) {
   // What is listed is gone.
   connections_ += pane_.PageShown.Connect([this] {
     if (form_) form_->Close();
@@ -26,8 +27,8 @@ void ElementsDialog::Closed(const std::optional<frmElements::Choice>& choice) {
   const std::optional<frmElements::Choice> chosen = choice;  // the dialog's own goes with it
   form_.reset();
   if (!chosen) return;
-  using Then = PageInPane::Then;
-  ErrorsIgnored([&] { page_.Lead(chosen->element, chosen->act ? Then::Act : Then::Read); });
+  using Then = ActingInText::Then;
+  ErrorsIgnored([&] { acting_.Lead(chosen->element, chosen->act ? Then::Act : Then::Read); });
 }
 
 }  // namespace corvane

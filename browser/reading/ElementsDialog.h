@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "browser/PaneContext.h"
+#include "browser/reading/ActingInText.h"
 #include "browser/reading/PageInPane.h"
 #include "browser/reading/frmElements.h"
 
@@ -11,7 +12,7 @@ namespace corvane {
 /// Lets the user choose an element of the page from lists, and leads there.
 class ElementsDialog {
  public:
-  ElementsDialog(PaneContext& pane, PageInPane& page);
+  ElementsDialog(PaneContext& pane, PageInPane& page, ActingInText& acting);
 
   /// Shows the lists over the pane's window, on the kind that was shown last. Without
   /// effect while they are shown.
@@ -22,6 +23,7 @@ class ElementsDialog {
 
   PaneContext& pane_;
   PageInPane& page_;
+  ActingInText& acting_;
   ElementList list_ = ElementList::Headings;
   std::unique_ptr<TextMap> map_;  // of the page as it was when the lists were opened
   std::unique_ptr<frmElements> form_;

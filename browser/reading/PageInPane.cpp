@@ -18,10 +18,7 @@ namespace {
 using Kind = PageSpan::Kind;
 
 constexpr std::size_t kMostPlaces = 200;  // kept of the history
-constexpr const char* kGone = "That is no longer in the page";
-// What follows a use stands in the page at once, or when a server has answered: how long
-// after the look before each look at the text is, in milliseconds.
-constexpr std::array kLooks = {700, 2000, 5000};
+constexpr std::string_view kBlanks = " \t\n";
 
 bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
@@ -40,43 +37,21 @@ std::pair<std::size_t, std::size_t> Common(std::string_view a, std::string_view 
 
 int Characters(std::string_view text) { return static_cast<int>(text::length(text)); }
 
-/// What Enter and Space do with an element; nothing for what only holds others.
-std::optional<WebBrowser::ElementUse> UseOf(const PageSpan& span) {
-  switch (span.kind) {
-    case Kind::Link:
-    case Kind::Button:
-    case Kind::CheckBox:
-    case Kind::Radio:
-      return WebBrowser::ElementUse::Use;
-    case Kind::Edit:
-    case Kind::Choice:
-    case Kind::Frame:
-      return WebBrowser::ElementUse::Enter;
-    case Kind::Widget:
-      return span.facts && span.facts->role == "slider" ? WebBrowser::ElementUse::Enter
-                                                        : WebBrowser::ElementUse::Use;
-    default:
-      return std::nullopt;
-  }
-}
-
 }  // namespace
 
-PageInPane::PageInPane(PaneContext& pane) : pane_(pane), timChanged_(pane.desktop.CreateTimer()) {
+PageInPane::PageInPane(PaneContext& pane) : pane_(pane) {
   WebBrowser& browser = *pane_.controls.brwWebBrowser;
   connections_ += pane_.PageShown.Connect([this] { Shown(); });
   connections_ += browser.DownloadBegin.Connect([this] { KeepPlace(); });
-  connections_ += browser.LeftElement.Connect([this](const PageElement& each) { Left(each); });
   connections_ += browser.Found.Connect([this] {
     finding_ = map_ || coming_;
-    if (finding_) Ask();
+    if (finding_) Refresh();
   });
-  connections_ += browser.ElementGone.Connect([this] { Gone(); });
-  connections_ += timChanged_->Tick.Connect([this] {
-    timChanged_->SetEnabled(false);
-    if (pane_.controls.brwWebBrowser->Busy() || !map_) return;
-    Ask();
-    LookIn(looks_ + 1);
+  connections_ += browser.TextChanged.Connect([this] { Changed(); });
+  // Who comes from the page has done something there.
+  connections_ += browser.GotFocus.Connect([this] { stale_ = true; });
+  connections_ += pane_.controls.ctlText1.Text1().GotFocus.Connect([this] {
+    if (std::exchange(stale_, false) && map_) Refresh();
   });
 }
 
@@ -89,13 +64,11 @@ bool PageInPane::IsWanted() const {
 void PageInPane::Shown() {
   map_.reset();
   here_.reset();
-  left_.reset();
-  finding_ = false;
+  finding_ = stale_ = false;
   asking_ = {};
-  timChanged_->SetEnabled(false);
   length_ = pane_.controls.ctlText1.TextLength() - pane_.state.page_text;
   coming_ = IsWanted() && length_ >= 0;
-  if (coming_) Ask();
+  if (coming_) Refresh();
 }
 
 bool PageInPane::IsKnown() const {
@@ -105,35 +78,45 @@ bool PageInPane::IsKnown() const {
   return false;
 }
 
-void PageInPane::Ask() {
+void PageInPane::Refresh() {
+  stale_ = false;
   asking_ = pane_.controls.brwWebBrowser->DescribeText(
       [this](const PageTextPtr& text) { ErrorsIgnored([&] { Take(text); }); });
 }
 
 void PageInPane::Take(const PageTextPtr& text) {
   const bool was_coming = std::exchange(coming_, false);
-  Put(text);
+  const int first = Put(text);
   if (was_coming) Arrived.Raise();
+  Refreshed.Raise(first);
 }
 
-void PageInPane::Put(const PageTextPtr& text) {
-  Place(text);
+// Who is elsewhere needs it when he comes back.
+void PageInPane::Changed() {
+  if (!map_) return;
+  if (pane_.state.area == kAreaText) return Refresh();
+  stale_ = true;
+}
+
+int PageInPane::Put(const PageTextPtr& text) {
+  const int first = Place(text);
   // What has been found, and said, is where the reader goes on.
   const bool found = std::exchange(finding_, false) && text && text->selected >= 0;
   if (found) SetCaret(text->selected);
+  return first;
 }
 
-void PageInPane::Place(const PageTextPtr& text) {
-  if (!text) return GoToLeft();
+int PageInPane::Place(const PageTextPtr& text) {
+  if (!text) return -1;
   const bool is_first = map_ == nullptr;
   const auto mark = CaretMark();
-  Replace(*text);
+  const int first = Replace(*text);
   map_ = std::make_unique<TextMap>(text);
   here_.reset();
   if (!is_first) {
     // Outside all elements the caret has stayed with the words around it.
     if (mark && !mark->element.document.empty()) SetCaret(PositionOf(*mark));
-    return GoToLeft();
+    return first;
   }
   const std::string address = pane_.controls.brwWebBrowser->LocationURL();
   const std::string document = text->documents.empty() ? "" : text->documents.front();
@@ -147,12 +130,12 @@ void PageInPane::Place(const PageTextPtr& text) {
   } else if (known != places_.end()) {
     Restore(known->second);
   }
-  GoToLeft();
+  return -1;
 }
 
 // Only what differs is written: the text view lays out less, and the caret's place in the
 // rest stays.
-void PageInPane::Replace(const PageText& text) {
+int PageInPane::Replace(const PageText& text) {
   ctlText& box = pane_.controls.ctlText1;
   const std::string all = box.Text();
   const auto base = static_cast<std::size_t>(pane_.state.page_text);
@@ -161,7 +144,7 @@ void PageInPane::Replace(const PageText& text) {
   const std::string_view old = std::string_view(all).substr(from, until - from);
   const std::string_view now = text.text;
   length_ = text.length;
-  if (old == now) return;
+  if (old == now) return -1;
   const auto [first, last] = Common(old, now);
   const int start = pane_.state.page_text + Characters(old.substr(0, first));
   const int removed = Characters(old.substr(first, old.size() - first - last));
@@ -178,6 +161,9 @@ void PageInPane::Replace(const PageText& text) {
   }
   box.SetSelStart(place);
   Moved.Raise();
+  const std::size_t words = added.find_first_not_of(kBlanks);
+  if (words == std::string_view::npos) return -1;
+  return start - pane_.state.page_text + Characters(added.substr(0, words));
 }
 
 std::string PageInPane::AtAGlance() const {
@@ -222,6 +208,10 @@ std::optional<std::size_t> PageInPane::Here() const {
   return here_;
 }
 
+void PageInPane::StandAt(std::size_t span) {
+  if (map_->At(span).start == Caret()) here_ = span;
+}
+
 void PageInPane::SetCaret(int position) {
   pane_.controls.ctlText1.SetSelStart(pane_.state.page_text + position);
   Moved.Raise();
@@ -244,18 +234,6 @@ void PageInPane::GoTo(std::size_t span) {
                                            WebBrowser::ElementUse::Show);
 }
 
-// The focus comes to the text pane when the window is the active one again; what is said
-// there then are the words of what was chosen.
-void PageInPane::Lead(const PageElement& element, Then then) {
-  const auto span = map_ ? map_->Of(element) : std::nullopt;
-  if (!span) return pane_.announcer.Say(kGone);
-  GoTo(*span);
-  std::string words = ReachedWords(*map_, map_->At(*span));
-  if (then == Then::Act) words = Use() ? "" : kNothingToUse;
-  pane_.state.arriving = words;
-  pane_.controls.ctlText1.SetFocus();
-}
-
 void PageInPane::ReadAt(int position, const std::string& words) {
   ctlText& box = pane_.controls.ctlText1;
   if (box.SelStart() != position || box.SelLength() > 0) box.SetSelStart(position);
@@ -264,6 +242,14 @@ void PageInPane::ReadAt(int position, const std::string& words) {
   const auto near = map_->LastBefore(place);
   const PageElement element = near ? map_->Page().ElementOf(map_->At(*near)) : PageElement{};
   pane_.controls.brwWebBrowser->ShowWords(element, words);
+}
+
+int PageInPane::WordsFrom(int position) const {
+  const std::string& text = map_->Page().text;
+  const std::size_t at = text::offset_of(text, static_cast<std::size_t>(std::max(position, 0)));
+  const std::size_t words = text.find_first_not_of(kBlanks, at);
+  if (words == std::string::npos) return position;
+  return position + Characters(std::string_view(text).substr(at, words - at));
 }
 
 int PageInPane::End() const {
@@ -322,64 +308,6 @@ void PageInPane::Restore(const Mark& mark) {
   if (around && map_->At(*around).start == caret) here_ = around;
   if (pane_.state.area != kAreaText || !Here()) return;
   pane_.announcer.SayAfterTitle(ReachedWords(*map_, map_->At(*here_)));
-}
-
-// --- acting ----------------------------------------------------------------------------
-
-bool PageInPane::Use() {
-  if (!map_) return false;
-  // A cell without text stands at what follows it, and holds nothing.
-  if (Here() && map_->At(*Here()).length == 0) return false;
-  const auto at =
-      map_->Around(Caret(), [](const PageSpan& span) { return UseOf(span).has_value(); });
-  if (!at) return false;
-  const PageSpan& span = map_->At(*at);
-  if (span.facts && span.facts->disabled) {
-    pane_.announcer.Say("unavailable");
-    return true;
-  }
-  here_ = span.start == Caret() ? at : here_;
-  const auto use = *UseOf(span);
-  pane_.state.entering = use == WebBrowser::ElementUse::Enter;
-  pane_.controls.brwWebBrowser->UseElement(map_->Page().ElementOf(span), use);
-  // What follows stands in the text, too.
-  if (use == WebBrowser::ElementUse::Use) LookIn(0);
-  return true;
-}
-
-void PageInPane::LookIn(std::size_t look) {
-  if (look >= kLooks.size()) return;
-  looks_ = look;
-  timChanged_->SetEnabled(false);
-  timChanged_->SetInterval(kLooks[look]);
-  timChanged_->SetEnabled(true);
-}
-
-// The page has changed since its text was taken.
-void PageInPane::Gone() {
-  pane_.state.entering = false;
-  pane_.announcer.Say(kGone);
-  if (map_) Ask();
-}
-
-// What has been done in the page stands in the text before its reader comes back to it.
-void PageInPane::Left(const PageElement& element) {
-  if (!pane_.manner.quick_keys || !map_) return;
-  left_ = element;
-  pane_.state.quiet = true;
-  ErrorsIgnored([&] { pane_.controls.ctlText1.SetFocus(); });
-  pane_.state.quiet = false;
-  Ask();
-}
-
-void PageInPane::GoToLeft() {
-  const auto left = std::exchange(left_, std::nullopt);
-  if (!left || !map_) return;
-  if (const auto span = map_->Of(*left)) {
-    GoTo(*span);
-    return pane_.announcer.Say(ReachedWords(*map_, map_->At(*span)));
-  }
-  pane_.announcer.Say("Text Box");
 }
 
 }  // namespace corvane

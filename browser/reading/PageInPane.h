@@ -15,9 +15,6 @@ namespace corvane {
 /// is read again and while other pages of the history are shown.
 class PageInPane {
  public:
-  /// What is said where Use has found nothing to do.
-  static constexpr const char* kNothingToUse = "No link, button or field here";
-
   explicit PageInPane(PaneContext& pane);
 
   /// What lies where; null while that is not known.
@@ -31,23 +28,22 @@ class PageInPane {
   int Caret() const;
   /// The span that the reader has been led to and still stands at.
   std::optional<std::size_t> Here() const;
+  /// The reader acts on a span: where it begins at the caret, it is what he stands at.
+  void StandAt(std::size_t span);
   /// Leads the reader to a span, or to a place; the page scrolls along.
   void GoTo(std::size_t span);
   void GoTo(int position);
 
-  enum class Then { Read, Act };
-  /// Leads the user to an element of the page's text, or has it act on it there, from
-  /// wherever the focus is.
-  void Lead(const PageElement& element, Then then);
   /// Takes the reader along to a place in the pane where these words are said; the page
   /// scrolls along.
   void ReadAt(int position, const std::string& words);
+  /// The first of the page's words at a place or behind it; the place itself where none is.
+  int WordsFrom(int position) const;
   /// Where the page's text ends in the pane; the pane's end where that is not known.
   int End() const;
 
-  /// Does with the innermost element at the caret what there is to do with it. False,
-  /// and nothing done, where there is none.
-  bool Use();
+  /// Has the text taken anew; Refreshed follows, unless the page is left or hangs.
+  void Refresh();
 
   /// Title, content and the reader's place in few words.
   std::string AtAGlance() const;
@@ -64,6 +60,9 @@ class PageInPane {
   Event<> Moved;
   /// What was still to come has come, or will not.
   Event<> Arrived;
+  /// The text stands there as the page was when it was last asked for, or there is none;
+  /// with the place of the first words that were not there before, below 0 for none.
+  Event<int> Refreshed;
 
  private:
   /// A place that can be found again in another reading of the page.
@@ -76,19 +75,15 @@ class PageInPane {
   };
   bool IsWanted() const;
   void Shown();
-  void Ask();
   void Take(const PageTextPtr& text);
-  void Put(const PageTextPtr& text);
-  void Place(const PageTextPtr& text);
-  void Replace(const PageText& text);
+  int Put(const PageTextPtr& text);
+  int Place(const PageTextPtr& text);
+  int Replace(const PageText& text);
   void Restore(const Mark& mark);
   void KeepPlace();
   std::optional<Mark> CaretMark() const;
   int PositionOf(const Mark& mark) const;
-  void Left(const PageElement& element);
-  void Gone();
-  void LookIn(std::size_t look);
-  void GoToLeft();
+  void Changed();
   void SetCaret(int position);
 
   PaneContext& pane_;
@@ -100,10 +95,8 @@ class PageInPane {
   std::string document_;                // its name
   std::map<std::string, Mark> places_;  // in the pages of the history, by address
   std::optional<Mark> again_;           // the place in the page that is read again
-  std::optional<PageElement> left_;     // the element whose place is wanted
   bool finding_ = false;                // what has been found in the page is wanted
-  std::unique_ptr<Timer> timChanged_;   // what an element's use has changed is looked at
-  std::size_t looks_ = 0;               // which look comes next
+  bool stale_ = false;                  // the page has changed, or may have, since its text was taken
   Connection asking_;
   Connections connections_;
 };

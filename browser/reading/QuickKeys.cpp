@@ -82,8 +82,8 @@ std::string None(Way way, const std::string& name) {
 
 }  // namespace
 
-QuickKeys::QuickKeys(PaneContext& pane, PageInPane& page)
-    : pane_(pane), page_(page), tables_(pane, page) {
+QuickKeys::QuickKeys(PaneContext& pane, PageInPane& page, ActingInText& acting)
+    : pane_(pane), page_(page), acting_(acting), tables_(pane, page) {
   ctlText& box = pane_.controls.ctlText1;
   connections_ += box.KeyDown.Connect([this](KeyEvent& key) { KeyDown(key); });
   connections_ += box.KeyPress.Connect([this](int& character) { KeyPress(character); });
@@ -191,7 +191,7 @@ void QuickKeys::GoBehindLinks(Way way) {
 }
 
 void QuickKeys::Act() {
-  if (!page_.Use()) pane_.announcer.Say(PageInPane::kNothingToUse);
+  if (!acting_.Use()) pane_.announcer.Say(ActingInText::kNothingToUse);
 }
 
 }  // namespace corvane

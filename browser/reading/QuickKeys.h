@@ -4,6 +4,7 @@
 #include <string>
 
 #include "browser/PaneContext.h"
+#include "browser/reading/ActingInText.h"
 #include "browser/reading/PageInPane.h"
 #include "browser/reading/TableKeys.h"
 
@@ -14,7 +15,7 @@ namespace corvane {
 /// nothing is typed into the pane.
 class QuickKeys {
  public:
-  QuickKeys(PaneContext& pane, PageInPane& page);
+  QuickKeys(PaneContext& pane, PageInPane& page, ActingInText& acting);
 
   /// Lets letters be letters, or keys; says so.
   void Switch();
@@ -35,6 +36,7 @@ class QuickKeys {
 
   PaneContext& pane_;
   PageInPane& page_;
+  ActingInText& acting_;
   TableKeys tables_;
   struct Pressed {
     int code;

@@ -24,6 +24,10 @@ class TextPaneTest(EndToEndTest):
         self.quiet()
         return transcript.spoken()
 
+    def in_text(self, words):
+        """Waits until the words stand in the text pane."""
+        wait_until(lambda: words in self.corvane.text_of("Text"), f"{words!r} in the text")
+
     def quiet(self):
         """Waits until nothing is being said."""
 

@@ -123,6 +123,17 @@ TEST_F(PageLanguages, AWordThatTheCaretReachesIsThePages) {
   EXPECT_THAT(p.Spoken(), Contains(testing::StartsWith("\\Lng=de\\")));
 }
 
+TEST_F(PageLanguages, ALineOfBlanksIsBlankInEachLanguage) {
+  const std::string text = "Preise\n\xC2\xA0\nMehr";
+  p.Read(MakePage("http://a/", "Preise", text));
+  p.Browser().TextDescribed(PageTextMaker(text).Add(Kind::Language, text, 0, 0, Named("de")).Make());
+  p.TextPane().SetFocus();
+  p.TextPane().SetSelStart(p.TextPane().Text().find("\nPreise") + 1);
+  p.Spoken();
+  p.TextPane().Press(kKeyDown);
+  EXPECT_THAT(p.Spoken(), ElementsAre("blank"));
+}
+
 TEST_F(PageLanguages, TheKindOfALineIsOurs) {
   Read();
   p.TextPane().Press('H', 0, 'h');

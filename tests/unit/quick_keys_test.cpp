@@ -207,41 +207,6 @@ TEST_F(QuickKeysTest, WhatIsGoneWhenItIsUsedIsToldAndTheTextTakenAnew) {
   EXPECT_THAT(p.Spoken(), Contains("WebBrowser")) << "nothing else would say where the user is";
 }
 
-TEST_F(QuickKeysTest, WhatAUseHasChangedStandsInTheText) {
-  Press('H');
-  Press('K');
-  p.TextPane().Press(kKeyReturn, 0, kKeyReturn);
-  p.Spoken();
-  for (FakeTimer* timer : std::vector(p.desktop.timers)) {
-    if (timer->interval == 700 && timer->enabled) timer->Fire();
-  }
-  PageTextMaker maker("New line\nMenu\nPrices\nSee Next week now");
-  maker.Behind("line\n")
-      .Add(Kind::Link, "Menu")
-      .Add(Kind::Heading, "Prices", 2)
-      .Add(Kind::Link, "Next week");
-  p.Browser().TextDescribed(maker.Make());
-  EXPECT_NE(p.TextPane().text.find("New line\nMenu"), std::string::npos);
-  EXPECT_EQ(AtCaret(), "Next week now");
-  EXPECT_THAT(p.Spoken(), IsEmpty());
-}
-
-TEST_F(QuickKeysTest, WhatAServerTakesSecondsForStandsInTheTextToo) {
-  Press('H');
-  Press('K');
-  p.TextPane().Press(kKeyReturn, 0, kKeyReturn);
-  p.Spoken();
-  for (const int interval : {700, 2000, 5000}) {
-    for (FakeTimer* timer : std::vector(p.desktop.timers)) {
-      if (timer->interval == interval && timer->enabled) timer->Fire();
-    }
-    const std::string line = "After " + std::to_string(interval);
-    p.Browser().TextDescribed(
-        PageTextMaker(line + "\nMenu").Behind(line).Add(Kind::Link, "Menu").Make());
-    EXPECT_NE(p.TextPane().text.find(line), std::string::npos);
-  }
-}
-
 TEST_F(QuickKeysTest, EscapeInThePageLeadsBackToItsPlace) {
   p.Browser().SetFocus();
   p.Spoken();
