@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/number.h"
 #include "base/language.h"
+#include "base/number.h"
 #include "base/text.h"
 
 namespace corvane {

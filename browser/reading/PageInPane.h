@@ -96,7 +96,7 @@ class PageInPane {
   std::map<std::string, Mark> places_;  // in the pages of the history, by address
   std::optional<Mark> again_;           // the place in the page that is read again
   bool finding_ = false;                // what has been found in the page is wanted
-  bool stale_ = false;                  // the page has changed, or may have, since its text was taken
+  bool stale_ = false;  // the page has changed, or may have, since its text was taken
   Connection asking_;
   Connections connections_;
 };

@@ -126,7 +126,8 @@ TEST_F(PageLanguages, AWordThatTheCaretReachesIsThePages) {
 TEST_F(PageLanguages, ALineOfBlanksIsBlankInEachLanguage) {
   const std::string text = "Preise\n\xC2\xA0\nMehr";
   p.Read(MakePage("http://a/", "Preise", text));
-  p.Browser().TextDescribed(PageTextMaker(text).Add(Kind::Language, text, 0, 0, Named("de")).Make());
+  p.Browser().TextDescribed(
+      PageTextMaker(text).Add(Kind::Language, text, 0, 0, Named("de")).Make());
   p.TextPane().SetFocus();
   p.TextPane().SetSelStart(p.TextPane().Text().find("\nPreise") + 1);
   p.Spoken();

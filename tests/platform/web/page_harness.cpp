@@ -127,8 +127,10 @@ EngineView::Listener TestView::Listener() {
             if (!place.words.empty()) log.push_back("say " + place.words);
           },
           [this](const PageWords& words) {
-            if (words.opened == PageWords::Opened::Part) log.push_back("say " + words.words);
-            else page_words.push_back(words);
+            if (words.opened == PageWords::Opened::Part)
+              log.push_back("say " + words.words);
+            else
+              page_words.push_back(words);
           },
           [this](const PageElement& element) { left.push_back(element); },
           [this] { log.push_back("found"); },

@@ -24,7 +24,8 @@ struct TextChangeTest : TextTest {
 };
 
 TEST_F(TextChangeTest, WhatComesLongAfterAUseIsTold) {
-  Load("<button onclick=\"setTimeout(() => out.textContent = 'Late', 2500)\">Do</button><p id=out>");
+  Load(
+      "<button onclick=\"setTimeout(() => out.textContent = 'Late', 2500)\">Do</button><p id=out>");
   Use(Kind::Button);
   Changed();  // it may have checked itself
   EXPECT_THAT(page_->text, testing::Not(HasSubstr("Late")));

@@ -357,7 +357,8 @@ TEST_F(TextTest, AnElementIsTheSameWhenThePageIsReadAgain) {
 TEST_F(TextTest, SignsStandThereWithTheirTips) {
   Load(
       "<style>i {display: inline-block; width: 9px; height: 9px}</style>"
-      "<p><i title=Unread></i> Hello <i aria-label=Starred title=x></i><i title=Never style='display: none'></i>"
+      "<p><i title=Unread></i> Hello <i aria-label=Starred title=x></i><i title=Never "
+      "style='display: none'></i>"
       "<i title=Flat style='width: 0'></i> <b title=Tip>word</b>"
       "<style>u:before {content: '\\2713'; float: left}</style><u title=Done></u>");
   EXPECT_EQ(page_->text, "Unread Hello Starred word Done");

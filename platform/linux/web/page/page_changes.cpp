@@ -60,8 +60,9 @@ void PageChanges::Receive(const std::string& kind, const std::string& text) {
   if (kind == "top") return host_.place({"Top of the page", 0});
   if (kind == "jumped") return TellPlace(text);
   if (kind == "opened" || kind == "opened in live region") {
-    return host_.opened("Opened: " + Shorten(text, kLongestPlace),
-                        kind == "opened" ? PageWords::Opened::Part : PageWords::Opened::PartOfRegion);
+    return host_.opened(
+        "Opened: " + Shorten(text, kLongestPlace),
+        kind == "opened" ? PageWords::Opened::Part : PageWords::Opened::PartOfRegion);
   }
   std::string words;
   if (kind == "lost") words = "What had the focus is gone";

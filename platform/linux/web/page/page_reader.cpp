@@ -123,8 +123,8 @@ PageReader::PageReader(WebKitWebView* view, std::function<void(const std::string
       look_(std::move(look)) {
   script_ = std::make_unique<PageScript>(
       webkit_web_view_get_user_content_manager(view),
-      std::vector{"record.js", "names.js", "like_lists.js", "table_grid.js", "facts.js", "caret.js", "events.js", "attention.js",
-                  "suggestions.js"},
+      std::vector{"record.js", "names.js", "like_lists.js", "table_grid.js", "facts.js", "caret.js",
+                  "events.js", "attention.js", "suggestions.js"},
       "corvane", [this](const std::string& kind, const std::string& text) { Receive(kind, text); });
 }
 
