@@ -145,7 +145,7 @@ TEST_F(PageLanguages, TheKindOfALineIsOurs) {
 
 TEST_F(PageLanguages, ReadingOnIsThePages) {
   Read();
-  p.TextPane().SetSelStart(p.TextPane().Text().find("Preise"));
+  p.TextPane().SetSelStart(static_cast<int>(p.TextPane().Text().find("Preise")));
   p.Spoken();
   KeyEvent key{kKeyF7, 0};
   p.Inside().form->KeyDown.Raise(key);
