@@ -66,6 +66,11 @@ void EngineView::ConnectView() {
             ViewOf(self).list_->Open(menu, *area);
             return TRUE;
           }));
+  connect(view, "focus-in-event",
+          G_CALLBACK(+[](GtkWidget*, GdkEventFocus*, gpointer self) -> gboolean {
+            ViewOf(self).reader_->AskFocus(PageReader::Moved::Here);
+            return FALSE;
+          }));
   connect(view, "button-press-event",
           G_CALLBACK(+[](GtkWidget*, GdkEventButton*, gpointer self) -> gboolean {
             ViewOf(self).OnInput();
@@ -80,6 +85,7 @@ void EngineView::OnKey(const GdkEventKey& event) {
       event.is_modifier == 0 && (event.state & (GDK_CONTROL_MASK | GDK_MOD1_MASK)) == 0;
   if (types) closing_.Worked();
   OnInput();
+  reader_->AskFocus(PageReader::Moved::ByKey);
 }
 
 void EngineView::OnInput() {

@@ -466,7 +466,10 @@ void EngineView::UseElement(const PageElement& element, WebBrowser::ElementUse u
     case WebBrowser::ElementUse::Enter:
       watchdog_.WatchSoon();
       return text_->Focus(element, [weak = std::weak_ptr(self_)] {
-        if (const auto alive = weak.lock()) gtk_widget_grab_focus(GTK_WIDGET((*alive)->View()));
+        const auto alive = weak.lock();
+        if (!alive) return;
+        gtk_widget_grab_focus(GTK_WIDGET((*alive)->View()));
+        (*alive)->reader_->AskFocus(PageReader::Moved::Here);
       });
     case WebBrowser::ElementUse::Show:
       return text_->Show(element);

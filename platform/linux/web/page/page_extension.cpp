@@ -5,6 +5,9 @@
 #include <malloc.h>
 #include <webkit2/webkit-web-extension.h>
 
+#include <array>
+#include <string>
+
 extern "C" {
 GResource* corvane_page_get_resource(void);
 G_MODULE_EXPORT void webkit_web_extension_initialize(WebKitWebExtension* extension);
@@ -26,20 +29,32 @@ void Run(JSCContext* context, const char* script, gssize size) {
   g_object_unref(jsc_context_evaluate(context, script, size));
 }
 
-// Documents that run no scripts were not given the page script either; all others
-// have it. A question follows every key in a page: nothing is read for it twice.
-void EnsureRecordScript(JSCContext* context) {
-  JSCValue* present = jsc_context_get_value(context, "corvane");
-  const bool is_there = !jsc_value_is_undefined(present);
-  g_object_unref(present);
-  if (is_there) return;
-  GBytes* script = g_resource_lookup_data(corvane_page_get_resource(), "/org/corvane/web/record.js",
+// What reads a page and acts in it; the rest of the page scripts only hears what a page
+// reports by itself.
+constexpr std::array kScripts = {
+    "record.js", "names.js",   "like_lists.js",  "table_grid.js",  "facts.js", "caret.js",
+    "events.js", "changes.js", "text_writer.js", "text_tables.js", "text.js",  "text_use.js",
+};
+
+void RunResource(JSCContext* context, const char* name) {
+  const std::string path = std::string("/org/corvane/web/") + name;
+  GBytes* script = g_resource_lookup_data(corvane_page_get_resource(), path.c_str(),
                                           G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr);
   if (script == nullptr) return;
   gsize size = 0;
   const auto* code = static_cast<const char*>(g_bytes_get_data(script, &size));
   Run(context, code, static_cast<gssize>(size));
   g_bytes_unref(script);
+}
+
+// Documents that run no scripts were not given the page scripts either; all others
+// have them. A question follows every key in a page: nothing is read for it twice.
+void EnsureScripts(JSCContext* context) {
+  JSCValue* present = jsc_context_get_value(context, "corvane");
+  const bool is_there = !jsc_value_is_undefined(present);
+  g_object_unref(present);
+  if (is_there) return;
+  for (const char* script : kScripts) RunResource(context, script);
 }
 
 /// The expression's text as bytes, for it need not be valid UTF-8; null when the
@@ -65,7 +80,7 @@ gboolean OnMessage(WebKitWebPage* page, WebKitUserMessage* message, gpointer) {
   GVariant* answer = nullptr;
   JSCContext* context = webkit_frame_get_js_context_for_script_world(MainFrameOf(page), world);
   if (context != nullptr) {
-    EnsureRecordScript(context);
+    EnsureScripts(context);
     answer = Evaluate(context, g_variant_get_string(expression, nullptr));
     g_object_unref(context);
   }

@@ -3,6 +3,7 @@
 #include <malloc.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "base/text.h"
@@ -12,6 +13,8 @@ namespace corvane::desktop {
 namespace {
 
 /// Longer texts are taken apart on a worker thread.
+// When a page that cannot tell where its focus is is asked after a key.
+constexpr std::array kAskSeconds = {0.0, 0.05, 0.2};
 constexpr std::size_t kShortText = 64 * 1024;
 /// After longer ones the worker gives free memory back to the system.
 constexpr std::size_t kLargeText = 1024 * 1024;
@@ -267,6 +270,7 @@ void PageReader::Finish() {
   introduced_.clear();
   late_elements_ = 0;
   documents_.clear();
+  silent_ = records_[{}].silent;
   document_ = Join({});
   records_.clear();
   const Done done = std::move(done_);
@@ -354,6 +358,22 @@ void PageReader::TellFocus() {
   if (std::exchange(asked_, document) != document || unheard) focused_ = {};
   listened_ = true;
   Evaluate(view_, "corvaneEvents.tellAgain()", nullptr, [](const auto&) {});
+}
+
+// The engine gives a page one key at a time: a question may overtake one that waits.
+void PageReader::AskFocus(Moved moved) {
+  if (silent_ && document_) AskFocus(moved == Moved::ByKey, 0);
+}
+
+void PageReader::AskFocus(bool again, std::size_t turn) {
+  asking_.Start(kAskSeconds[turn], [this, again, turn] {
+    const char* call = again ? "corvaneEvents.focus(1)" : "corvaneEvents.focus(0)";
+    Evaluate(view_, call, nullptr, [weak = std::weak_ptr(self_), page = page_](const auto& event) {
+      const auto self = weak.lock();
+      if (self && (*self)->page_ == page && event && !event->empty()) (*self)->ReceiveEvent(*event);
+    });
+    if (turn + 1 < kAskSeconds.size()) AskFocus(true, turn + 1);
+  });
 }
 
 // What a script cannot tell is looked at from outside, which takes a moment. Whatever

@@ -52,6 +52,11 @@ class PageReader {
   /// Has the element that has the focus raise its event, if it does not do so by itself
   /// and has not been asked for before.
   void TellFocus();
+  /// The user may have moved the focus, by a key in the page or with the focus that has
+  /// come to the view: has a page that runs no scripts, and so cannot tell, raise the
+  /// event of the element that has it.
+  enum class Moved { ByKey, Here };
+  void AskFocus(Moved moved);
   /// The element that a record of the page holds under that number; null for others.
   HTMLElementPtr Known(const std::string& document, int number) const;
   /// Whether a select that opens a list has the page's focus.
@@ -73,6 +78,7 @@ class PageReader {
   void Collect();
   void Receive(const std::string& kind, const std::string& text);
   void ReceiveEvent(const std::string& text);
+  void AskFocus(bool again, std::size_t turn);
   void Look();
   void Deliver(const ElementEvent& event);
   void DeliverWaiting();
@@ -100,7 +106,8 @@ class PageReader {
 
   ObjectPtr<GCancellable> cancel_;  // while a record is asked for
   bool ignores_events_ = false;
-  int reading_ = 0;  // counts readings, so that answers to an older one are known
+  bool silent_ = false;  // the page runs no scripts
+  int reading_ = 0;      // counts readings, so that answers to an older one are known
   Done done_;
   bool collected_ = false;  // the page's own record is among `records_`
   bool waited_ = false;     // for the first content of an empty page
@@ -126,6 +133,7 @@ class PageReader {
   std::deque<ElementEvent> waiting_;  // the first one waits to be looked at
   unsigned looks_ = 0;                // counts them, so that a late answer is known
   Delay look_delay_;
+  Delay asking_;  // where the focus is
 };
 
 }  // namespace corvane::desktop

@@ -175,6 +175,7 @@ std::optional<PageRecord> RecordOf(const Json& json) {
   record.place = PlaceOf(Member(json, "place"));
   record.origin = TextOf(Member(json, "origin"));
   record.top_origin = TextOf(Member(json, "top"));
+  record.silent = NumberOf(Member(json, "silent"), 0) == 1;
 
   auto document = std::make_shared<HTMLDocument>();
   document->Title = TextOf(Member(json, "title"));

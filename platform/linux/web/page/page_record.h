@@ -29,6 +29,7 @@ struct PageRecord {
   FramePlace place;
   std::string origin;      ///< of the document
   std::string top_origin;  ///< of the whole page
+  bool silent = false;     ///< the document runs no scripts, so it never tells anything unasked
   HTMLDocumentPtr document;
   std::unordered_map<int, HTMLElementPtr> elements;  ///< by the number that events name
   std::vector<FrameHint> frames;

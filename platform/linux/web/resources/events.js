@@ -94,11 +94,12 @@
   };
 
   const told = new WeakSet();  // described in an event
-  const tell = (kind, element, more = {}) => {
+  // What is to be told of an element; null for nothing.
+  const messageOf = (kind, element, more) => {
     const field = isField(element);
     const editor = isEditor(element);
     const link = isLink(element);
-    if (!field && !editor && !link && kind !== 'focus' && kind !== 'state') return;
+    if (!field && !editor && !link && kind !== 'focus' && kind !== 'state') return null;
     begin();
     const message = {kind, document: documentId, number: numberOf(element), ...more};
     message.href = link ? hrefOf(element) : '';
@@ -132,7 +133,11 @@
       else if (link) message.link = describeLinks([element], 1);
       else message.field = describeOther(element);
     }
-    post('event', JSON.stringify(message));
+    return JSON.stringify(message);
+  };
+  const tell = (kind, element, more = {}) => {
+    const message = messageOf(kind, element, more);
+    if (message !== null) post('event', message);
   };
 
   // Scripts move the focus, too. Of what they do the first few moves are told as
@@ -274,12 +279,22 @@
 
   // --- where the focus is ----------------------------------------------------------
 
+  // The element that has the focus; null for the page as a whole.
+  const inFocus = () => {
+    let element = activeIn(document);
+    while (element?.shadowRoot && activeIn(element.shadowRoot)) element = activeIn(element.shadowRoot);
+    return element && (!isPage(element) || isEditor(element)) ? element : null;
+  };
+  // For who has to ask, since the document runs no scripts.
+  const focus = (again) => {
+    const element = inFocus();
+    return element ? messageOf('focus', element, {again}) ?? '' : '';
+  };
   // Tells once more of the element that has the focus, here or in a frame.
   const tellAgain = (depth = 0) => {
     if (!Document.prototype.hasFocus.call(document) || depth > 10) return;
-    let element = activeIn(document);
-    while (element?.shadowRoot && activeIn(element.shadowRoot)) element = activeIn(element.shadowRoot);
-    if (!element || (isPage(element) && !isEditor(element))) return;
+    const element = inFocus();
+    if (!element) return;
     if (element instanceof HTMLIFrameElement || element instanceof HTMLFrameElement) {
       sharedBy(element.contentWindow).tellAgain?.(depth + 1);
       return;
@@ -288,6 +303,6 @@
     tell('focus', target, {unasked: 1, again: 1});
   };
   Object.defineProperty(globalThis, 'corvaneEvents',
-    {value: Object.freeze({tellAgain, tell, tellFocus, enter, acted})});
+    {value: Object.freeze({tellAgain, tell, tellFocus, focus, enter, acted})});
   share('tellAgain', tellAgain);
 })();

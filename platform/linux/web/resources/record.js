@@ -329,6 +329,16 @@
     return clean(meta ? attribute(meta, 'content').trim() : said, LIMIT.language);
   };
 
+  // A document that runs no scripts hears nothing either, though what asks it from outside
+  // runs there.
+  const isSilent = () => {
+    let heard = false;
+    const target = new EventTarget();
+    target.addEventListener('heard', () => { heard = true; });
+    target.dispatchEvent(new Event('heard'));
+    return !heard;
+  };
+
   // What is remembered as described is not described again with its events.
   const describe = (remember = true) => {
     begin();
@@ -338,6 +348,7 @@
     return {
       id: documentId,
       place: placeOf(),
+      silent: isSilent() ? 1 : 0,
       origin: self.origin,
       top: ancestors.length > 0 ? ancestors[ancestors.length - 1] : self.origin,
       title,
@@ -408,7 +419,7 @@
   const parts = Object.freeze({
     documentId, post, begin, clean, collapsed, attribute, characters, bodyOf, rootOf, innerTextOf,
     numberOf, classOf, hrefOf, isLink, isField, stateOf, describeField, describeLinks, kindOf,
-    share, sharedBy, findLink, maxValue: LIMIT.value, isRecorded: (element) => recorded.has(element),
+    share, sharedBy, findLink, isSilent, maxValue: LIMIT.value, isRecorded: (element) => recorded.has(element),
   });
   Object.defineProperty(globalThis, 'corvane',
     {value: Object.freeze({collect, follow, around, parts})});
