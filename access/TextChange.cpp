@@ -5,11 +5,6 @@
 #include "base/text.h"
 
 namespace corvane {
-namespace {
-
-bool StartsCharacter(char unit) { return (static_cast<unsigned char>(unit) & 0xC0U) != 0x80U; }
-
-}  // namespace
 
 std::size_t CharactersBeforeCaret(const HTMLElement& field) {
   const std::size_t length = text::length(field.value);
@@ -26,11 +21,11 @@ TextChange Between(const std::string& before, const HTMLElement& field) {
   }
   const auto rest = [](const std::string& text, std::size_t at) { return text.size() - at; };
   while (end < most && before[rest(before, end + 1)] == after[rest(after, end + 1)]) ++end;
-  while (end > 0 && !StartsCharacter(after[rest(after, end)])) --end;
+  while (end > 0 && text::continues(after[rest(after, end)])) --end;
   std::size_t begin = 0;
   while (begin < shorter - end && before[begin] == after[begin]) ++begin;
   const auto whole = [&](const std::string& text) {
-    return begin >= rest(text, end) || StartsCharacter(text[begin]);
+    return begin >= rest(text, end) || !text::continues(text[begin]);
   };
   while (begin > 0 && !(whole(before) && whole(after))) --begin;
   return {before.substr(begin, before.size() - begin - end),

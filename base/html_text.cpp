@@ -48,11 +48,8 @@ std::string unescaped(std::string_view text) {
 }
 
 std::string plain_words(std::string_view text) {
-  constexpr const char* kBlanks = " \t\r\n";
-  std::string plain = unescaped(text);
-  const auto first = plain.find_first_not_of(kBlanks);
-  if (first == std::string::npos) return {};
-  return plain.substr(first, plain.find_last_not_of(kBlanks) - first + 1);
+  const std::string plain = unescaped(text);
+  return std::string(text::trimmed(plain));
 }
 
 std::string title_of(std::string_view page) {

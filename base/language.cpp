@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+
 namespace corvane::language {
 namespace {
 
@@ -15,7 +17,6 @@ constexpr std::string_view kTagStart = "\xF3\xA0";  // of each of these characte
 bool IsLetterOrDigit(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
 }
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 void AppendTagCharacter(std::string& text, char c) {
   text += kTagStart;
@@ -40,7 +41,7 @@ std::string Tag(std::string_view name) {
   std::string tag;
   for (const char c : name) {
     if (!IsLetterOrDigit(c) && c != '-' && c != '_') return {};
-    tag += c == '_' ? '-' : Lower(c);
+    tag += c == '_' ? '-' : text::lower(c);
   }
   const std::size_t primary = Primary(tag).size();
   return primary < 2 || primary > 8 ? std::string() : tag;

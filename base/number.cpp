@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "base/error.h"
+#include "base/text.h"
 
 namespace corvane::number {
 namespace {
@@ -14,15 +15,9 @@ namespace {
 [[noreturn]] void type_mismatch() { throw RunTimeError(kErrTypeMismatch, "", "Type mismatch"); }
 [[noreturn]] void overflow() { throw RunTimeError(kErrOverflow, "", "Overflow"); }
 
-std::string_view trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
 template <class Number>
 Number whole_text(std::string_view text) {
-  text = trimmed(text);
+  text = text::trimmed(text, " \t");
   if (text.size() > 1 && text.front() == '+' && text[1] != '-') text.remove_prefix(1);
   Number value{};
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -48,7 +43,7 @@ std::int16_t to_integer(std::string_view text) {
 }
 
 double leading(std::string_view text) {
-  text = trimmed(text);
+  text = text::trimmed(text, " \t");
   double value = 0;
   std::from_chars(text.data(), text.data() + text.size(), value);
   return std::isfinite(value) ? value : 0;

@@ -10,17 +10,9 @@ namespace {
 
 // The characters of a text, ASCII letters in lower case.
 std::u32string characters(std::string_view text) {
-  const std::string valid = text::lower(text::valid(text));
+  const std::string lower = text::lower(text);
   std::u32string all;
-  for (const char byte : valid) {
-    const auto bits = static_cast<unsigned char>(byte);
-    if ((bits & 0xC0U) == 0x80U) {
-      all.back() = (all.back() << 6U) | (bits & 0x3FU);
-    } else {
-      const unsigned mask = bits < 0x80U ? 0x7FU : bits < 0xE0U ? 0x1FU : bits < 0xF0U ? 0x0FU : 7U;
-      all.push_back(bits & mask);
-    }
-  }
+  for (std::string_view rest = lower; !rest.empty();) all += text::take_character(rest);
   return all;
 }
 

@@ -1,7 +1,6 @@
 #include "base/profile_text.h"
 
 #include "base/text.h"
-#include "base/trim.h"
 
 namespace corvane::profile {
 namespace {

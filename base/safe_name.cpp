@@ -54,26 +54,11 @@ bool Within(const std::array<Span, N>& spans, char32_t c) {
 
 bool IsHidden(char32_t c) { return Within(kHidden, c) || Within(kHiddenAboveAll, c); }
 
-/// The character that valid text begins with.
-char32_t FrontOf(std::string_view character) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
-  constexpr unsigned kLeads[] = {0x7F, 0x1F, 0x0F, 0x07};
-  char32_t code = byte(0) & kLeads[character.size() - 1];
-  for (std::size_t i = 1; i < character.size(); ++i) code = (code << 6) | (byte(i) & 0x3FU);
-  return code;
-}
-
 /// At most so many bytes, and no character cut in two.
 std::string_view Cut(std::string_view words, std::size_t longest) {
   if (words.size() <= longest) return words;
-  while (longest > 0 && (static_cast<unsigned char>(words[longest]) & 0xC0U) == 0x80U) --longest;
+  while (longest > 0 && text::continues(words[longest])) --longest;
   return words.substr(0, longest);
-}
-
-std::string_view WithoutAround(std::string_view words, std::string_view unwanted) {
-  const auto start = words.find_first_not_of(unwanted);
-  if (start == std::string_view::npos) return {};
-  return words.substr(start, words.find_last_not_of(unwanted) - start + 1);
 }
 
 }  // namespace
@@ -81,19 +66,23 @@ std::string_view WithoutAround(std::string_view words, std::string_view unwanted
 std::string PlainName(std::string_view words) {
   const std::string valid = text::valid(words);
   std::string plain;
-  for (std::size_t at = 0, next = 0; at < valid.size(); at = next) {
-    next = text::offset_of(valid, 1, at);
-    const std::string_view character = std::string_view(valid).substr(at, next - at);
-    const char32_t code = FrontOf(character);
+  for (std::string_view rest = valid; !rest.empty();) {
+    const std::string_view from = rest;
+    const char32_t code = text::take_character(rest);
     if (IsHidden(code)) continue;
     if (!Within(kBlanks, code)) {
-      plain += character;
+      plain += from.substr(0, from.size() - rest.size());
     } else if (!plain.empty() && plain.back() != ' ') {
       plain += ' ';
     }
   }
   if (plain.ends_with(' ')) plain.pop_back();
   return plain;
+}
+
+std::string Shorten(std::string_view words, std::size_t longest) {
+  const std::size_t end = text::offset_of(words, longest);
+  return std::string(words.substr(0, end)) + (end < words.size() ? "..." : "");
 }
 
 std::size_t EndingOf(std::string_view name) {
@@ -110,9 +99,9 @@ std::string SafeFileName(std::string_view words, const std::string& fallback) {
     if (kForbidden.find(c) != std::string_view::npos) c = ' ';
   }
   const std::string plain = PlainName(usable);
-  const std::string_view name = WithoutAround(plain, " .");
+  const std::string_view name = text::trimmed(plain, " .");
   const auto ending = EndingOf(name);
-  const std::string_view stem = WithoutAround(Cut(name.substr(0, ending), kLongestName), " .");
+  const std::string_view stem = text::trimmed(Cut(name.substr(0, ending), kLongestName), " .");
   return stem.empty() ? fallback : std::string(stem) + std::string(name.substr(ending));
 }
 

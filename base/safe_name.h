@@ -13,6 +13,9 @@ namespace corvane {
 /// none that are invisible, and blanks of every kind as one blank.
 std::string PlainName(std::string_view words);
 
+/// At most `longest` characters of the words, then "..." where some were cut.
+std::string Shorten(std::string_view words, std::size_t longest);
+
 /// The words as a file's name, without anything that a file system, a shell or a
 /// person could mistake: PlainName, no path, not hidden, and so short that " 1000"
 /// and an ending can be put behind it everywhere. An ending like ".pdf" is kept.

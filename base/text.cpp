@@ -5,8 +5,6 @@
 namespace corvane::text {
 namespace {
 
-bool continues(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
-
 // The bytes of the valid character at the text's front, or 0 when there is none.
 std::size_t valid_front(std::string_view text) {
   const auto byte = [&](std::size_t i) {
@@ -74,6 +72,19 @@ std::string character(int code_point) {
 
 std::string left(std::string_view text, std::size_t count) { return mid(text, 1, count); }
 
+char32_t take_character(std::string_view& text) {
+  const std::size_t size = valid_front(text);
+  if (size == 0) {
+    text.remove_prefix(1);
+    return 0xFFFD;
+  }
+  constexpr unsigned kLeads[] = {0x7F, 0x1F, 0x0F, 0x07};
+  char32_t code = static_cast<unsigned char>(text.front()) & kLeads[size - 1];
+  for (std::size_t i = 1; i < size; ++i) code = code << 6U | (text[i] & 0x3FU);
+  text.remove_prefix(size);
+  return code;
+}
+
 std::string valid(std::string_view text) {
   std::string out;
   out.reserve(text.size());
@@ -99,11 +110,24 @@ std::string replace_all(std::string text, std::string_view from, std::string_vie
 
 std::string lower(std::string_view text) {
   std::string out(text);
-  std::transform(out.begin(), out.end(), out.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+  for (char& c : out) c = lower(c);
   return out;
 }
 
-bool same_ignoring_case(std::string_view a, std::string_view b) { return lower(a) == lower(b); }
+bool same_ignoring_case(std::string_view a, std::string_view b) {
+  return a.size() == b.size() && starts_ignoring_case(a, b);
+}
+
+bool starts_ignoring_case(std::string_view text, std::string_view start) {
+  return text.size() >= start.size() &&
+         std::equal(start.begin(), start.end(), text.begin(),
+                    [](char a, char b) { return lower(a) == lower(b); });
+}
+
+std::string_view trimmed(std::string_view text, std::string_view blanks) {
+  const auto first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
 
 }  // namespace corvane::text

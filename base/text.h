@@ -31,10 +31,24 @@ std::string replace_all(std::string text, std::string_view from, std::string_vie
 /// The character with this code point; empty for 0 and for what is none.
 std::string character(int code_point);
 
+/// Whether the byte goes on with a character that began before it.
+constexpr bool continues(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
+
+/// Takes the character at the front of a text (not empty) off it; U+FFFD for a byte that
+/// begins none.
+char32_t take_character(std::string_view& text);
+
 /// ASCII letters in lower case, everything else unchanged.
+constexpr char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 std::string lower(std::string_view text);
 
 /// Equality without regard to the case of ASCII letters.
 bool same_ignoring_case(std::string_view a, std::string_view b);
+
+/// The same of the text's beginning.
+bool starts_ignoring_case(std::string_view text, std::string_view start);
+
+/// The text without the blanks at both its ends.
+std::string_view trimmed(std::string_view text, std::string_view blanks = " \t\r\n");
 
 }  // namespace corvane::text

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "base/error.h"
-#include "base/trim.h"
+#include "base/text.h"
 
 namespace corvane {
 namespace {

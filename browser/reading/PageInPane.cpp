@@ -20,18 +20,16 @@ using Kind = PageSpan::Kind;
 constexpr std::size_t kMostPlaces = 200;  // kept of the history
 constexpr std::string_view kBlanks = " \t\n";
 
-bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
-
 /// Where two texts part, in bytes: what both begin with, what both end with.
 std::pair<std::size_t, std::size_t> Common(std::string_view a, std::string_view b) {
   const std::size_t least = std::min(a.size(), b.size());
   std::size_t first = 0;
   while (first < least && a[first] == b[first]) ++first;
-  while (first > 0 && first < a.size() && ContinuesCharacter(a[first])) --first;
-  while (first > 0 && first < b.size() && ContinuesCharacter(b[first])) --first;
+  while (first > 0 && first < a.size() && text::continues(a[first])) --first;
+  while (first > 0 && first < b.size() && text::continues(b[first])) --first;
   std::size_t last = 0;
   while (last < least - first && a[a.size() - 1 - last] == b[b.size() - 1 - last]) ++last;
-  while (last > 0 && ContinuesCharacter(a[a.size() - last])) --last;
+  while (last > 0 && text::continues(a[a.size() - last])) --last;
   return {first, last};
 }
 

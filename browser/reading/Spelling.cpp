@@ -8,7 +8,6 @@
 
 #include "access/FieldKinds.h"
 #include "base/text.h"
-#include "base/trim.h"
 #include "speech/SignName.h"
 
 namespace corvane {

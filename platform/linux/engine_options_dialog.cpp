@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/number.h"
+#include "base/text.h"
 
 namespace corvane::desktop {
 namespace {
@@ -41,12 +42,6 @@ std::vector<std::string> With(std::set<int> values, int present, Words words) {
 }
 
 std::string Flag(bool on) { return on ? "True" : "False"; }
-
-std::string Trimmed(const std::string& text) {
-  const auto first = text.find_first_not_of(' ');
-  return first == std::string::npos ? ""
-                                    : text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
 
 }  // namespace
 
@@ -109,7 +104,7 @@ std::string EngineOptionsDialog::Check(const DialogAnswer& answer) const {
     case kPermissions:
       return "";
     default:
-      return SearchServiceProblem(Trimmed(answer.values.at(kSearchService)));
+      return SearchServiceProblem(std::string(text::trimmed(answer.values.at(kSearchService))));
   }
 }
 
@@ -132,9 +127,9 @@ void EngineOptionsDialog::ShowPermissions(const DialogAnswer& answer) {
 
 void EngineOptionsDialog::Apply(const DialogAnswer& answer) const {
   EngineChoices choices = engine_.choices();
-  choices.start_page = Trimmed(answer.values.at(kStartPage));
+  choices.start_page = text::trimmed(answer.values.at(kStartPage));
   if (choices.start_page.empty()) choices.start_page = kHomePage;
-  choices.search_service = Trimmed(answer.values.at(kSearchService));
+  choices.search_service = text::trimmed(answer.values.at(kSearchService));
   choices.preferences.zoom = number::leading(answer.values.at(kZoom)) / 100;
   // "as the page says" begins with no number and so means none.
   choices.preferences.minimum_font_size =

@@ -29,6 +29,23 @@ TEST(Text, InvalidBytesBecomeTheReplacementCharacter) {
   EXPECT_EQ(text::valid("\xF0\x9F\x98\x80"), "\xF0\x9F\x98\x80");
 }
 
+TEST(Text, CharactersAreTakenOffOneByOne) {
+  std::string_view rest = "a\xC3\xA9\xFF\xF0\x9F\x98\x80\xE2\x82";
+  std::u32string taken;
+  while (!rest.empty()) taken += text::take_character(rest);
+  EXPECT_EQ(taken, U"a\u00E9\uFFFD\U0001F600\uFFFD\uFFFD");
+}
+
+TEST(Text, TrimsAndComparesWithoutRegardToCase) {
+  EXPECT_EQ(text::trimmed(" \ta b\r\n"), "a b");
+  EXPECT_EQ(text::trimmed(". a .", " ."), "a");
+  EXPECT_EQ(text::trimmed(" \n"), "");
+  EXPECT_TRUE(text::same_ignoring_case("PDF", "pdf"));
+  EXPECT_FALSE(text::same_ignoring_case("pdfs", "pdf"));
+  EXPECT_TRUE(text::starts_ignoring_case("Search words", "search"));
+  EXPECT_FALSE(text::starts_ignoring_case("Sea", "search"));
+}
+
 TEST(Number, SinglesAreReadWholeOrRefused) {
   EXPECT_EQ(number::to_single("500"), 500);
   EXPECT_EQ(number::to_single(" -1.5 "), -1.5F);

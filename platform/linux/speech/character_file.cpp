@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "base/error.h"
+#include "base/text.h"
 
 namespace corvane::desktop {
 namespace {
@@ -20,13 +21,6 @@ constexpr int kMostSpeedShift = 200;
 
 [[noreturn]] void Fail(int number, const std::string& file, const std::string& what) {
   throw RunTimeError(number, "Agent", "The character file \"" + file + "\" " + what);
-}
-
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 std::string Contents(const std::string& file) {
@@ -75,7 +69,7 @@ class Reader {
     const std::size_t end = rest.find('\n');
     const std::string_view line = rest.substr(0, end);
     rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-    return Trimmed(line);
+    return text::trimmed(line);
   }
 
   [[noreturn]] void Reject(const std::string& why) const {
@@ -86,8 +80,8 @@ class Reader {
   void ReadEntry(std::string_view line) {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) Reject("a line must read key=value.");
-    const std::string_view key = Trimmed(line.substr(0, equals));
-    const std::string_view value = Trimmed(line.substr(equals + 1));
+    const std::string_view key = text::trimmed(line.substr(0, equals));
+    const std::string_view value = text::trimmed(line.substr(equals + 1));
     if (section_ == "[Character]") {
       if (key == "Name") result_.name = Name(value);
       if (key == "Voice") result_.voice = Voice(value);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/text.h"
 #include "platform/linux/speech/speech_text.h"
 
 namespace corvane::desktop {
@@ -24,7 +25,7 @@ void RecordingSynthesizer::Synthesize(const std::string& text, const VoiceStyle&
                                       const Sink& sink) {
   record_->Add({text, style});
   for (std::string_view rest = text; !rest.empty();) {
-    TakeCharacter(rest);
+    text::take_character(rest);
     if (!sink(sound_)) return;
   }
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/text.h"
 #include "platform/linux/speech/speech_text.h"
 
 namespace corvane::desktop {
@@ -13,7 +14,7 @@ constexpr int kCharactersPerWord = 6;  ///< five letters and a blank, the usual 
 std::size_t CountCharacters(std::string_view text) {
   std::size_t count = 0;
   while (!text.empty()) {
-    TakeCharacter(text);
+    text::take_character(text);
     ++count;
   }
   return count;

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "base/language.h"
+#include "base/text.h"
 
 namespace corvane::desktop {
 namespace {
@@ -11,19 +12,9 @@ namespace {
 constexpr std::size_t kMostDigits = 6;
 constexpr std::string_view kLanguage = "\\Lng=";
 
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool StartsWithLower(std::string_view text, std::string_view lower_case) {
-  if (text.size() < lower_case.size()) return false;
-  for (std::size_t i = 0; i < lower_case.size(); ++i) {
-    if (Lower(text[i]) != lower_case[i]) return false;
-  }
-  return true;
-}
-
 /// Takes one tag off the text and keeps its number; false when there is none.
 bool TakeTag(std::string_view& text, std::string_view start, std::optional<int>& value) {
-  if (!StartsWithLower(text, start)) return false;
+  if (!text::starts_ignoring_case(text, start)) return false;
   const std::string_view rest = text.substr(start.size());
   const std::size_t end = rest.find('\\');
   if (end == std::string_view::npos || end > kMostDigits) return false;

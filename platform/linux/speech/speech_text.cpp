@@ -9,8 +9,6 @@ namespace {
 
 constexpr std::size_t kMostMarks = 32;  // bytes of a text whose marks are named
 
-constexpr char32_t kReplacement = 0xFFFD;
-
 bool Between(char32_t c, char32_t first, char32_t last) { return c >= first && c <= last; }
 
 bool IsLineEnd(char32_t c) { return c == '\n' || c == 0x2029; }
@@ -62,7 +60,7 @@ std::string_view NameOfSilence(std::string_view text) {
 bool IsOnlyMarks(std::string_view text) {
   if (text.size() > kMostMarks) return false;
   while (!text.empty()) {
-    if (g_unichar_isalnum(TakeCharacter(text))) return false;
+    if (g_unichar_isalnum(text::take_character(text))) return false;
   }
   return true;
 }
@@ -71,39 +69,6 @@ bool EndsSentence(std::string_view text) {
   const std::size_t last = text.find_last_not_of(" \n\"')]");
   return last != std::string_view::npos &&
          std::string_view(".!?").find(text[last]) != std::string_view::npos;
-}
-
-char32_t TakeCharacter(std::string_view& text) {
-  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-  const unsigned char first = byte(0);
-  std::size_t more = 0;
-  char32_t value = first;
-  char32_t least = 0;
-  if (first >= 0xF0 && first <= 0xF4) {
-    more = 3, value = first & 0x07, least = 0x10000;
-  } else if (first >= 0xE0 && first < 0xF0) {
-    more = 2, value = first & 0x0F, least = 0x800;
-  } else if (first >= 0xC2 && first < 0xE0) {
-    more = 1, value = first & 0x1F, least = 0x80;
-  } else if (first >= 0x80) {
-    text.remove_prefix(1);
-    return kReplacement;
-  }
-  bool whole = text.size() > more;
-  for (std::size_t i = 1; whole && i <= more; ++i) {
-    whole = (byte(i) & 0xC0) == 0x80;
-    value = value << 6 | (byte(i) & 0x3F);
-  }
-  if (!whole || value < least || value > 0x10FFFF || Between(value, 0xD800, 0xDFFF)) {
-    text.remove_prefix(1);
-    return kReplacement;
-  }
-  text.remove_prefix(more + 1);
-  return value;
-}
-
-void AppendCharacter(std::string& text, char32_t character) {
-  text += text::character(static_cast<int>(character));
 }
 
 bool TextPieces::Next(std::string& piece) {
@@ -115,14 +80,14 @@ bool TextPieces::Next(std::string& piece) {
   char32_t before = 0;
   while (!rest_.empty()) {
     const std::string_view here = rest_;
-    const char32_t c = TakeCharacter(rest_);
+    const char32_t c = text::take_character(rest_);
     if (IsBlank(c)) {
       if (piece.empty()) continue;
       bool blank_line = false;
       bool line_end = IsLineEnd(c);
       while (!rest_.empty()) {
         std::string_view next = rest_;
-        const char32_t follower = TakeCharacter(next);
+        const char32_t follower = text::take_character(next);
         if (!IsBlank(follower) && !IsUnspeakable(follower)) break;
         blank_line = blank_line || (line_end && IsLineEnd(follower));
         line_end = line_end || IsLineEnd(follower);
@@ -146,7 +111,7 @@ bool TextPieces::Next(std::string& piece) {
       character = {piece.size(), here};
       break;
     }
-    AppendCharacter(piece, c);
+    piece += text::character(static_cast<int>(c));
     ++count;
     if (EndsWideSentence(c)) sentence = {piece.size(), rest_};
     before = c;

@@ -39,11 +39,4 @@ bool IsOnlyMarks(std::string_view text);
 /// left aside.
 bool EndsSentence(std::string_view text);
 
-/// The first character of `text` (not empty), taken off it; U+FFFD for each byte
-/// that belongs to no valid character.
-char32_t TakeCharacter(std::string_view& text);
-
-/// Appends one character to UTF-8 text.
-void AppendCharacter(std::string& text, char32_t character);
-
 }  // namespace corvane::desktop

@@ -1,6 +1,6 @@
 #include "platform/linux/store/engine_registry.h"
 
-#include <algorithm>
+#include "base/text.h"
 
 namespace corvane::desktop {
 namespace {
@@ -13,21 +13,14 @@ constexpr const char* kKey = "software\\microsoft\\internet explorer";
 constexpr const char* kVersion = "5.00.2920.0000";
 constexpr const char* kBuild = "52516.19";
 
-std::string Lower(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
-  return text;
-}
-
 }  // namespace
 
 std::optional<std::string> EngineRegistry::QueryValue(std::uint32_t root, const std::string& key,
                                                       const std::string& value) const {
-  auto path = Lower(key);
+  auto path = text::lower(key);
   while (!path.empty() && path.back() == '\\') path.pop_back();
   if (root != kLocalMachine || path != kKey) return std::nullopt;
-  const auto name = Lower(value);
+  const auto name = text::lower(value);
   if (name == "version") return kVersion;
   if (name == "build") return kBuild;
   return std::nullopt;

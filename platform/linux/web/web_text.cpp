@@ -4,6 +4,8 @@
 
 #include <stdexcept>
 
+#include "base/text.h"
+
 extern "C" {
 GResource* corvane_page_get_resource(void);
 GResource* corvane_pages_get_resource(void);
@@ -11,8 +13,6 @@ GResource* corvane_pages_get_resource(void);
 
 namespace corvane::desktop {
 namespace {
-
-bool ContinuesCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; }
 
 bool HasLongLine(const std::string& text, std::size_t longest) {
   std::size_t start = 0;
@@ -40,7 +40,7 @@ std::string BreakLongLines(std::string text, int longest) {
     if (byte == '\n') {
       characters = after_blank = 0;
       blank = std::string::npos;
-    } else if (!ContinuesCharacter(byte)) {
+    } else if (!text::continues(byte)) {
       if (characters == limit) {
         if (byte == ' ') {  // the blank itself becomes the break
           broken += '\n';
@@ -97,16 +97,6 @@ std::string EscapeHtml(std::string_view text) {
     }
   }
   return escaped;
-}
-
-std::string Shorten(std::string_view text, std::size_t longest) {
-  std::size_t characters = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (ContinuesCharacter(text[i])) continue;
-    if (characters == longest) return std::string(text.substr(0, i)) + "...";
-    ++characters;
-  }
-  return std::string(text);
 }
 
 std::string FillTemplate(std::string_view page, const std::map<std::string, std::string>& values) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/safe_name.h"
+
 namespace corvane::desktop {
 
 /// The longest line, in characters, that page text may have.
@@ -17,9 +19,6 @@ std::string BreakLongLines(std::string text, int longest = kLongestLine);
 
 /// The text as it may stand in HTML, also inside a quoted attribute.
 std::string EscapeHtml(std::string_view text);
-
-/// At most `longest` characters of the text, then "..." where some were cut.
-std::string Shorten(std::string_view text, std::size_t longest);
 
 /// The template with each {{name}} replaced by the value of that name; values
 /// are put in as they are. An unknown name leaves nothing.

@@ -19,14 +19,14 @@ std::vector<std::string> Pieces(const std::string& text, std::size_t most = Text
 
 std::size_t Characters(std::string_view text) {
   std::size_t count = 0;
-  for (; !text.empty(); ++count) TakeCharacter(text);
+  for (; !text.empty(); ++count) text::take_character(text);
   return count;
 }
 
 bool IsValid(std::string_view text) {
   while (!text.empty()) {
     const std::size_t before = text.size();
-    if (TakeCharacter(text) == 0xFFFD && before - text.size() == 1) return false;
+    if (text::take_character(text) == 0xFFFD && before - text.size() == 1) return false;
   }
   return true;
 }

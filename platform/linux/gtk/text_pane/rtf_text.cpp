@@ -5,6 +5,8 @@
 #include <array>
 #include <utility>
 
+#include "base/text.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -85,24 +87,7 @@ void RtfText::Character(char32_t character) {
   Append(character);
 }
 
-void RtfText::Append(char32_t character) {
-  const auto put = [this](char32_t byte) { text_ += static_cast<char>(byte); };
-  if (character < 0x80) {
-    put(character);
-  } else if (character < 0x800) {
-    put(0xC0U | (character >> 6U));
-    put(0x80U | (character & 0x3FU));
-  } else if (character < 0x10000) {
-    put(0xE0U | (character >> 12U));
-    put(0x80U | ((character >> 6U) & 0x3FU));
-    put(0x80U | (character & 0x3FU));
-  } else {
-    put(0xF0U | (character >> 18U));
-    put(0x80U | ((character >> 12U) & 0x3FU));
-    put(0x80U | ((character >> 6U) & 0x3FU));
-    put(0x80U | (character & 0x3FU));
-  }
-}
+void RtfText::Append(char32_t character) { text_ += text::character(static_cast<int>(character)); }
 
 std::string RtfText::Take() {
   FlushBytes();

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -14,35 +16,13 @@ using Format = RichTextBox::Format;
 
 constexpr int kTwipsOfHalfPoint = 10;
 
-// The character at the text's front, taken off it; the text is valid UTF-8.
-char32_t TakeCharacter(std::string_view& text) {
-  const auto byte = [&](std::size_t i) -> char32_t {
-    return i < text.size() ? static_cast<unsigned char>(text[i]) : 0x80U;
-  };
-  char32_t character = byte(0);
-  std::size_t length = 1;
-  if (character >= 0xF0) {
-    character &= 0x07U;
-    length = 4;
-  } else if (character >= 0xE0) {
-    character &= 0x0FU;
-    length = 3;
-  } else if (character >= 0xC0) {
-    character &= 0x1FU;
-    length = 2;
-  }
-  for (std::size_t i = 1; i < length; ++i) character = (character << 6U) | (byte(i) & 0x3FU);
-  text.remove_prefix(std::min(length, text.size()));
-  return character;
-}
-
 void WriteUnit(std::string& rtf, char32_t unit) {
   rtf += "\\u" + std::to_string(static_cast<std::int16_t>(unit)) + "?";
 }
 
 void WriteText(std::string& rtf, std::string_view text) {
   while (!text.empty()) {
-    const char32_t c = TakeCharacter(text);
+    const char32_t c = text::take_character(text);
     if (c == '\\' || c == '{' || c == '}') {
       rtf += '\\';
       rtf += static_cast<char>(c);

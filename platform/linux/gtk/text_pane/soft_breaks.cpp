@@ -4,14 +4,14 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+
 namespace corvane::desktop {
 namespace {
 
 constexpr std::string_view kBreak = "\xE2\x80\xA9";
 constexpr int kLongest = 3000;    // characters of a piece
 constexpr int kSearchBack = 200;  // how far a blank is looked for
-
-bool Continues(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
 // Characters that belong to the one in front of them.
 bool Joins(const char* at) {
@@ -75,7 +75,7 @@ std::string SoftBreaks::Prepare(std::string_view text, int before) {
         continue;
       }
     }
-    if (Continues(clean[at])) continue;
+    if (text::continues(clean[at])) continue;
     if (clean[at] == '\n') {
       length = 0;
       blank = 0;
@@ -113,7 +113,7 @@ void SoftBreaks::Inserted(int offset, int length, std::string_view bytes) {
   int characters = 0;
   for (auto at = bytes.find(kBreak); at != std::string_view::npos;
        at = bytes.find(kBreak, at + 1)) {
-    for (; counted < at; ++counted) characters += Continues(bytes[counted]) ? 0 : 1;
+    for (; counted < at; ++counted) characters += text::continues(bytes[counted]) ? 0 : 1;
     made.push_back(offset + characters);
   }
   offsets_.insert(first, made.begin(), made.end());
