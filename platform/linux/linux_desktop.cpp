@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "platform/linux/access/desktop_windows.h"
+#include "platform/linux/glib/later.h"
 #include "platform/linux/gtk/controls/combo_box.h"
 #include "platform/linux/gtk/controls/command_button.h"
 #include "platform/linux/gtk/controls/image.h"
@@ -25,7 +26,6 @@
 #include "platform/linux/gtk/layout/form.h"
 #include "platform/linux/gtk/layout/rebar_window.h"
 #include "platform/linux/gtk/menu/menu.h"
-#include "platform/linux/gtk/post.h"
 #include "platform/linux/gtk/system_color.h"
 #include "platform/linux/gtk/text_pane/rich_text_box.h"
 #include "platform/linux/gtk/timer.h"

@@ -11,22 +11,22 @@
 namespace corvane::fuzz {
 namespace {
 
-using desktop::GlibPtr;
+using desktop::ObjectPtr;
 
 constexpr const char* kProgram = ":1.1";
 
-GlibPtr<GIOStream> StreamOn(int descriptor) {
+ObjectPtr<GIOStream> StreamOn(int descriptor) {
   GError* error = nullptr;
-  const GlibPtr<GSocket> socket(g_socket_new_from_fd(descriptor, &error));
+  const ObjectPtr<GSocket> socket(g_socket_new_from_fd(descriptor, &error));
   if (!socket) std::abort();
-  return GlibPtr<GIOStream>(
+  return ObjectPtr<GIOStream>(
       G_IO_STREAM(g_socket_connection_factory_create_connection(socket.get())));
 }
 
 // Both ends wait for each other, so neither may hold up the loop.
-GlibPtr<GDBusConnection> Made(GAsyncResult* result) {
+ObjectPtr<GDBusConnection> Made(GAsyncResult* result) {
   GError* error = nullptr;
-  GlibPtr<GDBusConnection> connection(g_dbus_connection_new_finish(result, &error));
+  ObjectPtr<GDBusConnection> connection(g_dbus_connection_new_finish(result, &error));
   if (!connection) {
     g_printerr("no bus: %s\n", error->message);
     std::abort();
@@ -39,9 +39,9 @@ GlibPtr<GDBusConnection> Made(GAsyncResult* result) {
 FalseBus::FalseBus() {
   std::array<int, 2> ends{};
   if (socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) std::abort();
-  const GlibPtr<GIOStream> near = StreamOn(ends[0]);
-  const GlibPtr<GIOStream> far = StreamOn(ends[1]);
-  const GlibPtr<gchar> guid(g_dbus_generate_guid());
+  const ObjectPtr<GIOStream> near = StreamOn(ends[0]);
+  const ObjectPtr<GIOStream> far = StreamOn(ends[1]);
+  const GText guid(g_dbus_generate_guid());
   g_dbus_connection_new(
       far.get(), guid.get(),
       static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_SERVER |
@@ -81,7 +81,7 @@ GDBusMessage* FalseBus::OnMessage(GDBusConnection* connection, GDBusMessage* mes
   if (incoming == FALSE) return message;
   const auto type = g_dbus_message_get_message_type(message);
   if (type == G_DBUS_MESSAGE_TYPE_METHOD_CALL) {
-    const GlibPtr<GDBusMessage> reply(g_dbus_message_new_method_reply(message));
+    const ObjectPtr<GDBusMessage> reply(g_dbus_message_new_method_reply(message));
     g_dbus_message_set_sender(reply.get(), "org.freedesktop.DBus");
     g_dbus_message_set_body(reply.get(), Answer(g_dbus_message_get_member(message)));
     g_dbus_connection_send_message(connection, reply.get(), G_DBUS_SEND_MESSAGE_FLAGS_NONE, nullptr,
@@ -101,7 +101,7 @@ void FalseBus::Send(GDBusMessage* message) {
 
 void FalseBus::Call(const std::string& caller, const char* path, const char* interface,
                     const char* method, GVariant* arguments) {
-  const GlibPtr<GDBusMessage> message(
+  const ObjectPtr<GDBusMessage> message(
       g_dbus_message_new_method_call(kProgram, path, interface, method));
   g_dbus_message_set_sender(message.get(), caller.c_str());
   if (arguments != nullptr) g_dbus_message_set_body(message.get(), arguments);
@@ -110,7 +110,7 @@ void FalseBus::Call(const std::string& caller, const char* path, const char* int
 }
 
 void FalseBus::Leave(const std::string& caller) {
-  const GlibPtr<GDBusMessage> message(g_dbus_message_new_signal(
+  const ObjectPtr<GDBusMessage> message(g_dbus_message_new_signal(
       "/org/freedesktop/DBus", "org.freedesktop.DBus", "NameOwnerChanged"));
   g_dbus_message_set_sender(message.get(), "org.freedesktop.DBus");
   g_dbus_message_set_body(message.get(),

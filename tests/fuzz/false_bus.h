@@ -5,7 +5,7 @@
 #include <atomic>
 #include <string>
 
-#include "platform/linux/automation/glib_owner.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::fuzz {
 
@@ -32,8 +32,8 @@ class FalseBus {
   static GVariant* Answer(const char* method);
   void Send(GDBusMessage* message);
 
-  desktop::GlibPtr<GDBusConnection> bus_;
-  desktop::GlibPtr<GDBusConnection> program_;
+  desktop::ObjectPtr<GDBusConnection> bus_;
+  desktop::ObjectPtr<GDBusConnection> program_;
   int asked_ = 0;
   std::atomic<int> answered_ = 0;  // counted on the bus's thread
 };

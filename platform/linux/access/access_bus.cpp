@@ -2,6 +2,8 @@
 
 #include <vector>
 
+#include "platform/linux/glib/later.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -10,21 +12,6 @@ constexpr guint kConnectSeconds = 5;
 constexpr const char* kNoBus = "Accessibility is not available: its service cannot be reached.";
 constexpr auto kClient = static_cast<GDBusConnectionFlags>(
     G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION);
-
-void Schedule(GMainContext* context, std::function<void()> run) {
-  GSource* source = g_idle_source_new();
-  g_source_set_priority(source, G_PRIORITY_DEFAULT);
-  g_source_set_callback(
-      source,
-      +[](gpointer data) -> gboolean {
-        (*static_cast<std::function<void()>*>(data))();
-        return G_SOURCE_REMOVE;
-      },
-      new std::function<void()>(std::move(run)),
-      +[](gpointer data) { delete static_cast<std::function<void()>*>(data); });
-  g_source_attach(source, context);
-  g_source_unref(source);
-}
 
 void OnReply(GObject* connection, GAsyncResult* result, gpointer data) {
   const std::unique_ptr<AccessBus::Reply> reply(static_cast<AccessBus::Reply*>(data));
@@ -60,7 +47,7 @@ void AccessBus::Run() {
   g_main_context_pop_thread_default(context_);
 }
 
-void AccessBus::Post(std::function<void()> run) { Schedule(context_, std::move(run)); }
+void AccessBus::Post(std::function<void()> run) { PostTo(context_, std::move(run)); }
 
 void AccessBus::Connect(Connected connected) {
   if (connection_) return connected("");
@@ -99,28 +86,27 @@ void AccessBus::FindAddress(std::function<void(const std::string&)> found) {
 void AccessBus::Open(const std::string& address) {
   struct Opening {
     AccessBus* bus;
-    GCancellable* cancel;
-    GSource* guard;
+    ObjectPtr<GCancellable> cancel;
+    Owned<GSource, g_source_unref> guard;
   };
   auto* opening =
-      new Opening{this, g_cancellable_new(), g_timeout_source_new_seconds(kConnectSeconds)};
+      new Opening{this, ObjectPtr<GCancellable>(g_cancellable_new()),
+                  Owned<GSource, g_source_unref>(g_timeout_source_new_seconds(kConnectSeconds))};
   g_source_set_callback(
-      opening->guard,
+      opening->guard.get(),
       +[](gpointer cancel) -> gboolean {
         g_cancellable_cancel(G_CANCELLABLE(cancel));
         return G_SOURCE_REMOVE;
       },
-      opening->cancel, nullptr);
-  g_source_attach(opening->guard, context_);
+      opening->cancel.get(), nullptr);
+  g_source_attach(opening->guard.get(), context_);
   g_dbus_connection_new_for_address(
-      address.c_str(), kClient, nullptr, opening->cancel,
+      address.c_str(), kClient, nullptr, opening->cancel.get(),
       +[](GObject*, GAsyncResult* result, gpointer data) {
         const std::unique_ptr<Opening> mine(static_cast<Opening*>(data));
         AccessBus& bus = *mine->bus;
         bus.connection_.reset(g_dbus_connection_new_for_address_finish(result, nullptr));
-        g_source_destroy(mine->guard);
-        g_source_unref(mine->guard);
-        g_object_unref(mine->cancel);
+        g_source_destroy(mine->guard.get());
         if (bus.connection_) {
           g_signal_connect(bus.connection_.get(), "closed", G_CALLBACK(&AccessBus::OnClosed), &bus);
         }
@@ -144,7 +130,7 @@ void AccessBus::Call(const ElementRef& element, const char* interface, const cha
                      GVariant* args, Reply reply, int timeout) {
   if (!connection_ || !g_dbus_is_name(element.bus.c_str()) ||
       !g_variant_is_object_path(element.path.c_str())) {
-    if (args != nullptr) g_variant_unref(g_variant_ref_sink(args));
+    const VariantPtr unused(args == nullptr ? nullptr : g_variant_ref_sink(args));
     return reply(nullptr);
   }
   g_dbus_connection_call(connection_.get(), element.bus.c_str(), element.path.c_str(), interface,

@@ -12,14 +12,9 @@
 #include <utility>
 #include <vector>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
-
-struct VariantUnref {
-  void operator()(GVariant* variant) const { g_variant_unref(variant); }
-};
-using VariantPtr = std::unique_ptr<GVariant, VariantUnref>;
 
 /// An element's place: a program's name on the accessibility bus and the
 /// element's path there.

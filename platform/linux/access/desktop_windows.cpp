@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 
 std::uint32_t DesktopWindows::ProcessId(WindowHandle window) const {
@@ -42,12 +44,11 @@ int DesktopWindows::PixelHeight(WindowHandle window) const {
 // The program's own come first, in the order of their making.
 std::vector<WindowHandle> DesktopWindows::TopLevels() const {
   std::vector<WindowHandle> tops;
-  GList* windows = gtk_window_list_toplevels();
-  for (GList* each = windows; each != nullptr; each = each->next) {
+  const ListPtr windows(gtk_window_list_toplevels());
+  for (GList* each = windows.get(); each != nullptr; each = each->next) {
     const WindowHandle handle = own_.WindowAround(GTK_WIDGET(each->data));
     if (handle != 0) tops.push_back(handle);
   }
-  g_list_free(windows);
   std::sort(tops.begin(), tops.end());
   tops.erase(std::unique(tops.begin(), tops.end()), tops.end());
   const auto others = accessibility_.Others().Handles();

@@ -10,23 +10,13 @@
 #include "platform/linux/access/own_windows.h"
 #include "platform/linux/access/roles.h"
 #include "platform/linux/access/window_stack.h"
+#include "platform/linux/glib/later.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 namespace {
 
 constexpr const char* kLost = "Accessibility has ended: its service is gone.";
-
-// Runs something on the user's thread; from any thread.
-void PostToUser(std::function<void()> run) {
-  g_idle_add_full(
-      G_PRIORITY_DEFAULT,
-      +[](gpointer data) -> gboolean {
-        (*static_cast<std::function<void()>*>(data))();
-        return G_SOURCE_REMOVE;
-      },
-      new std::function<void()>(std::move(run)),
-      +[](gpointer data) { delete static_cast<std::function<void()>*>(data); });
-}
 
 std::shared_ptr<const Snapshot> Only(Element element) {
   auto snapshot = std::make_shared<Snapshot>();
@@ -152,9 +142,11 @@ LinuxAccessibility::LinuxAccessibility(WindowTable& windows)
       self_(std::make_shared<LinuxAccessibility*>(this)),
       family_(std::make_shared<OwnFamily>(*this)),
       bus_(std::make_shared<AccessBus>([self = std::weak_ptr(self_)] {
-        PostToUser([self] {
-          if (const auto here = self.lock()) (*here)->Problem.Raise(kLost);
-        });
+        PostToLoop(
+            [self] {
+              if (const auto here = self.lock()) (*here)->Problem.Raise(kLost);
+            },
+            Turn::InTurn);
       })) {}
 
 LinuxAccessibility::~LinuxAccessibility() {
@@ -180,10 +172,12 @@ Connection LinuxAccessibility::Fetch(const std::vector<WindowHandle>& windows, D
     if (depth == Depth::Top) Request::LeaveAlone(request->parts.back());
   }
   request->arrived = [weak = std::weak_ptr(request), self = std::weak_ptr(self_)] {
-    PostToUser([request = weak.lock(), self] {
-      const auto here = self.lock();
-      if (here && request && !*request->cancelled) (*here)->Finish(request);
-    });
+    PostToLoop(
+        [request = weak.lock(), self] {
+          const auto here = self.lock();
+          if (here && request && !*request->cancelled) (*here)->Finish(request);
+        },
+        Turn::InTurn);
   };
   bus_->Post([request, bus = bus_.get()] {
     bus->Connect([request, bus](const std::string& problem) {
@@ -208,16 +202,20 @@ Connection LinuxAccessibility::FetchChildren(
   const std::weak_ptr wanted = asked;
   if (asked->remote) {
     asked->remote->ReadChildren(from, most, [wanted](std::vector<Element> read) {
-      PostToUser([wanted, read = std::move(read)] {
-        if (const auto here = wanted.lock()) here->done(here->remote->Objects(read));
-      });
+      PostToLoop(
+          [wanted, read = std::move(read)] {
+            if (const auto here = wanted.lock()) here->done(here->remote->Objects(read));
+          },
+          Turn::InTurn);
     });
   } else {
     auto children = parent ? parent->Children(from + most) : std::vector<AccessibleElement>();
     children.erase(children.begin(), std::min(children.begin() + from, children.end()));
-    PostToUser([wanted, children = std::move(children)] {
-      if (const auto here = wanted.lock()) here->done(children);
-    });
+    PostToLoop(
+        [wanted, children = std::move(children)] {
+          if (const auto here = wanted.lock()) here->done(children);
+        },
+        Turn::InTurn);
   }
   return Connection([held = asked]() mutable { held.reset(); });
 }
@@ -349,9 +347,11 @@ void LinuxAccessibility::ReadFocus(GtkWidget* view, std::function<void(const Fie
   const auto plug = PlugOf(gtk_widget_get_accessible(view));
   if (!plug) return seen({});
   const auto tell = [weak = std::weak_ptr(self_), seen = std::move(seen)](const FieldFocus& focus) {
-    PostToUser([weak, seen, focus] {
-      if (!weak.expired()) seen(focus);
-    });
+    PostToLoop(
+        [weak, seen, focus] {
+          if (!weak.expired()) seen(focus);
+        },
+        Turn::InTurn);
   };
   bus_->Post([bus = bus_.get(), plug = *plug, tell] {
     bus->Connect([bus, plug, tell](const std::string& /*problem*/) {

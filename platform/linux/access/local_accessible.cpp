@@ -35,10 +35,8 @@ void SelectInContainer(AtkObject* object, int flags) {
 }  // namespace
 
 bool LocalAccessible::Gone() const {
-  AtkStateSet* states = atk_object_ref_state_set(object_.get());
-  const bool gone = atk_state_set_contains_state(states, ATK_STATE_DEFUNCT) != FALSE;
-  g_object_unref(states);
-  return gone;
+  const ObjectPtr<AtkStateSet> states(atk_object_ref_state_set(object_.get()));
+  return atk_state_set_contains_state(states.get(), ATK_STATE_DEFUNCT) != FALSE;
 }
 
 int LocalAccessible::ChildCount() const {

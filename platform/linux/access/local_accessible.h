@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/linux/access/whole_object.h"
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 

@@ -1,18 +1,17 @@
 #include "platform/linux/access/own_windows.h"
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 namespace {
 
 GtkWidget* FocusedWidget() {
-  GList* tops = gtk_window_list_toplevels();
+  const ListPtr tops(gtk_window_list_toplevels());
   GtkWidget* focused = nullptr;
-  for (GList* each = tops; each != nullptr && focused == nullptr; each = each->next) {
+  for (GList* each = tops.get(); each != nullptr && focused == nullptr; each = each->next) {
     auto* top = GTK_WINDOW(each->data);
     if (gtk_window_is_active(top)) focused = gtk_window_get_focus(top);
   }
-  g_list_free(tops);
   return focused;
 }
 
@@ -28,8 +27,8 @@ std::optional<ElementRef> PlugOf(AtkObject* object) {
 
 std::vector<GtkWidget*> OwnWindowsAt(ScreenPoint point, bool menus) {
   std::vector<GtkWidget*> found;
-  GList* tops = gtk_window_list_toplevels();
-  for (GList* each = tops; each != nullptr; each = each->next) {
+  const ListPtr tops(gtk_window_list_toplevels());
+  for (GList* each = tops.get(); each != nullptr; each = each->next) {
     auto* widget = GTK_WIDGET(each->data);
     const bool is_menu = gtk_window_get_window_type(GTK_WINDOW(widget)) == GTK_WINDOW_POPUP;
     if (!gtk_widget_get_mapped(widget) || is_menu != menus) continue;
@@ -39,7 +38,6 @@ std::vector<GtkWidget*> OwnWindowsAt(ScreenPoint point, bool menus) {
       found.push_back(widget);
     }
   }
-  g_list_free(tops);
   return found;
 }
 

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "platform/accessible.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 namespace {
@@ -229,16 +230,13 @@ std::uint32_t StateOfBus(std::uint64_t states, bool is_protected) {
 }
 
 std::uint32_t StateOfToolkit(AtkObject* object) {
-  AtkStateSet* set = atk_object_ref_state_set(object);
-  const auto has = [set](AtkStateType type) {
-    return atk_state_set_contains_state(set, type) != FALSE;
+  const ObjectPtr<AtkStateSet> set(atk_object_ref_state_set(object));
+  const auto has = [&](AtkStateType type) {
+    return atk_state_set_contains_state(set.get(), type) != FALSE;
   };
-  const std::uint32_t state =
-      Translate([&](const StateRow& row) { return has(row.toolkit); }) |
-      Opened(has(ATK_STATE_EXPANDABLE), has(ATK_STATE_EXPANDED)) |
-      (atk_object_get_role(object) == ATK_ROLE_PASSWORD_TEXT ? kProtected : 0U);
-  g_object_unref(set);
-  return state;
+  return Translate([&](const StateRow& row) { return has(row.toolkit); }) |
+         Opened(has(ATK_STATE_EXPANDABLE), has(ATK_STATE_EXPANDED)) |
+         (atk_object_get_role(object) == ATK_ROLE_PASSWORD_TEXT ? kProtected : 0U);
 }
 
 }  // namespace corvane::desktop

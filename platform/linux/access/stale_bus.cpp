@@ -2,7 +2,7 @@
 
 #include <gio/gio.h>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 namespace {

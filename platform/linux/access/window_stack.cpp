@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/text.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 namespace {
@@ -25,12 +26,8 @@ std::string PropertyOf(GdkWindow* window, const char* name, const char* type, in
       data == nullptr) {
     return {};
   }
-  std::string bytes;
-  if (actual_format == format) {
-    bytes.assign(reinterpret_cast<const char*>(data), static_cast<std::size_t>(length));
-  }
-  g_free(data);
-  return bytes;
+  const GText bytes(reinterpret_cast<char*>(data));
+  return actual_format == format ? std::string(bytes.get(), length) : std::string();
 }
 
 std::uint32_t ProcessOf(GdkWindow* window) {

@@ -12,23 +12,23 @@ GResource* corvane_automation_get_resource(void);  // generated
 namespace corvane::desktop {
 namespace {
 
-GlibPtr<GDBusNodeInfo> ReadDescription() {
-  GBytes* bytes = g_resource_lookup_data(corvane_automation_get_resource(),
-                                         "/org/corvane/automation/org.corvane.Corvane.xml",
-                                         G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr);
+Owned<GDBusNodeInfo, g_dbus_node_info_unref> ReadDescription() {
+  const BytesPtr bytes(g_resource_lookup_data(corvane_automation_get_resource(),
+                                              "/org/corvane/automation/org.corvane.Corvane.xml",
+                                              G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr));
   g_assert(bytes != nullptr);  // it is built in
-  const std::string xml(static_cast<const char*>(g_bytes_get_data(bytes, nullptr)),
-                        g_bytes_get_size(bytes));
-  g_bytes_unref(bytes);
-  return GlibPtr<GDBusNodeInfo>(g_dbus_node_info_new_for_xml(xml.c_str(), nullptr));
+  const std::string xml(static_cast<const char*>(g_bytes_get_data(bytes.get(), nullptr)),
+                        g_bytes_get_size(bytes.get()));
+  return Owned<GDBusNodeInfo, g_dbus_node_info_unref>(
+      g_dbus_node_info_new_for_xml(xml.c_str(), nullptr));
 }
 
 }  // namespace
 
-GlibPtr<GDBusConnection> SessionBus() {
+ObjectPtr<GDBusConnection> SessionBus() {
   GError* raw = nullptr;
-  GlibPtr<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, &raw));
-  const GlibPtr<GError> error(raw);
+  ObjectPtr<GDBusConnection> bus(g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, &raw));
+  const ErrorPtr error(raw);
   if (!bus) g_message("No session bus, so no other program can reach this one: %s", raw->message);
   return bus;
 }

@@ -11,7 +11,7 @@
 #include "platform/automation.h"
 #include "platform/linux/automation/bus_call.h"
 #include "platform/linux/automation/caller_gate.h"
-#include "platform/linux/automation/glib_owner.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 
@@ -54,8 +54,8 @@ class BusAutomation : public Automation {
   void Release(const std::string& path);
   void CallerLeft(const std::string& caller);
 
-  GlibPtr<GDBusConnection> connection_;
-  GlibPtr<GDBusNodeInfo> description_;
+  ObjectPtr<GDBusConnection> connection_;
+  Owned<GDBusNodeInfo, g_dbus_node_info_unref> description_;
   std::unique_ptr<CallerGate> gate_;
   AutomationServer* server_ = nullptr;
   std::optional<RunTimeError> refusal_;
@@ -66,6 +66,6 @@ class BusAutomation : public Automation {
 };
 
 /// The session's bus; null, with a word in the log, where there is none.
-GlibPtr<GDBusConnection> SessionBus();
+ObjectPtr<GDBusConnection> SessionBus();
 
 }  // namespace corvane::desktop

@@ -2,7 +2,7 @@
 
 #include "base/error.h"
 #include "platform/linux/automation/bus_names.h"
-#include "platform/linux/automation/glib_owner.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 
@@ -27,20 +27,20 @@ GVariant* BusCall::Arguments() const {
 }
 
 std::string BusCall::Text(gsize index) const {
-  const GlibPtr<GVariant> argument(g_variant_get_child_value(Arguments(), index));
+  const VariantPtr argument(g_variant_get_child_value(Arguments(), index));
   return g_variant_get_string(argument.get(), nullptr);
 }
 
 bool BusCall::Flag(gsize index) const {
-  const GlibPtr<GVariant> argument(g_variant_get_child_value(Arguments(), index));
+  const VariantPtr argument(g_variant_get_child_value(Arguments(), index));
   return g_variant_get_boolean(argument.get()) != FALSE;
 }
 
 std::vector<std::string> BusCall::Texts(gsize index) const {
-  const GlibPtr<GVariant> argument(g_variant_get_child_value(Arguments(), index));
+  const VariantPtr argument(g_variant_get_child_value(Arguments(), index));
   std::vector<std::string> texts;
   for (gsize i = 0; i < g_variant_n_children(argument.get()); ++i) {
-    const GlibPtr<GVariant> text(g_variant_get_child_value(argument.get(), i));
+    const VariantPtr text(g_variant_get_child_value(argument.get(), i));
     texts.emplace_back(g_variant_get_string(text.get(), nullptr));
   }
   return texts;

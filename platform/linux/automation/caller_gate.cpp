@@ -37,9 +37,9 @@ void CallerGate::Ask(const std::string& name, Ruling ruling) {
 void CallerGate::OnUser(GObject* connection, GAsyncResult* result, gpointer data) {
   const std::unique_ptr<Question> question(static_cast<Question*>(data));
   GError* raw = nullptr;
-  const GlibPtr<GVariant> reply(
+  const VariantPtr reply(
       g_dbus_connection_call_finish(G_DBUS_CONNECTION(connection), result, &raw));
-  const GlibPtr<GError> error(raw);
+  const ErrorPtr error(raw);
   if (g_error_matches(raw, G_IO_ERROR, G_IO_ERROR_CANCELLED)) return;  // the gate is gone
   guint32 user = 0;
   if (reply) g_variant_get(reply.get(), "(u)", &user);

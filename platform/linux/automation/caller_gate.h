@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/automation/glib_owner.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 
@@ -43,7 +43,7 @@ class CallerGate {
   void Decide(const std::string& caller, bool admitted);
 
   GDBusConnection* connection_;
-  GlibPtr<GCancellable> cancellable_;
+  ObjectPtr<GCancellable> cancellable_;
   std::map<std::string, Caller> callers_;
 };
 

@@ -5,6 +5,7 @@
 
 #include "platform/linux/automation/bus_automation.h"
 #include "platform/linux/automation/bus_names.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 namespace {
@@ -25,9 +26,9 @@ bool HandOver(const std::string& address) {
   if (!bus) return false;
   GVariantBuilder addresses;
   g_variant_builder_init(&addresses, G_VARIANT_TYPE("as"));
-  const GlibPtr<gchar> valid(g_utf8_make_valid(address.c_str(), -1));
+  const GText valid(g_utf8_make_valid(address.c_str(), -1));
   g_variant_builder_add(&addresses, "s", valid.get());
-  const GlibPtr<GVariant> taken(
+  const VariantPtr taken(
       g_dbus_connection_call_sync(bus.get(), kBusName, kFactoryPath, kOpenInterface, "Open",
                                   g_variant_new("(asa{sv})", &addresses, nullptr), nullptr,
                                   G_DBUS_CALL_FLAGS_NO_AUTO_START, kPatience, nullptr, nullptr));

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 
 std::uint32_t ThemeColor(SystemColor index) {
@@ -14,10 +16,9 @@ std::uint32_t ThemeColor(SystemColor index) {
   Gdk::RGBA color(index == kColorButtonFace ? "#f6f5f4" : "#2e3436");
   const auto style = Gtk::StyleContext::create();
   style->set_screen(Gdk::Screen::get_default());
-  GtkWidgetPath* path = gtk_widget_path_new();
-  gtk_widget_path_append_type(path, GTK_TYPE_WINDOW);
-  gtk_style_context_set_path(style->gobj(), path);
-  gtk_widget_path_unref(path);
+  const Owned<GtkWidgetPath, gtk_widget_path_unref> path(gtk_widget_path_new());
+  gtk_widget_path_append_type(path.get(), GTK_TYPE_WINDOW);
+  gtk_style_context_set_path(style->gobj(), path.get());
   style->lookup_color(name, color);
   const auto part = [](double value) {
     return static_cast<std::uint32_t>(std::lround(value * 255.0));

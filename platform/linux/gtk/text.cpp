@@ -2,15 +2,14 @@
 
 #include <glib.h>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 
 Glib::ustring Valid(const std::string& text) {
   const auto length = static_cast<gssize>(text.size());
   if (g_utf8_validate(text.data(), length, nullptr)) return Glib::ustring(text);
-  char* made = g_utf8_make_valid(text.data(), length);
-  Glib::ustring result(made);
-  g_free(made);
-  return result;
+  return Taken(g_utf8_make_valid(text.data(), length));
 }
 
 Glib::ustring WithMnemonic(const std::string& caption) {

@@ -9,7 +9,8 @@
 #include <limits>
 #include <utility>
 
-#include "platform/linux/gtk/post.h"
+#include "platform/linux/glib/later.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 
@@ -140,14 +141,13 @@ WindowHandle WindowTable::NextSibling(WindowHandle window) const {
 
 WindowHandle WindowTable::Active() const {
   WindowHandle active = 0;
-  GList* windows = gtk_window_list_toplevels();
-  for (GList* each = windows; each && active == 0; each = each->next) {
+  const ListPtr windows(gtk_window_list_toplevels());
+  for (GList* each = windows.get(); each && active == 0; each = each->next) {
     auto* window = GTK_WINDOW(each->data);
     if (gtk_window_is_active(window) && gtk_widget_get_visible(GTK_WIDGET(window))) {
       active = WindowOf(window);
     }
   }
-  g_list_free(windows);
   if (active != 0) return active;
   // While a menu is open it has the keyboard, and no window is active.
   GtkWidget* grab = gtk_grab_get_current();

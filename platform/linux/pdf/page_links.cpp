@@ -11,6 +11,7 @@
 #include <array>
 #include <iterator>
 
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/pdf/word_text.h"
 
 namespace corvane::pdf {
@@ -51,18 +52,13 @@ std::string WholeAddress(std::string address, const std::string& base) {
   address.erase(address.find_last_not_of(kBlanks) + 1);
   if (address.empty()) return {};
   if (address.size() > kLongestAddress || !g_utf8_validate(address.c_str(), -1, nullptr)) return {};
-  if (char* scheme = g_uri_parse_scheme(address.c_str())) {
-    const bool allowed = IsAllowed(scheme);
-    g_free(scheme);
-    return allowed ? address : "";
+  if (const desktop::GText scheme{g_uri_parse_scheme(address.c_str())}) {
+    return IsAllowed(scheme.get()) ? address : "";
   }
   if (g_ascii_strncasecmp(address.c_str(), "www.", 4) == 0) return "http://" + address;
   if (!base.starts_with("http")) return {};
-  char* whole =
-      g_uri_resolve_relative(base.c_str(), address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr);
-  std::string resolved = whole == nullptr ? "" : whole;
-  g_free(whole);
-  return resolved;
+  return desktop::Taken(
+      g_uri_resolve_relative(base.c_str(), address.c_str(), G_URI_FLAGS_PARSE_RELAXED, nullptr));
 }
 
 Target PlaceOf(PDFDoc& document, const LinkDest& place) {

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::pdf {
 namespace {
 
@@ -85,12 +87,9 @@ std::string WordText(const std::vector<char32_t>& letters) {
     std::for_each(letters.begin(), letters.end(), add);
   }
   // Ligatures and full-width letters as the letters that they stand for.
-  if (char* plain =
-          g_utf8_normalize(text.data(), static_cast<gssize>(text.size()), G_NORMALIZE_NFKC)) {
-    text = plain;
-    g_free(plain);
-  }
-  return text;
+  const desktop::GText plain(
+      g_utf8_normalize(text.data(), static_cast<gssize>(text.size()), G_NORMALIZE_NFKC));
+  return plain ? plain.get() : text;
 }
 
 void PutInReadingOrder(std::vector<Word>& words) {

@@ -5,18 +5,16 @@
 
 #include <string_view>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 namespace {
 
 constexpr int kNamesAtATime = 256;
 
 std::string SortKey(const char* name) {
-  char* valid = g_utf8_make_valid(name, -1);
-  char* key = g_utf8_collate_key_for_filename(valid, -1);
-  std::string made(key);
-  g_free(key);
-  g_free(valid);
-  return made;
+  const GText valid(g_utf8_make_valid(name, -1));
+  return Taken(g_utf8_collate_key_for_filename(valid.get(), -1));
 }
 
 }  // namespace

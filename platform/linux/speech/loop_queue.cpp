@@ -1,10 +1,10 @@
 #include "platform/linux/speech/loop_queue.h"
 
-#include <glib.h>
-
 #include <deque>
 #include <mutex>
 #include <utility>
+
+#include "platform/linux/glib/later.h"
 
 namespace corvane::desktop {
 
@@ -18,18 +18,7 @@ struct LoopQueue::State {
   /// nested loop inside it is not kept from the next one.
   static void Schedule(const std::shared_ptr<State>& state) {
     state->scheduled = true;
-    GSource* source = g_idle_source_new();
-    g_source_set_priority(source, G_PRIORITY_HIGH);
-    g_source_set_callback(
-        source,
-        [](void* data) -> gboolean {
-          RunOne(*static_cast<std::shared_ptr<State>*>(data));
-          return G_SOURCE_REMOVE;
-        },
-        new std::shared_ptr<State>(state),
-        [](void* data) { delete static_cast<std::shared_ptr<State>*>(data); });
-    g_source_attach(source, nullptr);
-    g_source_unref(source);
+    PostToLoop([state] { RunOne(state); });
   }
 
   static void RunOne(const std::shared_ptr<State>& state) {

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -17,35 +19,21 @@ constexpr off_t kMostBytes = 16'000'000;
 constexpr int kFolderMode = 0700;
 constexpr int kFileMode = 0600;
 
-struct KeyFileCloser {
-  void operator()(GKeyFile* file) const { g_key_file_unref(file); }
-};
-using KeyFile = std::unique_ptr<GKeyFile, KeyFileCloser>;
-
-struct Freer {
-  void operator()(void* memory) const { g_free(memory); }
-};
-using Text = std::unique_ptr<char, Freer>;
-
-struct ListFreer {
-  void operator()(char** list) const { g_strfreev(list); }
-};
-using TextList = std::unique_ptr<char*, ListFreer>;
+using KeyFile = Owned<GKeyFile, g_key_file_unref>;
+using TextList = Owned<char*, g_strfreev>;
 
 std::string ValidText(const std::string& text) {
-  const Text valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
-  return valid.get();
+  return Taken(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
 }
 
 // Names in a form that every settings file can hold: letters, digits and a few
 // signs stand for themselves.
 std::string Escaped(const std::string& name) {
-  const Text escaped(g_uri_escape_string(ValidText(name).c_str(), nullptr, TRUE));
-  return escaped.get();
+  return Taken(g_uri_escape_string(ValidText(name).c_str(), nullptr, TRUE));
 }
 
 std::string Unescaped(const char* name) {
-  const Text plain(g_uri_unescape_string(name, nullptr));
+  const GText plain(g_uri_unescape_string(name, nullptr));
   return ValidText(plain ? plain.get() : name);
 }
 
@@ -74,10 +62,10 @@ std::optional<IniValues> ParseIni(const std::string& text) {
   for (char** group = groups.get(); *group; ++group) {
     const TextList keys(g_key_file_get_keys(file.get(), *group, nullptr, nullptr));
     for (char** key = keys.get(); key && *key; ++key) {
-      Text value(g_key_file_get_value(file.get(), *group, *key, nullptr));
+      GText value(g_key_file_get_value(file.get(), *group, *key, nullptr));
       // A person may have written a lone backslash: then the value is what stands there.
       if (value && !EndsInsideEscape(value.get())) {
-        Text plain(g_key_file_get_string(file.get(), *group, *key, nullptr));
+        GText plain(g_key_file_get_string(file.get(), *group, *key, nullptr));
         if (plain) value = std::move(plain);
       }
       if (value) values[{Unescaped(*group), Unescaped(*key)}] = ValidText(value.get());
@@ -93,7 +81,7 @@ std::string FormatIni(const IniValues& values) {
                           ValidText(value).c_str());
   }
   gsize length = 0;
-  const Text text(g_key_file_to_data(file.get(), &length, nullptr));
+  const GText text(g_key_file_to_data(file.get(), &length, nullptr));
   return {text.get(), length};
 }
 
@@ -105,12 +93,12 @@ std::optional<std::string> ReadWholeFile(const std::string& path) {
   char* content = nullptr;
   gsize length = 0;
   if (!g_file_get_contents(path.c_str(), &content, &length, nullptr)) return std::nullopt;
-  const Text held(content);
+  const GText held(content);
   return std::string(content, length);
 }
 
 bool ReplaceFile(const std::string& path, const std::string& text) {
-  const Text folder(g_path_get_dirname(path.c_str()));
+  const GText folder(g_path_get_dirname(path.c_str()));
   if (g_mkdir_with_parents(folder.get(), kFolderMode) != 0) return false;
   return g_file_set_contents_full(path.c_str(), text.data(), static_cast<gssize>(text.size()),
                                   G_FILE_SET_CONTENTS_CONSISTENT, kFileMode, nullptr) != FALSE;

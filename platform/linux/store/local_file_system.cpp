@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "base/error.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 namespace {
@@ -22,10 +23,7 @@ std::string ExecutableFolder() {
 }
 
 std::string Valid(const std::string& text) {
-  char* made = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
-  std::string valid(made);
-  g_free(made);
-  return valid;
+  return Taken(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
 }
 
 // At most `most` bytes of an ordinary file; nothing of anything else, which
@@ -78,15 +76,15 @@ std::vector<std::string> LocalFileSystem::ReadLines(const std::string& path) con
 }
 
 void LocalFileSystem::Write(const std::string& path, const std::string& content) {
-  GError* error = nullptr;
+  GError* raw = nullptr;
   if (g_file_set_contents(path.c_str(), content.data(), static_cast<gssize>(content.size()),
-                          &error)) {
+                          &raw)) {
     return;
   }
+  const ErrorPtr error(raw);
   const std::string why = error->message;
   const bool denied = error->code == G_FILE_ERROR_ACCES || error->code == G_FILE_ERROR_PERM ||
                       error->code == G_FILE_ERROR_ROFS;
-  g_error_free(error);
   throw RunTimeError(denied ? kErrPermissionDenied : kErrDeviceIo, "", why);
 }
 

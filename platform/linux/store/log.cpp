@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <sstream>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -50,12 +52,10 @@ GLogWriterOutput Write(GLogLevelFlags flags, const GLogField* fields, gsize coun
                              : std::string(value, static_cast<std::size_t>(fields[i].length));
   }
   if (!choice.addresses) message = WithoutAddresses(message);
-  GDateTime* now = g_date_time_new_now_local();
-  gchar* time = g_date_time_format(now, "%H:%M:%S");
-  std::fprintf(stderr, "%s %s %s: %s\n", time, NameOf(level),
+  const Owned<GDateTime, g_date_time_unref> now(g_date_time_new_now_local());
+  const GText time(g_date_time_format(now.get(), "%H:%M:%S"));
+  std::fprintf(stderr, "%s %s %s: %s\n", time.get(), NameOf(level),
                domain.empty() ? "Corvane" : domain.c_str(), message.c_str());
-  g_free(time);
-  g_date_time_unref(now);
   return G_LOG_WRITER_HANDLED;
 }
 

@@ -9,8 +9,9 @@
 
 #include "platform/file_request.h"
 #include "platform/html_document.h"
+#include "platform/linux/glib/later.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/documents/documents.h"
-#include "platform/linux/web/gobject.h"
 #include "platform/linux/web/navigation.h"
 #include "platform/linux/web/option_list.h"
 #include "platform/linux/web/page/find_in_page.h"

@@ -120,9 +120,8 @@ void OptionList::Build(const GdkRectangle& area) {
   GtkWidget* top = gtk_widget_get_toplevel(GTK_WIDGET(view_));
   if (GTK_IS_WINDOW(top)) gtk_window_set_transient_for(GTK_WINDOW(window_), GTK_WINDOW(top));
 
-  GtkTreeModel* model = MakeModel();
-  tree_ = GTK_TREE_VIEW(gtk_tree_view_new_with_model(model));
-  g_object_unref(model);
+  const ObjectPtr<GtkTreeModel> model(MakeModel());
+  tree_ = GTK_TREE_VIEW(gtk_tree_view_new_with_model(model.get()));
   gtk_tree_view_set_headers_visible(tree_, FALSE);
   gtk_tree_view_set_enable_search(tree_, FALSE);
   gtk_tree_view_set_activate_on_single_click(tree_, TRUE);

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/later.h"
 
 namespace corvane::desktop {
 

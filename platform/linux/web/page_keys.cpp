@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 namespace {
 

@@ -2,9 +2,10 @@
 
 #include <libsoup/soup.h>
 
+#include "base/text.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/documents/document_address.h"
 #include "platform/linux/web/documents/document_fetch.h"
-#include "platform/linux/web/gobject.h"
 #include "platform/linux/web/requests/outside_links.h"
 
 namespace corvane::desktop {
@@ -56,9 +57,8 @@ bool IsAttachment(WebKitURIResponse* response) {
   if (!soup_message_headers_get_content_disposition(headers, &disposition, &parameters)) {
     return false;
   }
-  const GText owner(disposition);
-  g_hash_table_unref(parameters);
-  return g_ascii_strcasecmp(disposition, "attachment") == 0;
+  const Owned<GHashTable, g_hash_table_unref> unused(parameters);
+  return text::same_ignoring_case(Taken(disposition), "attachment");
 }
 
 Verdict JudgeAnswer(WebKitResponsePolicyDecision* decision) {

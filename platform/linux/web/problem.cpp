@@ -2,7 +2,7 @@
 
 #include <webkit2/webkit2.h>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/web_text.h"
 
 namespace corvane::desktop {

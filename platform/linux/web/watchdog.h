@@ -3,7 +3,7 @@
 #include <functional>
 #include <memory>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/later.h"
 
 namespace corvane::desktop {
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "base/event.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/corvane_pages.h"
-#include "platform/linux/web/gobject.h"
 #include "platform/linux/web/page/field_focus.h"
 #include "platform/linux/web/requests/outside_links.h"
 #include "platform/linux/web/requests/permission_book.h"

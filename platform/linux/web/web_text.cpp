@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "base/text.h"
+#include "platform/linux/glib/owner.h"
 
 extern "C" {
 GResource* corvane_page_get_resource(void);
@@ -116,14 +117,12 @@ std::string FillTemplate(std::string_view page, const std::map<std::string, std:
 std::string WebResource(const std::string& name) {
   const std::string path = "/org/corvane/web/" + name;
   for (GResource* resource : {corvane_page_get_resource(), corvane_pages_get_resource()}) {
-    GBytes* bytes =
-        g_resource_lookup_data(resource, path.c_str(), G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr);
-    if (bytes == nullptr) continue;
+    const BytesPtr bytes(
+        g_resource_lookup_data(resource, path.c_str(), G_RESOURCE_LOOKUP_FLAGS_NONE, nullptr));
+    if (!bytes) continue;
     gsize size = 0;
-    const auto* data = static_cast<const char*>(g_bytes_get_data(bytes, &size));
-    std::string content(data, size);
-    g_bytes_unref(bytes);
-    return content;
+    const auto* data = static_cast<const char*>(g_bytes_get_data(bytes.get(), &size));
+    return {data, size};
   }
   throw std::logic_error("no built-in file " + name);
 }

@@ -36,11 +36,11 @@ class Client {
         [](GObject* source, GAsyncResult* result, gpointer data) {
           auto& answered = *static_cast<Wait*>(data);
           GError* raw = nullptr;
-          const GlibPtr<GVariant> value(
+          const VariantPtr value(
               g_dbus_connection_call_finish(G_DBUS_CONNECTION(source), result, &raw));
-          const GlibPtr<GError> error(raw);
+          const ErrorPtr error(raw);
           if (raw != nullptr) {
-            const GlibPtr<gchar> name(g_dbus_error_get_remote_error(raw));
+            const GText name(g_dbus_error_get_remote_error(raw));
             g_dbus_error_strip_remote_error(raw);
             answered.reply.error = std::string(name ? name.get() : "?") + " " + raw->message;
           } else if (g_variant_is_of_type(value.get(), G_VARIANT_TYPE("(o)"))) {
@@ -61,7 +61,7 @@ class Client {
   GDBusConnection* Bus() { return connection_.get(); }
 
  private:
-  GlibPtr<GDBusConnection> connection_;
+  ObjectPtr<GDBusConnection> connection_;
 };
 
 struct BusAutomationTest : ::testing::Test {
@@ -77,7 +77,7 @@ struct BusAutomationTest : ::testing::Test {
   }
 
   PrivateBus bus;
-  GlibPtr<GDBusConnection> own = Connect(bus.Address());
+  ObjectPtr<GDBusConnection> own = Connect(bus.Address());
   RecordingServer server;
   BusAutomation automation{own.get()};
   Client client{bus.Address()};

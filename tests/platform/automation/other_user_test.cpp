@@ -45,7 +45,7 @@ class OpenBus {
   std::string Socket() const { return folder_ / "socket"; }
 
   const test::TemporaryFolder folder_;
-  GlibPtr<GSubprocess> process_;
+  ObjectPtr<GSubprocess> process_;
 };
 
 // What gdbus prints for a call by the user of that number.
@@ -55,7 +55,7 @@ std::string SayAs(const std::string& user, const std::string& address) {
     bool done = false;
   } wait;
   const std::string reuid = "--reuid=" + user;
-  const GlibPtr<GSubprocess> gdbus(g_subprocess_new(
+  const ObjectPtr<GSubprocess> gdbus(g_subprocess_new(
       static_cast<GSubprocessFlags>(G_SUBPROCESS_FLAGS_STDOUT_PIPE |
                                     G_SUBPROCESS_FLAGS_STDERR_MERGE),
       nullptr, "setpriv", reuid.c_str(), "--clear-groups", "gdbus", "call", "--address",
@@ -67,7 +67,7 @@ std::string SayAs(const std::string& user, const std::string& address) {
         gchar* output = nullptr;
         g_subprocess_communicate_utf8_finish(G_SUBPROCESS(source), result, &output, nullptr,
                                              nullptr);
-        const GlibPtr<gchar> owner(output);
+        const GText owner(output);
         auto& ended = *static_cast<Wait*>(data);
         ended.output = output != nullptr ? output : "";
         ended.done = true;

@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/linux/automation/glib_owner.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop::tests {
 
@@ -18,18 +18,18 @@ class PrivateBus {
   std::string Address() const { return g_test_dbus_get_bus_address(bus_.get()); }
 
  private:
-  GlibPtr<GTestDBus> bus_;
+  ObjectPtr<GTestDBus> bus_;
 };
 
 /// A connection of its own, as another program has it.
-inline GlibPtr<GDBusConnection> Connect(const std::string& address) {
+inline ObjectPtr<GDBusConnection> Connect(const std::string& address) {
   GError* raw = nullptr;
-  GlibPtr<GDBusConnection> connection(g_dbus_connection_new_for_address_sync(
+  ObjectPtr<GDBusConnection> connection(g_dbus_connection_new_for_address_sync(
       address.c_str(),
       static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT |
                                         G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
       nullptr, nullptr, &raw));
-  const GlibPtr<GError> error(raw);
+  const ErrorPtr error(raw);
   EXPECT_TRUE(connection) << (raw != nullptr ? raw->message : "");
   if (connection) g_dbus_connection_set_exit_on_close(connection.get(), FALSE);
   return connection;

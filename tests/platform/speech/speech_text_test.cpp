@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "base/text.h"
+
 namespace corvane::desktop {
 namespace {
 

@@ -10,8 +10,8 @@
 #include <optional>
 #include <utility>
 
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/drawing.h"
-#include "platform/linux/web/gobject.h"
 
 namespace corvane::desktop {
 namespace {

@@ -4,7 +4,8 @@
 #include <gtkmm/cssprovider.h>
 #include <gtkmm/stylecontext.h>
 
-#include "platform/linux/gtk/post.h"
+#include "platform/linux/glib/later.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/gtk/text.h"
 #include "platform/linux/gtk/virtual_key.h"
 

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "base/error.h"
-#include "platform/linux/gtk/post.h"
+#include "platform/linux/glib/later.h"
 #include "platform/linux/gtk/text.h"
 #include "platform/linux/gtk/virtual_key.h"
 
@@ -20,9 +20,7 @@ constexpr std::size_t kAtOnce = 10'000;
 constexpr std::size_t kFollowing = 500;
 constexpr int kErrElementNotFound = 35601;
 
-void WhenIdle(std::function<void()> action) {
-  Glib::signal_idle().connect_once(std::move(action), Glib::PRIORITY_DEFAULT_IDLE);
-}
+void WhenIdle(std::function<void()> action) { PostToLoop(std::move(action), Turn::WhenIdle); }
 
 // Takes rows that no view shows any more apart, some at a time.
 void TakeApart(Glib::RefPtr<TreeRows> rows) {

@@ -2,6 +2,8 @@
 
 #include <gdk/gdkkeysyms.h>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -16,12 +18,9 @@ bool LeaveEntry(GtkWindow* dialog) {
 // Selecting the folder shows it among those beside it.
 bool GoUp(GtkWindow* dialog) {
   if (!GTK_IS_FILE_CHOOSER(dialog)) return false;
-  GFile* folder = gtk_file_chooser_get_current_folder_file(GTK_FILE_CHOOSER(dialog));
-  if (folder == nullptr) return false;
-  const bool gone =
-      gtk_file_chooser_select_file(GTK_FILE_CHOOSER(dialog), folder, nullptr) != FALSE;
-  g_object_unref(folder);
-  return gone;
+  auto* chooser = GTK_FILE_CHOOSER(dialog);
+  const ObjectPtr<GFile> folder(gtk_file_chooser_get_current_folder_file(chooser));
+  return folder && gtk_file_chooser_select_file(chooser, folder.get(), nullptr) != FALSE;
 }
 
 // Of the labels in the bubble only that of a problem is no button's and no field's.

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "base/text.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 namespace {
@@ -19,10 +20,7 @@ void PutInto(std::string& buffer, std::string text, int capacity) {
 }
 
 std::string Shown(const std::filesystem::path& path) {
-  char* name = g_filename_display_basename(path.c_str());
-  std::string shown(name);
-  g_free(name);
-  return shown;
+  return Taken(g_filename_display_basename(path.c_str()));
 }
 
 std::string RefusalToOpen(const std::string& path, bool there, bool must_exist) {

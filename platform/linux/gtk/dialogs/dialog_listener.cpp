@@ -4,10 +4,11 @@
 
 #include <utility>
 
+#include "platform/linux/glib/later.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/gtk/dialogs/chooser_keys.h"
 #include "platform/linux/gtk/dialogs/focus_words.h"
 #include "platform/linux/gtk/dialogs/part_names.h"
-#include "platform/linux/gtk/post.h"
 
 namespace corvane::desktop {
 namespace {
@@ -29,8 +30,8 @@ std::string Introduction(GtkWindow* dialog) {
   for (const char* property : {"text", "secondary-text"}) {
     char* text = nullptr;
     g_object_get(dialog, property, &text, nullptr);
-    if (text && *text) words += std::string(text) + ". ";
-    g_free(text);
+    const std::string part = Taken(text);
+    if (!part.empty()) words += part + ". ";
   }
   return words;
 }
@@ -51,11 +52,10 @@ DialogListener::DialogListener(Speaker speak)
 DialogListener::~DialogListener() {
   *self_ = nullptr;
   g_signal_remove_emission_hook(MapSignal(), hook_);
-  GList* windows = gtk_window_list_toplevels();
-  for (GList* link = windows; link; link = link->next) {
+  const ListPtr windows(gtk_window_list_toplevels());
+  for (GList* link = windows.get(); link; link = link->next) {
     g_signal_handlers_disconnect_by_data(link->data, this);
   }
-  g_list_free(windows);
 }
 
 gboolean DialogListener::OnMap(GSignalInvocationHint*, guint, const GValue* values, gpointer self) {
@@ -105,7 +105,7 @@ gboolean DialogListener::OnKeyUp(GtkWidget* dialog, GdkEventKey*, gpointer self)
 
 void DialogListener::Afterwards(
     GtkWindow* dialog, std::function<void(DialogListener&, GtkWindow*, const std::string&)> tell) {
-  const std::shared_ptr<GtkWindow> held(GTK_WINDOW(g_object_ref(dialog)), g_object_unref);
+  const std::shared_ptr<GtkWindow> held = Held(dialog);
   PostToLoop([held, alive = self_, tell = std::move(tell)] {
     if (!*alive || !gtk_window_is_active(held.get())) return;
     tell(**alive, held.get(), WordsFor(held.get()));

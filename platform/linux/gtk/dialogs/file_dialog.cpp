@@ -10,11 +10,11 @@
 
 #include <utility>
 
+#include "platform/linux/glib/later.h"
 #include "platform/linux/gtk/dialogs/chooser_keys.h"
 #include "platform/linux/gtk/dialogs/chosen_files.h"
 #include "platform/linux/gtk/dialogs/dialog_listener.h"
 #include "platform/linux/gtk/dialogs/focus_words.h"
-#include "platform/linux/gtk/post.h"
 #include "platform/linux/gtk/text.h"
 
 namespace corvane::desktop {
@@ -295,10 +295,8 @@ void GtkFileDialog::SetControlText(WindowHandle dialog, int control, const std::
 void GtkFileDialog::OpenHelp(const std::string& file, int /*command*/,
                              const std::string& /*topic*/) {
   const std::string uri = Glib::path_is_absolute(file) ? Glib::filename_to_uri(file).raw() : file;
-  GError* error = nullptr;
-  if (gtk_show_uri_on_window(nullptr, uri.c_str(), GDK_CURRENT_TIME, &error)) return;
+  if (gtk_show_uri_on_window(nullptr, uri.c_str(), GDK_CURRENT_TIME, nullptr)) return;
   Say("The help file " + file + " cannot be shown");
-  g_clear_error(&error);
 }
 
 bool GtkFileDialog::KeyDown(const GdkEventKey& event) {

@@ -2,10 +2,10 @@
 
 #include <gtk/gtk.h>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 namespace {
-
-std::string Text(const char* text) { return text ? text : ""; }
 
 std::string WithoutColon(std::string name) {
   if (!name.empty() && name.back() == ':') name.pop_back();
@@ -17,22 +17,18 @@ std::string LabelInside(GtkWidget* widget) {
   if (GTK_IS_LABEL(widget)) return Text(gtk_label_get_text(GTK_LABEL(widget)));
   if (!GTK_IS_CONTAINER(widget)) return "";
   std::string found;
-  GList* children = gtk_container_get_children(GTK_CONTAINER(widget));
-  for (GList* link = children; link && found.empty(); link = link->next) {
+  const ListPtr children(gtk_container_get_children(GTK_CONTAINER(widget)));
+  for (GList* link = children.get(); link && found.empty(); link = link->next) {
     if (gtk_widget_get_visible(GTK_WIDGET(link->data))) found = LabelInside(GTK_WIDGET(link->data));
   }
-  g_list_free(children);
   return found;
 }
 
 // The label that stands beside the widget and leads to it.
 std::string LabelBeside(GtkWidget* widget) {
-  std::string text;
-  GList* labels = gtk_widget_list_mnemonic_labels(widget);
-  if (labels && GTK_IS_LABEL(labels->data))
-    text = Text(gtk_label_get_text(GTK_LABEL(labels->data)));
-  g_list_free(labels);
-  return WithoutColon(text);
+  const ListPtr labels(gtk_widget_list_mnemonic_labels(widget));
+  if (!labels || !GTK_IS_LABEL(labels->data)) return "";
+  return WithoutColon(Text(gtk_label_get_text(GTK_LABEL(labels->data))));
 }
 
 std::string NameOf(GtkWidget* widget) {
@@ -61,14 +57,10 @@ bool IsHeading(GtkWidget* widget) {
 std::string HeadingOver(GtkWidget* part) {
   GtkWidget* parent = gtk_widget_get_parent(part);
   if (!GTK_IS_BOX(parent)) return "";
-  std::string heading;
-  GList* children = gtk_container_get_children(GTK_CONTAINER(parent));
-  const GList* at = g_list_find(children, part);
-  if (at && at->prev && IsHeading(GTK_WIDGET(at->prev->data))) {
-    heading = Text(gtk_label_get_text(GTK_LABEL(at->prev->data)));
-  }
-  g_list_free(children);
-  return WithoutColon(heading);
+  const ListPtr children(gtk_container_get_children(GTK_CONTAINER(parent)));
+  const GList* at = g_list_find(children.get(), part);
+  if (!at || !at->prev || !IsHeading(GTK_WIDGET(at->prev->data))) return "";
+  return WithoutColon(Text(gtk_label_get_text(GTK_LABEL(at->prev->data))));
 }
 
 // What the group is called that the widget belongs to: the label of the nearest
@@ -88,8 +80,7 @@ std::string FirstText(GtkTreeModel* model, GtkTreeIter* row) {
     if (gtk_tree_model_get_column_type(model, column) != G_TYPE_STRING) continue;
     char* value = nullptr;
     gtk_tree_model_get(model, row, column, &value, -1);
-    const std::string text = Text(value);
-    g_free(value);
+    const std::string text = Taken(value);
     if (!text.empty()) return text;
   }
   return "";
@@ -100,11 +91,10 @@ std::string CursorRow(GtkTreeView* tree) {
   GtkTreePath* path = nullptr;
   gtk_tree_view_get_cursor(tree, &path, nullptr);
   GtkTreeModel* model = gtk_tree_view_get_model(tree);
-  std::string text;
+  const Owned<GtkTreePath, gtk_tree_path_free> owner(path);
   GtkTreeIter row;
-  if (path && model && gtk_tree_model_get_iter(model, &row, path)) text = FirstText(model, &row);
-  gtk_tree_path_free(path);
-  return text;
+  const bool found = path && model && gtk_tree_model_get_iter(model, &row, path);
+  return found ? FirstText(model, &row) : "";
 }
 
 // What a list that drops down shows.

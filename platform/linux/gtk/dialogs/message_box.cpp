@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "platform/linux/gtk/post.h"
+#include "platform/linux/glib/later.h"
 
 namespace corvane::desktop {
 namespace {

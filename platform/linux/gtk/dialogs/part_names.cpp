@@ -2,20 +2,21 @@
 
 #include <string>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 namespace {
 
 // What the list's first column is called, as the eye reads it above the list.
 std::string ListName(GtkTreeView* list) {
   std::string name = "Entries";
-  GList* columns = gtk_tree_view_get_columns(list);
-  for (GList* link = columns; link != nullptr; link = link->next) {
+  const ListPtr columns(gtk_tree_view_get_columns(list));
+  for (GList* link = columns.get(); link != nullptr; link = link->next) {
     const char* title = gtk_tree_view_column_get_title(GTK_TREE_VIEW_COLUMN(link->data));
     if (title == nullptr || *title == '\0') continue;
     name = title;
     break;
   }
-  g_list_free(columns);
   return name;
 }
 

@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/linux/glib/later.h"
 #include "platform/linux/gtk/dialogs/dialog_listener.h"
-#include "platform/linux/gtk/post.h"
 #include "platform/linux/gtk/text.h"
 
 namespace corvane::desktop {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/linux/gtk/post.h"
+#include "platform/linux/glib/later.h"
 
 namespace corvane::desktop {
 

@@ -5,8 +5,9 @@
 #include <algorithm>
 #include <string>
 
+#include "platform/linux/glib/later.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/gtk/menu/menu_entry.h"
-#include "platform/linux/gtk/post.h"
 #include "platform/linux/gtk/virtual_key.h"
 #include "platform/linux/gtk/widget_control.h"
 
@@ -19,10 +20,8 @@ constexpr guint kFromInputMethod = GDK_MODIFIER_RESERVED_24_MASK | GDK_MODIFIER_
 int PlaceInMenu(GtkWidget* item) {
   GtkWidget* menu = gtk_widget_get_parent(item);
   if (!GTK_IS_MENU_SHELL(menu)) return 0;
-  GList* items = gtk_container_get_children(GTK_CONTAINER(menu));
-  const int place = g_list_index(items, item);
-  g_list_free(items);
-  return place;
+  const ListPtr items(gtk_container_get_children(GTK_CONTAINER(menu)));
+  return g_list_index(items.get(), item);
 }
 
 // An item of the program's own menus, or of one that the toolkit or the page
@@ -115,7 +114,7 @@ gboolean EventHooks::OnDeselect(GSignalInvocationHint*, guint, const GValue* val
   auto* hooks = static_cast<EventHooks*>(self);
   GtkWidget* menu = gtk_widget_get_parent(GTK_WIDGET(g_value_get_object(&values[0])));
   if (!GTK_IS_MENU(menu)) return TRUE;
-  auto kept = std::shared_ptr<GtkWidget>(GTK_WIDGET(g_object_ref(menu)), g_object_unref);
+  const std::shared_ptr<GtkWidget> kept = Held(menu);
   PostToLoop([kept, weak = hooks->self_, selections = hooks->selections_] {
     EventHooks* now = *weak;
     if (now != nullptr && now->selections_ == selections) now->TellWhereASubmenuWasLeft(kept.get());

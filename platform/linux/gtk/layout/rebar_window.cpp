@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/linux/gtk/post.h"
+#include "platform/linux/glib/later.h"
 #include "platform/linux/gtk/text.h"
 
 namespace corvane::desktop {

@@ -4,9 +4,9 @@
 
 #include <utility>
 
+#include "platform/linux/glib/later.h"
 #include "platform/linux/gtk/menu/menu_item_widgets.h"
 #include "platform/linux/gtk/menu/title_letters.h"
-#include "platform/linux/gtk/post.h"
 #include "platform/linux/gtk/text.h"
 
 namespace corvane::desktop {

@@ -2,6 +2,8 @@
 
 #include <gdk/gdkkeysyms.h>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -18,15 +20,14 @@ GtkWidget* NextTitle(GtkMenuShell* bar, guint letter) {
   GtkWidget* first = nullptr;
   GtkWidget* after = nullptr;
   bool passed = false;
-  GList* titles = gtk_container_get_children(GTK_CONTAINER(bar));
-  for (GList* link = titles; link != nullptr; link = link->next) {
+  const ListPtr titles(gtk_container_get_children(GTK_CONTAINER(bar)));
+  for (GList* link = titles.get(); link != nullptr; link = link->next) {
     auto* title = GTK_WIDGET(link->data);
     if (!gtk_widget_get_mapped(title) || LetterOf(title) != letter) continue;
     if (first == nullptr) first = title;
     if (passed && after == nullptr) after = title;
     if (title == open) passed = true;
   }
-  g_list_free(titles);
   return after != nullptr ? after : first;
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/error.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/gtk/text.h"
 #include "platform/linux/gtk/text_pane/rtf_reader.h"
 #include "platform/linux/gtk/text_pane/rtf_writer.h"
@@ -367,16 +368,16 @@ std::string RichTextBoxControl::GetLine(int line, int capacity) const {
 
 void RichTextBoxControl::SaveFile(const std::string& path, FileFormat format) {
   const std::string content = format == FileFormat::Rtf ? TextRTF() : Text();
-  GError* error = nullptr;
+  GError* raw = nullptr;
   if (g_file_set_contents(path.c_str(), content.data(), static_cast<gssize>(content.size()),
-                          &error)) {
+                          &raw)) {
     return;
   }
+  const ErrorPtr error(raw);
   const std::string why = error ? error->message : "The file could not be written";
   const bool denied =
       error && (error->code == G_FILE_ERROR_ACCES || error->code == G_FILE_ERROR_PERM ||
                 error->code == G_FILE_ERROR_ROFS);
-  g_clear_error(&error);
   throw RunTimeError(denied ? kErrPermissionDenied : kErrDeviceIo, "", why);
 }
 

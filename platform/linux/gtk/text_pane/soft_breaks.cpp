@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "base/text.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 namespace {
@@ -39,9 +40,7 @@ std::string Clean(std::string_view text) {
   if (g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr)) {
     clean.assign(text);
   } else {
-    char* made = g_utf8_make_valid(text.data(), static_cast<gssize>(text.size()));
-    clean.assign(made);
-    g_free(made);
+    clean = Taken(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
   }
   if (clean.find('\r') != std::string::npos) {
     std::size_t to = 0;

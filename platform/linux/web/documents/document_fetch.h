@@ -4,8 +4,9 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 

@@ -6,7 +6,8 @@
 #include <memory>
 #include <string>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/later.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 

@@ -7,9 +7,9 @@
 #include <optional>
 #include <string>
 
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/documents/document_fetch.h"
 #include "platform/linux/web/documents/document_process.h"
-#include "platform/linux/web/gobject.h"
 #include "platform/linux/web/problem.h"
 #include "platform/linux/web/requests/question_desk.h"
 

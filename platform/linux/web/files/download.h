@@ -7,8 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/gtk/dialogs/dialog_question.h"
-#include "platform/linux/web/gobject.h"
 
 namespace corvane::desktop {
 

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "base/safe_name.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/files/link_search.h"
-#include "platform/linux/web/gobject.h"
 
 namespace corvane::desktop {
 namespace {

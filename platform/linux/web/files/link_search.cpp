@@ -7,7 +7,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/typed_address.h"
 
 namespace corvane::desktop {

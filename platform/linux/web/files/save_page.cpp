@@ -5,22 +5,18 @@
 #include <utility>
 
 #include "base/safe_name.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/files/file_names.h"
-#include "platform/linux/web/gobject.h"
 
 namespace corvane::desktop {
 namespace {
 
 constexpr const char* kFilter = "Web page in one file (*.mhtml)|*.mhtml|All files|*";
 
-struct BytesUnref {
-  void operator()(GBytes* bytes) const { g_bytes_unref(bytes); }
-};
-
 struct SaveJob {
   std::string path;
   std::function<void(const std::string&)> done;
-  std::unique_ptr<GBytes, BytesUnref> page;
+  BytesPtr page;
 
   void Tell(const GError* error) const {
     const GText shown(g_filename_display_name(path.c_str()));

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/page/page_script.h"
 #include "platform/linux/web/web_text.h"
 

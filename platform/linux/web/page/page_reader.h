@@ -14,7 +14,8 @@
 #include <vector>
 
 #include "platform/html_document.h"
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/later.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/page/field_focus.h"
 #include "platform/linux/web/page/page_record.h"
 #include "platform/linux/web/page/page_script.h"

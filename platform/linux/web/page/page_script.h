@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 

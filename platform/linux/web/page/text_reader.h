@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/later.h"
 #include "platform/linux/web/page/page_script.h"
 #include "platform/page_text.h"
 

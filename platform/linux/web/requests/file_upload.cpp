@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/linux/glib/owner.h"
+
 namespace corvane::desktop {
 namespace {
 
@@ -31,8 +33,7 @@ FileRequest UploadRequest(WebKitFileChooserRequest* request) {
   wanted.filter = FilterFor(webkit_file_chooser_request_get_mime_types(request));
   wanted.several = several;
   // One that goes unanswered cancels itself.
-  const std::shared_ptr<WebKitFileChooserRequest> held(
-      WEBKIT_FILE_CHOOSER_REQUEST(g_object_ref(request)), g_object_unref);
+  const std::shared_ptr<WebKitFileChooserRequest> held = Held(request);
   wanted.chosen = [held](const std::vector<std::string>& paths) {
     if (paths.empty()) return webkit_file_chooser_request_cancel(held.get());
     std::vector<const char*> names;

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/web_text.h"
 
 namespace corvane::desktop {
@@ -47,8 +47,7 @@ void HttpLogin::Ask(WebKitAuthenticationRequest* request) {
   const std::string key = server + "\n" + Text(webkit_authentication_request_get_realm(request));
   if (given_up_.contains(key)) return GoOnWithoutPassword(request);
 
-  const std::shared_ptr<WebKitAuthenticationRequest> held(
-      WEBKIT_AUTHENTICATION_REQUEST(g_object_ref(request)), ObjectUnref());
+  const std::shared_ptr<WebKitAuthenticationRequest> held = Held(request);
   desk_.Ask(QuestionDesk::Asker::Page,
             {"Sign in",
              TextOf(request, server),

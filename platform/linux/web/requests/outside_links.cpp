@@ -6,8 +6,8 @@
 #include <memory>
 #include <utility>
 
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/drawing.h"
-#include "platform/linux/web/gobject.h"
 #include "platform/linux/web/web_text.h"
 
 namespace corvane::desktop {

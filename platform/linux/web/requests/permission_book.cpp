@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 namespace {

@@ -63,10 +63,9 @@ std::optional<Kind> KindOf(WebKitPermissionRequest* request) {
 }
 
 std::string OriginOf(const std::string& address) {
-  WebKitSecurityOrigin* origin = webkit_security_origin_new_for_uri(address.c_str());
-  const GText text(webkit_security_origin_to_string(origin));
-  webkit_security_origin_unref(origin);
-  return Text(text.get());
+  const Owned<WebKitSecurityOrigin, webkit_security_origin_unref> origin(
+      webkit_security_origin_new_for_uri(address.c_str()));
+  return Taken(webkit_security_origin_to_string(origin.get()));
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/linux/web/gobject.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/web/requests/page_notices.h"
 #include "platform/linux/web/requests/permission_book.h"
 #include "platform/linux/web/requests/question_desk.h"

@@ -1,8 +1,8 @@
 #include <gtkmm/clipboard.h>
 
+#include "platform/linux/glib/later.h"
 #include "platform/linux/gtk/clipboard.h"
 #include "platform/linux/gtk/do_events.h"
-#include "platform/linux/gtk/post.h"
 #include "platform/linux/gtk/timer.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 

@@ -1,0 +1,58 @@
+#include "platform/linux/glib/later.h"
+
+#include <glibmm/main.h>
+
+#include "platform/linux/glib/owner.h"
+
+namespace corvane::desktop {
+namespace {
+
+using Action = std::function<void()>;
+
+gboolean RunOnce(gpointer action) {
+  (*static_cast<Action*>(action))();
+  return G_SOURCE_REMOVE;
+}
+
+gboolean RunWhenNothingIsUnderWay(gpointer action) {
+  return g_main_depth() > 1 ? G_SOURCE_CONTINUE : RunOnce(action);
+}
+
+void Forget(gpointer action) { delete static_cast<Action*>(action); }
+
+}  // namespace
+
+// The toolkit's own way shows the user what escapes from an action.
+void PostToLoop(Action action, Turn turn) {
+  Glib::signal_idle().connect_once(std::move(action), static_cast<int>(turn));
+}
+
+void PostTo(GMainContext* context, Action action) {
+  const Owned<GSource, g_source_unref> source(g_idle_source_new());
+  g_source_set_priority(source.get(), G_PRIORITY_DEFAULT);
+  g_source_set_callback(source.get(), &RunOnce, new Action(std::move(action)), &Forget);
+  g_source_attach(source.get(), context);
+}
+
+void PostWhenNothingIsUnderWay(Action action) {
+  constexpr guint kAskAgain = 20;  // milliseconds
+  g_timeout_add_full(G_PRIORITY_DEFAULT, kAskAgain, &RunWhenNothingIsUnderWay,
+                     new Action(std::move(action)), &Forget);
+}
+
+void Delay::Start(double seconds, Action run) {
+  Cancel();
+  run_ = std::move(run);
+  source_ = g_timeout_add(
+      static_cast<guint>(seconds * 1000),
+      [](gpointer self) -> gboolean {
+        auto* delay = static_cast<Delay*>(self);
+        delay->source_ = 0;
+        const auto due = std::move(delay->run_);  // may start again or destroy the delay
+        due();
+        return G_SOURCE_REMOVE;
+      },
+      this);
+}
+
+}  // namespace corvane::desktop
