@@ -52,6 +52,36 @@ std::string plain_words(std::string_view text) {
   return std::string(text::trimmed(plain));
 }
 
+std::string escaped(std::string_view text) {
+  std::string html;
+  html.reserve(text.size());
+  for (const char byte : text) {
+    switch (byte) {
+      case '&':
+        html += "&amp;";
+        break;
+      case '<':
+        html += "&lt;";
+        break;
+      case '>':
+        html += "&gt;";
+        break;
+      case '"':
+        html += "&quot;";
+        break;
+      case '\'':
+        html += "&#39;";
+        break;
+      case '\0':
+        html += "\xEF\xBF\xBD";
+        break;
+      default:
+        html += byte;
+    }
+  }
+  return html;
+}
+
 std::string title_of(std::string_view page) {
   const std::string low = text::lower(page);
   const auto open = low.find("<title");

@@ -13,6 +13,9 @@ std::string unescaped(std::string_view text);
 /// The same without blanks and line breaks around it.
 std::string plain_words(std::string_view text);
 
+/// The text as it may stand in HTML, also inside a quoted attribute.
+std::string escaped(std::string_view text);
+
 /// The title of a page; empty when there is none.
 std::string title_of(std::string_view page);
 

@@ -7,6 +7,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "web/address/OwnAddress.h"
 
 namespace corvane::desktop {
 namespace {

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "platform/linux/gtk/dialogs/spoken_dialogs.h"
-#include "platform/linux/web/engine_settings.h"
 #include "platform/own_options.h"
+#include "web/EngineChoices.h"
 
 namespace corvane::desktop {
 

@@ -3,11 +3,10 @@
 #include "base/profile_text.h"
 #include "base/safe_name.h"
 #include "base/text.h"
-#include "platform/linux/web/typed_address.h"
 #include "tests/fuzz/fuzz.h"
+#include "web/address/TypedAddress.h"
 
 using namespace corvane;
-using namespace corvane::desktop;
 
 namespace {
 

@@ -1,14 +1,16 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "platform/linux/web/corvane_pages.h"
-#include "platform/linux/web/problem.h"
 #include "tests/fuzz/fuzz.h"
+#include "web/OwnPages.h"
+#include "web/address/OwnAddress.h"
 
 using namespace corvane;
-using namespace corvane::desktop;
 
 namespace {
+
+constexpr const char* kLayout =
+    "{{title}} {{sentence}} {{advice}} {{address}} {{words}} {{why}} {{matches}}";
 
 auto Marks(const std::string& page, char mark) {
   return std::count(page.begin(), page.end(), mark);
@@ -31,11 +33,12 @@ void FuzzOne(const std::string& input) {
   SearchedWords(input);
   const std::string text = text::valid(input);
   const std::string shown = words + "x";  // an empty text may leave out what shows it
-  PromiseAlike(RenderSearch(shown, {{text + "x", text + "x"}}, false),
-               RenderSearch("x", {{"x", "x"}}, false));
+  PromiseAlike(RenderSearch(kLayout, shown, {{text + "x", text + "x"}}, false),
+               RenderSearch(kLayout, "x", {{"x", "x"}}, false));
   const std::string address = ServiceAddress("https://example.org/?q=%s", words);
   Promise(address.starts_with("https://example.org/?q="));
   Promise(address.find_first_of("\r\n \"<>&#") == std::string::npos);
   const std::string any = text + "x";
-  PromiseAlike(RenderProblem({any, any, any, any}), RenderProblem({"x", "x", "x", "x"}));
+  PromiseAlike(RenderProblem(kLayout, {any, any, any, any}),
+               RenderProblem(kLayout, {"x", "x", "x", "x"}));
 }

@@ -1,9 +1,10 @@
 // What the engine's view reports, translated for EngineView.
 #include <utility>
 
-#include "platform/linux/web/documents/document_address.h"
 #include "platform/linux/web/engine_view.h"
+#include "platform/linux/web/load_failure.h"
 #include "platform/linux/web/web_text.h"
+#include "web/address/OwnAddress.h"
 
 namespace corvane::desktop {
 namespace {
@@ -32,7 +33,7 @@ void EngineView::ConnectView() {
   connect(view, "load-failed-with-tls-errors",
           G_CALLBACK(+[](WebKitWebView*, const char* address, GTlsCertificate*,
                          GTlsCertificateFlags faults, gpointer self) -> gboolean {
-            ViewOf(self).ShowProblem(CertificateProblem(Text(address), faults));
+            ViewOf(self).ShowProblem(CertificateProblem(Text(address), FaultOf(faults)));
             return TRUE;
           }));
   connect(view, "notify::uri", G_CALLBACK(+[](GObject*, GParamSpec*, gpointer self) {
@@ -144,7 +145,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
 void EngineView::ShowRefusedPort(const std::string& address) {
   const ErrorPtr error(g_error_new_literal(
       WEBKIT_POLICY_ERROR, WEBKIT_POLICY_ERROR_CANNOT_USE_RESTRICTED_PORT, "restricted port"));
-  ShowProblem(LoadProblem(address, *error));
+  ShowProblem(LoadProblem(address, FailureOf(*error)));
 }
 
 void EngineView::OnLoadFailed(WebKitLoadEvent event, const std::string& address,
@@ -160,11 +161,11 @@ void EngineView::OnLoadFailed(WebKitLoadEvent event, const std::string& address,
     return;  // what has come is read
   }
   const std::string fallback = std::exchange(fallback_, "");
-  if (!fallback.empty() && (IsSearch(fallback) || IsConnectionFailure(error))) {
+  if (!fallback.empty() && (IsSearch(fallback) || IsConnectionFailure(FailureOf(error).kind))) {
     navigation_.Replaced();
     return Load(fallback);
   }
-  ShowProblem(LoadProblem(ShownAddress(address), error));
+  ShowProblem(LoadProblem(ShownAddress(address), FailureOf(error)));
 }
 
 void EngineView::OnAddressChanged() {
@@ -239,7 +240,7 @@ bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionTy
 }
 
 WebKitWebView* EngineView::OnCreate(WebKitNavigationAction* action) {
-  const Verdict verdict = JudgeNewWindow(action, {address_, ""});
+  const Verdict verdict = JudgeNewWindow(WishOf(action), {address_, ""});
   if (verdict.kind == Verdict::Kind::Outside) {
     requests_->OpenOutside(verdict.address, verdict.user_gesture);
     return nullptr;

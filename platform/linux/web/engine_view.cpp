@@ -6,11 +6,13 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
-#include "platform/linux/web/documents/document_address.h"
 #include "platform/linux/web/files/print_page.h"
 #include "platform/linux/web/files/save_page.h"
-#include "platform/linux/web/typed_address.h"
 #include "platform/linux/web/web_text.h"
+#include "web/OwnPages.h"
+#include "web/address/Address.h"
+#include "web/address/OwnAddress.h"
+#include "web/address/TypedAddress.h"
 
 namespace corvane::desktop {
 namespace {
@@ -364,8 +366,9 @@ void EngineView::ShowProblem(const Problem& problem, const std::string& under) {
   leaving_.Leave([this, problem, under] {
     leaving_.ProblemLoads();
     coming_problem_ = problem;
-    webkit_web_view_load_alternate_html(view_.get(), RenderProblem(problem).c_str(), under.c_str(),
-                                        nullptr);
+    webkit_web_view_load_alternate_html(view_.get(),
+                                        RenderProblem(WebResource("problem.html"), problem).c_str(),
+                                        under.c_str(), nullptr);
   });
 }
 

@@ -12,7 +12,6 @@
 #include "platform/linux/glib/later.h"
 #include "platform/linux/glib/owner.h"
 #include "platform/linux/web/documents/documents.h"
-#include "platform/linux/web/navigation.h"
 #include "platform/linux/web/option_list.h"
 #include "platform/linux/web/page/find_in_page.h"
 #include "platform/linux/web/page/live_regions.h"
@@ -23,11 +22,12 @@
 #include "platform/linux/web/page_keys.h"
 #include "platform/linux/web/page_leaving.h"
 #include "platform/linux/web/page_policy.h"
-#include "platform/linux/web/problem.h"
 #include "platform/linux/web/requests/page_requests.h"
 #include "platform/linux/web/watchdog.h"
 #include "platform/linux/web/web_engine.h"
 #include "platform/web_browser.h"
+#include "web/LoadState.h"
+#include "web/Problem.h"
 
 namespace corvane::desktop {
 
@@ -149,7 +149,7 @@ class EngineView {
   WebEngine& engine_;
   Listener listener_;
   ObjectPtr<WebKitWebView> view_;
-  Navigation navigation_;
+  LoadState navigation_;
   std::unique_ptr<PageReader> reader_;
   std::unique_ptr<PageRequests> requests_;
   std::unique_ptr<FindInPage> find_;

@@ -2,39 +2,14 @@
 
 #include <webkit2/webkit2.h>
 
-#include <string>
+#include "web/Policy.h"
 
 namespace corvane::desktop {
 
-/// What becomes of something a page, or the program, wants to load.
-struct Verdict {
-  enum class Kind {
-    Use,       ///< goes on
-    Ignore,    ///< does not happen
-    Outside,   ///< is for another program of the desktop
-    Download,  ///< is a file to be saved
-    Document,  ///< is one that the program makes a page of
-  };
-  Kind kind = Kind::Ignore;
-  std::string address;
-  bool from_history = false;  ///< the user goes back or forward
-  bool user_gesture = false;  ///< the user has just done something in the page
-};
-
-/// What the judgement depends on beside the decision itself.
-struct PolicyContext {
-  std::string present;    ///< address of the page shown
-  std::string requested;  ///< address that the program itself asked for and waits for
-  /// Address under which the engine knows the page shown, where that is of a document.
-  std::string document = {};
-};
-
-/// Judges a navigation, a new window or an answer. Pages of the network never
-/// lead to files or to the program's own pages, whether in place or in a new
-/// window.
+/// Judges a navigation, a new window or an answer.
 Verdict Judge(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type,
               const PolicyContext& context);
-/// Judges what a page wants to load in a new window.
-Verdict JudgeNewWindow(WebKitNavigationAction* action, const PolicyContext& context);
+/// What is to be loaded, as the engine has it.
+LoadWish WishOf(WebKitNavigationAction* action);
 
 }  // namespace corvane::desktop

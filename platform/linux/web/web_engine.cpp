@@ -5,9 +5,10 @@
 #include <filesystem>
 #include <utility>
 
-#include "platform/linux/web/documents/document_address.h"
 #include "platform/linux/web/engine_view.h"
 #include "platform/linux/web/files/downloads.h"
+#include "platform/linux/web/web_text.h"
+#include "web/address/OwnAddress.h"
 
 namespace corvane::desktop {
 namespace {
@@ -182,10 +183,10 @@ void WebEngine::OnCorvaneRequest(WebKitURISchemeRequest* request, gpointer self)
   if (IsDocumentPage(address)) engine.DocumentWanted.Raise(request, taken);
   if (taken) return;
   if (address == "corvane://home" || address.starts_with("corvane://home/")) {
-    page = RenderHome();
+    page = WebResource("home.html");
   } else if (IsSearch(address)) {
     const std::string words = SearchedWords(address);
-    page = RenderSearch(words, engine.options_.find_matches(words),
+    page = RenderSearch(WebResource("search.html"), words, engine.options_.find_matches(words),
                         !engine.SearchAddress(address).empty());
   } else {
     const ErrorPtr error(g_error_new_literal(

@@ -9,26 +9,19 @@
 
 #include "base/event.h"
 #include "platform/linux/glib/owner.h"
-#include "platform/linux/web/corvane_pages.h"
 #include "platform/linux/web/page/field_focus.h"
 #include "platform/linux/web/requests/outside_links.h"
 #include "platform/linux/web/requests/permission_book.h"
 #include "platform/linux/web/requests/questions.h"
 #include "platform/linux/web/requests/script_dialogs.h"
 #include "platform/linux/web/watchdog.h"
+#include "web/EngineChoices.h"
+#include "web/OwnPages.h"
 
 namespace corvane::desktop {
 
 class Downloads;
 class EngineView;
-
-/// What the user may set for all pages.
-struct EnginePreferences {
-  double zoom = 1.0;
-  int minimum_font_size = 0;  ///< pixels
-  bool images = true;
-  bool scripts = true;
-};
 
 /// How the engine works together with the rest of the program. Whatever is left
 /// empty has a sensible default.

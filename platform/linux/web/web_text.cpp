@@ -70,50 +70,6 @@ std::string BreakLongLines(std::string text, int longest) {
   return broken;
 }
 
-std::string EscapeHtml(std::string_view text) {
-  std::string escaped;
-  escaped.reserve(text.size());
-  for (const char byte : text) {
-    switch (byte) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      case '"':
-        escaped += "&quot;";
-        break;
-      case '\'':
-        escaped += "&#39;";
-        break;
-      case '\0':
-        escaped += "\xEF\xBF\xBD";
-        break;
-      default:
-        escaped += byte;
-    }
-  }
-  return escaped;
-}
-
-std::string FillTemplate(std::string_view page, const std::map<std::string, std::string>& values) {
-  std::string filled;
-  std::size_t at = 0;
-  while (true) {
-    const auto open = page.find("{{", at);
-    const auto close = open == std::string_view::npos ? open : page.find("}}", open);
-    if (close == std::string_view::npos) return filled.append(page.substr(at));
-    filled += page.substr(at, open - at);
-    const auto value = values.find(std::string(page.substr(open + 2, close - open - 2)));
-    if (value != values.end()) filled += value->second;
-    at = close + 2;
-  }
-}
-
 std::string WebResource(const std::string& name) {
   const std::string path = "/org/corvane/web/" + name;
   for (GResource* resource : {corvane_page_get_resource(), corvane_pages_get_resource()}) {

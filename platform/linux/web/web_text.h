@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <string>
 #include <string_view>
 
@@ -16,13 +15,6 @@ inline constexpr int kLongestLine = 4000;
 /// that length where there is none. A text view lays out one very long paragraph for
 /// many seconds, so such a paragraph never leaves this folder.
 std::string BreakLongLines(std::string text, int longest = kLongestLine);
-
-/// The text as it may stand in HTML, also inside a quoted attribute.
-std::string EscapeHtml(std::string_view text);
-
-/// The template with each {{name}} replaced by the value of that name; values
-/// are put in as they are. An unknown name leaves nothing.
-std::string FillTemplate(std::string_view page, const std::map<std::string, std::string>& values);
 
 /// The file of that name that is built into the program.
 std::string WebResource(const std::string& name);

@@ -4,11 +4,11 @@
 #include <filesystem>
 #include <fstream>
 
-#include "platform/linux/web/documents/document_address.h"
 #include "platform/linux/web/files/downloads.h"
 #include "tests/platform/web/asking.h"
 #include "tests/platform/web/page_harness.h"
 #include "tests/temporary_folder.h"
+#include "web/address/OwnAddress.h"
 
 namespace corvane::desktop {
 namespace {

@@ -2,9 +2,9 @@
 #include <optional>
 
 #include "platform/linux/engine_options_dialog.h"
-#include "platform/linux/web/engine_settings.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 #include "tests/settings_document.h"
+#include "web/EngineChoices.h"
 
 namespace corvane::desktop {
 namespace {

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/web/navigation.h"
-
 namespace corvane::desktop {
 namespace {
 
@@ -121,69 +119,6 @@ TEST(ParseElementEvent, ALinksEventChangesNothing) {
   element.value = "kept";
   Apply(*event, element);
   EXPECT_EQ(element.value, "kept");
-}
-
-class NavigationOrder : public testing::Test {
- protected:
-  std::string log_;
-  Navigation navigation_{[this] { log_ += "b"; }, [this] { log_ += "c"; }};
-};
-
-TEST_F(NavigationOrder, OneNavigation) {
-  navigation_.Requested();
-  EXPECT_TRUE(navigation_.Busy());
-  EXPECT_EQ(log_, "");
-  navigation_.Started();
-  navigation_.Committed();
-  EXPECT_TRUE(navigation_.Finished());
-  EXPECT_EQ(log_, "b");
-  EXPECT_TRUE(navigation_.Busy());
-  navigation_.Read();
-  EXPECT_FALSE(navigation_.Busy());
-  EXPECT_EQ(log_, "bc");
-}
-
-TEST_F(NavigationOrder, NotBusyAnyMoreWhenCompleteIsRaised) {
-  bool busy = true;
-  Navigation navigation([] {}, [&] { busy = navigation.Busy(); });
-  navigation.Started();
-  navigation.Finished();
-  navigation.Read();
-  EXPECT_FALSE(busy);
-}
-
-TEST_F(NavigationOrder, OvertakenNavigationIsCompletedFirst) {
-  navigation_.Started();
-  navigation_.Requested();
-  EXPECT_FALSE(navigation_.Finished()) << "what the old one reports is ignored";
-  navigation_.Started();
-  EXPECT_EQ(log_, "bcb");
-}
-
-TEST_F(NavigationOrder, AReplacedPageIsTheSameNavigation) {
-  navigation_.Started();
-  navigation_.Replaced();
-  EXPECT_FALSE(navigation_.Finished());
-  navigation_.Started();
-  EXPECT_TRUE(navigation_.Finished());
-  navigation_.Read();
-  EXPECT_EQ(log_, "bc");
-}
-
-TEST_F(NavigationOrder, AReplacedPageAfterItsNavigationBeginsOneOfItsOwn) {
-  navigation_.Replaced();
-  navigation_.Started();
-  navigation_.Finished();
-  navigation_.Read();
-  EXPECT_EQ(log_, "bc");
-}
-
-TEST_F(NavigationOrder, AJumpWithinThePageRaisesNothing) {
-  navigation_.Requested();
-  EXPECT_TRUE(navigation_.Idle());
-  navigation_.Read();
-  EXPECT_FALSE(navigation_.Busy());
-  EXPECT_EQ(log_, "");
 }
 
 }  // namespace

@@ -145,15 +145,5 @@ TEST_F(PermissionBookTest, AFileThatCannotBeWrittenHoldsUntilTheEnd) {
   EXPECT_EQ(book.Find("https://example.org", "location"), true);
 }
 
-TEST(OutsideLinks, PagesAndScriptsAreNotForOtherPrograms) {
-  EXPECT_TRUE(IsOutside("mailto:a@example.org"));
-  EXPECT_TRUE(IsOutside("TEL:123"));
-  for (const char* inside :
-       {"http://a", "https://a", "file:///x", "about:blank", "data:,x", "blob:http://a/1",
-        "JavaScript:alert(1)", "corvane://home/", "x", ""}) {
-    EXPECT_FALSE(IsOutside(inside)) << inside;
-  }
-}
-
 }  // namespace
 }  // namespace corvane::desktop

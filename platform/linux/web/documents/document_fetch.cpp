@@ -1,4 +1,5 @@
 #include "platform/linux/web/documents/document_fetch.h"
+#include "web/DocumentProblem.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -48,11 +49,6 @@ void RemoveWhenOver(WebKitDownload* download, const std::string& folder) {
 
 OpenFile::~OpenFile() {
   if (number_ >= 0) close(number_);
-}
-
-bool IsDocumentKind(const std::string& mime_type) {
-  return g_ascii_strcasecmp(mime_type.c_str(), "application/pdf") == 0 ||
-         g_ascii_strcasecmp(mime_type.c_str(), "application/x-pdf") == 0;
 }
 
 OpenFile OpenLocal(const std::string& address, ErrorPtr& failure) {

@@ -68,7 +68,4 @@ class DocumentFetch {
   bool over_ = false;  // the engine lets nothing be cancelled twice
 };
 
-/// Whether answers of that kind are documents.
-bool IsDocumentKind(const std::string& mime_type);
-
 }  // namespace corvane::desktop

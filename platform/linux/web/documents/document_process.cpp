@@ -19,18 +19,18 @@ constexpr std::size_t kLongestBase = 8000;  // of an address; links of longer on
 constexpr std::size_t kLongestPassword = 1000;
 
 // Which numbers the program ends with: platform/linux/pdf/document.h.
-DocumentProcess::End EndOf(int code) {
+DocumentEnd EndOf(int code) {
   switch (code) {
     case 0:
-      return DocumentProcess::End::Done;
+      return DocumentEnd::Done;
     case 3:
-      return DocumentProcess::End::NotProtected;
+      return DocumentEnd::NotProtected;
     case 4:
-      return DocumentProcess::End::Locked;
+      return DocumentEnd::Locked;
     case 6:
-      return DocumentProcess::End::TooBig;
+      return DocumentEnd::TooBig;
     default:
-      return DocumentProcess::End::Broken;
+      return DocumentEnd::Broken;
   }
 }
 
@@ -66,10 +66,10 @@ DocumentProcess::DocumentProcess(const std::string& program, const Source& sourc
   process_.reset(g_subprocess_launcher_spawn(launcher.get(), &failure, program.c_str(), nullptr));
   const ErrorPtr owner(failure);
   if (!process_) {
-    limit_.Start(0, [this] { Finish({End::NotProtected}); });
+    limit_.Start(0, [this] { Finish({DocumentEnd::NotProtected}); });
     return;
   }
-  limit_.Start(kMostSeconds, [this] { Finish({End::TooLong}); });
+  limit_.Start(kMostSeconds, [this] { Finish({DocumentEnd::TooLong}); });
   Read();
 }
 
@@ -97,7 +97,7 @@ void DocumentProcess::TakePiece(GBytes* piece) {
       piece == nullptr ? nullptr : static_cast<const char*>(g_bytes_get_data(piece, &size));
   if (size == 0) return WaitForEnd();
   page_.append(bytes, size);
-  if (page_.size() > kLongestPage) return Finish({End::TooBig});
+  if (page_.size() > kLongestPage) return Finish({DocumentEnd::TooBig});
   Read();
 }
 
@@ -119,8 +119,9 @@ DocumentProcess::Result DocumentProcess::ResultOf() const {
     return {EndOf(g_subprocess_get_exit_status(process_.get())), page_};
   }
   const int signal = g_subprocess_get_term_sig(process_.get());
-  if (signal == SIGXCPU) return {End::TooLong};
-  return {signal == SIGABRT ? End::TooBig : End::Broken};  // poppler ends so without memory
+  if (signal == SIGXCPU) return {DocumentEnd::TooLong};
+  return {signal == SIGABRT ? DocumentEnd::TooBig
+                            : DocumentEnd::Broken};  // poppler ends so without memory
 }
 
 // Whoever is told lets go of this.

@@ -8,6 +8,7 @@
 
 #include "platform/linux/glib/later.h"
 #include "platform/linux/glib/owner.h"
+#include "web/DocumentProblem.h"
 
 namespace corvane::desktop {
 
@@ -15,16 +16,8 @@ namespace corvane::desktop {
 /// (platform/linux/pdf). Letting go of this ends the process.
 class DocumentProcess {
  public:
-  enum class End {
-    Done,
-    Locked,        ///< a password is wanted, another one than that given
-    Broken,        ///< is no document, or one that cannot be read
-    TooBig,        ///< takes too much memory or makes too long a page
-    TooLong,       ///< takes too much time
-    NotProtected,  ///< cannot be read safely here, so that it has not been
-  };
   struct Result {
-    End end = End::Broken;
+    DocumentEnd end = DocumentEnd::Broken;
     std::string page = {};
   };
 

@@ -4,8 +4,9 @@
 
 #include <utility>
 
-#include "platform/linux/web/documents/document_address.h"
-#include "platform/linux/web/documents/document_problem.h"
+#include "platform/linux/web/load_failure.h"
+#include "web/DocumentProblem.h"
+#include "web/address/OwnAddress.h"
 
 namespace corvane::desktop {
 namespace {
@@ -78,8 +79,8 @@ DocumentFetch::Host Documents::FetchHost() {
             job_->fetch.reset();
             Make();
           },
-          [this](const GError& error) { Fail(LoadProblem(job_->address, error)); },
-          [this] { Fail(DocumentProblem(job_->address, DocumentProcess::End::TooBig)); },
+          [this](const GError& error) { Fail(LoadProblem(job_->address, FailureOf(error))); },
+          [this] { Fail(DocumentProblem(job_->address, DocumentEnd::TooBig)); },
           [this] {
             const std::string address = job_->address;
             Stop();
@@ -108,7 +109,7 @@ void Documents::Answer(WebKitURISchemeRequest* request) {
   if (address.starts_with("file:")) {
     ErrorPtr failure;
     job_->file = OpenLocal(address, failure);
-    return failure ? Fail(LoadProblem(address, *failure)) : Make();
+    return failure ? Fail(LoadProblem(address, FailureOf(*failure))) : Make();
   }
   const ObjectPtr<WebKitDownload> download(webkit_web_view_download_uri(view_, address.c_str()));
   Fetch(download.get(), true);
@@ -122,8 +123,8 @@ void Documents::Make() {
 
 void Documents::Made(const DocumentProcess::Result& result) {
   job_->process.reset();
-  if (result.end == DocumentProcess::End::Locked) return AskPassword();
-  if (result.end != DocumentProcess::End::Done) {
+  if (result.end == DocumentEnd::Locked) return AskPassword();
+  if (result.end != DocumentEnd::Done) {
     return Fail(DocumentProblem(job_->address, result.end));
   }
   job_->file = {};
@@ -142,7 +143,7 @@ void Documents::AskPassword() {
             [this, job = std::weak_ptr(job_->alive)](const auto& reply) {
               if (job.expired()) return;
               if (!reply || reply->button != 0) {
-                return Fail(DocumentProblem(job_->address, DocumentProcess::End::Locked));
+                return Fail(DocumentProblem(job_->address, DocumentEnd::Locked));
               }
               job_->password = reply->values.at(0);
               Make();

@@ -5,7 +5,8 @@
 
 #include "base/safe_name.h"
 #include "platform/linux/web/files/file_names.h"
-#include "platform/linux/web/problem.h"
+#include "web/Problem.h"
+#include "web/address/Address.h"
 
 namespace corvane::desktop {
 namespace {

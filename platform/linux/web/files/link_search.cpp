@@ -8,7 +8,7 @@
 #include <sstream>
 
 #include "platform/linux/glib/owner.h"
-#include "platform/linux/web/typed_address.h"
+#include "web/address/TypedAddress.h"
 
 namespace corvane::desktop {
 namespace {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "browser/LinkFile.h"
-#include "platform/linux/web/corvane_pages.h"
+#include "web/OwnPages.h"
 
 namespace corvane::desktop {
 

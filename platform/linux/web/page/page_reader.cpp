@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "base/text.h"
-#include "platform/linux/web/documents/document_address.h"
+#include "web/address/OwnAddress.h"
 
 namespace corvane::desktop {
 namespace {

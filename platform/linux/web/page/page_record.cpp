@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "base/language.h"
-#include "platform/linux/web/documents/document_address.h"
 #include "platform/linux/web/page/facts_record.h"
 #include "platform/linux/web/web_text.h"
+#include "web/address/OwnAddress.h"
 
 namespace corvane::desktop {
 namespace {

@@ -2,41 +2,20 @@
 
 #include <gio/gio.h>
 
-#include <array>
 #include <memory>
 #include <utility>
 
+#include "base/safe_name.h"
 #include "platform/linux/glib/owner.h"
 #include "platform/linux/web/drawing.h"
-#include "platform/linux/web/web_text.h"
+#include "web/address/Address.h"
 
 namespace corvane::desktop {
 namespace {
 
 constexpr std::size_t kLongestShown = 200;
 
-// Addresses of pages, and those that never leave them.
-constexpr std::array kInside = {"http",       "https",    "file", "about",  "data",
-                                "blob",       "corvane",  "ws",   "wss",    "javascript",
-                                "vbscript",   "resource", "cid",  "webkit", "view-source",
-                                "filesystem", "jar"};
-
 }  // namespace
-
-std::string SchemeOf(const std::string& address) {
-  const GText scheme(g_uri_parse_scheme(address.c_str()));
-  const GText lower(scheme ? g_ascii_strdown(scheme.get(), -1) : nullptr);
-  return Text(lower.get());
-}
-
-bool IsOutside(const std::string& address) {
-  const std::string scheme = SchemeOf(address);
-  if (scheme.empty() || scheme.starts_with("webkit")) return false;
-  for (const char* inside : kInside) {
-    if (scheme == inside) return false;
-  }
-  return true;
-}
 
 bool OtherPrograms::CanOpen(const std::string& scheme) const {
   const ObjectPtr<GAppInfo> program(g_app_info_get_default_for_uri_scheme(scheme.c_str()));

@@ -18,12 +18,6 @@ class OtherPrograms {
   virtual void Open(const std::string& address, std::function<void(const std::string&)> done);
 };
 
-/// Whether addresses of this kind belong to other programs ("mailto:"), and not
-/// to pages.
-bool IsOutside(const std::string& address);
-/// The scheme of an address in small letters; empty without one.
-std::string SchemeOf(const std::string& address);
-
 /// Hands addresses that are none of pages over to the desktop, after a question.
 class OutsideLinks {
  public:

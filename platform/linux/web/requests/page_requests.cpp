@@ -2,9 +2,10 @@
 
 #include <utility>
 
-#include "platform/linux/web/problem.h"
 #include "platform/linux/web/requests/file_upload.h"
 #include "platform/linux/web/web_engine.h"
+#include "web/Problem.h"
+#include "web/address/Address.h"
 
 namespace corvane::desktop {
 

@@ -3,7 +3,8 @@
 #include <optional>
 #include <utility>
 
-#include "platform/linux/web/problem.h"
+#include "web/Problem.h"
+#include "web/address/Address.h"
 
 namespace corvane::desktop {
 namespace {

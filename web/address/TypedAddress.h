@@ -4,9 +4,9 @@
 #include <string>
 #include <string_view>
 
-#include "platform/linux/web/problem.h"
+#include "web/Problem.h"
 
-namespace corvane::desktop {
+namespace corvane {
 
 /// Where a typed text leads: to `uri`, or to `problem`. With a problem there may
 /// be `outside`, an address that another program of the desktop might open.
@@ -30,4 +30,4 @@ struct TypedAddress {
 ///   with a port, an IP address, a name without a dot and localhost go by http.
 TypedAddress ResolveTyped(std::string_view text, const std::string& home);
 
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -2,15 +2,15 @@
 
 #include <functional>
 
-namespace corvane::desktop {
+namespace corvane {
 
 /// Keeps account of where a navigation stands, from what the engine reports in
 /// whatever order, and raises `begin` and `complete` in pairs: `begin` when the
 /// engine starts, `complete` when the page has been read. A navigation that
 /// another one overtakes is completed before the other begins.
-class Navigation {
+class LoadState {
  public:
-  Navigation(std::function<void()> begin, std::function<void()> complete);
+  LoadState(std::function<void()> begin, std::function<void()> complete);
 
   /// The program asked the engine for another page.
   void Requested();
@@ -48,4 +48,4 @@ class Navigation {
   bool replaced_ = false;  // the request belongs to the navigation that is open
 };
 
-}  // namespace corvane::desktop
+}  // namespace corvane

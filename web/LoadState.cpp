@@ -1,23 +1,23 @@
-#include "platform/linux/web/navigation.h"
+#include "web/LoadState.h"
 
 #include <utility>
 
-namespace corvane::desktop {
+namespace corvane {
 
-Navigation::Navigation(std::function<void()> begin, std::function<void()> complete)
+LoadState::LoadState(std::function<void()> begin, std::function<void()> complete)
     : begin_(std::move(begin)), complete_(std::move(complete)) {}
 
-void Navigation::Requested() {
+void LoadState::Requested() {
   phase_ = Phase::Requested;
   replaced_ = false;
 }
 
-void Navigation::Replaced() {
+void LoadState::Replaced() {
   phase_ = Phase::Requested;
   replaced_ = true;
 }
 
-void Navigation::Started() {
+void LoadState::Started() {
   const bool same = std::exchange(replaced_, false);
   phase_ = Phase::Started;
   if (open_ && same) return;
@@ -25,32 +25,32 @@ void Navigation::Started() {
   begin_();
 }
 
-void Navigation::Committed() {
+void LoadState::Committed() {
   if (phase_ != Phase::Requested) phase_ = Phase::Committed;
 }
 
-bool Navigation::Finished() {
+bool LoadState::Finished() {
   if (phase_ != Phase::Started && phase_ != Phase::Committed) return false;
   phase_ = Phase::Reading;
   return true;
 }
 
-bool Navigation::MovedInPlace() {
+bool LoadState::MovedInPlace() {
   if (phase_ != Phase::Requested || open_) return false;
   Started();
   return true;
 }
 
-bool Navigation::Idle() {
+bool LoadState::Idle() {
   if (phase_ == Phase::Idle || phase_ == Phase::Reading) return false;
   phase_ = Phase::Reading;
   return true;
 }
 
-void Navigation::Read() {
+void LoadState::Read() {
   phase_ = Phase::Idle;
   replaced_ = false;
   if (std::exchange(open_, false)) complete_();
 }
 
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -1,10 +1,10 @@
-#include "platform/linux/web/engine_settings.h"
+#include "web/EngineChoices.h"
 
 #include <algorithm>
 
 #include "base/number.h"
 
-namespace corvane::desktop {
+namespace corvane {
 namespace {
 
 constexpr const char* kApplication = "Corvane";
@@ -58,4 +58,4 @@ std::string SearchServiceProblem(const std::string& address) {
   return "";
 }
 
-}  // namespace corvane::desktop
+}  // namespace corvane

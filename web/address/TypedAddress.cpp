@@ -1,15 +1,14 @@
-#include "platform/linux/web/typed_address.h"
-
-#include <gio/gio.h>
+#include "web/address/TypedAddress.h"
 
 #include <algorithm>
-#include <cctype>
+#include <filesystem>
+#include <system_error>
 
-#include "platform/linux/glib/owner.h"
-#include "platform/linux/web/requests/outside_links.h"
-#include "platform/linux/web/web_text.h"
+#include "base/safe_name.h"
+#include "base/text.h"
+#include "web/address/Address.h"
 
-namespace corvane::desktop {
+namespace corvane {
 namespace {
 
 constexpr std::size_t kLongestAddress = 100'000;
@@ -30,18 +29,10 @@ TypedAddress Malformed(const std::string& typed) {
 }
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-
-std::string Lower(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
-  return text;
-}
 
 /// Valid UTF-8 without control characters and without blanks at the ends.
 std::string Tidy(std::string_view text) {
-  const GText valid(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
-  std::string tidy = Text(valid.get());
+  std::string tidy = text::valid(text);
   tidy.erase(std::remove_if(tidy.begin(), tidy.end(),
                             [](char c) { return static_cast<unsigned char>(c) < 32 || c == 127; }),
              tidy.end());
@@ -66,17 +57,27 @@ std::string EscapeBlanks(std::string_view text) {
 
 /// The scheme in front of the text, in small letters; none for "host:port".
 std::string TypedScheme(const std::string& text) {
-  const auto colon = text.find(':');
-  if (colon == std::string::npos || colon == 0 || !IsLetter(text[0])) return {};
-  for (std::size_t i = 1; i < colon; ++i) {
-    const char c = text[i];
-    if (!IsLetter(c) && !IsDigit(c) && c != '+' && c != '-' && c != '.') return {};
-  }
-  auto after = colon + 1;
+  const std::string scheme = SchemeOf(text);
+  auto after = scheme.size() + 1;
   while (after < text.size() && IsDigit(text[after])) ++after;
-  const bool is_port = after > colon + 1 && (after == text.size() || text[after] == '/' ||
-                                             text[after] == '?' || text[after] == '#');
-  return is_port ? std::string() : Lower(text.substr(0, colon));
+  const bool is_port = after > scheme.size() + 1 &&
+                       (after == text.size() || text.find_first_of("/?#", after) == after);
+  return is_port ? "" : scheme;
+}
+
+/// Whether a computer of the network can be called that.
+bool IsHostName(const std::string& name) {
+  constexpr std::size_t kLongestPart = 63;  // bytes, between two dots
+  if (name.empty() || name.size() > kLongestHost || name.starts_with('.')) return false;
+  if (name.find("..") != std::string::npos) return false;
+  if (PlainName("." + name + ".").find_first_of(" %<>\"\\^`{|}[]") != std::string::npos)
+    return false;
+  for (std::size_t start = 0; start < name.size();) {
+    const auto end = std::min(name.find('.', start), name.size());
+    if (text::length(name.substr(start, end - start)) > kLongestPart) return false;
+    start = end + 1;
+  }
+  return true;
 }
 
 struct Host {
@@ -95,7 +96,7 @@ std::optional<Host> ParseHost(const std::string& authority) {
     if (close == std::string::npos) return std::nullopt;
     host.name = rest.substr(0, close + 1);
     const std::string number = rest.substr(1, close - 1);
-    if (number.find(':') == std::string::npos || !g_hostname_is_ip_address(number.c_str())) {
+    if (number.find(':') == std::string::npos || !IsNetworkNumber(number)) {
       return std::nullopt;
     }
     rest.erase(0, close + 1);
@@ -105,12 +106,7 @@ std::optional<Host> ParseHost(const std::string& authority) {
     const auto colon = rest.find(':');
     host.name = rest.substr(0, colon);
     if (colon != std::string::npos) port = rest.substr(colon + 1);
-    if (host.name.empty() || host.name.size() > kLongestHost) return std::nullopt;
-    if (host.name.find_first_of(" %<>\"\\^`{|}[]") != std::string::npos) return std::nullopt;
-    if (host.name.starts_with('.') || host.name.find("..") != std::string::npos) {
-      return std::nullopt;
-    }
-    if (const GText ascii(g_hostname_to_ascii(host.name.c_str())); !ascii) return std::nullopt;
+    if (!IsHostName(host.name)) return std::nullopt;
   }
   host.has_port = !port.empty();
   if (!std::all_of(port.begin(), port.end(), IsDigit) || port.size() > 5) return std::nullopt;
@@ -128,20 +124,13 @@ TypedAddress ResolveWeb(const std::string& scheme, const std::string& typed) {
 
 bool IsFile(std::string_view path) {
   if (!path.starts_with('/') || path.find('\0') != std::string_view::npos) return false;
-  return g_file_test(std::string(path).c_str(), G_FILE_TEST_EXISTS) != FALSE;
-}
-
-TypedAddress ResolvePath(const std::string& path, const std::string& typed) {
-  const GText uri(g_filename_to_uri(path.c_str(), nullptr, nullptr));
-  if (!uri) return Malformed(typed);
-  return {Text(uri.get()), "", std::nullopt};
+  std::error_code error;
+  return std::filesystem::exists(path, error);
 }
 
 // The engine opens only files whose names are text.
 TypedAddress ResolveExisting(const std::string& path, const std::string& typed) {
-  if (g_utf8_validate(path.data(), static_cast<gssize>(path.size()), nullptr)) {
-    return ResolvePath(path, typed);
-  }
+  if (text::valid(path) == path) return {FileAddress(path), "", std::nullopt};
   return Unusable(
       "File cannot be opened",
       "The file's name, or its folder's, holds bytes that are no text: " + Shorten(typed, 200),
@@ -179,15 +168,15 @@ TypedAddress ResolveHost(std::string typed) {
   if (typed.starts_with("//")) typed.erase(0, 2);
   const auto end = std::min(typed.find_first_of("/?#"), typed.size());
   std::string authority = typed.substr(0, end);
-  const bool bare_number = std::count(authority.begin(), authority.end(), ':') > 1 &&
-                           g_hostname_is_ip_address(authority.c_str());
+  const bool bare_number =
+      std::count(authority.begin(), authority.end(), ':') > 1 && IsNetworkNumber(authority);
   if (bare_number) authority = "[" + authority + "]";
   const auto host = ParseHost(authority);
   if (!host) return Malformed(typed);
 
   const std::string rest = authority + EscapeBlanks(typed.substr(end));
-  const std::string name = Lower(host->name);
-  const bool is_number = name.starts_with('[') || g_hostname_is_ip_address(name.c_str());
+  const std::string name = text::lower(host->name);
+  const bool is_number = name.starts_with('[') || IsNetworkNumber(name);
   const bool is_local = name == "localhost" || name.ends_with(".localhost");
   const bool has_dot = name.find('.') != std::string::npos;
   if (is_number || is_local || host->has_port || !has_dot)
@@ -208,10 +197,12 @@ TypedAddress ResolveTyped(std::string_view text, const std::string& home) {
   if (typed.empty()) {
     return Unusable("No address", "Nothing was typed into the address box.", kHowTo, "");
   }
-  if (typed == "~" || typed.starts_with("~/")) return ResolvePath(home + typed.substr(1), typed);
-  if (typed.starts_with('/') && !typed.starts_with("//")) return ResolvePath(typed, typed);
+  if (typed == "~" || typed.starts_with("~/"))
+    return {FileAddress(home + typed.substr(1)), "", std::nullopt};
+  if (typed.starts_with('/') && !typed.starts_with("//"))
+    return {FileAddress(typed), "", std::nullopt};
   const std::string scheme = TypedScheme(typed);
   return scheme.empty() ? ResolveHost(typed) : ResolveScheme(scheme, typed);
 }
 
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -2,12 +2,20 @@
 
 #include <string>
 
-#include "platform/linux/web/web_engine.h"
 #include "platform/settings_store.h"
+#include "web/address/OwnAddress.h"
 
-namespace corvane::desktop {
+namespace corvane {
 
 inline constexpr const char* kDefaultSearchService = "https://html.duckduckgo.com/html/?q=%s";
+
+/// What the user may set for all pages.
+struct EnginePreferences {
+  double zoom = 1.0;
+  int minimum_font_size = 0;  ///< pixels
+  bool images = true;
+  bool scripts = true;
+};
 
 /// What the user has chosen for the engine, as the settings store keeps it among
 /// the program's own settings. A stored value that makes no sense counts as its
@@ -24,4 +32,4 @@ struct EngineChoices {
 /// Why the text cannot be the search service's address; empty when it can.
 std::string SearchServiceProblem(const std::string& address);
 
-}  // namespace corvane::desktop
+}  // namespace corvane
