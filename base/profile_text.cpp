@@ -15,26 +15,40 @@ std::string_view Unquoted(std::string_view text) {
 
 }  // namespace
 
-std::string_view value(std::string_view content, std::string_view section, std::string_view key) {
+Reader::Reader(std::string_view content) : rest_(content) {
   constexpr std::string_view kMark = "\xEF\xBB\xBF";
-  if (content.starts_with(kMark)) content.remove_prefix(kMark.size());
-  bool inside = false;
-  while (!content.empty()) {
-    const auto end = content.find_first_of("\r\n");
-    const auto line = Trimmed(content.substr(0, end));
-    content.remove_prefix(end == std::string_view::npos ? content.size() : end + 1);
+  if (rest_.starts_with(kMark)) rest_.remove_prefix(kMark.size());
+}
+
+bool Reader::Next() {
+  while (!rest_.empty()) {
+    const auto end = rest_.find_first_of("\r\n");
+    const auto line = Trimmed(rest_.substr(0, end));
+    rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
     if (line.empty() || line.front() == ';') continue;
-    if (line.front() == '[') {
-      if (inside) return {};  // only the first section of that name counts
+    opens_section = line.front() == '[';
+    if (opens_section) {
       const auto close = line.find(']');
-      inside = close != std::string_view::npos &&
-               text::same_ignoring_case(Trimmed(line.substr(1, close - 1)), Trimmed(section));
-      continue;
+      section = close == std::string_view::npos ? "" : Trimmed(line.substr(1, close - 1));
+      return true;
     }
     const auto equals = line.find('=');
-    if (!inside || equals == std::string_view::npos) continue;
-    if (text::same_ignoring_case(Trimmed(line.substr(0, equals)), Trimmed(key))) {
-      return Unquoted(Trimmed(line.substr(equals + 1)));
+    if (equals == std::string_view::npos) continue;
+    key = Trimmed(line.substr(0, equals));
+    value = Trimmed(line.substr(equals + 1));
+    return true;
+  }
+  return false;
+}
+
+std::string_view value(std::string_view content, std::string_view section, std::string_view key) {
+  bool inside = false;
+  for (Reader line(content); line.Next();) {
+    if (line.opens_section) {
+      if (inside) return {};  // only the first section of that name counts
+      inside = !line.section.empty() && text::same_ignoring_case(line.section, Trimmed(section));
+    } else if (inside && text::same_ignoring_case(line.key, Trimmed(key))) {
+      return Unquoted(line.value);
     }
   }
   return {};

@@ -15,7 +15,7 @@ PageAlerts::PageAlerts(WindowTable& windows, Speaker speak)
 
 PageAlerts::~PageAlerts() = default;
 
-void PageAlerts::ShowAlert(GtkWidget* page, const std::string& text, std::function<void()> done) {
+void PageAlerts::ShowAlert(void* page, const std::string& text, std::function<void()> done) {
   // The alert's own address tells which one has been closed.
   auto shown = std::make_shared<AlertWindow*>(nullptr);
   auto alert = std::make_unique<AlertWindow>(
@@ -29,7 +29,7 @@ void PageAlerts::ShowAlert(GtkWidget* page, const std::string& text, std::functi
       });
   *shown = alert.get();
   open_.push_back(std::move(alert));
-  GtkWidget* top = gtk_widget_get_toplevel(page);
+  GtkWidget* top = gtk_widget_get_toplevel(static_cast<GtkWidget*>(page));
   (*shown)->Show(GTK_IS_WINDOW(top) ? Glib::wrap(GTK_WINDOW(top)) : nullptr);
 }
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/gtk/dialogs/dialog_question.h"
+#include "platform/linux/gtk/dialogs/speaker.h"
 #include "platform/linux/gtk/window_table.h"
-#include "platform/linux/web/requests/script_dialogs.h"
+#include "platform/script_dialogs.h"
 
 namespace corvane::desktop {
 
@@ -21,7 +21,7 @@ class PageAlerts : public ScriptDialogs {
   PageAlerts(WindowTable& windows, Speaker speak);
   ~PageAlerts() override;
 
-  void ShowAlert(GtkWidget* page, const std::string& text, std::function<void()> done) override;
+  void ShowAlert(void* page, const std::string& text, std::function<void()> done) override;
 
  private:
   WindowTable& windows_;

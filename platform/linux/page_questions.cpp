@@ -25,7 +25,8 @@ struct Open {
 
 std::shared_ptr<void> PageQuestions::Ask(const DialogQuestion& question,
                                          std::function<void(const DialogAnswer&)> done) {
-  GtkWidget* top = question.asker ? gtk_widget_get_toplevel(question.asker) : nullptr;
+  auto* page = static_cast<GtkWidget*>(question.asker);
+  GtkWidget* top = page ? gtk_widget_get_toplevel(page) : nullptr;
   auto* owner = GTK_IS_WINDOW(top) ? Glib::wrap(GTK_WINDOW(top)) : nullptr;
   const auto open = std::make_shared<Open>(dialogs_);
   open->number = dialogs_.Ask(

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "platform/linux/gtk/dialogs/spoken_dialogs.h"
-#include "platform/linux/web/requests/questions.h"
+#include "platform/questions.h"
 
 namespace corvane::desktop {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/linux/gtk/dialogs/spoken_dialogs.h"
-#include "platform/linux/web/requests/permission_book.h"
+#include "web/requests/PermissionBook.h"
 
 namespace corvane::desktop {
 

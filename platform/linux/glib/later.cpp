@@ -40,6 +40,12 @@ void PostWhenNothingIsUnderWay(Action action) {
                      new Action(std::move(action)), &Forget);
 }
 
+std::shared_ptr<void> After(double seconds, Action action) {
+  auto delay = std::make_shared<Delay>();
+  delay->Start(seconds, std::move(action));
+  return delay;
+}
+
 void Delay::Start(double seconds, Action run) {
   Cancel();
   run_ = std::move(run);

@@ -3,6 +3,7 @@
 #include <glib.h>
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 namespace corvane::desktop {
@@ -24,6 +25,9 @@ void PostTo(GMainContext* context, std::function<void()> action);
 /// Runs `action` once from the main loop itself, when no handler is at work that
 /// lets events run in between: for what such a handler may still stand on.
 void PostWhenNothingIsUnderWay(std::function<void()> action);
+
+/// As the product has it (platform/later.h).
+std::shared_ptr<void> After(double seconds, std::function<void()> action);
 
 /// Runs something once, later, on the main loop. Starting it again or letting go
 /// of it forgets what was to run.

@@ -82,7 +82,8 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
       reader_(std::make_unique<PageReader>(
           view_.get(), [this](const std::string& href) { ShowStatus(href); },
           engine.Options().look_at_focus)),
-      requests_(std::make_unique<PageRequests>(engine, view_.get(), RequestsHost())),
+      requests_(std::make_unique<PageRequests>(engine.Desks(), view_.get(), RequestsHost())),
+      request_signals_(std::make_unique<RequestSignals>(view_.get(), *requests_)),
       find_(std::make_unique<FindInPage>(
           view_.get(), requests_->Desk(), [this](const std::string& text) { listener_.say(text); },
           [this] { listener_.found(); })),
@@ -111,10 +112,10 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
           view_.get(), [this](const OpenList& list) { reader_->TellList(list); })),
       documents_(std::make_unique<Documents>(view_.get(), requests_->Desk(),
                                              engine.Options().document_program, DocumentsHost())),
-      closing_(
-          view_.get(), [this] { listener_.close(); }, [this] { return dialog_open_; }),
+      closing_(&After, {[this] { webkit_web_view_try_close(view_.get()); },
+                        [this] { listener_.close(); }, [this] { return dialog_open_; }}),
       watchdog_(
-          engine.Options().hang,
+          engine.Options().hang, &After,
           [this](Watchdog::Answer answer) {
             Evaluate(view_.get(), "1", nullptr,
                      [answer = std::move(answer)](const auto&) { answer(); });
@@ -125,7 +126,7 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
             ShowStatus("The page does not answer. Press Stop to close it.");
           },
           [this] { leaving_.EndPage(); }),
-      leaving_(view_.get(), watchdog_),
+      leaving_(watchdog_, [this] { webkit_web_view_terminate_web_process(view_.get()); }),
       self_(std::make_shared<EngineView*>(this)),
       opened_by_page_(opener != nullptr) {
   ConnectView();
@@ -162,6 +163,7 @@ EngineView::~EngineView() {
   keys_.reset();
   list_.reset();
   documents_.reset();
+  request_signals_.reset();
   requests_.reset();  // takes back what is asked
   find_.reset();
   reader_.reset();

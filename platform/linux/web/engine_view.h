@@ -18,16 +18,17 @@
 #include "platform/linux/web/page/page_changes.h"
 #include "platform/linux/web/page/page_reader.h"
 #include "platform/linux/web/page/text_reader.h"
-#include "platform/linux/web/page_closing.h"
 #include "platform/linux/web/page_keys.h"
-#include "platform/linux/web/page_leaving.h"
 #include "platform/linux/web/page_policy.h"
-#include "platform/linux/web/requests/page_requests.h"
-#include "platform/linux/web/watchdog.h"
+#include "platform/linux/web/requests/request_signals.h"
 #include "platform/linux/web/web_engine.h"
 #include "platform/web_browser.h"
 #include "web/LoadState.h"
+#include "web/PageClosing.h"
+#include "web/PageLeaving.h"
 #include "web/Problem.h"
+#include "web/Watchdog.h"
+#include "web/requests/PageRequests.h"
 
 namespace corvane::desktop {
 
@@ -152,6 +153,7 @@ class EngineView {
   LoadState navigation_;
   std::unique_ptr<PageReader> reader_;
   std::unique_ptr<PageRequests> requests_;
+  std::unique_ptr<RequestSignals> request_signals_;
   std::unique_ptr<FindInPage> find_;
   std::unique_ptr<PageChanges> changes_;
   std::unique_ptr<LiveRegions> live_;

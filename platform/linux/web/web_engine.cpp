@@ -5,8 +5,10 @@
 #include <filesystem>
 #include <utility>
 
+#include "platform/linux/store/ini_file.h"
 #include "platform/linux/web/engine_view.h"
 #include "platform/linux/web/files/downloads.h"
+#include "platform/linux/web/requests/desktop_programs.h"
 #include "platform/linux/web/web_text.h"
 #include "web/address/OwnAddress.h"
 
@@ -50,7 +52,7 @@ void FillDefaults(EngineOptions& options) {
   if (options.permissions_file.empty() && !options.ephemeral) {
     options.permissions_file = options.data_directory + "/permissions.ini";
   }
-  if (!options.programs) options.programs = std::make_shared<OtherPrograms>();
+  if (!options.programs) options.programs = std::make_shared<DesktopPrograms>();
   if (options.home_directory.empty()) options.home_directory = Text(g_get_home_dir());
   if (!options.start_page) options.start_page = [] { return std::string(kHomePage); };
   if (!options.search_service) options.search_service = [] { return std::string(); };
@@ -72,7 +74,7 @@ ObjectPtr<WebKitWebsiteDataManager> MakeDataManager(const EngineOptions& options
 
 WebEngine::WebEngine(EngineOptions options) : options_(std::move(options)) {
   FillDefaults(options_);
-  permissions_ = std::make_unique<PermissionBook>(options_.permissions_file);
+  permissions_ = std::make_unique<PermissionBook>(options_.permissions_file, &ReplaceFile);
   downloads_ =
       std::make_unique<Downloads>(options_.questions, options_.download_folder,
                                   [this](WebKitWebView* view, const std::string& sentence) {

@@ -10,13 +10,10 @@
 #include "base/event.h"
 #include "platform/linux/glib/owner.h"
 #include "platform/linux/web/page/field_focus.h"
-#include "platform/linux/web/requests/outside_links.h"
-#include "platform/linux/web/requests/permission_book.h"
-#include "platform/linux/web/requests/questions.h"
-#include "platform/linux/web/requests/script_dialogs.h"
-#include "platform/linux/web/watchdog.h"
 #include "web/EngineChoices.h"
 #include "web/OwnPages.h"
+#include "web/Watchdog.h"
+#include "web/requests/PageRequests.h"
 
 namespace corvane::desktop {
 
@@ -103,6 +100,10 @@ class WebEngine {
 
   /// What sites are allowed for good.
   PermissionBook& Permissions() { return *permissions_; }
+  /// Whom the pages' wishes are put to.
+  PageRequests::Desks Desks() {
+    return {options_.questions, options_.dialogs, options_.programs, *permissions_};
+  }
 
   /// A view that a page has opened waits here until a control takes it.
   void Offer(std::unique_ptr<EngineView> opened);

@@ -12,7 +12,7 @@ using testing::Not;
 
 class RecordingDialogs : public ScriptDialogs {
  public:
-  void ShowAlert(GtkWidget*, const std::string& text, std::function<void()> done) override {
+  void ShowAlert(void*, const std::string& text, std::function<void()> done) override {
     alerts.push_back(text);
     if (answer_at_once) return done();
     waiting = std::move(done);

@@ -1,5 +1,6 @@
 #include "platform/linux/permissions_dialog.h"
 
+#include "platform/linux/store/ini_file.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 #include "tests/temporary_folder.h"
 
@@ -32,7 +33,7 @@ class PermissionsDialogTest : public test::DesktopTest {
   }
 
   const test::TemporaryFolder folder_;
-  PermissionBook book_{folder_ / "permissions.ini"};
+  PermissionBook book_{folder_ / "permissions.ini", &ReplaceFile};
   std::vector<std::string> spoken_;
   int closed_ = 0;
   SpokenDialogs dialogs_{windows_,
@@ -61,7 +62,8 @@ TEST_F(PermissionsDialogTest, TakesOneBackAndSaysSo) {
             "Sites' permissions. Taken back: maps.example, location, always allowed. The site has "
             "to ask again. 1 decision is kept. Site, list, chat.example, camera, never allowed, "
             "1 of 1");
-  EXPECT_EQ(PermissionBook(folder_ / "permissions.ini").Find("https://maps.example", "location"),
+  EXPECT_EQ(PermissionBook(folder_ / "permissions.ini", &ReplaceFile)
+                .Find("https://maps.example", "location"),
             std::nullopt)
       << "also with the next start";
   EXPECT_EQ(Press("alt+t"),
@@ -89,7 +91,7 @@ TEST_F(PermissionsDialogTest, SaysThatNothingIsKept) {
 }
 
 TEST_F(PermissionsDialogTest, SaysWhatCannotBeStored) {
-  book_ = PermissionBook("/proc/nowhere/permissions.ini");
+  book_ = PermissionBook("/proc/nowhere/permissions.ini", &ReplaceFile);
   book_.Decide("https://maps.example", "location", true);
   Show();
   EXPECT_EQ(Press("alt+t"),

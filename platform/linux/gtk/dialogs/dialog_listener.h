@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/linux/gtk/dialogs/dialog_question.h"
+#include "platform/linux/gtk/dialogs/speaker.h"
 
 namespace corvane::desktop {
 

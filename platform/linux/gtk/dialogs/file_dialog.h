@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "platform/file_dialog.h"
-#include "platform/linux/gtk/dialogs/dialog_question.h"
+#include "platform/linux/gtk/dialogs/speaker.h"
 #include "platform/linux/gtk/dialogs/spoken_dialogs.h"
 #include "platform/linux/gtk/window_table.h"
 

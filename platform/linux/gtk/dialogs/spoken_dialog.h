@@ -9,9 +9,10 @@
 #include <vector>
 
 #include "platform/linux/gtk/dialogs/dialog_field.h"
-#include "platform/linux/gtk/dialogs/dialog_question.h"
+#include "platform/linux/gtk/dialogs/speaker.h"
 #include "platform/linux/gtk/way_back.h"
 #include "platform/linux/gtk/window_table.h"
+#include "platform/questions.h"
 
 namespace corvane::desktop {
 

@@ -10,8 +10,8 @@
 #include "platform/linux/glib/owner.h"
 #include "platform/linux/web/documents/document_fetch.h"
 #include "platform/linux/web/documents/document_process.h"
-#include "platform/linux/web/requests/question_desk.h"
 #include "web/Problem.h"
+#include "web/requests/QuestionDesk.h"
 
 namespace corvane::desktop {
 

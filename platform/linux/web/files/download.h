@@ -8,7 +8,7 @@
 #include <string>
 
 #include "platform/linux/glib/owner.h"
-#include "platform/linux/gtk/dialogs/dialog_question.h"
+#include "platform/questions.h"
 
 namespace corvane::desktop {
 

@@ -23,7 +23,7 @@ Download::Host Downloads::HostFor(int number) {
                 std::find_if(running_.begin(), running_.end(),
                              [number](const auto& each) { return each->State().number == number; });
             asking_ = from == running_.end() ? nullptr : (*from)->View();
-            if (asking_ != nullptr) question.asker = GTK_WIDGET(asking_);
+            if (asking_ != nullptr) question.asker = asking_;
             desk_.Ask(QuestionDesk::Asker::Page, std::move(question), std::move(answer));
           },
           [this](const std::string& name) { return FreePathFor(name); }, say_,

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "platform/linux/web/files/download.h"
-#include "platform/linux/web/requests/question_desk.h"
+#include "web/requests/QuestionDesk.h"
 
 namespace corvane::desktop {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/linux/web/requests/question_desk.h"
+#include "web/requests/QuestionDesk.h"
 
 namespace corvane::desktop {
 

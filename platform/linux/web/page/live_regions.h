@@ -8,8 +8,8 @@
 #include <string_view>
 
 #include "platform/linux/web/page/page_script.h"
-#include "platform/linux/web/requests/allowance.h"
 #include "platform/page_words.h"
+#include "web/requests/Allowance.h"
 
 namespace corvane::desktop {
 

@@ -6,10 +6,10 @@
 #include <string>
 
 #include "platform/linux/web/page/page_script.h"
-#include "platform/linux/web/requests/allowance.h"
-#include "platform/linux/web/requests/page_notices.h"
 #include "platform/page_words.h"
 #include "platform/web_browser.h"
+#include "web/requests/Allowance.h"
+#include "web/requests/PageNotices.h"
 
 namespace corvane::desktop {
 
