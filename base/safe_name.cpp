@@ -85,6 +85,10 @@ std::string Shorten(std::string_view words, std::size_t longest) {
   return std::string(words.substr(0, end)) + (end < words.size() ? "..." : "");
 }
 
+std::string Numbered(const std::string& name, int number) {
+  return number == 1 ? name : name + " " + std::to_string(number);
+}
+
 std::size_t EndingOf(std::string_view name) {
   const auto dot = name.rfind('.');
   const bool is_ending = dot != std::string_view::npos && dot > 0 &&

@@ -22,6 +22,10 @@ std::string Shorten(std::string_view words, std::size_t longest);
 /// `fallback` stands for words of which nothing is left.
 std::string SafeFileName(std::string_view words, const std::string& fallback = "page");
 
+/// The name of the `number`th of those that would have the same: from the second on with
+/// its number behind it.
+std::string Numbered(const std::string& name, int number);
+
 /// Where a file name's ending starts ("report" | ".pdf"); its length when it has
 /// none.
 std::size_t EndingOf(std::string_view name);

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "base/text.h"
-#include "browser/LinkFile.h"
 #include "explorer/CDirectory.h"
+#include "web/library/LinkFile.h"
 
 namespace corvane {
 namespace {

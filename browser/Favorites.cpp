@@ -4,10 +4,10 @@
 #include "base/handling.h"
 #include "base/safe_name.h"
 #include "base/text.h"
-#include "browser/BookmarkFile.h"
-#include "browser/LinkFile.h"
 #include "browser/ProfileValue.h"
 #include "platform/shell_folder.h"
+#include "web/library/BookmarkFile.h"
+#include "web/library/LinkFile.h"
 
 namespace corvane {
 namespace {
@@ -15,10 +15,6 @@ namespace {
 constexpr int kMostNamesakes = 1000;
 constexpr const char* kShortcut = ".url";
 constexpr const char* kDesktopLink = ".desktop";
-
-std::string NumberedName(const std::string& name, int number) {
-  return number == 1 ? name : name + " " + std::to_string(number);
-}
 
 /// The name with the ending that makes the file what it is, once.
 std::string WithEndingOf(const std::string& file, const std::string& name) {
@@ -73,7 +69,7 @@ Favorites::Kept Favorites::Add(const std::string& folder, const std::string& tit
   const bool is_short = text::length(address) <= kLongestProfileValue;
   const std::string name = SafeFileName(title.empty() ? address : title);
   for (int i = 1; i <= kMostNamesakes; ++i) {
-    std::string numbered = NumberedName(name, i);
+    std::string numbered = Numbered(name, i);
     const std::string shortcut = Below(folder, numbered + kShortcut);
     const std::string link = Below(folder, numbered + kDesktopLink);
     for (const auto& path : {shortcut, link}) {
@@ -115,7 +111,7 @@ std::string Favorites::Rename(const std::string& path, const std::string& name) 
 
 std::string Favorites::NewFolder(const std::string& name) const {
   for (int i = 1; i <= kMostNamesakes; ++i) {
-    std::string numbered = NumberedName(name, i);
+    std::string numbered = Numbered(name, i);
     const std::string path = Below(Folder(), numbered);
     if (desktop_.GetFileSystem().Exists(path)) continue;
     desktop_.GetShell().MakeFolder(path);

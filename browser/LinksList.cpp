@@ -2,7 +2,7 @@
 
 #include "access/AALinkElement.h"
 #include "base/language.h"
-#include "browser/LinkFile.h"
+#include "web/library/LinkFile.h"
 
 namespace corvane {
 

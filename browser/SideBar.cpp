@@ -2,12 +2,12 @@
 
 #include <utility>
 
-#include "browser/LinkFile.h"
 #include "browser/reading/ElementLists.h"
 #include "explorer/CDirectory.h"
 #include "explorer/CHTMLStructure.h"
 #include "explorer/CPageElements.h"
 #include "explorer/mIShellFolder.h"
+#include "web/library/LinkFile.h"
 
 namespace corvane {
 namespace {

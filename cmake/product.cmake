@@ -5,7 +5,7 @@ file(GLOB product_sources CONFIGURE_DEPENDS
      ${CMAKE_SOURCE_DIR}/explorer/*.cpp
      ${CMAKE_SOURCE_DIR}/access/*.cpp ${CMAKE_SOURCE_DIR}/controls/*.cpp
      ${CMAKE_SOURCE_DIR}/web/*.cpp ${CMAKE_SOURCE_DIR}/web/address/*.cpp
-     ${CMAKE_SOURCE_DIR}/web/requests/*.cpp)
+     ${CMAKE_SOURCE_DIR}/web/library/*.cpp ${CMAKE_SOURCE_DIR}/web/requests/*.cpp)
 if(product_sources)
   add_library(corvane_product STATIC ${product_sources})
   target_link_libraries(corvane_product PUBLIC corvane_options)

@@ -10,6 +10,7 @@
 
 #include "platform/linux/access/desktop_windows.h"
 #include "platform/linux/glib/later.h"
+#include "platform/linux/glib/owner.h"
 #include "platform/linux/gtk/controls/combo_box.h"
 #include "platform/linux/gtk/controls/command_button.h"
 #include "platform/linux/gtk/controls/image.h"
@@ -32,10 +33,11 @@
 #include "platform/linux/page_questions.h"
 #include "platform/linux/shell/file_shell.h"
 #include "platform/linux/speech/linux_agent.h"
+#include "platform/linux/store/ini_file.h"
 #include "platform/linux/web/files/downloads.h"
-#include "platform/linux/web/files/history_folder.h"
-#include "platform/linux/web/files/link_search.h"
 #include "platform/linux/web/webkit_browser.h"
+#include "web/library/HistoryFolder.h"
+#include "web/library/LinkSearch.h"
 
 namespace corvane::desktop {
 namespace {
@@ -55,6 +57,10 @@ bool IntoPassword() {
   const WidgetBinding* binding = WidgetBinding::Focused();
   const auto* page = binding ? dynamic_cast<WebKitBrowser*>(&binding->control()) : nullptr;
   return page && page->InPassword();
+}
+
+std::string WithoutCase(const std::string& text) {
+  return Taken(g_utf8_casefold(text.c_str(), static_cast<gssize>(text.size())));
 }
 
 std::string DataFolder() { return std::string(g_get_user_data_dir()) + "/corvane/"; }
@@ -110,15 +116,16 @@ EngineOptions LinuxDesktop::MakeEngineOptions() {
   options.questions = std::make_shared<PageQuestions>(dialogs_);
   const std::string data = DataFolder();
   const std::string history = data + kHistory;
-  visits_ = std::make_shared<HistoryFolder>(history);
+  visits_ = std::make_shared<HistoryFolder>(history, &ReplaceFile);
   options.page_visited = [visits = visits_](const std::string& address, const std::string& title) {
     visits->Add(address, title);
   };
   options.was_visited = [visits = visits_](const std::string& address) {
     return visits->Knows(address);
   };
-  options.find_matches = [folders = std::vector{data + "Favorites", history}](
-                             const std::string& words) { return FindLinks(folders, words); };
+  options.find_matches =
+      [search = LinkSearch{{data + "Favorites", history}, g_get_home_dir(), &WithoutCase}](
+          const std::string& words) { return search.Find(words); };
   return options;
 }
 

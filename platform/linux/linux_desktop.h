@@ -28,9 +28,9 @@
 #include "platform/linux/store/engine_registry.h"
 #include "platform/linux/store/ini_settings_store.h"
 #include "platform/linux/store/local_file_system.h"
-#include "platform/linux/web/files/history_folder.h"
 #include "platform/linux/web/web_engine.h"
 #include "platform/shell_folder.h"
+#include "web/library/HistoryFolder.h"
 
 namespace corvane::desktop {
 

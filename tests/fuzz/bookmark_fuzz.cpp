@@ -1,9 +1,9 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "browser/BookmarkFile.h"
-#include "browser/LinkFile.h"
 #include "tests/fuzz/fuzz.h"
+#include "web/library/BookmarkFile.h"
+#include "web/library/LinkFile.h"
 
 using namespace corvane;
 

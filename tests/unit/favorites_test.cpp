@@ -1,7 +1,7 @@
-#include "browser/BookmarkFile.h"
 #include "browser/FavoriteCommands.h"
-#include "browser/LinkFile.h"
 #include "tests/unit/program.h"
+#include "web/library/BookmarkFile.h"
+#include "web/library/LinkFile.h"
 
 namespace corvane::tests {
 namespace {

@@ -62,6 +62,11 @@ TEST(Layers, PortsKnowNeitherProductNorToolkit) {
   EXPECT_THAT(offences({"platform"}, allowed, false), ::testing::IsEmpty());
 }
 
+TEST(Layers, WebDoesNotKnowThePaneThatShowsIt) {
+  const std::regex allowed(R"((web/([a-z]+/)?|base/|platform/)[A-Za-z0-9_]+\.h|[a-z_]+)");
+  EXPECT_THAT(offences({"web"}, allowed, true), ::testing::IsEmpty());
+}
+
 TEST(Layers, SpeechDoesNotKnowTheWindowsThatUseIt) {
   const std::regex allowed(R"((speech|base|platform)/[A-Za-z0-9_]+\.h|[a-z_]+)");
   EXPECT_THAT(offences({"speech"}, allowed, true), ::testing::IsEmpty());

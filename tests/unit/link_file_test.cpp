@@ -1,4 +1,4 @@
-#include "browser/LinkFile.h"
+#include "web/library/LinkFile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "browser/SideBar.h"
 
-#include "browser/LinkFile.h"
 #include "tests/unit/program.h"
+#include "web/library/LinkFile.h"
 
 namespace corvane::tests {
 namespace {

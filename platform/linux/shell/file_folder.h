@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "browser/LinkFile.h"
 #include "platform/linux/store/local_file_system.h"
 #include "platform/shell_folder.h"
+#include "web/library/LinkFile.h"
 
 namespace corvane::desktop {
 

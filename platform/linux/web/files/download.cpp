@@ -4,9 +4,9 @@
 #include <utility>
 
 #include "base/safe_name.h"
-#include "platform/linux/web/files/file_names.h"
 #include "web/Problem.h"
 #include "web/address/Address.h"
+#include "web/library/FreePath.h"
 
 namespace corvane::desktop {
 namespace {

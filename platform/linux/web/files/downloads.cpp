@@ -4,7 +4,8 @@
 #include <filesystem>
 #include <utility>
 
-#include "platform/linux/web/files/file_names.h"
+#include "platform/linux/web/files/download_folder.h"
+#include "web/library/FreePath.h"
 
 namespace corvane::desktop {
 

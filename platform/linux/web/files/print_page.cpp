@@ -9,7 +9,8 @@
 
 #include "base/safe_name.h"
 #include "platform/linux/glib/owner.h"
-#include "platform/linux/web/files/file_names.h"
+#include "platform/linux/web/files/download_folder.h"
+#include "web/library/FreePath.h"
 
 namespace corvane::desktop {
 namespace {

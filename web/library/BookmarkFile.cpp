@@ -1,4 +1,4 @@
-#include "browser/BookmarkFile.h"
+#include "web/library/BookmarkFile.h"
 
 #include <algorithm>
 #include <string_view>

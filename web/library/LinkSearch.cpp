@@ -1,16 +1,14 @@
-#include "platform/linux/web/files/link_search.h"
-
-#include <glib.h>
+#include "web/library/LinkSearch.h"
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
-#include "platform/linux/glib/owner.h"
+#include "base/text.h"
 #include "web/address/TypedAddress.h"
 
-namespace corvane::desktop {
+namespace corvane {
 namespace {
 
 namespace fs = std::filesystem;
@@ -18,14 +16,8 @@ namespace fs = std::filesystem;
 constexpr std::size_t kMostFiles = 2000;
 constexpr std::size_t kMostMatches = 50;
 
-std::string Folded(const std::string& text) {
-  const GText valid(g_utf8_make_valid(text.c_str(), static_cast<gssize>(text.size())));
-  const GText folded(g_utf8_casefold(valid.get(), -1));
-  return Text(folded.get());
-}
-
 std::vector<std::string> WordsOf(const std::string& text) {
-  std::istringstream stream(Folded(text));
+  std::istringstream stream(text);
   std::vector<std::string> words;
   for (std::string word; stream >> word;) words.push_back(word);
   return words;
@@ -45,9 +37,9 @@ std::vector<fs::path> LinksBelow(const std::string& folder) {
 }
 
 /// The address in full, as a link of a page needs it; empty when it leads nowhere.
-std::string InFull(const std::string& address) {
+std::string InFull(const std::string& address, const std::string& home) {
   if (address.empty() || IsHostileAddress(address, "")) return {};
-  const TypedAddress whole = ResolveTyped(address, g_get_home_dir());
+  const TypedAddress whole = ResolveTyped(address, home);
   return whole.uri.empty() ? whole.outside : whole.uri;
 }
 
@@ -63,17 +55,16 @@ LinkFile ReadLinkAt(const std::string& path) {
                       std::string_view(front).substr(0, static_cast<std::size_t>(file.gcount())));
 }
 
-std::vector<SearchMatch> FindLinks(const std::vector<std::string>& folders,
-                                   const std::string& words) {
+std::vector<SearchMatch> LinkSearch::Find(const std::string& words) const {
   std::vector<SearchMatch> matches;
-  const auto wanted = WordsOf(words);
+  const auto wanted = WordsOf(folded(text::valid(words)));
   if (wanted.empty()) return matches;
   for (const auto& folder : folders) {
     for (const auto& path : LinksBelow(folder)) {
       const LinkFile link = ReadLinkAt(path.string());
       const std::string name = ShownFileName(path.filename().string());
-      const SearchMatch match{link.name.empty() ? name : link.name, InFull(link.address)};
-      const std::string text = Folded(match.title + " " + name + " " + match.address);
+      const SearchMatch match{link.name.empty() ? name : link.name, InFull(link.address, home)};
+      const std::string text = folded(text::valid(match.title + " " + name + " " + match.address));
       const bool fits = std::all_of(wanted.begin(), wanted.end(), [&](const auto& word) {
         return text.find(word) != std::string::npos;
       });
@@ -88,4 +79,4 @@ std::vector<SearchMatch> FindLinks(const std::vector<std::string>& folders,
   return matches;
 }
 
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -1,5 +1,5 @@
 // The history as files, and finding shortcuts in it.
-#include "platform/linux/web/files/history_folder.h"
+#include "web/library/HistoryFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -7,10 +7,11 @@
 #include <fstream>
 #include <iterator>
 
-#include "platform/linux/web/files/link_search.h"
+#include "base/text.h"
 #include "tests/temporary_folder.h"
+#include "web/library/LinkSearch.h"
 
-namespace corvane::desktop {
+namespace corvane {
 namespace {
 
 namespace fs = std::filesystem;
@@ -23,6 +24,18 @@ using testing::UnorderedElementsAre;
 
 auto Match(const std::string& title, const std::string& address) {
   return AllOf(Field(&SearchMatch::title, title), Field(&SearchMatch::address, address));
+}
+
+bool WriteFile(const std::string& path, const std::string& content) {
+  std::error_code error;
+  fs::create_directories(fs::path(path).parent_path(), error);
+  return static_cast<bool>(std::ofstream(path, std::ios::binary) << content);
+}
+
+std::vector<SearchMatch> FindLinks(const std::vector<std::string>& folders,
+                                   const std::string& words) {
+  return LinkSearch{folders, "/home/ann", [](const std::string& text) { return text::lower(text); }}
+      .Find(words);
 }
 
 class HistoryFolderTest : public testing::Test {
@@ -44,7 +57,7 @@ class HistoryFolderTest : public testing::Test {
   const fs::path root_{folder_.Path()};
   std::string day_ = "2001-12-31";
   HistoryFolder MakeHistory(int days = 30) {
-    return HistoryFolder(root_.string(), days, [this] { return day_; });
+    return HistoryFolder(root_.string(), &WriteFile, days, [this] { return day_; });
   }
 };
 
@@ -54,14 +67,6 @@ TEST_F(HistoryFolderTest, WritesAShortcutIntoTheDaysFolder) {
   EXPECT_THAT(Files(day_), ElementsAre("My page.url"));
   EXPECT_EQ(Content(root_ / day_ / "My page.url"),
             "[InternetShortcut]\r\nURL=http://a.example/x?y\r\n");
-}
-
-TEST_F(HistoryFolderTest, IsForItsOwnerOnly) {
-  auto history = MakeHistory();
-  history.Add("http://a.example/", "A");
-  EXPECT_EQ(fs::status(root_ / day_).permissions(), fs::perms::owner_all);
-  EXPECT_EQ(fs::status(root_ / day_ / "A.url").permissions(),
-            fs::perms::owner_read | fs::perms::owner_write);
 }
 
 TEST_F(HistoryFolderTest, ASecondVisitReplacesTheFirst) {
@@ -121,7 +126,7 @@ TEST_F(HistoryFolderTest, WhatIsNoDayIsLeftAlone) {
 }
 
 TEST_F(HistoryFolderTest, AFolderThatCannotBeWrittenIsNoTrouble) {
-  HistoryFolder history("/proc/none", 3, [this] { return day_; });
+  HistoryFolder history("/proc/none", &WriteFile, 3, [this] { return day_; });
   history.Add("http://a.example/", "A");
   history.Clear();
   EXPECT_FALSE(fs::exists("/proc/none"));
@@ -186,4 +191,4 @@ TEST_F(HistoryFolderTest, ForgetsOnePageOnAllDays) {
 }
 
 }  // namespace
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -1,4 +1,4 @@
-#include "browser/LinkFile.h"
+#include "web/library/LinkFile.h"
 
 #include "base/html_text.h"
 #include "base/profile_text.h"

@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-namespace corvane::desktop {
+namespace corvane {
 
 /// A path in the folder for a file of that name that does not exist yet: with
 /// " 2", " 3" ... before the ending where the name is taken. `taken` tells of paths
@@ -11,7 +11,4 @@ namespace corvane::desktop {
 std::string FreePath(const std::string& folder, const std::string& name,
                      const std::function<bool(const std::string& path)>& taken = nullptr);
 
-/// The user's folder for what comes from the network.
-std::string DownloadFolder();
-
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -1,29 +1,26 @@
-#include "platform/linux/web/files/history_folder.h"
-
-#include <gio/gio.h>
+#include "web/library/HistoryFolder.h"
 
 #include <algorithm>
+#include <array>
+#include <ctime>
 #include <filesystem>
 #include <utility>
 
 #include "base/safe_name.h"
-#include "platform/linux/glib/owner.h"
-#include "platform/linux/web/files/link_search.h"
+#include "web/library/LinkSearch.h"
 
-namespace corvane::desktop {
+namespace corvane {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kPrivateFolder = 0700;
-constexpr int kPrivateFile = 0600;
 constexpr int kMostNamesakes = 100;
 
 std::string ClockDay() {
-  GDateTime* now = g_date_time_new_now_local();
-  const GText day(g_date_time_format(now, "%Y-%m-%d"));
-  g_date_time_unref(now);
-  return Text(day.get());
+  const std::time_t now = std::time(nullptr);
+  std::array<char, 16> day{};
+  const auto length = std::strftime(day.data(), day.size(), "%Y-%m-%d", std::localtime(&now));
+  return {day.data(), length};
 }
 
 bool IsDay(const std::string& name) {
@@ -38,8 +35,10 @@ bool IsShortcut(const fs::path& path) { return LinkKindOf(path.string()) == Link
 
 }  // namespace
 
-HistoryFolder::HistoryFolder(std::string root, int days_kept, std::function<std::string()> today)
+HistoryFolder::HistoryFolder(std::string root, Write write, int days_kept,
+                             std::function<std::string()> today)
     : root_(std::move(root)),
+      write_(std::move(write)),
       days_kept_(static_cast<std::size_t>(std::max(days_kept, 1))),
       today_(today ? std::move(today) : &ClockDay) {}
 
@@ -69,19 +68,15 @@ void HistoryFolder::Add(const std::string& address, const std::string& title) {
   known_.insert(address);
   const std::string day = today_();
   const fs::path folder = fs::path(root_) / day;
-  if (g_mkdir_with_parents(folder.c_str(), kPrivateFolder) != 0) return;
-  if (std::exchange(last_day_, day) != day) RemoveOldDays();
-
   const std::string name = SafeFileName(title);
   for (int i = 1; i <= kMostNamesakes; ++i) {
-    const fs::path path = folder / (name + (i == 1 ? "" : " " + std::to_string(i)) + ".url");
+    const fs::path path = folder / (Numbered(name, i) + ".url");
     std::error_code error;
     if (fs::exists(path, error) && AddressIn(path) != address) continue;
-    const std::string content = ShortcutContent(address);
-    g_file_set_contents_full(path.c_str(), content.c_str(), static_cast<gssize>(content.size()),
-                             G_FILE_SET_CONTENTS_CONSISTENT, kPrivateFile, nullptr);
-    return;
+    if (!write_(path.string(), ShortcutContent(address))) return;
+    break;
   }
+  if (std::exchange(last_day_, day) != day) RemoveOldDays();
 }
 
 void HistoryFolder::Clear() {
@@ -108,4 +103,4 @@ std::size_t HistoryFolder::Forget(const std::string& address) {
   return forgotten;
 }
 
-}  // namespace corvane::desktop
+}  // namespace corvane
