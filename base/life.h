@@ -25,8 +25,13 @@ class Life {
   ~Life() = default;
 
   Watch Look() const { return Watch(life_); }
-  /// Ends for all who watch, and begins anew.
-  void Renew() { life_ = std::make_shared<char>(); }
+  /// Ends for all who watch.
+  void End() { life_.reset(); }
+  /// The same, and begins anew.
+  Watch Renew() {
+    life_ = std::make_shared<char>();
+    return Look();
+  }
 
  private:
   std::shared_ptr<char> life_ = std::make_shared<char>();

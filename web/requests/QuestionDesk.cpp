@@ -11,7 +11,7 @@ QuestionDesk::QuestionDesk(std::shared_ptr<Questions> questions, std::function<v
       allowance_(kMost, kSeconds, std::move(now)) {}
 
 QuestionDesk::~QuestionDesk() {
-  life_.Renew();
+  life_.End();
   Reset();
 }
 

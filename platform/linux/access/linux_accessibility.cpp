@@ -139,18 +139,17 @@ void LinuxAccessibility::Request::LeaveAlone(Part& part) {
 
 LinuxAccessibility::LinuxAccessibility(WindowTable& windows)
     : windows_(windows),
-      self_(std::make_shared<LinuxAccessibility*>(this)),
       family_(std::make_shared<OwnFamily>(*this)),
-      bus_(std::make_shared<AccessBus>([self = std::weak_ptr(self_)] {
+      bus_(std::make_shared<AccessBus>([this, here = life_.Look()] {
         PostToLoop(
-            [self] {
-              if (const auto here = self.lock()) (*here)->Problem.Raise(kLost);
+            [this, here] {
+              if (here) Problem.Raise(kLost);
             },
             Turn::InTurn);
       })) {}
 
 LinuxAccessibility::~LinuxAccessibility() {
-  self_.reset();
+  life_.End();
   family_.reset();
 }
 
@@ -171,11 +170,10 @@ Connection LinuxAccessibility::Fetch(const std::vector<WindowHandle>& windows, D
     request->parts.push_back({window, *plug, {}, nullptr});
     if (depth == Depth::Top) Request::LeaveAlone(request->parts.back());
   }
-  request->arrived = [weak = std::weak_ptr(request), self = std::weak_ptr(self_)] {
+  request->arrived = [weak = std::weak_ptr(request), this, here = life_.Look()] {
     PostToLoop(
-        [request = weak.lock(), self] {
-          const auto here = self.lock();
-          if (here && request && !*request->cancelled) (*here)->Finish(request);
+        [request = weak.lock(), this, here] {
+          if (here && request && !*request->cancelled) Finish(request);
         },
         Turn::InTurn);
   };
@@ -242,9 +240,8 @@ void LinuxAccessibility::Finish(const std::shared_ptr<Request>& request) {
     tree->is_plug = *part.root == part.plug;
     tree->host = std::make_shared<LocalAccessible>(family_, socket);
     tree->coordinates = reader::Coordinates::Window;
-    tree->origin = [window = part.window, self = std::weak_ptr(self_)] {
-      const auto here = self.lock();
-      Gtk::Widget* widget = here ? (*here)->windows_.WidgetOf(window) : nullptr;
+    tree->origin = [window = part.window, this, here = life_.Look()] {
+      Gtk::Widget* widget = here ? windows_.WidgetOf(window) : nullptr;
       return widget != nullptr ? OriginOf(widget->gobj()) : ScreenPoint();
     };
     trees_[part.window] = std::move(tree);
@@ -346,10 +343,10 @@ ScreenPoint LinuxAccessibility::CaretPos() const {
 void LinuxAccessibility::ReadFocus(GtkWidget* view, std::function<void(const FieldFocus&)> seen) {
   const auto plug = PlugOf(gtk_widget_get_accessible(view));
   if (!plug) return seen({});
-  const auto tell = [weak = std::weak_ptr(self_), seen = std::move(seen)](const FieldFocus& focus) {
+  const auto tell = [here = life_.Look(), seen = std::move(seen)](const FieldFocus& focus) {
     PostToLoop(
-        [weak, seen, focus] {
-          if (!weak.expired()) seen(focus);
+        [here, seen, focus] {
+          if (here) seen(focus);
         },
         Turn::InTurn);
   };

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/life.h"
 #include "platform/accessible.h"
 #include "platform/linux/access/focus_reader.h"
 #include "platform/linux/access/local_accessible.h"
@@ -55,7 +56,7 @@ class LinuxAccessibility : public Accessibility {
   WindowTable& windows_;
   OtherWindows others_;
   std::map<WindowHandle, std::shared_ptr<const RemoteTree>> trees_;
-  std::shared_ptr<LinuxAccessibility*> self_;  // what comes late finds it gone
+  Life life_;  // what comes late finds it gone
   std::shared_ptr<OwnFamily> family_;
   std::shared_ptr<AccessBus> bus_;
 };

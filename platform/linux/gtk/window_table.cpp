@@ -14,9 +14,9 @@
 
 namespace corvane::desktop {
 
-WindowTable::WindowTable() : self_(std::make_shared<WindowTable*>(this)) {}
+WindowTable::WindowTable() {}
 
-WindowTable::~WindowTable() { *self_ = nullptr; }
+WindowTable::~WindowTable() { life_.End(); }
 
 WindowHandle WindowTable::Add(Entry entry) {
   const WindowHandle handle = ++last_;
@@ -178,9 +178,9 @@ void WindowTable::SetParent(WindowHandle child, WindowHandle parent) {
 }
 
 void WindowTable::PostClose(WindowHandle window) {
-  PostToLoop([window, self = self_] {
-    if (!*self) return;
-    const auto* found = (*self)->Find(window);
+  PostToLoop([this, window, here = life_.Look()] {
+    if (!here) return;
+    const auto* found = Find(window);
     if (!found || !found->entry.close) return;
     const auto close = found->entry.close;  // closing may remove the entry
     close();

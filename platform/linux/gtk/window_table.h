@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "base/life.h"
 #include "platform/windows.h"
 
 namespace Gtk {
@@ -100,7 +101,7 @@ class WindowTable : public Windows {
   std::map<WindowHandle, Window> windows_;  // handles rise: order of entry
   WindowHandle last_ = 0;
   std::uint64_t joins_ = 0;
-  std::shared_ptr<WindowTable*> self_;  // lets a posted request see that the table is gone
+  Life life_;  // lets a posted request see that the table is gone
 };
 
 }  // namespace corvane::desktop

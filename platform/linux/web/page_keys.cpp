@@ -99,15 +99,14 @@ void PageKeys::Keep(GdkEventKey& event) {
 
 void PageKeys::WatchTab(bool back) {
   if (tab_.Running()) return;
-  asked_ = std::make_shared<int>();
   // The page is asked after it has been given the key, not before.
-  ask_.Start(0, [this] {
-    host_.ask([this, weak = std::weak_ptr(asked_)] {
-      if (!weak.expired()) tab_.Cancel();
+  ask_.Start(0, [this, wanted = asked_.Renew()] {
+    host_.ask([this, wanted] {
+      if (wanted) tab_.Cancel();
     });
   });
   tab_.Start(patience_, [this, back] {
-    asked_.reset();
+    asked_.End();
     if (gtk_widget_has_focus(view_) && !host_.waits()) LeadOut(back);
   });
 }

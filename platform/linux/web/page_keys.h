@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+#include "base/life.h"
 #include "platform/linux/glib/later.h"
 
 namespace corvane::desktop {
@@ -56,7 +57,7 @@ class PageKeys {
   const Host host_;
   const double patience_;
   GtkWidget* window_ = nullptr;
-  std::shared_ptr<int> asked_;  // the sign of life that Tab waits for
+  Life asked_;  // the sign of life that Tab waits for
   Delay ask_;
   Delay tab_;
   bool left_ = false;

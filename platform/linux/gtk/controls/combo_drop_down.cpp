@@ -64,12 +64,12 @@ DropDownCombo::DropDownCombo(const std::string& name, WindowTable& windows) : co
     const bool shown = combo_.property_popup_shown();
     binding().OwnListOpen(shown);
     if (!shown) told_ = -1;
-    PostToLoop([self = self_] {
-      if (!*self) return;
-      if ((*self)->combo_.property_popup_shown()) {
-        (*self)->ListShown();
+    PostToLoop([this, here = life_.Look()] {
+      if (!here) return;
+      if (combo_.property_popup_shown()) {
+        ListShown();
       } else {
-        (*self)->ListHidden();
+        ListHidden();
       }
     });
   });

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "base/life.h"
 #include "platform/linux/gtk/controls/combo_box.h"
 
 namespace corvane::desktop {
@@ -18,7 +19,7 @@ class DropDownCombo : public ComboBoxControl {
   DropDownCombo(const std::string& name, WindowTable& windows);
   ~DropDownCombo() override {
     showing_ = true;  // what the widgets tell as they go is no news
-    *self_ = nullptr;
+    life_.End();
   }
   Gtk::Widget& widget() override { return combo_; }
   void SetText(const std::string& text) override;
@@ -39,7 +40,7 @@ class DropDownCombo : public ComboBoxControl {
   Gtk::TreeView* list_ = nullptr;  // the open list, once there was one
   int told_ = -1;                  // the entry that its cursor was told to be on
   bool chosen_ = false;            // from the open list
-  std::shared_ptr<DropDownCombo*> self_ = std::make_shared<DropDownCombo*>(this);
+  Life life_;
 };
 
 }  // namespace corvane::desktop

@@ -66,7 +66,7 @@ TreeViewControl::TreeViewControl(const std::string& name, WindowTable& windows,
 // What the widgets tell as they go is no news.
 TreeViewControl::~TreeViewControl() {
   showing_ = true;
-  *alive_ = false;
+  life_.End();
 }
 
 void TreeViewControl::ListenToView() {
@@ -103,8 +103,8 @@ void TreeViewControl::ListenToView() {
 // What hears of a click may let another key in. The view, which tells of its new
 // selection halfway through a move, would take the cursor back over that key's move.
 void TreeViewControl::Clicked(TreeNodeId id) {
-  PostToLoop([this, alive = alive_, id] {
-    auto* node = *alive ? SelectedItem() : nullptr;
+  PostToLoop([this, here = life_.Look(), id] {
+    auto* node = here ? SelectedItem() : nullptr;
     if (node && node->Id() == id) NodeClick.Raise(*node);
   });
 }
@@ -112,26 +112,26 @@ void TreeViewControl::Clicked(TreeNodeId id) {
 void TreeViewControl::ToggledOutside(const Gtk::TreeIter& at, bool open) {
   const auto* row = TreeRows::RowAt(at);
   if (!row) return;
-  PostToLoop([this, alive = alive_, id = row->Id(), open] {
-    auto* still = *alive ? rows_->Find(id) : nullptr;
+  PostToLoop([this, here = life_.Look(), id = row->Id(), open] {
+    auto* still = here ? rows_->Find(id) : nullptr;
     if (still && still->Expanded() != open) ToggleByUser(*still);
   });
 }
 
 void TreeViewControl::ToggleByUser(TreeRow& row) {
-  const auto alive = alive_;
+  const auto here = life_.Look();
   const TreeNodeId id = row.Id();
   row.SetExpanded(!row.Expanded());
-  auto* still = *alive ? rows_->Find(id) : nullptr;
+  auto* still = here ? rows_->Find(id) : nullptr;
   if (still) Toggled.Raise(*still);
 }
 
 void TreeViewControl::Open(TreeRow& row) {
   if (row.Expanded()) return;
-  const auto alive = alive_;
+  const auto here = life_.Look();
   const TreeNodeId id = row.Id();
   Expand.Raise(row);
-  auto* still = *alive ? rows_->Find(id) : nullptr;
+  auto* still = here ? rows_->Find(id) : nullptr;
   if (!still || still->Children() == 0) return;
   rows_->HoldBack(*still, kAtOnce);
   const bool before = std::exchange(showing_, true);
@@ -142,8 +142,8 @@ void TreeViewControl::Open(TreeRow& row) {
 
 // Lets the view see children that were held back, a few at a time.
 void TreeViewControl::Release(TreeNodeId id) {
-  WhenIdle([this, alive = alive_, id] {
-    auto* row = *alive ? rows_->Find(id) : nullptr;
+  WhenIdle([this, here = life_.Look(), id] {
+    auto* row = here ? rows_->Find(id) : nullptr;
     if (!row) return;
     const bool before = std::exchange(showing_, true);
     const bool more = rows_->Release(*row, kFollowing);
@@ -203,28 +203,28 @@ void TreeViewControl::Draw(Gtk::CellRendererPixbuf& cell, const Gtk::TreeIter& a
 void TreeViewControl::StartLabelEdit() {
   auto* row = dynamic_cast<TreeRow*>(SelectedItem());
   if (!row) return;
-  const auto alive = alive_;
+  const auto here = life_.Look();
   const TreeNodeId id = row->Id();
   bool cancel = false;
   BeforeLabelEdit.Raise(cancel);
-  if (cancel || !*alive || rows_->Find(id) == nullptr) return;
+  if (cancel || !here || rows_->Find(id) == nullptr) return;
   edited_ = id;
   if (!ask_label_) return;
   // An edit that is given up ends with the label as it is.
-  ask_label_(row->Text(), [this, alive, label = row->Text()](std::optional<std::string> text) {
-    if (*alive) Edited(text.value_or(label));
+  ask_label_(row->Text(), [this, here, label = row->Text()](std::optional<std::string> text) {
+    if (here) Edited(text.value_or(label));
   });
 }
 
 // The handlers ask for the selected node: it is the edited one, unless the tree
 // has become another meanwhile.
 void TreeViewControl::Edited(const std::string& text) {
-  const auto alive = alive_;
+  const auto here = life_.Look();
   const TreeNodeId id = edited_;
   if (SelectedItem() == nullptr || SelectedItem()->Id() != id) return;
   bool cancel = false;
   AfterLabelEdit.Raise(cancel, text);
-  auto* row = *alive && !cancel ? rows_->Find(id) : nullptr;
+  auto* row = here && !cancel ? rows_->Find(id) : nullptr;
   if (row) rows_->SetText(*row, text);
 }
 

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "base/life.h"
 #include "platform/linux/gtk/controls/image_list.h"
 #include "platform/linux/gtk/controls/tree_rows.h"
 #include "platform/linux/gtk/widget_control.h"
@@ -79,7 +80,7 @@ class TreeViewControl : public WidgetControl<TreeView> {
   guint32 last_press_ = 0;
   TreeNodeId edited_ = 0;
   TreeNodeId last_id_ = 0;
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // to be watched
+  Life life_;
 };
 
 }  // namespace corvane::desktop

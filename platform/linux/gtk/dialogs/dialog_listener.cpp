@@ -42,15 +42,14 @@ void MarkAsSpeaking(GtkWidget* dialog) {
   g_object_set_data(G_OBJECT(dialog), kSpeaks, GINT_TO_POINTER(1));
 }
 
-DialogListener::DialogListener(Speaker speak)
-    : speak_(std::move(speak)), self_(std::make_shared<DialogListener*>(this)) {
+DialogListener::DialogListener(Speaker speak) : speak_(std::move(speak)) {
   g_type_ensure(GTK_TYPE_WIDGET);
   g_type_class_unref(g_type_class_ref(GTK_TYPE_WIDGET));
   hook_ = g_signal_add_emission_hook(MapSignal(), 0, &DialogListener::OnMap, this, nullptr);
 }
 
 DialogListener::~DialogListener() {
-  *self_ = nullptr;
+  life_.End();
   g_signal_remove_emission_hook(MapSignal(), hook_);
   const ListPtr windows(gtk_window_list_toplevels());
   for (GList* link = windows.get(); link; link = link->next) {
@@ -106,9 +105,9 @@ gboolean DialogListener::OnKeyUp(GtkWidget* dialog, GdkEventKey*, gpointer self)
 void DialogListener::Afterwards(
     GtkWindow* dialog, std::function<void(DialogListener&, GtkWindow*, const std::string&)> tell) {
   const std::shared_ptr<GtkWindow> held = Held(dialog);
-  PostToLoop([held, alive = self_, tell = std::move(tell)] {
-    if (!*alive || !gtk_window_is_active(held.get())) return;
-    tell(**alive, held.get(), WordsFor(held.get()));
+  PostToLoop([held, this, here = life_.Look(), tell = std::move(tell)] {
+    if (!here || !gtk_window_is_active(held.get())) return;
+    tell(*this, held.get(), WordsFor(held.get()));
   });
 }
 

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "base/life.h"
 #include "platform/linux/gtk/dialogs/speaker.h"
 
 namespace corvane::desktop {
@@ -39,7 +40,7 @@ class DialogListener {
   gulong hook_ = 0;
   bool moved_ = false;  // the focus, and nothing has been said of it yet
   std::string last_;    // words of the control that has the focus
-  std::shared_ptr<DialogListener*> self_;
+  Life life_;
 };
 
 }  // namespace corvane::desktop

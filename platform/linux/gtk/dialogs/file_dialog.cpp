@@ -53,13 +53,10 @@ const Words& WordsOf(FileDialog::Kind kind) {
 }  // namespace
 
 GtkFileDialog::GtkFileDialog(WindowTable& windows, SpokenDialogs& questions, Speaker speak)
-    : windows_(windows),
-      questions_(questions),
-      speak_(std::move(speak)),
-      self_(std::make_shared<GtkFileDialog*>(this)) {}
+    : windows_(windows), questions_(questions), speak_(std::move(speak)) {}
 
 GtkFileDialog::~GtkFileDialog() {
-  *self_ = nullptr;
+  life_.End();
   if (question_ != 0) questions_.Withdraw(question_);
   windows_.Remove(hook_window_);
   windows_.Remove(handle_);
@@ -81,8 +78,8 @@ void GtkFileDialog::Show(Kind kind, const OpenFileName& record,
   EnterInTable();
   Connect();
   TellHook(kWmInitDialog);
-  PostToLoop([self = self_] {
-    if (*self && (*self)->dialog_) (*self)->Present();
+  PostToLoop([this, here = life_.Look()] {
+    if (here && dialog_) Present();
   });
 }
 
@@ -156,26 +153,25 @@ void GtkFileDialog::EnterInTable() {
 }
 
 void GtkFileDialog::Connect() {
-  dialog_->signal_response().connect([self = self_](int response) {
-    if (*self) (*self)->Response(response);
+  dialog_->signal_response().connect([this, here = life_.Look()](int response) {
+    if (here) Response(response);
   });
   dialog_->signal_key_press_event().connect(
-      [self = self_](GdkEventKey* event) { return *self && (*self)->KeyDown(*event); }, false);
-  dialog_->signal_set_focus().connect([self = self_](Gtk::Widget*) {
-    if (*self) (*self)->FocusMoved();
+      [this, here = life_.Look()](GdkEventKey* event) { return here && KeyDown(*event); }, false);
+  dialog_->signal_set_focus().connect([this, here = life_.Look()](Gtk::Widget*) {
+    if (here) FocusMoved();
   });
-  dialog_->signal_selection_changed().connect([self = self_] {
-    if (*self) (*self)->SelectionChanged();
+  dialog_->signal_selection_changed().connect([this, here = life_.Look()] {
+    if (here) SelectionChanged();
   });
-  dialog_->signal_current_folder_changed().connect([self = self_] {
-    if (*self) (*self)->FolderChanged();
+  dialog_->signal_current_folder_changed().connect([this, here = life_.Look()] {
+    if (here) FolderChanged();
   });
-  dialog_->property_is_active().signal_changed().connect([self = self_] {
-    if (!*self || !(*self)->dialog_ || !(*self)->dialog_->property_is_active()) return;
-    auto& dialog = **self;
-    dialog.windows_.WindowActivated.Raise(dialog.handle_);
-    dialog.introduced_ = true;
-    dialog.Say(dialog.Where());
+  dialog_->property_is_active().signal_changed().connect([this, here = life_.Look()] {
+    if (!here || !dialog_ || !dialog_->property_is_active()) return;
+    windows_.WindowActivated.Raise(handle_);
+    introduced_ = true;
+    Say(Where());
   });
 }
 
@@ -187,14 +183,14 @@ void GtkFileDialog::TellHook(int message, int control, int code) {
 
 void GtkFileDialog::Response(int response) {
   if (!done_) return;
-  const auto self = self_;
+  const auto here = life_.Look();
   if (response == kHelpResponse) {
     const bool explorer = (record_.flags & kExplorerStyle) != 0;
     return explorer ? TellHook(kWmNotify, 0, kNotifyHelp) : TellHook(kWmCommand, kDialogHelp);
   }
   const bool ok = response == Gtk::RESPONSE_OK;
   TellHook(kWmCommand, ok ? kDialogOk : kDialogCancel);
-  if (!*self || !done_) return;
+  if (!here || !done_) return;
   if (ok) {
     Accept();
   } else {
@@ -225,13 +221,13 @@ void GtkFileDialog::AskToReplace(const std::string& path, const std::vector<std:
        .text = NameOf(path) + " is there already. Replace it?",
        .buttons = {"&Yes", "&No"},
        .default_button = 1},
-      [self = self_, paths](const DialogAnswer& answer) {
-        if (!*self) return;
-        (*self)->question_ = 0;
-        if (answer.button != 0 || !(*self)->done_) return;
-        Result result{true, 0, (*self)->record_};
+      [this, here = life_.Look(), paths](const DialogAnswer& answer) {
+        if (!here) return;
+        question_ = 0;
+        if (answer.button != 0 || !done_) return;
+        Result result{true, 0, record_};
         if (!FillChosen(result.record, paths)) result = {false, kBufferTooSmall, {}};
-        (*self)->Finish(std::move(result));
+        Finish(std::move(result));
       },
       dialog_.get());
 }
@@ -325,8 +321,8 @@ void GtkFileDialog::FocusMoved() {
 void GtkFileDialog::ListenToNewFolder() {
   GtkLabel* label = NewFolderProblem(GTK_WINDOW(dialog_->gobj()));
   if (label == nullptr || label == std::exchange(problem_, label)) return;
-  Glib::wrap(label)->property_label().signal_changed().connect([self = self_, label] {
-    if (*self) (*self)->Say(gtk_label_get_text(label));
+  Glib::wrap(label)->property_label().signal_changed().connect([this, here = life_.Look(), label] {
+    if (here) Say(gtk_label_get_text(label));
   });
 }
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/life.h"
 #include "platform/file_dialog.h"
 #include "platform/linux/gtk/dialogs/speaker.h"
 #include "platform/linux/gtk/dialogs/spoken_dialogs.h"
@@ -77,7 +78,7 @@ class GtkFileDialog : public FileDialog {
   std::string selection_said_;
   GtkLabel* problem_ = nullptr;  // of a new folder, once listened to
   int question_ = 0;             // being asked; 0: none
-  std::shared_ptr<GtkFileDialog*> self_;
+  Life life_;
 };
 
 }  // namespace corvane::desktop

@@ -16,12 +16,9 @@ constexpr unsigned kReturnLimit = 1000;  // milliseconds
 }  // namespace
 
 MessageBoxQueue::MessageBoxQueue(WindowTable& windows, std::string title, Speaker speak)
-    : windows_(windows),
-      title_(std::move(title)),
-      speak_(std::move(speak)),
-      self_(std::make_shared<MessageBoxQueue*>(this)) {}
+    : windows_(windows), title_(std::move(title)), speak_(std::move(speak)) {}
 
-MessageBoxQueue::~MessageBoxQueue() { *self_ = nullptr; }
+MessageBoxQueue::~MessageBoxQueue() { life_.End(); }
 
 void MessageBoxQueue::Show(const std::string& text, Icon icon, const std::string& title,
                            std::function<void()> closed) {
@@ -42,10 +39,10 @@ void MessageBoxQueue::Next() {
                                           if (closed) closed_.push_back(closed);
                                           // The alert is still at work: let it finish before it
                                           // goes.
-                                          PostToLoop([self = self_] {
-                                            if (!*self) return;
-                                            (*self)->open_.reset();
-                                            (*self)->Next();
+                                          PostToLoop([this, here = life_.Look()] {
+                                            if (!here) return;
+                                            open_.reset();
+                                            Next();
                                           });
                                         });
   open_->Show();
@@ -55,8 +52,8 @@ void MessageBoxQueue::Next() {
 // where its user is: whoever waits for the box speaks behind that.
 void MessageBoxQueue::AwaitReturn() {
   if (closed_.empty()) return;
-  const auto tell = [self = self_] {
-    if (*self) (*self)->TellClosed();
+  const auto tell = [this, here = life_.Look()] {
+    if (here) TellClosed();
   };
   if (ActiveWindow()) return PostToLoop(tell);
   back_ = windows_.WindowActivated.Connect([tell](WindowHandle) { PostToLoop(tell); });

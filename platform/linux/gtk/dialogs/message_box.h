@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/life.h"
 #include "platform/linux/gtk/dialogs/alert_window.h"
 #include "platform/message_box.h"
 
@@ -45,7 +46,7 @@ class MessageBoxQueue : public MessageBox {
   std::unique_ptr<AlertWindow> open_;
   std::vector<std::function<void()>> closed_;  // to be told when the user is back
   Connection back_;
-  std::shared_ptr<MessageBoxQueue*> self_;
+  Life life_;
 };
 
 }  // namespace corvane::desktop

@@ -50,13 +50,12 @@ SpokenDialog::SpokenDialog(WindowTable& windows, Speaker speak, DialogQuestion q
     : windows_(windows),
       speak_(std::move(speak)),
       question_(std::move(question)),
-      done_(std::move(done)),
-      self_(std::make_shared<SpokenDialog*>(this)) {
+      done_(std::move(done)) {
   EnterInTable();
 }
 
 SpokenDialog::~SpokenDialog() {
-  *self_ = nullptr;
+  life_.End();
   for (const auto child : children_) windows_.Remove(child);
   windows_.Remove(handle_);
 }
@@ -86,13 +85,13 @@ int SpokenDialog::CancelButton() const {
 }
 
 void SpokenDialog::Show(Gtk::Window* owner) {
-  const auto self = self_;
+  const auto here = life_.Look();
   owner_ = owner;
   windows_.WindowActivated.Raise(handle_);
   // A close request that a listener has posted comes first; the owner may go too.
-  PostToLoop([self] {
-    if (!*self || !(*self)->done_) return;
-    (*self)->Present(IsThere((*self)->owner_) ? (*self)->owner_ : ActiveWindow());
+  PostToLoop([this, here] {
+    if (!here || !done_) return;
+    Present(IsThere(owner_) ? owner_ : ActiveWindow());
   });
 }
 
@@ -130,9 +129,9 @@ void SpokenDialog::AddFields() {
   grid->set_column_spacing(kGap);
   int row = 0;
   for (const auto& field : question_.fields) {
-    fields_.push_back(
-        DialogFieldWidget::Create(field, *grid, row++, [self = self_](const std::string& text) {
-          if (*self && (*self)->dialog_) (*self)->Say(text);
+    fields_.push_back(DialogFieldWidget::Create(
+        field, *grid, row++, [this, here = life_.Look()](const std::string& text) {
+          if (here && dialog_) Say(text);
         }));
   }
   grid->show_all();
@@ -150,16 +149,16 @@ void SpokenDialog::AddButtons() {
 
 // The dialog may outlive its answer, and even this object, by an event.
 void SpokenDialog::Connect() {
-  dialog_->signal_response().connect([self = self_](int response) {
-    if (*self) (*self)->Press(response >= 0 ? response : (*self)->CancelButton());
+  dialog_->signal_response().connect([this, here = life_.Look()](int response) {
+    if (here) Press(response >= 0 ? response : CancelButton());
   });
   dialog_->signal_key_press_event().connect(
-      [self = self_](GdkEventKey* event) { return *self && (*self)->KeyDown(*event); }, false);
-  dialog_->signal_set_focus().connect([self = self_](Gtk::Widget* focus) {
-    if (*self) (*self)->FocusMoved(focus);
+      [this, here = life_.Look()](GdkEventKey* event) { return here && KeyDown(*event); }, false);
+  dialog_->signal_set_focus().connect([this, here = life_.Look()](Gtk::Widget* focus) {
+    if (here) FocusMoved(focus);
   });
-  dialog_->property_is_active().signal_changed().connect([self = self_] {
-    if (*self) (*self)->ActiveChanged();
+  dialog_->property_is_active().signal_changed().connect([this, here = life_.Look()] {
+    if (here) ActiveChanged();
   });
 }
 
@@ -234,9 +233,9 @@ void SpokenDialog::Press(int button) {
     answer.values.push_back(fields_.empty() ? question_.fields[i].value : fields_[i]->Value());
   }
   if (question_.check && button != CancelButton()) {
-    const auto self = self_;
+    const auto here = life_.Look();
     const std::string stay = question_.check(answer);
-    if (!*self || !done_) return;
+    if (!here || !done_) return;
     if (!stay.empty()) {
       if (dialog_) dialog_->set_secondary_text(Valid(stay));
       return Say(stay);

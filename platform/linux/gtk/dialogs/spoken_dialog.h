@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "base/life.h"
 #include "platform/linux/gtk/dialogs/dialog_field.h"
 #include "platform/linux/gtk/dialogs/speaker.h"
 #include "platform/linux/gtk/way_back.h"
@@ -74,7 +75,7 @@ class SpokenDialog {
   WayBack way_back_;
   bool introduced_ = false;       // title and text have been spoken
   bool awaits_keyboard_ = false;  // spoken already when the keyboard comes to it
-  std::shared_ptr<SpokenDialog*> self_;
+  Life life_;
 };
 
 }  // namespace corvane::desktop

@@ -8,9 +8,9 @@
 namespace corvane::desktop {
 
 SpokenDialogs::SpokenDialogs(WindowTable& windows, Speaker speak)
-    : windows_(windows), speak_(std::move(speak)), self_(std::make_shared<SpokenDialogs*>(this)) {}
+    : windows_(windows), speak_(std::move(speak)) {}
 
-SpokenDialogs::~SpokenDialogs() { *self_ = nullptr; }
+SpokenDialogs::~SpokenDialogs() { life_.End(); }
 
 int SpokenDialogs::Ask(DialogQuestion question, Done done, Gtk::Window* owner) {
   waiting_.push_back({++last_, std::move(question), std::move(done), owner});
@@ -26,21 +26,22 @@ void SpokenDialogs::Next() {
   open_number_ = next.number;
   open_ = std::make_unique<SpokenDialog>(
       windows_, speak_, std::move(next.question),
-      [this, self = self_, done = std::move(next.done)](const DialogAnswer& answer) {
+      [this, here = life_.Look(), done = std::move(next.done)](const DialogAnswer& answer) {
         const auto call = done;  // the answered dialog may go while this is called
         if (call) call(answer);
-        if (*self) Over();
+        if (here) Over();
       });
   open_->Show(next.owner);
 }
 
 // The dialog is still at work: let it finish before it goes.
 void SpokenDialogs::Over() {
-  PostToLoop([self = self_, gone = std::shared_ptr<SpokenDialog>(std::move(open_))]() mutable {
+  PostToLoop([this, here = life_.Look(),
+              gone = std::shared_ptr<SpokenDialog>(std::move(open_))]() mutable {
     gone.reset();
-    if (!*self) return;
-    (*self)->open_number_ = 0;
-    (*self)->Next();
+    if (!here) return;
+    open_number_ = 0;
+    Next();
   });
 }
 

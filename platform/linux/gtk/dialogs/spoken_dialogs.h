@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 
+#include "base/life.h"
 #include "platform/linux/gtk/dialogs/spoken_dialog.h"
 
 namespace corvane::desktop {
@@ -43,7 +44,7 @@ class SpokenDialogs {
   std::unique_ptr<SpokenDialog> open_;
   int open_number_ = 0;  // 0: none
   int last_ = 0;
-  std::shared_ptr<SpokenDialogs*> self_;
+  Life life_;
 };
 
 }  // namespace corvane::desktop

@@ -65,7 +65,7 @@ void Guarded(Body&& body) {
 
 }  // namespace
 
-EventHooks::EventHooks() : self_(std::make_shared<EventHooks*>(this)) {
+EventHooks::EventHooks() {
   gdk_event_handler_set(
       [](GdkEvent* event, gpointer self) { static_cast<EventHooks*>(self)->Handle(event); }, this,
       nullptr);
@@ -81,7 +81,7 @@ EventHooks::EventHooks() : self_(std::make_shared<EventHooks*>(this)) {
 }
 
 EventHooks::~EventHooks() {
-  *self_ = nullptr;
+  life_.End();
   g_signal_remove_emission_hook(select_signal_, select_hook_);
   g_signal_remove_emission_hook(deselect_signal_, deselect_hook_);
   g_signal_remove_emission_hook(cancel_signal_, cancel_hook_);
@@ -115,9 +115,9 @@ gboolean EventHooks::OnDeselect(GSignalInvocationHint*, guint, const GValue* val
   GtkWidget* menu = gtk_widget_get_parent(GTK_WIDGET(g_value_get_object(&values[0])));
   if (!GTK_IS_MENU(menu)) return TRUE;
   const std::shared_ptr<GtkWidget> kept = Held(menu);
-  PostToLoop([kept, weak = hooks->self_, selections = hooks->selections_] {
-    EventHooks* now = *weak;
-    if (now != nullptr && now->selections_ == selections) now->TellWhereASubmenuWasLeft(kept.get());
+  PostToLoop([kept, hooks, here = hooks->life_.Look(), selections = hooks->selections_] {
+    if (!here || hooks->selections_ != selections) return;
+    hooks->TellWhereASubmenuWasLeft(kept.get());
   });
   return TRUE;
 }

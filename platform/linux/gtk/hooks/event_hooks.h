@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/event.h"
+#include "base/life.h"
 #include "platform/hooks.h"
 #include "platform/linux/gtk/hooks/switched_hook.h"
 
@@ -49,7 +50,7 @@ class EventHooks {
   gulong deselect_hook_ = 0;
   gulong cancel_hook_ = 0;
   unsigned selections_ = 0;  // counts what was highlighted
-  std::shared_ptr<EventHooks*> self_;
+  Life life_;
 };
 
 /// Hands on the keys that the process's hooks see.

@@ -16,7 +16,7 @@ ElasticFrameControl* FrameOf(Gtk::Widget& widget) {
 }  // namespace
 
 ElasticFrameControl::ElasticFrameControl(const std::string& name, WindowTable& windows)
-    : windows_(windows), self_(std::make_shared<ElasticFrameControl*>(this)) {
+    : windows_(windows) {
   box_.LayOut = [this](int width, int height) { LayOut(width, height); };
   box_.Natural = [this](Gtk::Orientation orientation) { return Natural(orientation); };
   box_.Removed = [this](Gtk::Widget& child) { Forget(child); };
@@ -25,7 +25,7 @@ ElasticFrameControl::ElasticFrameControl(const std::string& name, WindowTable& w
 }
 
 ElasticFrameControl::~ElasticFrameControl() {
-  *self_ = nullptr;
+  life_.End();
   box_.LayOut = nullptr;
   box_.Natural = nullptr;
   box_.Removed = nullptr;
@@ -120,8 +120,8 @@ void ElasticFrameControl::SetSplitter(bool splitter) {
   }
   // A frame that stops splitting because one half is taken out keeps the halves
   // where they are: moving a page's view would tear it down.
-  PostToLoop([self = self_] {
-    if (*self && !(*self)->splitter_) (*self)->Unsplit();
+  PostToLoop([this, here = life_.Look()] {
+    if (here && !splitter_) Unsplit();
   });
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "base/life.h"
 #include "platform/elastic_frame.h"
 #include "platform/linux/gtk/layout/clip_box.h"
 #include "platform/linux/gtk/layout/splitter.h"
@@ -78,7 +79,7 @@ class ElasticFrameControl : public WidgetControl<ElasticFrame> {
   bool laying_out_ = false;
   int width_ = -1;
   int height_ = -1;
-  std::shared_ptr<ElasticFrameControl*> self_;
+  Life life_;
 };
 
 }  // namespace corvane::desktop

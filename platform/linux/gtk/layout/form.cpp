@@ -60,11 +60,11 @@ FormWindow::FormWindow(const std::string& name, WindowTable& windows)
       false);
   window_.signal_key_press_event().connect(
       [this](GdkEventKey* event) {
-        const auto alive = alive_;
+        const auto here = life_.Look();
         KeyEvent key{VirtualKey(*event), ShiftState(event->state)};
         const int code = key.KeyCode;
         KeyDown.Raise(key);
-        return !*alive || (code != 0 && key.KeyCode == 0);
+        return !here || (code != 0 && key.KeyCode == 0);
       },
       false);
   window_.signal_key_press_event().connect([this](GdkEventKey* event) { return Escape(*event); },
@@ -76,7 +76,7 @@ FormWindow::FormWindow(const std::string& name, WindowTable& windows)
 
 // What the window shows belongs to others, who may still use it.
 FormWindow::~FormWindow() {
-  *alive_ = false;
+  life_.End();
   windows_.Remove(handle_);
   window_.hide();
   for (auto* slot : {&menu_slot_, &content_slot_, &status_slot_}) {
@@ -253,16 +253,16 @@ void FormWindow::Hide() {
 void FormWindow::Close(UnloadMode mode) {
   if (closing_ || closed_) return;
   closing_ = true;
-  const auto alive = alive_;
+  const auto here = life_.Look();
   bool cancel = false;
   QueryUnload.Raise(cancel, mode);
-  if (!*alive) return;
+  if (!here) return;
   if (cancel) {
     closing_ = false;
     return;
   }
   Unload.Raise();
-  if (!*alive) return;
+  if (!here) return;
   closed_ = true;
   Hide();
 }

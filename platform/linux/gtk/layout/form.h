@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "base/life.h"
 #include "platform/form.h"
 #include "platform/linux/gtk/layout/clip_box.h"
 #include "platform/linux/gtk/way_back.h"
@@ -81,7 +82,7 @@ class FormWindow : public Form {
   bool modal_ = false;
   bool closing_ = false;
   bool closed_ = false;
-  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+  Life life_;
 };
 
 }  // namespace corvane::desktop

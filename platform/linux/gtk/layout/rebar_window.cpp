@@ -64,10 +64,7 @@ StripPoint PointOf(const PointerEvent& event) {
 
 RebarControl::RebarControl(ElasticFrame& parent, std::uint32_t style, int width, int height,
                            WindowTable& windows)
-    : windows_(windows),
-      notify_(parent.hwnd()),
-      width_(width),
-      self_(std::make_shared<RebarControl*>(this)) {
+    : windows_(windows), notify_(parent.hwnd()), width_(width) {
   WindowTable::Entry entry;
   entry.class_name = "ReBarWindow32";
   entry.widget = &box_;
@@ -93,7 +90,7 @@ RebarControl::RebarControl(ElasticFrame& parent, std::uint32_t style, int width,
 }
 
 RebarControl::~RebarControl() {
-  *self_ = nullptr;
+  life_.End();
   box_.LayOut = nullptr;
   box_.Natural = nullptr;
   windows_.Remove(handle_);
@@ -283,9 +280,9 @@ void RebarControl::TakeOrder(const BandOrder& order) {
 void RebarControl::TellHeight(int height) {
   if (height == told_height_) return;
   told_height_ = height;
-  PostToLoop([self = self_] {
-    if (!*self) return;
-    auto* told = (*self)->windows_.WidgetOf((*self)->notify_);
+  PostToLoop([this, here = life_.Look()] {
+    if (!here) return;
+    auto* told = windows_.WidgetOf(notify_);
     auto* binding = told ? WidgetBinding::Of(*told) : nullptr;
     auto* frame = binding ? dynamic_cast<ElasticFrameControl*>(&binding->control()) : nullptr;
     if (!frame) return;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <vector>
 
+#include "base/life.h"
 #include "platform/linux/gtk/layout/band_rows.h"
 #include "platform/linux/gtk/layout/clip_box.h"
 #include "platform/linux/gtk/layout/elastic_frame.h"
@@ -88,7 +89,7 @@ class RebarControl : public RebarWindow {
   Drag drag_;
   int width_ = 0;
   int told_height_ = -1;
-  std::shared_ptr<RebarControl*> self_;
+  Life life_;
 };
 
 }  // namespace corvane::desktop

@@ -51,7 +51,7 @@ using LauncherPtr = ObjectPtr<GSubprocessLauncher>;
 }  // namespace
 
 DocumentProcess::DocumentProcess(const std::string& program, const Source& source, Ready ready)
-    : self_(std::make_shared<DocumentProcess*>(this)), ready_(std::move(ready)) {
+    : ready_(std::move(ready)) {
   const LauncherPtr launcher(g_subprocess_launcher_new(static_cast<GSubprocessFlags>(
       G_SUBPROCESS_FLAGS_STDOUT_PIPE | G_SUBPROCESS_FLAGS_STDERR_SILENCE)));
   const char* const environment[] = {"LC_ALL=C.UTF-8", nullptr};
@@ -77,18 +77,24 @@ DocumentProcess::~DocumentProcess() {
   if (process_) g_subprocess_force_exit(process_.get());
 }
 
+/// Waits with the library for an answer to a process that may go meanwhile.
+struct DocumentProcess::Asked {
+  DocumentProcess& process;
+  Life::Watch wanted;
+
+  static gpointer By(DocumentProcess& process) { return new Asked{process, process.life_.Look()}; }
+};
+
 void DocumentProcess::Read() {
-  auto* weak = new std::weak_ptr<DocumentProcess*>(self_);
   g_input_stream_read_bytes_async(
       g_subprocess_get_stdout_pipe(process_.get()), kPiece, G_PRIORITY_DEFAULT, nullptr,
       [](GObject* stream, GAsyncResult* result, gpointer data) {
-        const std::unique_ptr<std::weak_ptr<DocumentProcess*>> owner(
-            static_cast<std::weak_ptr<DocumentProcess*>*>(data));
-        GBytes* piece = g_input_stream_read_bytes_finish(G_INPUT_STREAM(stream), result, nullptr);
-        if (const auto alive = owner->lock()) (*alive)->TakePiece(piece);
-        if (piece != nullptr) g_bytes_unref(piece);
+        const std::unique_ptr<Asked> asked(static_cast<Asked*>(data));
+        const BytesPtr piece(
+            g_input_stream_read_bytes_finish(G_INPUT_STREAM(stream), result, nullptr));
+        if (asked->wanted) asked->process.TakePiece(piece.get());
       },
-      weak);
+      Asked::By(*this));
 }
 
 void DocumentProcess::TakePiece(GBytes* piece) {
@@ -102,16 +108,14 @@ void DocumentProcess::TakePiece(GBytes* piece) {
 }
 
 void DocumentProcess::WaitForEnd() {
-  auto* weak = new std::weak_ptr<DocumentProcess*>(self_);
   g_subprocess_wait_async(
       process_.get(), nullptr,
       [](GObject* process, GAsyncResult* result, gpointer data) {
-        const std::unique_ptr<std::weak_ptr<DocumentProcess*>> owner(
-            static_cast<std::weak_ptr<DocumentProcess*>*>(data));
+        const std::unique_ptr<Asked> asked(static_cast<Asked*>(data));
         g_subprocess_wait_finish(G_SUBPROCESS(process), result, nullptr);
-        if (const auto alive = owner->lock()) (*alive)->Finish((*alive)->ResultOf());
+        if (asked->wanted) asked->process.Finish(asked->process.ResultOf());
       },
-      weak);
+      Asked::By(*this));
 }
 
 DocumentProcess::Result DocumentProcess::ResultOf() const {

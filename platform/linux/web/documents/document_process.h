@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "base/life.h"
 #include "platform/linux/glib/later.h"
 #include "platform/linux/glib/owner.h"
 #include "web/DocumentProblem.h"
@@ -42,7 +43,8 @@ class DocumentProcess {
   void Finish(const Result& result);
   Result ResultOf() const;
 
-  std::shared_ptr<DocumentProcess*> self_;  // answers that come later find it gone
+  struct Asked;
+  Life life_;  // answers that come later find it gone
   Ready ready_;
   ObjectPtr<GSubprocess> process_;
   std::string page_;

@@ -1,4 +1,5 @@
 #include "platform/linux/web/documents/documents.h"
+#include "base/life.h"
 
 #include <libsoup/soup.h>
 
@@ -32,7 +33,7 @@ struct Documents::Job {
   std::string password;
   std::optional<std::string> page;            // made, but not asked for yet
   ObjectPtr<WebKitURISchemeRequest> request;  // of the engine, which waits
-  std::shared_ptr<int> alive = std::make_shared<int>();
+  Life life;
 };
 
 Documents::Documents(WebKitWebView* view, QuestionDesk& desk, std::string program, Host host)
@@ -140,8 +141,8 @@ void Documents::AskPassword() {
              wrong + "The document " + name + " asks for a password.",
              {{.kind = DialogField::Kind::kPassword, .label = "Password"}},
              {"&Open", "&Cancel"}},
-            [this, job = std::weak_ptr(job_->alive)](const auto& reply) {
-              if (job.expired()) return;
+            [this, wanted = job_->life.Look()](const auto& reply) {
+              if (!wanted) return;
               if (!reply || reply->button != 0) {
                 return Fail(DocumentProblem(job_->address, DocumentEnd::Locked));
               }

@@ -110,8 +110,8 @@ void Download::Ask(const std::string& suggested) {
                  (size > 0 ? " Its size is " + SizeOf(size) + "." : ""),
              {{.label = "File name", .value = name_}},
              {"&Save", "&Cancel"}},
-            [this, weak = std::weak_ptr(alive_)](const auto& reply) {
-              if (weak.expired()) return;
+            [this, here = life_.Look()](const auto& reply) {
+              if (!here) return;
               if (!reply || reply->button != 0) return Stop();
               Save(SafeFileName(reply->values.at(0), name_));
             });

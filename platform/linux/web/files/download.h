@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "base/life.h"
 #include "platform/linux/glib/owner.h"
 #include "platform/questions.h"
 
@@ -65,7 +66,7 @@ class Download {
   Host host_;
   ObjectPtr<WebKitDownload> download_;
   WebKitWebView* view_;
-  std::shared_ptr<int> alive_ = std::make_shared<int>();
+  Life life_;
   DownloadState::Phase phase_ = DownloadState::Phase::Asked;
   std::string name_;
   std::string path_;  // empty until the user has said where
