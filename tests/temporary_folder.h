@@ -15,6 +15,13 @@ inline std::string ContentOf(const std::string& file) {
   return content.str();
 }
 
+/// Replaces a file and makes its folder; false when that is not possible.
+inline bool WriteFile(const std::string& file, const std::string& content) {
+  std::error_code ignored;
+  std::filesystem::create_directories(std::filesystem::path(file).parent_path(), ignored);
+  return static_cast<bool>(std::ofstream(file, std::ios::binary) << content);
+}
+
 /// A folder of a test's own that goes with it, even while another process still
 /// writes into it.
 class TemporaryFolder {

@@ -26,12 +26,6 @@ auto Match(const std::string& title, const std::string& address) {
   return AllOf(Field(&SearchMatch::title, title), Field(&SearchMatch::address, address));
 }
 
-bool WriteFile(const std::string& path, const std::string& content) {
-  std::error_code error;
-  fs::create_directories(fs::path(path).parent_path(), error);
-  return static_cast<bool>(std::ofstream(path, std::ios::binary) << content);
-}
-
 std::vector<SearchMatch> FindLinks(const std::vector<std::string>& folders,
                                    const std::string& words) {
   return LinkSearch{folders, "/home/ann", [](const std::string& text) { return text::lower(text); }}
@@ -57,7 +51,7 @@ class HistoryFolderTest : public testing::Test {
   const fs::path root_{folder_.Path()};
   std::string day_ = "2001-12-31";
   HistoryFolder MakeHistory(int days = 30) {
-    return HistoryFolder(root_.string(), &WriteFile, days, [this] { return day_; });
+    return HistoryFolder(root_.string(), &test::WriteFile, days, [this] { return day_; });
   }
 };
 
@@ -126,7 +120,7 @@ TEST_F(HistoryFolderTest, WhatIsNoDayIsLeftAlone) {
 }
 
 TEST_F(HistoryFolderTest, AFolderThatCannotBeWrittenIsNoTrouble) {
-  HistoryFolder history("/proc/none", &WriteFile, 3, [this] { return day_; });
+  HistoryFolder history("/proc/none", &test::WriteFile, 3, [this] { return day_; });
   history.Add("http://a.example/", "A");
   history.Clear();
   EXPECT_FALSE(fs::exists("/proc/none"));

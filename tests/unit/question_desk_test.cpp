@@ -97,12 +97,6 @@ TEST(PageNotices, FloodsBecomeAFewWords) {
   EXPECT_EQ(said.size(), 7U);
 }
 
-bool WriteFile(const std::string& path, const std::string& content) {
-  std::error_code error;
-  std::filesystem::create_directories(std::filesystem::path(path).parent_path(), error);
-  return static_cast<bool>(std::ofstream(path, std::ios::binary) << content);
-}
-
 class PermissionBookTest : public testing::Test {
  protected:
   const test::TemporaryFolder root_;
@@ -112,11 +106,11 @@ class PermissionBookTest : public testing::Test {
 
 TEST_F(PermissionBookTest, DecisionsOutliveTheProgram) {
   {
-    PermissionBook book(file_, &WriteFile);
+    PermissionBook book(file_, &test::WriteFile);
     book.Decide("https://example.org", "camera and microphone", true);
     book.Decide("https://example.org", "location", false);
   }
-  const PermissionBook book(file_, &WriteFile);
+  const PermissionBook book(file_, &test::WriteFile);
   EXPECT_EQ(book.Find("https://example.org", "camera and microphone"), true);
   EXPECT_EQ(book.Find("https://example.org", "location"), false);
   EXPECT_EQ(book.Find("https://example.org", "camera"), std::nullopt);
@@ -124,30 +118,30 @@ TEST_F(PermissionBookTest, DecisionsOutliveTheProgram) {
 }
 
 TEST_F(PermissionBookTest, DecisionsAreListedAndTakenBackOneByOne) {
-  PermissionBook book(file_, &WriteFile);
+  PermissionBook book(file_, &test::WriteFile);
   book.Decide("https://b.example", "location", false);
   book.Decide("https://a.example", "camera", true);
   EXPECT_TRUE(book.Forget("https://b.example", "location"));
-  const auto left = PermissionBook(file_, &WriteFile).List();
+  const auto left = PermissionBook(file_, &test::WriteFile).List();
   ASSERT_EQ(left.size(), 1U);
   EXPECT_EQ(left[0].site, "https://a.example");
   EXPECT_EQ(left[0].kind, "camera");
   EXPECT_TRUE(left[0].allowed);
   EXPECT_FALSE(
-      PermissionBook("/proc/nowhere/permissions.ini", &WriteFile).Forget("https://a", "x"));
+      PermissionBook("/proc/nowhere/permissions.ini", &test::WriteFile).Forget("https://a", "x"));
 }
 
 TEST_F(PermissionBookTest, AFileThatSomebodySpoiledAllowsNothing) {
   std::filesystem::create_directories(folder_);
   std::ofstream(file_) << "[https://example.org]\nlocation=perhaps\n";
-  EXPECT_EQ(PermissionBook(file_, &WriteFile).Find("https://example.org", "location"), false);
+  EXPECT_EQ(PermissionBook(file_, &test::WriteFile).Find("https://example.org", "location"), false);
   std::ofstream(file_) << "\xff\xfe[[[ nothing of use";
-  EXPECT_EQ(PermissionBook(file_, &WriteFile).Find("https://example.org", "location"),
+  EXPECT_EQ(PermissionBook(file_, &test::WriteFile).Find("https://example.org", "location"),
             std::nullopt);
 }
 
 TEST_F(PermissionBookTest, AFileThatCannotBeWrittenHoldsUntilTheEnd) {
-  PermissionBook book("/proc/nowhere/permissions.ini", &WriteFile);
+  PermissionBook book("/proc/nowhere/permissions.ini", &test::WriteFile);
   book.Decide("https://example.org", "location", true);
   EXPECT_EQ(book.Find("https://example.org", "location"), true);
 }
@@ -171,9 +165,10 @@ class MailOnly : public OtherPrograms {
   bool CanOpen(const std::string& scheme) const override { return scheme == "mailto"; }
   void Open(const std::string& address, std::function<void(const std::string&)> done) override {
     opened.push_back(address);
-    done("");
+    done(problem);
   }
   std::vector<std::string> opened;
+  std::string problem;
 };
 
 class PageRequestsTest : public testing::Test {
@@ -187,7 +182,7 @@ class PageRequestsTest : public testing::Test {
   }
   std::shared_ptr<fakes::FakeQuestions> asking_ = std::make_shared<fakes::FakeQuestions>();
   std::shared_ptr<MailOnly> programs_ = std::make_shared<MailOnly>();
-  PermissionBook book_{"", &WriteFile};
+  PermissionBook book_{"", &test::WriteFile};
   std::string log_;
   std::vector<std::string> said_;
   PageRequests requests_{
@@ -235,6 +230,23 @@ TEST_F(PageRequestsTest, AlertsWithoutEndAreShownAFewTimes) {
   EXPECT_THAT(said_, ElementsAre("This page shows too many messages. No more of them are shown."));
 }
 
+TEST_F(PageRequestsTest, QuestionsWithoutEndAreAskedAFewTimes) {
+  for (int i = 0; i < 100; ++i) {
+    Show(ScriptDialog::Kind::Confirm, "Go on?");
+    asking_->Answer({0, {}});
+  }
+  EXPECT_EQ(asking_->asked.size(), 5U);
+  EXPECT_THAT(said_, ElementsAre("This page shows too many messages. No more of them are shown."));
+}
+
+TEST_F(PageRequestsTest, TheNextPageMayAlertAgain) {
+  for (int i = 0; i < 10; ++i) Show(ScriptDialog::Kind::Alert, "a");
+  log_.clear();
+  requests_.PageChanged();
+  Show(ScriptDialog::Kind::Alert, "again");
+  EXPECT_EQ(log_, "[again] gone ");
+}
+
 TEST_F(PageRequestsTest, APageThatGoesTakesItsDialogsAlong) {
   Show(ScriptDialog::Kind::Confirm);
   requests_.PageChanged();
@@ -275,6 +287,25 @@ TEST_F(PageRequestsTest, WhatIsDecidedForGoodStandsInTheBook) {
   EXPECT_EQ(log_, "allowed allowed ");
 }
 
+TEST_F(PageRequestsTest, ADecisionThatWasTakenBackIsAskedForAgain) {
+  Want("location");
+  asking_->Answer({3, {}});
+  Want("location");
+  EXPECT_EQ(log_, "refused refused ");
+  book_.Forget("https://example.org", "location");
+  Want("location");
+  EXPECT_EQ(asking_->asked.size(), 2U);
+}
+
+TEST_F(PageRequestsTest, ADecisionThatCannotBeStoredHoldsAndIsTold) {
+  book_ = PermissionBook("/proc/nowhere/permissions.ini", &test::WriteFile);
+  Want("location");
+  asking_->Answer({3, {}});
+  EXPECT_THAT(said_,
+              ElementsAre("The decision could not be stored. It holds until Corvane is closed."));
+  EXPECT_EQ(book_.Find("https://example.org", "location"), false);
+}
+
 TEST_F(PageRequestsTest, WhatNoDecisionCouldHoldForIsRefused) {
   Want("camera", "");
   Want("");
@@ -310,6 +341,13 @@ TEST_F(PageRequestsTest, AnotherProgramIsOpenedOnlyForTheUserWhoWantsIt) {
   EXPECT_THAT(programs_->opened, ElementsAre("mailto:ann@example.org"));
   EXPECT_THAT(said_, ElementsAre("The page wanted to open another program. This was refused.",
                                  "There is no program for addresses that begin with tel:"));
+}
+
+TEST_F(PageRequestsTest, AProgramThatDoesNotStartIsTold) {
+  programs_->problem = "broken";
+  requests_.OpenOutside("mailto:ann@example.org", true);
+  asking_->Answer({0, {}});
+  EXPECT_THAT(said_, ElementsAre("No program could open the mailto address."));
 }
 
 TEST_F(PageRequestsTest, OneWindowForEachThingThatTheUserDoes) {

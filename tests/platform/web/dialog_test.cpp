@@ -92,14 +92,6 @@ TEST_F(DialogTest, APageThatOnlyAlertsIsGivenUp) {
   EXPECT_EQ(view_.Document()->Title, "The page does not answer: 127.0.0.1");
 }
 
-TEST_F(DialogTest, TheNextPageMayAlertAgain) {
-  server_.Page("/", "<script>for (let i = 0; i < 10; i++) alert(i)</script>");
-  server_.Page("/b", "<script>alert('again')</script>");
-  view_.Go(server_.Url());
-  view_.Go(server_.Url("/b"));
-  EXPECT_EQ(dialogs_->alerts.back(), "again");
-}
-
 TEST_F(DialogTest, ConfirmAndPromptAreQuestions) {
   asking_->replies = {{0, {}}, {0, {"Ada"}}};
   server_.Page("/",
@@ -127,17 +119,6 @@ TEST_F(DialogTest, AnEmptyAnswerIsNotACancelledOne) {
                "<title>A</title><script>document.title = '[' + prompt('Name?') + ']'</script>");
   view_.Go(server_.Url());
   EXPECT_EQ(view_.Document()->Title, "[]");
-}
-
-TEST_F(DialogTest, QuestionsWithoutEndDoNotHoldTheUser) {
-  asking_->replies = {{0, {}}};
-  server_.Page("/",
-               "<script>let n = 0; for (let i = 0; i < 100; i++) n += confirm('Go on?');"
-               "document.title = n + ' times'</script>");
-  view_.Go(server_.Url());
-  EXPECT_EQ(view_.Document()->Title, "5 times");
-  EXPECT_THAT(view_.Said(),
-              ElementsAre("This page shows too many messages. No more of them are shown."));
 }
 
 TEST_F(DialogTest, APageWhoseQuestionIsOpenCanBeLeft) {
