@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "base/safe_name.h"
 #include "base/text.h"
@@ -43,16 +44,8 @@ std::string Tidy(std::string_view text) {
   return tidy;
 }
 
-std::string EscapeBlanks(std::string_view text) {
-  std::string escaped;
-  for (const char c : text) {
-    if (c == ' ') {
-      escaped += "%20";
-    } else {
-      escaped += c;
-    }
-  }
-  return escaped;
+std::string EscapeBlanks(std::string text) {
+  return text::replace_all(std::move(text), " ", "%20");
 }
 
 /// The scheme in front of the text, in small letters; none for "host:port".
@@ -67,7 +60,7 @@ std::string TypedScheme(const std::string& text) {
 
 /// Whether a computer of the network can be called that.
 bool IsHostName(const std::string& name) {
-  constexpr std::size_t kLongestPart = 63;  // bytes, between two dots
+  constexpr std::size_t kLongestPart = 63;  // characters between two dots
   if (name.empty() || name.size() > kLongestHost || name.starts_with('.')) return false;
   if (name.find("..") != std::string::npos) return false;
   if (PlainName("." + name + ".").find_first_of(" %<>\"\\^`{|}[]") != std::string::npos)

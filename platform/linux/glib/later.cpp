@@ -1,6 +1,6 @@
 #include "platform/linux/glib/later.h"
 
-#include <glibmm/main.h>
+#include <glibmm/exceptionhandler.h>
 
 #include "platform/linux/glib/owner.h"
 
@@ -20,18 +20,28 @@ gboolean RunWhenNothingIsUnderWay(gpointer action) {
 
 void Forget(gpointer action) { delete static_cast<Action*>(action); }
 
+void Post(GMainContext* context, int priority, Action action) {
+  const Owned<GSource, g_source_unref> source(g_idle_source_new());
+  g_source_set_priority(source.get(), priority);
+  g_source_set_callback(source.get(), &RunOnce, new Action(std::move(action)), &Forget);
+  g_source_attach(source.get(), context);
+}
+
 }  // namespace
 
-// The toolkit's own way shows the user what escapes from an action.
+// The user is shown what escapes from an action.
 void PostToLoop(Action action, Turn turn) {
-  Glib::signal_idle().connect_once(std::move(action), static_cast<int>(turn));
+  Post(nullptr, static_cast<int>(turn), [action = std::move(action)] {
+    try {
+      action();
+    } catch (...) {
+      Glib::exception_handlers_invoke();
+    }
+  });
 }
 
 void PostTo(GMainContext* context, Action action) {
-  const Owned<GSource, g_source_unref> source(g_idle_source_new());
-  g_source_set_priority(source.get(), G_PRIORITY_DEFAULT);
-  g_source_set_callback(source.get(), &RunOnce, new Action(std::move(action)), &Forget);
-  g_source_attach(source.get(), context);
+  Post(context, G_PRIORITY_DEFAULT, std::move(action));
 }
 
 void PostWhenNothingIsUnderWay(Action action) {
