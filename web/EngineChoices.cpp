@@ -1,6 +1,7 @@
 #include "web/EngineChoices.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/number.h"
 
@@ -41,7 +42,7 @@ void EngineChoices::Write(SettingsStore& store) const {
   };
   save("StartPage", start_page);
   save("SearchService", search_service);
-  save("Zoom", std::to_string(static_cast<int>(preferences.zoom * 100 + 0.5)));
+  save("Zoom", std::to_string(std::lround(preferences.zoom * 100)));
   save("MinimumFontSize", std::to_string(preferences.minimum_font_size));
   save("Images", preferences.images ? kTrue : "False");
   save("Scripts", preferences.scripts ? kTrue : "False");

@@ -177,7 +177,7 @@ class PageRequestsTest : public testing::Test {
     requests_.Show(std::make_unique<EngineDialog>(kind, message, log_));
   }
   void Want(const std::string& kind, const std::string& site = "https://example.org") {
-    requests_.Decide({site, kind, "wants it"},
+    requests_.Decide({site, kind, "b.example"},
                      [this](bool allowed) { log_ += allowed ? "allowed " : "refused "; });
   }
   std::shared_ptr<fakes::FakeQuestions> asking_ = std::make_shared<fakes::FakeQuestions>();
@@ -258,7 +258,7 @@ TEST_F(PageRequestsTest, APermissionIsAskedForOnceForAllWhoWantIt) {
   Want("camera");
   Want("camera");
   EXPECT_EQ(asking_->asked.size(), 1U);
-  EXPECT_EQ(asking_->asked[0].text, "example.org wants it.");
+  EXPECT_EQ(asking_->asked[0].text, "example.org wants to use your camera.");
   asking_->Answer({1, {}});  // once
   EXPECT_EQ(log_, "allowed allowed ");
   log_.clear();
@@ -306,10 +306,19 @@ TEST_F(PageRequestsTest, ADecisionThatCannotBeStoredHoldsAndIsTold) {
   EXPECT_EQ(book_.Find("https://example.org", "location"), false);
 }
 
+TEST_F(PageRequestsTest, DataOfAnotherSiteIsDecidedForThatSite) {
+  Want("data");
+  EXPECT_EQ(asking_->asked.at(0).text,
+            "example.org wants to let b.example use what it has stored here.");
+  asking_->Answer({2, {}});
+  EXPECT_EQ(book_.Find("https://example.org", "data of b.example"), true);
+}
+
 TEST_F(PageRequestsTest, WhatNoDecisionCouldHoldForIsRefused) {
   Want("camera", "");
   Want("");
-  EXPECT_EQ(log_, "refused refused ");
+  Want("all your money");
+  EXPECT_EQ(log_, "refused refused refused ");
   EXPECT_THAT(asking_->asked, testing::IsEmpty());
 }
 

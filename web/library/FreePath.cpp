@@ -12,7 +12,7 @@ std::string FreePath(const std::string& folder, const std::string& name,
   const auto ending = EndingOf(name);
   for (int number = 1;; ++number) {
     const std::string numbered = Numbered(name.substr(0, ending), number) + name.substr(ending);
-    const std::string path = (fs::path(folder) / numbered).string();
+    std::string path = (fs::path(folder) / numbered).string();
     std::error_code error;
     if (!fs::exists(fs::symlink_status(path, error)) && !(taken && taken(path))) return path;
   }

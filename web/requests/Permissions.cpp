@@ -1,5 +1,8 @@
 #include "web/requests/Permissions.h"
 
+#include <algorithm>
+#include <array>
+#include <string_view>
 #include <utility>
 
 #include "web/address/Address.h"
@@ -12,16 +15,42 @@ constexpr std::size_t kMostAtOnce = 10;
 
 enum Choice : int { kRefuse, kAllowOnce, kAllowSite, kRefuseSite };
 
+struct Row {
+  std::string_view kind;
+  std::string_view words;  // what a site does that wants it
+};
+
+constexpr std::array<Row, 10> kKinds = {
+    {{"location", "wants to know where you are"},
+     {"notifications", "wants to show you notifications"},
+     {"screen", "wants to see what is on your screen"},
+     {"camera", "wants to use your camera"},
+     {"microphone", "wants to use your microphone"},
+     {"camera and microphone", "wants to use your camera and microphone"},
+     {"devices", "wants to know the names of your cameras and microphones"},
+     {"pointer", "wants to keep the mouse pointer to itself"},
+     {"clipboard", "wants to read your clipboard"},
+     {"protected media", "wants to play protected media"}}};
+
+/// Empty for what is never allowed.
+std::string WordsOf(const PermissionWish& wish) {
+  if (wish.kind == "data") return "wants to let " + wish.of + " use what it has stored here";
+  const auto* row = std::find_if(kKinds.begin(), kKinds.end(),
+                                 [&](const Row& each) { return each.kind == wish.kind; });
+  return row == kKinds.end() ? "" : std::string(row->words);
+}
+
 }  // namespace
 
 Permissions::Permissions(PermissionBook& book, QuestionDesk& desk, PageNotices& notices)
     : book_(book), desk_(desk), notices_(notices) {}
 
 void Permissions::Decide(const PermissionWish& wish, const std::string& address, Answer answer) {
-  if (wish.site.empty() || wish.kind.empty()) return answer(false);
-  if (const auto stored = book_.Find(wish.site, wish.kind)) return answer(*stored);
+  const std::string words = WordsOf(wish);
+  if (wish.site.empty() || words.empty()) return answer(false);
+  const Key key{wish.site, wish.kind == "data" ? "data of " + wish.of : wish.kind};
+  if (const auto stored = book_.Find(key.first, key.second)) return answer(*stored);
 
-  const Key key{wish.site, wish.kind};
   if (const auto known = decided_.find(key); known != decided_.end()) {
     if (!known->second) {
       notices_.Tell("This page asks again for what was refused. It stays refused.");
@@ -39,7 +68,7 @@ void Permissions::Decide(const PermissionWish& wish, const std::string& address,
   asked_[key].push_back(std::move(answer));
   desk_.Ask(QuestionDesk::Asker::Page,
             {"Permission",
-             SiteOf(address) + " " + wish.words + ".",
+             SiteOf(address) + " " + words + ".",
              {},
              {"&Refuse", "Allow &once", "&Always allow for this site", "&Never for this site"}},
             [this, key](const auto& reply) { Answered(key, reply); });

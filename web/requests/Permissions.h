@@ -15,9 +15,12 @@ namespace corvane {
 
 /// Something that a page wants to be allowed.
 struct PermissionWish {
-  std::string site;   ///< "https://example.org"; empty: none that a decision could hold for
-  std::string kind;   ///< how it is stored, "camera"; empty for what is never allowed
-  std::string words;  ///< what the site does: "wants to use your camera"
+  std::string site;  ///< "https://example.org"; empty: none that a decision could hold for
+  /// "location", "notifications", "screen", "camera", "microphone", "camera and
+  /// microphone", "devices", "pointer", "clipboard", "protected media", "data"; anything
+  /// else is never allowed.
+  std::string kind;
+  std::string of = {};  ///< data: the site that has stored it
 };
 
 /// Answers what pages of one view ask to be allowed: where the user is, camera,

@@ -29,17 +29,19 @@ void QuestionDesk::Ask(Asker asker, DialogQuestion question, Answer answer) {
 
 void QuestionDesk::Next() {
   if (waiting_.empty()) return;
-  const auto reply = [this, here = life_.Look()](const DialogAnswer& given) {
-    if (!here) return;
-    const Answer answer = std::move(waiting_.front().answer);
-    const Life::Watch desk = here;  // this function goes with the question
-    QuestionDesk& self = *this;
-    waiting_.pop_front();
-    open_.reset();
-    answer(given);  // may ask again, or be the end of the desk
-    if (desk && !self.open_) self.Next();
-  };
-  open_ = questions_->Ask(waiting_.front().question, reply);
+  open_ = questions_->Ask(waiting_.front().question,
+                          [this, here = life_.Look()](const DialogAnswer& reply) {
+                            if (here) Answered(reply);
+                          });
+}
+
+void QuestionDesk::Answered(const DialogAnswer& reply) {
+  const auto here = life_.Look();
+  const Answer answer = std::move(waiting_.front().answer);
+  waiting_.pop_front();
+  open_.reset();
+  answer(reply);  // may ask again, or be the end of the desk
+  if (here && !open_) Next();
 }
 
 void QuestionDesk::Reset() {

@@ -48,6 +48,7 @@ class QuestionDesk {
   static constexpr std::size_t kLongestQueue = 5;
 
   void Next();
+  void Answered(const DialogAnswer& reply);
 
   std::shared_ptr<Questions> questions_;
   std::function<void()> too_many_;
