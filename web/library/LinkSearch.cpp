@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
+#include "base/read_file.h"
 #include "base/text.h"
 #include "web/address/TypedAddress.h"
 
@@ -46,13 +46,8 @@ std::string InFull(const std::string& address, const std::string& home) {
 }  // namespace
 
 LinkFile ReadLinkAt(const std::string& path) {
-  std::error_code error;
-  if (!fs::is_regular_file(path, error)) return {};
-  std::ifstream file(path, std::ios::binary);
-  std::string front(kMostOfLinkFile, '\0');
-  file.read(front.data(), static_cast<std::streamsize>(front.size()));
-  return ReadLinkFile(path,
-                      std::string_view(front).substr(0, static_cast<std::size_t>(file.gcount())));
+  const auto front = ReadFile(path, kMostOfLinkFile);
+  return front ? ReadLinkFile(path, *front) : LinkFile();
 }
 
 std::vector<SearchMatch> LinkSearch::Find(const std::string& words) const {

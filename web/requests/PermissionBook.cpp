@@ -1,19 +1,18 @@
 #include "web/requests/PermissionBook.h"
 
-#include <fstream>
-#include <sstream>
+#include <utility>
 
 #include "base/profile_text.h"
+#include "base/read_file.h"
 
 namespace corvane {
 
 PermissionBook::PermissionBook(std::string path, Write write)
     : path_(std::move(path)), write_(std::move(write)) {
   if (path_.empty()) return;
-  std::ostringstream content;
-  content << std::ifstream(path_, std::ios::binary).rdbuf();
-  const std::string text = content.str();
-  for (profile::Reader line(text); line.Next();) {
+  constexpr std::size_t kMostBytes = 1'000'000;
+  const std::string content = ReadFile(path_, kMostBytes).value_or("");
+  for (profile::Reader line(content); line.Next();) {
     if (line.opens_section || line.section.empty()) continue;
     // Anything but a clear yes is a no.
     decisions_[{std::string(line.section), std::string(line.key)}] = line.value == "allowed";

@@ -1,21 +1,18 @@
 #include "platform/linux/store/ini_file.h"
 
-#include <fcntl.h>
 #include <glib.h>
-#include <glib/gstdio.h>
-#include <sys/stat.h>
 
-#include <cerrno>
 #include <memory>
 #include <string_view>
 #include <utility>
 
+#include "base/read_file.h"
 #include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
 namespace {
 
-constexpr off_t kMostBytes = 16'000'000;
+constexpr std::size_t kMostBytes = 16'000'000;
 constexpr int kFolderMode = 0700;
 constexpr int kFileMode = 0600;
 
@@ -86,15 +83,8 @@ std::string FormatIni(const IniValues& values) {
 }
 
 std::optional<std::string> ReadWholeFile(const std::string& path) {
-  GStatBuf info{};
-  if (g_stat(path.c_str(), &info) != 0 || !S_ISREG(info.st_mode) || info.st_size > kMostBytes) {
-    return std::nullopt;
-  }
-  char* content = nullptr;
-  gsize length = 0;
-  if (!g_file_get_contents(path.c_str(), &content, &length, nullptr)) return std::nullopt;
-  const GText held(content);
-  return std::string(content, length);
+  auto content = ReadFile(path, kMostBytes + 1);
+  return content && content->size() <= kMostBytes ? std::move(content) : std::nullopt;
 }
 
 bool ReplaceFile(const std::string& path, const std::string& text) {

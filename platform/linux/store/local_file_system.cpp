@@ -3,12 +3,12 @@
 #include <glib.h>
 
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <system_error>
 #include <utility>
 
 #include "base/error.h"
+#include "base/read_file.h"
 #include "platform/linux/glib/owner.h"
 
 namespace corvane::desktop {
@@ -24,22 +24,6 @@ std::string ExecutableFolder() {
 
 std::string Valid(const std::string& text) {
   return Taken(g_utf8_make_valid(text.data(), static_cast<gssize>(text.size())));
-}
-
-// At most `most` bytes of an ordinary file; nothing of anything else, which
-// might never end.
-bool Read(const std::string& path, std::size_t most, std::string& content) {
-  std::error_code error;
-  if (!fs::is_regular_file(path, error)) return false;
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return false;
-  content.clear();
-  char chunk[65536];
-  while (content.size() < most && (file.read(chunk, sizeof chunk) || file.gcount() > 0)) {
-    content.append(chunk, static_cast<std::size_t>(file.gcount()));
-  }
-  if (content.size() > most) content.resize(most);
-  return !file.bad();
 }
 
 }  // namespace
@@ -60,14 +44,14 @@ bool LocalFileSystem::Exists(const std::string& path) const {
 }
 
 std::vector<std::string> LocalFileSystem::ReadLines(const std::string& path) const {
-  std::string content;
-  if (!Read(path, std::string::npos, content)) {
+  auto content = ReadFile(path, std::string::npos);
+  if (!content) {
     throw RunTimeError(kErrFileNotFound, "", "The file " + path + " cannot be read");
   }
   constexpr const char* kMark = "\xEF\xBB\xBF";
-  if (content.starts_with(kMark)) content.erase(0, 3);
+  if (content->starts_with(kMark)) content->erase(0, 3);
   std::vector<std::string> lines;
-  std::istringstream text(Valid(content));
+  std::istringstream text(Valid(*content));
   for (std::string line; std::getline(text, line);) {
     if (!line.empty() && line.back() == '\r') line.pop_back();
     lines.push_back(line);
@@ -89,8 +73,7 @@ void LocalFileSystem::Write(const std::string& path, const std::string& content)
 }
 
 std::string LocalFileSystem::ReadText(const std::string& path, std::size_t most) const {
-  std::string content;
-  return Read(path, most, content) ? content : std::string();
+  return ReadFile(path, most).value_or("");
 }
 
 }  // namespace corvane::desktop
