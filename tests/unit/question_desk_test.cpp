@@ -185,14 +185,13 @@ class PageRequestsTest : public testing::Test {
   PermissionBook book_{"", &test::WriteFile};
   std::string log_;
   std::vector<std::string> said_;
-  PageRequests requests_{
-      {asking_, nullptr, programs_, book_},
-      nullptr,
-      {[] { return std::string("https://example.org/a"); },
-       [this](const std::string& text) { log_ += "[" + text + "] "; },
-       [this](const std::string& text) { said_.push_back(text); },
-       [this](bool open) { log_ += open ? "held " : "free "; }, [this] { log_ += "stays "; },
-       [this] { log_ += "prints "; }, [](const FileRequest&) {}}};
+  PageRequests requests_{{asking_, nullptr, programs_, book_},
+                         nullptr,
+                         {[] { return std::string("https://example.org/a"); },
+                          [this](const std::string& text) { log_ += "[" + text + "] "; },
+                          [this](const std::string& text) { said_.push_back(text); },
+                          [this](bool open) { log_ += open ? "held " : "free "; },
+                          [this] { log_ += "stays "; }, [this] { log_ += "prints "; }}};
 };
 
 TEST_F(PageRequestsTest, ADialogHoldsItsPageUntilItIsAnswered) {

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "base/life.h"
-#include "platform/file_request.h"
 #include "platform/other_programs.h"
 #include "web/requests/OutsideLinks.h"
 #include "web/requests/PageDialogs.h"
@@ -33,8 +32,6 @@ class PageRequests {
     std::function<void()> stay;
     /// The page is to be printed.
     std::function<void()> print;
-    /// The page wants files.
-    std::function<void(const FileRequest&)> files;
   };
 
   /// Whom they are put to.
@@ -58,7 +55,6 @@ class PageRequests {
   /// A server wants a certificate of the user's.
   void RefuseCertificate();
   void AskToPrint();
-  void WantFiles(const FileRequest& request) { host_.files(request); }
   void ShownInFull(bool full);
 
   /// Another page is shown, or the page's process is gone.

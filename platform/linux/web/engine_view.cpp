@@ -83,7 +83,9 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
           view_.get(), [this](const std::string& href) { ShowStatus(href); },
           engine.Options().look_at_focus)),
       requests_(std::make_unique<PageRequests>(engine.Desks(), view_.get(), RequestsHost())),
-      request_signals_(std::make_unique<RequestSignals>(view_.get(), *requests_)),
+      request_signals_(std::make_unique<RequestSignals>(
+          view_.get(), *requests_,
+          [this](const FileRequest& request) { listener_.files(request); })),
       find_(std::make_unique<FindInPage>(
           view_.get(), requests_->Desk(), [this](const std::string& text) { listener_.say(text); },
           [this] { listener_.found(); })),
@@ -180,8 +182,7 @@ PageRequests::Host EngineView::RequestsHost() {
             if (!open) watchdog_.Watch();
           },
           [this] { StayOnPage(); },
-          [this] { Print(); },
-          [this](const FileRequest& request) { listener_.files(request); }};
+          [this] { Print(); }};
 }
 
 Documents::Host EngineView::DocumentsHost() {

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "platform/linux/glib/owner.h"
 #include "platform/linux/web/requests/file_upload.h"
@@ -103,19 +104,21 @@ gboolean OnSignIn(WebKitWebView*, WebKitAuthenticationRequest* request, gpointer
 
 }  // namespace
 
-RequestSignals::RequestSignals(WebKitWebView* view, PageRequests& requests)
-    : view_(view), requests_(requests) {
+RequestSignals::RequestSignals(WebKitWebView* view, PageRequests& requests, WantFiles want_files)
+    : view_(view), requests_(requests), want_files_(std::move(want_files)) {
   const auto connect = [&](const char* signal, GCallback handler) {
     g_signal_connect(view_, signal, handler, &requests_);
   };
+  g_signal_connect(view_, "run-file-chooser",
+                   G_CALLBACK(+[](WebKitWebView*, WebKitFileChooserRequest* request,
+                                  gpointer wants) -> gboolean {
+                     (*static_cast<const WantFiles*>(wants))(UploadRequest(request));
+                     return TRUE;
+                   }),
+                   &want_files_);
   connect("script-dialog", G_CALLBACK(&OnDialog));
   connect("permission-request", G_CALLBACK(&OnPermission));
   connect("authenticate", G_CALLBACK(&OnSignIn));
-  connect("run-file-chooser", G_CALLBACK(+[](WebKitWebView*, WebKitFileChooserRequest* request,
-                                             gpointer data) -> gboolean {
-            RequestsOf(data).WantFiles(UploadRequest(request));
-            return TRUE;
-          }));
   connect("print",
           G_CALLBACK(+[](WebKitWebView*, WebKitPrintOperation*, gpointer data) -> gboolean {
             RequestsOf(data).AskToPrint();
@@ -129,6 +132,11 @@ RequestSignals::RequestSignals(WebKitWebView* view, PageRequests& requests)
             RequestsOf(data).ShownInFull(false);
             return FALSE;
           }));
+}
+
+RequestSignals::~RequestSignals() {
+  g_signal_handlers_disconnect_by_data(view_, &requests_);
+  g_signal_handlers_disconnect_by_data(view_, &want_files_);
 }
 
 }  // namespace corvane::desktop
