@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <map>
 #include <string_view>
 #include <vector>
 
@@ -12,6 +11,7 @@
 #include "base/language.h"
 #include "platform/linux/speech/speech_text.h"
 #include "platform/linux/speech/time_stretch.h"
+#include "platform/linux/speech/voice_names.h"
 
 namespace corvane::desktop {
 namespace {
@@ -20,12 +20,14 @@ constexpr int kChunkMilliseconds = 20;
 
 /// Whether the library's one state is taken.
 std::atomic<bool> in_use{false};
+std::atomic<bool> is_started{false};
 
 /// Starts the library once a process: after its second espeak_Terminate it waits
 /// for ever (seen with 1.51), so it is never terminated. False without voice data.
 bool StartLibrary() {
   static const bool started = espeak_Initialize(AUDIO_OUTPUT_SYNCHRONOUS, kChunkMilliseconds,
                                                 nullptr, espeakINITIALIZE_DONT_EXIT) == kSampleRate;
+  is_started = started;
   return started;
 }
 
@@ -35,25 +37,24 @@ int HandOver(short* samples, int count, espeak_EVENT* events) {
   return sink({samples, static_cast<std::size_t>(count)}) ? 0 : 1;
 }
 
-/// The menu's middle (90) is the library's middle (50); one step of 20 is 20, so
-/// that the ends (10 and 90) stay natural.
-int LibraryPitch(int pitch) {
-  return std::clamp(pitch, kPitchLowest, kPitchHighest) - kPitchDefault + 50;
+// Values of SpeechManner::punctuation.
+constexpr int kMostMarks = 2;
+constexpr int kAllMarks = 3;
+// All but those that make the pauses of a sentence.
+constexpr const wchar_t* kMostMarksList = L"#$%&*+-/<=>@[]^_`{|}~()\"\\";
+
+/// Of the library's ways to tell a capital, two can be understood: a word, and a pitch
+/// that is so many hertz higher.
+int LibraryCapitals(int capitals) {
+  constexpr int kWord = 2;
+  constexpr int kHigher = 30;
+  return capitals == 1 ? kHigher : capitals == 2 ? kWord : 0;
 }
 
-/// What the library calls the voices that may speak a language, best first: its files are
-/// named after languages.
-std::vector<std::string> VoicesOf(const std::string& language) {
-  // Pages' names for a few that it knows by others.
-  static const std::map<std::string_view, std::string_view> kOtherNames = {
-      {"zh", "cmn"}, {"zh-hk", "yue"}, {"zh-yue", "yue"}, {"no", "nb"}, {"nn", "nb"},
-      {"iw", "he"},  {"in", "id"},     {"ji", "yi"},      {"mo", "ro"}, {"sh", "hr"}};
-  std::vector<std::string> names;
-  for (const std::string_view tag : {std::string_view(language), language::Primary(language)}) {
-    const auto other = kOtherNames.find(tag);
-    names.emplace_back(other != kOtherNames.end() ? other->second : tag);
-  }
-  return names;
+/// The menu's middle (90) is the library's middle (50); one step of 20 is 20, so
+/// that the menu's ends (10 and 90) stay natural.
+int LibraryPitch(int pitch) {
+  return std::clamp(pitch, kPitchLowest, kPitchHighest) - kPitchDefault + 50;
 }
 
 }  // namespace
@@ -62,6 +63,13 @@ std::string VoiceLanguage(const std::string& voice) {
   const std::size_t folder = voice.find('/');
   const std::string name = folder == std::string::npos ? voice : voice.substr(folder + 1);
   return language::Tag(name.substr(0, name.find('+')));
+}
+
+std::string EspeakDataFolder() {
+  if (!is_started) return {};
+  const char* folder = nullptr;
+  espeak_Info(&folder);
+  return folder != nullptr ? folder : "";
 }
 
 EspeakSynthesizer::EspeakSynthesizer() {
@@ -73,37 +81,65 @@ EspeakSynthesizer::EspeakSynthesizer() {
     throw RunTimeError(kErrDeviceIo, "Speech", "The speech synthesizer could not be started.");
   }
   espeak_SetSynthCallback(HandOver);
-  UseVoice(kDefaultVoice, "");
+  espeak_SetPunctuationList(kMostMarksList);
+  UseVoice(kDefaultVoice, "", "");
 }
 
 EspeakSynthesizer::~EspeakSynthesizer() { in_use = false; }
 
-void EspeakSynthesizer::UseVoice(const std::string& voice, const std::string& language) {
-  if (voice == voice_ && language == language_) return;
+// Another mouth, but the same throat: what stands behind the plus.
+void EspeakSynthesizer::UseVoice(const std::string& voice, const std::string& language,
+                                 const std::string& chosen) {
+  if (voice == voice_ && language == language_ && chosen == chosen_) return;
   voice_ = voice;
   language_ = language;
-  // An unknown voice must not silence anybody: the default one speaks instead.
-  const auto is_there = [](const std::string& name) {
-    return !name.empty() && espeak_SetVoiceByName(name.c_str()) == EE_OK;
-  };
+  chosen_ = chosen;
+  const std::string& varied = chosen.find('+') != std::string::npos ? chosen : voice;
+  const std::string variant = varied.substr(std::min(varied.find('+'), varied.size()));
+  const std::string named = chosen.substr(0, chosen.find('+'));
   const std::string own = VoiceLanguage(voice);
   const bool is_own = language.empty() || language::Primary(language) == language::Primary(own);
-  if (!is_own) {
-    // Another mouth, but the same throat: what stands behind the plus.
-    const std::size_t variant = std::min(voice.find('+'), voice.size());
-    for (const std::string& name : VoicesOf(language)) {
-      if (is_there(name + voice.substr(variant))) return;
-    }
+
+  std::vector<std::string> names;
+  if (!named.empty()) {
+    names = {named};
+  } else if (!is_own) {
+    names = VoicesOf(language);
   }
-  if (!is_there(voice)) espeak_SetVoiceByName(kDefaultVoice);
+  names.push_back(voice.substr(0, voice.find('+')));
+  // An unknown voice must not silence anybody: the default one speaks instead.
+  names.emplace_back(kDefaultVoice);
+  for (const std::string& name : names) {
+    if (!name.empty() && espeak_SetVoiceByName((name + variant).c_str()) == EE_OK) return;
+  }
+  espeak_SetVoiceByName(kDefaultVoice);
+}
+
+// What one text has set holds for the next one, too.
+void EspeakSynthesizer::UseManner(const VoiceStyle& style, bool only_marks) {
+  const SpeechManner& manner = style.manner;
+  espeak_SetParameter(espeakPITCH, LibraryPitch(style.pitch), 0);
+  espeak_SetParameter(espeakRANGE, std::clamp(manner.range, 0, 100), 0);
+  espeak_SetParameter(espeakVOLUME, std::clamp(manner.volume, 0, 100), 0);
+  espeak_SetParameter(espeakCAPITALS, LibraryCapitals(manner.capitals), 0);
+  // Short runs of marks are named; in sentences they only make the pauses, unless the
+  // user wants to hear them.
+  espeak_PUNCT_TYPE marks = espeakPUNCT_NONE;
+  if (only_marks || manner.punctuation >= kAllMarks) {
+    marks = espeakPUNCT_ALL;
+  } else if (manner.punctuation == kMostMarks) {
+    marks = espeakPUNCT_SOME;
+  }
+  espeak_SetParameter(espeakPUNCTUATION, marks, 0);
 }
 
 void EspeakSynthesizer::Synthesize(const std::string& text, const VoiceStyle& style,
                                    const Sink& sink) {
-  UseVoice(style.voice.empty() ? kDefaultVoice : style.voice, style.language);
+  UseVoice(style.voice.empty() ? kDefaultVoice : style.voice, style.language, style.chosen);
+  // Beyond its own fastest the library goes on by itself: it leaves out periods of the
+  // finished sound.
   const int speed = std::clamp(style.speed, kSpeedLowest, kSpeedHighest);
   espeak_SetParameter(espeakRATE, std::max(speed, espeakRATE_MINIMUM), 0);
-  espeak_SetParameter(espeakPITCH, LibraryPitch(style.pitch), 0);
 
   TimeStretch stretch(std::max(1.0, static_cast<double>(espeakRATE_MINIMUM) / speed));
   const bool stretched = speed < espeakRATE_MINIMUM;
@@ -113,9 +149,8 @@ void EspeakSynthesizer::Synthesize(const std::string& text, const VoiceStyle& st
     return !refused;
   };
 
-  // Short runs of marks are named; in sentences they only make the pauses.
-  const bool only_marks = IsOnlyMarks(text);
-  espeak_SetParameter(espeakPUNCTUATION, only_marks ? espeakPUNCT_ALL : espeakPUNCT_NONE, 0);
+  const bool only_marks = style.manner.punctuation == 0 ? IsLoneMark(text) : IsOnlyMarks(text);
+  UseManner(style, only_marks);
   const std::string_view silence = NameOfSilence(text);
   TextPieces pieces(silence.empty() ? std::string_view(text) : silence);
   std::string piece;
@@ -127,6 +162,7 @@ void EspeakSynthesizer::Synthesize(const std::string& text, const VoiceStyle& st
     // text may be a name that is said of something: that ends at once.
     const bool pause = more || (!only_marks && EndsSentence(piece));
     const unsigned int flags = espeakCHARS_UTF8 | (pause ? espeakENDPAUSE : 0);
+    if (style.manner.digits) piece = WithLoneDigits(piece);
     espeak_Synth(piece.c_str(), piece.size() + 1, 0, POS_CHARACTER, 0, flags, nullptr,
                  const_cast<Sink*>(&guarded));
     piece.swap(following);

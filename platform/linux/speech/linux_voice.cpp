@@ -13,6 +13,8 @@ Utterance UtteranceOf(const std::string& tagged, bool urgent) {
   utterance.runs = std::move(parts.runs);
   utterance.pitch = parts.pitch.value_or(kPitchDefault);
   utterance.speed = parts.speed.value_or(kSpeedDefault);
+  utterance.manner = parts.manner;
+  utterance.sound = parts.sound;
   utterance.urgent = urgent;
   return utterance;
 }

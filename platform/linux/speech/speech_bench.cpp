@@ -87,7 +87,7 @@ class TimedSpeech {
     ended_ = false;
     Utterance utterance;
     utterance.text = text;
-    utterance.speed = kSpeedHighest;
+    utterance.speed = 450;
     const double start = Now();
     if (stop_before) speech_.Stop();
     speech_.Speak(

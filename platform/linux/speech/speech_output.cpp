@@ -7,8 +7,10 @@
 
 #include "base/error.h"
 #include "platform/linux/speech/espeak_synthesizer.h"
+#include "platform/linux/speech/sign_sound.h"
 #include "platform/linux/speech/silent_output.h"
 #include "platform/linux/speech/silent_synthesizer.h"
+#include "platform/linux/speech/transcript.h"
 
 namespace corvane::desktop {
 
@@ -29,8 +31,10 @@ std::string Environment(const char* name) {
 }
 
 VoiceStyle StyleOf(const Utterance& utterance) {
-  return {utterance.voice, utterance.pitch + utterance.pitch_shift,
-          utterance.speed + utterance.speed_shift};
+  return {.voice = utterance.voice,
+          .pitch = utterance.pitch + utterance.pitch_shift,
+          .speed = utterance.speed + utterance.speed_shift,
+          .manner = utterance.manner};
 }
 
 std::string OwnLanguageOf(const Utterance& utterance) {
@@ -79,8 +83,7 @@ int SpeechOutput::Speak(Utterance utterance, Begun begun, Ended ended) {
   const Utterance& asked = request->utterance;
   {
     const std::lock_guard lock(mutex_);
-    transcript_->Speak(request->id, asked.text, asked.pitch, asked.speed, asked.urgent, asked.runs,
-                       OwnLanguageOf(asked));
+    transcript_->Speak(request->id, asked, OwnLanguageOf(asked));
     waiting_.push_back(request);
     if (waiting_.size() > kMostWaiting) {
       FinishLocked(*waiting_.front(), SpeechEnd::kCut);
@@ -152,10 +155,15 @@ bool SpeechOutput::Render(Synthesizer& synthesizer, Request& request) {
   };
   const Utterance& asked = request.utterance;
   VoiceStyle style = StyleOf(asked);
+  if (asked.sound != 0) {
+    PlaySound(asked.sound, asked.manner.volume, sink);
+    return whole && !request.cut;
+  }
   if (asked.runs.empty()) synthesizer.Synthesize(asked.text, style, sink);
-  for (const LanguageRun& run : asked.runs) {
+  for (const SpokenRun& run : asked.runs) {
     if (!whole) break;
     style.language = run.language;
+    style.chosen = run.voice;
     synthesizer.Synthesize(run.text, style, sink);
   }
   return whole && !request.cut;

@@ -14,21 +14,9 @@
 #include "platform/linux/speech/loop_queue.h"
 #include "platform/linux/speech/synthesizer.h"
 #include "platform/linux/speech/transcript.h"
+#include "platform/linux/speech/utterance.h"
 
 namespace corvane::desktop {
-
-/// One text to be spoken.
-struct Utterance {
-  std::string text = {};  ///< UTF-8; shown in the transcript as it is
-  /// Its parts in their languages; empty: all of it in the voice's own.
-  std::vector<LanguageRun> runs = {};
-  int pitch = kPitchDefault;
-  int speed = kSpeedDefault;
-  bool urgent = false;     ///< only noted in the transcript
-  std::string voice = {};  ///< the synthesizer's name for it; empty for its default
-  int pitch_shift = 0;     ///< the character's own, added to what was asked
-  int speed_shift = 0;     ///< words a minute, added to what was asked
-};
 
 /// How a request to speak ended.
 enum class SpeechEnd { kSpoken, kCut };

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::size_t kMostDigits = 6;
 constexpr std::string_view kLanguage = "\\Lng=";
+constexpr std::string_view kVoice = "\\Vce=";
 
 /// Takes one tag off the text and keeps its number; false when there is none.
 bool TakeTag(std::string_view& text, std::string_view start, std::optional<int>& value) {
@@ -30,23 +31,63 @@ bool TakeTag(std::string_view& text, std::string_view start, std::optional<int>&
   return true;
 }
 
-// A tag with a name that may be a language's, or with none.
-std::size_t FindLanguageTag(std::string_view text) {
-  std::size_t at = text.find(kLanguage);
-  for (; at != std::string_view::npos; at = text.find(kLanguage, at + 1)) {
-    const std::size_t start = at + kLanguage.size();
-    const std::size_t end = text.find('\\', start);
-    if (end == std::string_view::npos) return end;
-    const std::string_view name = text.substr(start, end - start);
-    if (name.empty() || language::Tag(name) == name) break;
-  }
-  return at;
+bool MayBeAVoice(std::string_view name) {
+  constexpr std::string_view kAllowed =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_+";
+  return name.find_first_not_of(kAllowed) == std::string_view::npos;
 }
 
-void AddRun(TaggedText& tagged, std::string_view words, const std::string& language) {
+/// A tag within the words.
+struct NameTag {
+  std::size_t start = std::string_view::npos;  ///< none
+  std::size_t end = 0;                         ///< behind it
+  bool is_language = false;
+  std::string_view name;
+};
+
+// The first tag with a name that may be a language's or a voice's, or with none.
+NameTag FindNameTag(std::string_view text) {
+  for (std::size_t at = text.find('\\'); at != std::string_view::npos;
+       at = text.find('\\', at + 1)) {
+    const std::string_view rest = text.substr(at);
+    const bool is_language = rest.starts_with(kLanguage);
+    if (!is_language && !rest.starts_with(kVoice)) continue;
+    const std::size_t end = rest.find('\\', kLanguage.size());
+    if (end == std::string_view::npos) break;
+    const std::string_view name = rest.substr(kLanguage.size(), end - kLanguage.size());
+    const bool fits = is_language ? language::Tag(name) == name : MayBeAVoice(name);
+    if (name.empty() || fits) return {at, at + end + 1, is_language, name};
+  }
+  return {};
+}
+
+void AddRun(TaggedText& tagged, std::string_view words, const SpokenRun& how) {
   if (words.empty()) return;
   tagged.text += words;
-  tagged.runs.push_back({std::string(words), language});
+  tagged.runs.push_back({std::string(words), how.language, how.voice});
+}
+
+/// Takes one tag of the manner off the text; false when there is none.
+bool TakeMannerTag(std::string_view& text, TaggedText& tagged) {
+  std::optional<int> value;
+  SpeechManner& manner = tagged.manner;
+  const SpeechManner usual;
+  if (TakeTag(text, "\\rng=", value)) {
+    manner.range = value.value_or(usual.range);
+  } else if (TakeTag(text, "\\vol=", value)) {
+    manner.volume = value.value_or(usual.volume);
+  } else if (TakeTag(text, "\\pun=", value)) {
+    manner.punctuation = value.value_or(usual.punctuation);
+  } else if (TakeTag(text, "\\cap=", value)) {
+    manner.capitals = value.value_or(usual.capitals);
+  } else if (TakeTag(text, "\\dig=", value)) {
+    manner.digits = value.value_or(0) != 0;
+  } else if (TakeTag(text, "\\snd=", value)) {
+    tagged.sound = value.value_or(0);
+  } else {
+    return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -54,17 +95,16 @@ void AddRun(TaggedText& tagged, std::string_view words, const std::string& langu
 TaggedText ReadSpeechTags(const std::string& text) {
   TaggedText tagged;
   std::string_view rest = text;
-  while (TakeTag(rest, "\\pit=", tagged.pitch) || TakeTag(rest, "\\spd=", tagged.speed)) {
+  while (TakeTag(rest, "\\pit=", tagged.pitch) || TakeTag(rest, "\\spd=", tagged.speed) ||
+         TakeMannerTag(rest, tagged)) {
   }
-  std::string language;
+  SpokenRun how;
   for (;;) {
-    const std::size_t tag = FindLanguageTag(rest);
-    AddRun(tagged, rest.substr(0, tag), language);
-    if (tag == std::string_view::npos) return tagged;
-    rest.remove_prefix(tag + kLanguage.size());
-    const std::size_t end = rest.find('\\');
-    language = rest.substr(0, end);
-    rest.remove_prefix(end + 1);
+    const NameTag tag = FindNameTag(rest);
+    AddRun(tagged, rest.substr(0, tag.start), how);
+    if (tag.start == std::string_view::npos) return tagged;
+    (tag.is_language ? how.language : how.voice) = tag.name;
+    rest.remove_prefix(tag.end);
   }
 }
 

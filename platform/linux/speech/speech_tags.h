@@ -12,13 +12,16 @@ namespace corvane::desktop {
 struct TaggedText {
   std::optional<int> pitch;  ///< empty: the character's own
   std::optional<int> speed;  ///< words a minute; empty: the character's own
+  SpeechManner manner;
+  int sound = 0;  ///< in place of the words; 0: the words
   std::string text;
-  std::vector<LanguageRun> runs;  ///< of `text`, none of them empty
+  std::vector<SpokenRun> runs;  ///< of `text`, none of them empty
 };
 
-/// Takes the tags `\Pit=n\` and `\Spd=n\` (capitals or not) off the start of a
-/// text. Without a number a tag asks for the character's own. The tag `\Lng=de\`
-/// anywhere behind them says which language follows. Whatever is no such tag is text.
+/// Takes the tags that Voice lists (capitals or not) off the start of a text. Without a
+/// number a tag asks for the character's own. The tags `\Lng=de\` and `\Vce=de+f2\`
+/// anywhere behind them say which language follows, and who speaks it. Whatever is no
+/// such tag is text.
 TaggedText ReadSpeechTags(const std::string& text);
 
 }  // namespace corvane::desktop

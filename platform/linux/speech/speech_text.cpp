@@ -65,6 +65,24 @@ bool IsOnlyMarks(std::string_view text) {
   return true;
 }
 
+bool IsLoneMark(std::string_view text) {
+  if (text.empty() || g_unichar_isalnum(TakeCharacter(text))) return false;
+  return text.empty();
+}
+
+std::string WithLoneDigits(std::string_view text) {
+  std::string apart;
+  bool digit_before = false;
+  while (!text.empty()) {
+    const char32_t c = TakeCharacter(text);
+    const bool is_digit = g_unichar_isdigit(c) != FALSE;
+    if (is_digit && digit_before) apart += ' ';
+    AppendCharacter(apart, c);
+    digit_before = is_digit;
+  }
+  return apart;
+}
+
 bool EndsSentence(std::string_view text) {
   const std::size_t last = text.find_last_not_of(" \n\"')]");
   return last != std::string_view::npos &&

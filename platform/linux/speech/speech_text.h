@@ -35,6 +35,12 @@ std::string_view NameOfSilence(std::string_view text);
 /// passes a comma: its marks must then be named or nothing would be heard.
 bool IsOnlyMarks(std::string_view text);
 
+/// Whether a text is one mark.
+bool IsLoneMark(std::string_view text);
+
+/// The text with blanks between digits, so that each is read by itself.
+std::string WithLoneDigits(std::string_view text);
+
 /// Whether a text ends with the mark of a sentence's end, quotes and brackets behind it
 /// left aside.
 bool EndsSentence(std::string_view text);

@@ -25,20 +25,45 @@ std::string Quoted(const std::string& text) {
   return nlohmann::json(text).dump(-1, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
-/// The first part's language, and where there are several, all of them.
-std::string Languages(const std::vector<LanguageRun>& runs, const std::string& own) {
-  const auto language_of = [&own](const LanguageRun& run) {
+std::string Member(const char* name, const std::string& value) {
+  return std::string(", \"") + name + "\": " + value;
+}
+
+/// The first part's language and voice, and where there are several parts, those of all.
+std::string Runs(const std::vector<SpokenRun>& runs, const std::string& own) {
+  const auto language_of = [&own](const SpokenRun& run) {
     return Quoted(run.language.empty() ? own : run.language);
   };
-  if (runs.empty() && own.empty()) return {};
-  std::string members = ", \"language\": " + (runs.empty() ? Quoted(own) : language_of(runs[0]));
+  const auto voice_of = [](const SpokenRun& run) {
+    return run.voice.empty() ? "" : Member("voice", Quoted(run.voice));
+  };
+  if (runs.empty()) return own.empty() ? "" : Member("language", Quoted(own));
+  const std::string members = Member("language", language_of(runs[0])) + voice_of(runs[0]);
   if (runs.size() < 2) return members;
   std::string list;
-  for (const LanguageRun& run : runs) {
+  for (const SpokenRun& run : runs) {
     if (!list.empty()) list += ", ";
-    list += "{\"text\": " + Quoted(run.text) + ", \"language\": " + language_of(run) + "}";
+    list += "{\"text\": " + Quoted(run.text) + Member("language", language_of(run)) +
+            voice_of(run) + "}";
   }
-  return members + ", \"runs\": [" + list + "]";
+  return members + Member("runs", "[" + list + "]");
+}
+
+/// What is not as it is without any choice.
+std::string Manner(const Utterance& utterance) {
+  const SpeechManner usual;
+  const SpeechManner& manner = utterance.manner;
+  std::string members;
+  const auto add = [&](const char* name, int value, int usually) {
+    if (value != usually) members += Member(name, std::to_string(value));
+  };
+  add("range", manner.range, usual.range);
+  add("volume", manner.volume, usual.volume);
+  add("punctuation", manner.punctuation, usual.punctuation);
+  add("capitals", manner.capitals, usual.capitals);
+  add("digits", manner.digits ? 1 : 0, 0);
+  add("sound", utterance.sound, 0);
+  return members;
 }
 
 }  // namespace
@@ -56,13 +81,14 @@ Transcript::~Transcript() {
   if (file_ != nullptr && file_ != stdout) std::fclose(file_);
 }
 
-void Transcript::Speak(int id, const std::string& text, int pitch, int speed, bool urgent,
-                       const std::vector<LanguageRun>& runs, const std::string& own) {
+void Transcript::Speak(int id, const Utterance& utterance, const std::string& own) {
   if (file_ == nullptr) return;
   WriteLine("speak", id,
-            ", \"text\": " + Quoted(text) + ", \"pitch\": " + std::to_string(pitch) +
-                ", \"speed\": " + std::to_string(speed) +
-                ", \"urgent\": " + (urgent ? "true" : "false") + Languages(runs, own));
+            Member("text", Quoted(utterance.text)) +
+                Member("pitch", std::to_string(utterance.pitch)) +
+                Member("speed", std::to_string(utterance.speed)) +
+                Member("urgent", utterance.urgent ? "true" : "false") + Runs(utterance.runs, own) +
+                Manner(utterance));
 }
 
 void Transcript::Begin(int id) { WriteLine("begin", id, ""); }

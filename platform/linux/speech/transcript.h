@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/speech/synthesizer.h"
+#include "platform/linux/speech/utterance.h"
 
 namespace corvane::desktop {
 
@@ -22,10 +22,9 @@ class Transcript {
   Transcript(const Transcript&) = delete;
   Transcript& operator=(const Transcript&) = delete;
 
-  /// The request was accepted; `pitch` and `speed` as they were asked for. `runs`: the
-  /// text's parts; what says no language is in the voice's `own`.
-  void Speak(int id, const std::string& text, int pitch, int speed, bool urgent,
-             const std::vector<LanguageRun>& runs = {}, const std::string& own = "");
+  /// The request was accepted; pitch and speed as they were asked for. What says no
+  /// language is in the voice's `own`.
+  void Speak(int id, const Utterance& utterance, const std::string& own = "");
   void Begin(int id);  ///< its first samples were handed to the device
   void End(int id);    ///< spoken to its end
   void Cut(int id);    ///< stopped before its end

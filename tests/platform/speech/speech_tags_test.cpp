@@ -36,7 +36,7 @@ TEST(SpeechTags, CapitalsAndOrderDoNotMatterAndTheLastOneCounts) {
 TEST(SpeechTags, WhateverIsNoTagIsText) {
   for (const std::string text :
        {"\\", "\\Pit", "\\Pit=", "\\Pit=90", "\\Pit=-1\\x", "\\Pit= 90\\x", "\\Pit=9x\\y",
-        "\\Vol=3\\x", "\\Pit=1234567\\x", "x\\Pit=90\\", "/Pit=90/x", ""}) {
+        "\\Xyz=3\\x", "\\Pit=1234567\\x", "x\\Pit=90\\", "/Pit=90/x", ""}) {
     const TaggedText tagged = ReadSpeechTags(text);
     EXPECT_EQ(tagged.pitch, std::nullopt) << text;
     EXPECT_EQ(tagged.text, text);
@@ -53,16 +53,34 @@ TEST(SpeechTags, ATagInsideTheTextIsText) {
 TEST(SpeechTags, LanguagesAreFoundAnywhere) {
   const TaggedText tagged = ReadSpeechTags("\\Spd=250\\link, \\Lng=de\\Preise\\Lng=\\, visited");
   EXPECT_EQ(tagged.text, "link, Preise, visited");
+  EXPECT_THAT(tagged.runs, testing::ElementsAre(SpokenRun{"link, ", ""}, SpokenRun{"Preise", "de"},
+                                                SpokenRun{", visited", ""}));
+}
+
+TEST(SpeechTags, TheMannerIsTakenOffTheStart) {
+  const TaggedText tagged =
+      ReadSpeechTags("\\Pit=90\\\\Rng=0\\\\Vol=70\\\\Pun=3\\\\Cap=2\\\\Dig=1\\\\Snd=2\\Done");
+  EXPECT_EQ(tagged.text, "Done");
+  EXPECT_EQ(tagged.manner, (SpeechManner{0, 70, 3, 2, true}));
+  EXPECT_EQ(tagged.sound, 2);
+  EXPECT_EQ(ReadSpeechTags("\\Vol=\\x").manner, SpeechManner());
+}
+
+TEST(SpeechTags, WhoSpeaksIsFoundAnywhere) {
+  const TaggedText tagged =
+      ReadSpeechTags("\\Vce=+f4\\Sign in. \\Vce=\\It says\\Lng=de\\\\Vce=de+f2\\Hallo");
+  EXPECT_EQ(tagged.text, "Sign in. It saysHallo");
   EXPECT_THAT(tagged.runs,
-              testing::ElementsAre(LanguageRun{"link, ", ""}, LanguageRun{"Preise", "de"},
-                                   LanguageRun{", visited", ""}));
+              testing::ElementsAre(SpokenRun{"Sign in. ", "", "+f4"}, SpokenRun{"It says"},
+                                   SpokenRun{"Hallo", "de", "de+f2"}));
+  EXPECT_EQ(ReadSpeechTags("\\Vce=../x\\y").text, "\\Vce=../x\\y");
 }
 
 TEST(SpeechTags, WhatOnlyLooksLikeALanguageIsText) {
   for (const char* text : {"\\Lng=de", "\\Lng=d e\\x", "\\lng=de\\x", "a\\Lng=DE\\x"}) {
     const TaggedText tagged = ReadSpeechTags(text);
     EXPECT_EQ(tagged.text, text);
-    EXPECT_THAT(tagged.runs, testing::ElementsAre(LanguageRun{text, ""}));
+    EXPECT_THAT(tagged.runs, testing::ElementsAre(SpokenRun{text, ""}));
   }
 }
 

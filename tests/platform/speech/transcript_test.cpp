@@ -20,6 +20,10 @@ std::vector<std::string> Lines(const std::string& text) {
   return lines;
 }
 
+Utterance Asked(const std::string& text, std::vector<SpokenRun> runs = {}) {
+  return {.text = text, .runs = std::move(runs)};
+}
+
 class TranscriptTest : public testing::Test {
  protected:
   test::TemporaryFolder folder_;
@@ -28,7 +32,7 @@ class TranscriptTest : public testing::Test {
 
 TEST_F(TranscriptTest, WritesEachLineAtOnceInItsFixedForm) {
   Transcript transcript(file_);
-  transcript.Speak(3, "Hello", 90, 150, false);
+  transcript.Speak(3, Asked("Hello"));
   const std::string first = test::ContentOf(file_);
   EXPECT_TRUE(std::regex_match(
       first, std::regex(R"(\{"t": \d+\.\d{6}, "event": "speak", "id": 3, "text": "Hello", )"
@@ -48,9 +52,9 @@ TEST_F(TranscriptTest, WritesEachLineAtOnceInItsFixedForm) {
 
 TEST_F(TranscriptTest, TellsTheLanguageAndWhereThereAreSeveralEachPartsOwn) {
   Transcript transcript(file_);
-  transcript.Speak(1, "Hello", 90, 150, false, {{"Hello", ""}}, "en");
-  transcript.Speak(2, "Preise", 90, 150, false, {{"Preise", "de"}}, "en");
-  transcript.Speak(3, "link, Preise", 90, 150, false, {{"link, ", ""}, {"Preise", "de"}}, "en");
+  transcript.Speak(1, Asked("Hello", {{"Hello", ""}}), "en");
+  transcript.Speak(2, Asked("Preise", {{"Preise", "de"}}), "en");
+  transcript.Speak(3, Asked("link, Preise", {{"link, ", ""}, {"Preise", "de"}}), "en");
   const auto lines = Lines(test::ContentOf(file_));
   ASSERT_EQ(lines.size(), 3U);
   const auto hello = nlohmann::json::parse(lines[0]);
@@ -63,10 +67,30 @@ TEST_F(TranscriptTest, TellsTheLanguageAndWhereThereAreSeveralEachPartsOwn) {
             R"([{"language":"en","text":"link, "},{"language":"de","text":"Preise"}])");
 }
 
+TEST_F(TranscriptTest, TellsTheMannerOnlyWhereItIsChosen) {
+  Transcript transcript(file_);
+  Utterance utterance = Asked("Done", {{"Done", "", "+f4"}});
+  transcript.Speak(1, utterance, "en");
+  utterance.manner = {.range = 10, .volume = 80, .punctuation = 3, .capitals = 2, .digits = true};
+  utterance.sound = 2;
+  transcript.Speak(2, utterance, "en");
+  const auto lines = Lines(test::ContentOf(file_));
+  const auto plain = nlohmann::json::parse(lines.at(0));
+  EXPECT_EQ(plain["voice"], "+f4");
+  EXPECT_FALSE(plain.contains("volume"));
+  const auto chosen = nlohmann::json::parse(lines.at(1));
+  EXPECT_EQ(chosen["range"], 10);
+  EXPECT_EQ(chosen["volume"], 80);
+  EXPECT_EQ(chosen["punctuation"], 3);
+  EXPECT_EQ(chosen["capitals"], 2);
+  EXPECT_EQ(chosen["digits"], 1);
+  EXPECT_EQ(chosen["sound"], 2);
+}
+
 TEST_F(TranscriptTest, AnyTextComesBackAsItWas) {
   const std::string text = "\"quoted\" \\ back\nline\ttab \x01 \xC3\xA4 \xF0\x9F\x98\x80 </script>";
   Transcript transcript(file_);
-  transcript.Speak(1, text, 50, 250, true);
+  transcript.Speak(1, {.text = text, .pitch = 50, .speed = 250, .urgent = true});
   const auto lines = Lines(test::ContentOf(file_));
   ASSERT_EQ(lines.size(), 1U);
   const auto json = nlohmann::json::parse(lines[0]);
@@ -78,10 +102,8 @@ TEST_F(TranscriptTest, AnyTextComesBackAsItWas) {
 
 TEST_F(TranscriptTest, InvalidTextStillMakesAValidLine) {
   Transcript transcript(file_);
-  transcript.Speak(1,
-                   "a\xFF"
-                   "b",
-                   90, 150, false);
+  transcript.Speak(1, Asked("a\xFF"
+                            "b"));
   EXPECT_EQ(nlohmann::json::parse(test::ContentOf(file_))["text"],
             "a\xEF\xBF\xBD"
             "b");
@@ -114,7 +136,7 @@ TEST_F(TranscriptTest, ADashIsStandardOutput) {
 TEST_F(TranscriptTest, IsOffWithoutAName) {
   testing::internal::CaptureStdout();
   Transcript transcript;
-  transcript.Speak(1, "secret", 90, 150, false);
+  transcript.Speak(1, Asked("secret"));
   transcript.Begin(1);
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
