@@ -19,12 +19,19 @@ struct LanguageRun {
 
 namespace language {
 
+/// What words of a page are marked with that stand within a sentence of the program's own,
+/// when nothing is known of their language: their letters tell it.
+inline constexpr std::string_view kOfAPage = "und";
+
 /// A page's name for a language (BCP 47) as it is kept here: "de-AT" is "de-at". Empty
 /// when it is none.
 std::string Tag(std::string_view name);
 
 /// The language without its country and script: "pt-br" is "pt".
 std::string_view Primary(std::string_view tag);
+
+/// What the language is called in English; "language xx" where that is not known.
+std::string Name(std::string_view tag);
 
 /// The text with the mark that it is in that language; as it is where nothing is said
 /// of it, or there is no text. What is marked within it keeps its own.

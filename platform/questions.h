@@ -19,6 +19,7 @@ struct DialogField {
   /// the choices' texts.
   std::string value = {};
   std::vector<std::string> choices = {};
+  bool from_page = false;  ///< the value is a page's words, and never sounds like the program's
 };
 
 /// What the user chose.
@@ -29,8 +30,15 @@ struct DialogAnswer {
   bool Checked(std::size_t field) const { return values.at(field) == "True"; }
 };
 
+/// What becomes of a dialog's fields when one of them has been changed.
+struct DialogChange {
+  std::vector<DialogField> fields;  ///< all, as they are now; none: as they were
+  std::string language;             ///< that the new value is marked with; empty: nothing
+  std::string example;              ///< said behind it, with the same mark
+};
+
 /// A question to the user: plain text, fields and buttons. UTF-8; texts may come
-/// from pages.
+/// from pages. In `text` those may be marked (base/language.h), for the ear alone.
 struct DialogQuestion {
   std::string title = {};
   std::string text = {};
@@ -43,6 +51,9 @@ struct DialogQuestion {
   /// screen, also while another program has the keyboard.
   bool is_message = false;
 
+  /// A page asks, not the program: its words are not to be taken for the program's.
+  bool from_page = false;
+
   /// What asks, such as a page, as the platform knows it: its window is the one to put
   /// the question in front of. Null: that does not matter.
   void* asker = nullptr;
@@ -51,6 +62,10 @@ struct DialogQuestion {
   /// that it returns is spoken and shown, and the dialog stays: what is wrong with
   /// a field, or what a button that does not close has done.
   std::function<std::string(const DialogAnswer&)> check = nullptr;
+
+  /// Told of each change of a check box or a choice by the user, before the new value is
+  /// spoken.
+  std::function<DialogChange(const DialogAnswer&, std::size_t field)> changed = nullptr;
 };
 
 /// Shows questions to the user.

@@ -268,7 +268,7 @@ char32_t PlainCharacter(guint keyval, int group, const std::vector<KeyMeaning>& 
 PressedKey Pressed(const GdkEventKey& event) {
   const auto meanings = MeaningsOf(event);
   return {VirtualKey(event.keyval, event.hardware_keycode, event.group, meanings),
-          PlainCharacter(event.keyval, event.group, meanings)};
+          PlainCharacter(event.keyval, event.group, meanings), ShiftState(event.state)};
 }
 
 int ShiftState(guint gdk_state) {

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/language.h"
 #include "platform/linux/gtk/text.h"
 
 namespace corvane::desktop {
@@ -18,6 +19,7 @@ namespace {
 using Say = std::function<void(const std::string& text)>;
 
 constexpr const char* kTrue = "True";
+constexpr int kPage = 10;  // choices that Page Up and Page Down pass
 
 // The label stands before the field and leads to it with its access key.
 void PutWithLabel(const std::string& label, Gtk::Widget& field, Gtk::Grid& grid, int row) {
@@ -34,6 +36,7 @@ class TextFieldWidget : public DialogFieldWidget {
  public:
   TextFieldWidget(const DialogField& field, Gtk::Grid& grid, int row, Say say)
       : label_(WithoutMnemonic(field.label)),
+        language_(field.from_page ? language::kOfAPage : ""),
         secret_(field.kind == DialogField::Kind::kPassword),
         say_(std::move(say)) {
     entry_.set_text(Valid(OnOneLine(field.value)));
@@ -57,7 +60,8 @@ class TextFieldWidget : public DialogFieldWidget {
   std::string Words() const override {
     const auto length = entry_.get_text().length();
     if (!secret_)
-      return label_ + ", edit box, " + (length == 0 ? "empty" : entry_.get_text().raw());
+      return label_ + ", edit box, " +
+             (length == 0 ? "empty" : language::Marked(entry_.get_text().raw(), language_));
     return label_ + ", password box, " +
            (length == 0 ? "empty" : std::to_string(length) + " characters");
   }
@@ -82,10 +86,12 @@ class TextFieldWidget : public DialogFieldWidget {
     const auto length = static_cast<Glib::ustring::size_type>(std::max(before, caret_) - first);
     const auto passed =
         entry_.get_text().substr(static_cast<Glib::ustring::size_type>(first), length);
-    say_(secret_ ? std::to_string(passed.length()) + " characters" : passed.raw());
+    say_(secret_ ? std::to_string(passed.length()) + " characters"
+                 : language::Marked(passed.raw(), language_));
   }
 
   const std::string label_;
+  const std::string_view language_;  // that the value is marked with
   const bool secret_;
   const Say say_;
   Gtk::Entry entry_;
@@ -99,29 +105,37 @@ class CheckFieldWidget : public DialogFieldWidget {
       : label_(WithoutMnemonic(field.label)), box_(WithMnemonic(field.label), true) {
     box_.set_active(field.value == kTrue);
     grid.attach(box_, 0, row, 2);
-    box_.signal_toggled().connect([this, say] { say(State()); });
+    box_.signal_toggled().connect([this, say] {
+      if (!setting_) say(State());
+    });
   }
 
   Gtk::Widget& widget() override { return box_; }
   std::string Words() const override { return label_ + ", check box, " + State(); }
   std::string Value() const override { return box_.get_active() ? kTrue : "False"; }
+  void Set(const DialogField& field) override {
+    setting_ = true;
+    box_.set_active(field.value == kTrue);
+    setting_ = false;
+  }
 
  private:
   std::string State() const { return box_.get_active() ? "checked" : "not checked"; }
 
   const std::string label_;
   Gtk::CheckButton box_;
+  bool setting_ = false;  // not the user
 };
 
 class ChoiceFieldWidget : public DialogFieldWidget {
  public:
   ChoiceFieldWidget(const DialogField& field, Gtk::Grid& grid, int row, const Say& say)
-      : label_(WithoutMnemonic(field.label)), choices_(field.choices) {
-    for (const auto& choice : choices_) box_.append(Valid(choice));
-    const auto at = std::find(choices_.begin(), choices_.end(), field.value);
-    box_.set_active(at == choices_.end() ? 0 : static_cast<int>(at - choices_.begin()));
+      : label_(WithoutMnemonic(field.label)), language_(field.from_page ? language::kOfAPage : "") {
+    Set(field);
     PutWithLabel(field.label, box_, grid, row);
-    box_.signal_changed().connect([this, say] { say(Chosen()); });
+    box_.signal_changed().connect([this, say] {
+      if (!setting_) say(Chosen());
+    });
   }
 
   Gtk::Widget& widget() override { return box_; }
@@ -131,8 +145,21 @@ class ChoiceFieldWidget : public DialogFieldWidget {
     return row < 0 ? "" : choices_[static_cast<std::size_t>(row)];
   }
 
-  // The arrows choose; the list that would drop down keeps the keys for itself and
-  // says nothing.
+  void Set(const DialogField& field) override {
+    setting_ = true;
+    if (field.choices != choices_) {
+      choices_ = field.choices;
+      box_.remove_all();
+      for (const auto& choice : choices_) box_.append(Valid(choice));
+    }
+    const auto at = std::find(choices_.begin(), choices_.end(), field.value);
+    box_.set_active(at == choices_.end() ? 0 : static_cast<int>(at - choices_.begin()));
+    setting_ = false;
+  }
+
+  // The arrows choose, ten at a time with Page Up and Page Down, and letters and digits
+  // lead to the next that begins so; the list that would drop down keeps the keys for
+  // itself and says nothing.
   bool KeyDown(guint keyval) override {
     const int count = static_cast<int>(choices_.size());
     const int row = box_.get_active_row_number();
@@ -153,27 +180,54 @@ class ChoiceFieldWidget : public DialogFieldWidget {
       case GDK_KEY_KP_End:
         Choose(count - 1);
         return true;
+      case GDK_KEY_Page_Up:
+      case GDK_KEY_KP_Page_Up:
+        Choose(std::max(row - kPage, 0));
+        return true;
+      case GDK_KEY_Page_Down:
+      case GDK_KEY_KP_Page_Down:
+        Choose(std::min(row + kPage, count - 1));
+        return true;
       case GDK_KEY_space:
       case GDK_KEY_KP_Space:
         return true;
       default:
-        return false;
+        return Look(gdk_keyval_to_unicode(keyval));
     }
   }
 
  private:
+  bool Look(gunichar letter) {
+    if (letter == 0 || g_unichar_isalnum(letter) == FALSE) return false;
+    const auto begins = [letter](const std::string& choice) {
+      const gunichar first = g_utf8_get_char_validated(choice.c_str(), -1);
+      return g_unichar_tolower(first) == g_unichar_tolower(letter);
+    };
+    const int count = static_cast<int>(choices_.size());
+    const int row = box_.get_active_row_number();
+    for (int i = 1; i <= count; ++i) {
+      const int next = (row + i) % count;
+      if (!begins(choices_[static_cast<std::size_t>(next)])) continue;
+      Choose(next);
+      break;
+    }
+    return true;
+  }
   void Choose(int row) {
     if (row >= 0 && row < static_cast<int>(choices_.size())) box_.set_active(row);
   }
   std::string Chosen() const {
     const int row = box_.get_active_row_number();
     if (row < 0) return "empty";
-    return Value() + ", " + std::to_string(row + 1) + " of " + std::to_string(choices_.size());
+    return language::Marked(Value(), language_) + ", " + std::to_string(row + 1) + " of " +
+           std::to_string(choices_.size());
   }
 
   const std::string label_;
-  const std::vector<std::string> choices_;
+  const std::string_view language_;  // that the value is marked with
+  std::vector<std::string> choices_;
   Gtk::ComboBoxText box_;
+  bool setting_ = false;  // not the user
 };
 
 }  // namespace

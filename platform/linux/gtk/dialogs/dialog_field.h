@@ -26,6 +26,8 @@ class DialogFieldWidget {
   virtual std::string Words() const = 0;
   /// As DialogField::value.
   virtual std::string Value() const = 0;
+  /// Shows the value and the choices of `field`, without a word.
+  virtual void Set(const DialogField& /*field*/) {}
   /// A key goes down while the field has the focus; true keeps it from the widget.
   virtual bool KeyDown(guint /*keyval*/) { return false; }
 };

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/language.h"
 #include "platform/linux/glib/later.h"
 #include "platform/linux/gtk/dialogs/dialog_listener.h"
 #include "platform/linux/gtk/text.h"
@@ -76,7 +77,7 @@ void SpokenDialog::EnterInTable() {
     children_.push_back(windows_.Add(std::move(child)));
   };
   for (const auto& caption : question_.buttons) add_child("Button", WithoutMnemonic(caption));
-  add_child("Static", question_.text);
+  add_child("Static", language::Unmarked(question_.text));
 }
 
 int SpokenDialog::CancelButton() const {
@@ -99,12 +100,12 @@ void SpokenDialog::Present(Gtk::Window* owner) {
   if (dialog_) return;
   owner_ = owner;
   way_back_.Remember(nullptr, owner);
-  dialog_ = std::make_unique<Gtk::MessageDialog>(Valid(question_.text), false,
+  dialog_ = std::make_unique<Gtk::MessageDialog>(Valid(language::Unmarked(question_.text)), false,
                                                  TypeOf(question_.icon), Gtk::BUTTONS_NONE, true);
   MarkAsSpeaking(GTK_WIDGET(dialog_->gobj()));
   dialog_->set_title(Valid(OnOneLine(question_.title)));
   dialog_->get_accessible()->set_name(Valid(question_.title));
-  dialog_->get_accessible()->set_description(Valid(question_.text));
+  dialog_->get_accessible()->set_description(Valid(language::Unmarked(question_.text)));
   if (owner) {
     dialog_->set_transient_for(*owner);
     owner->get_group()->add_window(*dialog_);  // other windows go on
@@ -127,15 +128,40 @@ void SpokenDialog::AddFields() {
   auto* grid = Gtk::make_managed<Gtk::Grid>();
   grid->set_row_spacing(kGap);
   grid->set_column_spacing(kGap);
-  int row = 0;
-  for (const auto& field : question_.fields) {
+  for (std::size_t i = 0; i < question_.fields.size(); ++i) {
     fields_.push_back(DialogFieldWidget::Create(
-        field, *grid, row++, [this, here = life_.Look()](const std::string& text) {
-          if (here && dialog_) Say(text);
+        question_.fields[i], *grid, static_cast<int>(i),
+        [this, i, here = life_.Look()](const std::string& text) {
+          if (here && dialog_) FieldChanged(i, text);
         }));
   }
   grid->show_all();
   dialog_->get_message_area()->pack_start(*grid);
+}
+
+// Walking through a text changes nothing.
+void SpokenDialog::FieldChanged(std::size_t field, const std::string& text) {
+  const DialogField::Kind kind = question_.fields[field].kind;
+  const bool chosen = kind == DialogField::Kind::kCheckBox || kind == DialogField::Kind::kChoice;
+  if (!question_.changed || !chosen) return Say(text);
+  const DialogChange change = question_.changed(Answer(question_.default_button), field);
+  for (std::size_t i = 0; i < std::min(change.fields.size(), fields_.size()); ++i) {
+    if (i != field) fields_[i]->Set(change.fields[i]);
+  }
+  std::string words = text;
+  if (const std::string value = fields_[field]->Value(); text.starts_with(value)) {
+    words = language::Marked(value, change.language) + text.substr(value.size());
+  }
+  Say(Sentences({words, language::Marked(change.example, change.language)}));
+}
+
+DialogAnswer SpokenDialog::Answer(int button) const {
+  DialogAnswer answer;
+  answer.button = button;
+  for (std::size_t i = 0; i < question_.fields.size(); ++i) {
+    answer.values.push_back(fields_.empty() ? question_.fields[i].value : fields_[i]->Value());
+  }
+  return answer;
 }
 
 void SpokenDialog::AddButtons() {
@@ -227,11 +253,7 @@ std::string SpokenDialog::SpokenTitle() const {
 
 void SpokenDialog::Press(int button) {
   if (!done_) return;
-  DialogAnswer answer;
-  answer.button = button;
-  for (std::size_t i = 0; i < question_.fields.size(); ++i) {
-    answer.values.push_back(fields_.empty() ? question_.fields[i].value : fields_[i]->Value());
-  }
+  const DialogAnswer answer = Answer(button);
   if (question_.check && button != CancelButton()) {
     const auto here = life_.Look();
     const std::string stay = question_.check(answer);

@@ -54,6 +54,8 @@ class SpokenDialog {
   void Connect();
   int CancelButton() const;
   void Press(int button);
+  void FieldChanged(std::size_t field, const std::string& text);
+  DialogAnswer Answer(int button) const;
   bool KeyDown(const GdkEventKey& event);
   void FocusMoved(Gtk::Widget* focus);
   void ActiveChanged();

@@ -7,8 +7,10 @@
 
 namespace corvane::desktop {
 
-SpokenDialogs::SpokenDialogs(WindowTable& windows, Speaker speak)
-    : windows_(windows), speak_(std::move(speak)) {}
+SpokenDialogs::SpokenDialogs(WindowTable& windows, Speaker speak, Speaker speak_for_pages)
+    : windows_(windows),
+      speak_(std::move(speak)),
+      speak_for_pages_(std::move(speak_for_pages)) {}
 
 SpokenDialogs::~SpokenDialogs() { life_.End(); }
 
@@ -24,8 +26,9 @@ void SpokenDialogs::Next() {
   auto next = std::move(waiting_.front());
   waiting_.pop_front();
   open_number_ = next.number;
+  const bool for_page = next.question.from_page && speak_for_pages_;
   open_ = std::make_unique<SpokenDialog>(
-      windows_, speak_, std::move(next.question),
+      windows_, for_page ? speak_for_pages_ : speak_, std::move(next.question),
       [this, here = life_.Look(), done = std::move(next.done)](const DialogAnswer& answer) {
         const auto call = done;  // the answered dialog may go while this is called
         if (call) call(answer);

@@ -15,7 +15,8 @@ class SpokenDialogs {
  public:
   using Done = std::function<void(const DialogAnswer&)>;
 
-  SpokenDialogs(WindowTable& windows, Speaker speak);
+  /// `speak_for_pages`: for questions whose words are a page's; empty: `speak`.
+  SpokenDialogs(WindowTable& windows, Speaker speak, Speaker speak_for_pages = nullptr);
   ~SpokenDialogs();
   SpokenDialogs(const SpokenDialogs&) = delete;
   SpokenDialogs& operator=(const SpokenDialogs&) = delete;
@@ -40,6 +41,7 @@ class SpokenDialogs {
 
   WindowTable& windows_;
   const Speaker speak_;
+  const Speaker speak_for_pages_;
   std::deque<Waiting> waiting_;
   std::unique_ptr<SpokenDialog> open_;
   int open_number_ = 0;  // 0: none

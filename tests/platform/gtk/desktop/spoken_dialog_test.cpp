@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#include "base/language.h"
 #include "platform/linux/gtk/dialogs/spoken_dialogs.h"
 #include "tests/platform/gtk/desktop/desktop_test.h"
 
@@ -54,6 +55,55 @@ DialogQuestion SignIn() {
                      {Kind::kCheckBox, "&Remember", "False"},
                      {Kind::kChoice, "&Where", "second", {"first", "second", "third"}}},
           .buttons = {"&Sign in", "Cancel"}};
+}
+
+TEST_F(SpokenDialogTest, AChoiceIsReachedByItsFirstLetterAndByTens) {
+  std::vector<std::string> numbers;
+  for (int i = 0; i < 25; ++i) numbers.push_back("b" + std::to_string(i));
+  numbers.emplace_back("a");
+  const auto dialog = Show({.title = "T", .fields = {{Kind::kChoice, "Where", "b3", numbers}}});
+  EXPECT_THAT(Press({"b"}, 1), ElementsAre("b4, 5 of 26"));
+  EXPECT_THAT(Press({"a"}, 1), ElementsAre("a, 26 of 26"));
+  EXPECT_THAT(Press({"b"}, 1), ElementsAre("b0, 1 of 26"));
+  EXPECT_THAT(Press({"Next"}, 1), ElementsAre("b10, 11 of 26"));
+  EXPECT_THAT(Press({"End", "Prior"}, 2), ElementsAre("a, 26 of 26", "b15, 16 of 26"));
+  EXPECT_THAT(Press({"Next"}, 1), ElementsAre("a, 26 of 26"));
+}
+
+TEST_F(SpokenDialogTest, AChangeIsToldBeforeItIsHeardAndOthersFollowInSilence) {
+  std::vector<std::string> order;
+  DialogQuestion question{.title = "T",
+                          .fields = {{Kind::kChoice, "Which", "one", {"one", "two"}},
+                                     {Kind::kChoice, "Whose", "Ann", {"Ann"}},
+                                     {Kind::kCheckBox, "Loud", "False"}}};
+  question.changed = [&](const DialogAnswer& now, std::size_t field) -> DialogChange {
+    order.push_back(now.values.at(field));
+    EXPECT_THAT(spoken_, IsEmpty());
+    std::vector<DialogField> fields = question.fields;
+    fields[0].value = now.values[0];
+    fields[1] = {Kind::kChoice, "Whose", "Eve", {"Bob", "Eve"}};
+    fields[2].value = "True";
+    return {fields, "de", "For example this"};
+  };
+  const auto dialog = Show(question);
+  const auto heard = Press({"Down"}, 1);
+  EXPECT_THAT(order, ElementsAre("two"));
+  EXPECT_THAT(heard, ElementsAre(language::Marked("two", "de") + ", 2 of 2. " +
+                                 language::Marked("For example this", "de")));
+  EXPECT_THAT(Press({"Tab"}, 1), ElementsAre("Whose, list, Eve, 2 of 2"));
+  EXPECT_THAT(Press({"Tab"}, 1), ElementsAre("Loud, check box, checked"));
+}
+
+TEST_F(SpokenDialogTest, APagesWordsAreMarkedForTheEarAlone) {
+  const auto dialog = Show({.title = "T",
+                            .text = "It says: " + language::Marked("Yes", language::kOfAPage),
+                            .fields = {{.label = "File", .value = "a.zip", .from_page = true}}});
+  EXPECT_THAT(spoken_,
+              ElementsAre("T. It says: " + language::Marked("Yes", language::kOfAPage) +
+                          ". File, edit box, " + language::Marked("a.zip", language::kOfAPage)));
+  EXPECT_EQ(windows_.Text(
+                windows_.NextSibling(windows_.NextSibling(windows_.FirstChild(dialog->hwnd())))),
+            "It says: Yes");
 }
 
 TEST_F(SpokenDialogTest, SpeaksTitleTextAndTheFirstControlAtOnce) {
