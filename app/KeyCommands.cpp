@@ -95,6 +95,11 @@ constexpr std::array kCommands = {
     KeyCommand{'S', kCtrlMask | kShiftMask, "Ctrl+Shift+S",
                "says what there is in the page, and where you are", nullptr,
                [](Target t) { return t.pane.SayGlance(); }},
+    // All keys of the program are heard where that is done, those in dialogs, too.
+    KeyCommand{kKeyPageUp, kCtrlMask | kAltMask, "Ctrl+Alt+Page Up", "makes speech faster", nullptr,
+               [](Target) { return true; }},
+    KeyCommand{kKeyPageDown, kCtrlMask | kAltMask, "Ctrl+Alt+Page Down", "makes speech slower",
+               nullptr, [](Target) { return true; }},
     KeyCommand{'W', kCtrlMask, "Ctrl+W", "closes the window",
                [](Target t) { t.commands.mnuFileItem_Click(kFileExit); }},
 };

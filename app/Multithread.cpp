@@ -53,7 +53,9 @@ void Multithread::StartApartment() {
   process_window_ = std::make_unique<frmProcess>(desktop_);
   process_window_->SetCaption(marker);
   for (const auto& key : manner_.Read()) stored_.Note(key);
+  for (const auto& key : speech_.settings.Read()) stored_.Note(key);
   desktop_.OfferOptions(manner_.Options());
+  desktop_.OfferOptions(speech_.options.Options());
   // The service and its window hold each other; nobody else needs to.
   const auto service = MainApp::Create(
       desktop_, speech_, [this] { return CreateFirstWindow(); }, [this] { UnloadProcessWindow(); });

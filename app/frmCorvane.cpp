@@ -193,6 +193,13 @@ void frmCorvane::ISpeechNotify_SayBehind(const std::string& Text, Spoken spoken)
   });
 }
 
+void frmCorvane::ISpeechNotify_SayAs(const std::string& Text, Whose whose, Sign sign) {
+  ErrorsIgnored([&] {
+    if (!Required(parts_).menu.mnuSpeech(kSpeechEnable).Checked()) return;
+    Required(Required(service_).gMSAgent()).SayAs(Text, whose, sign);
+  });
+}
+
 // The words are urgent, so that the new page's own do not cut them off.
 void frmCorvane::ctlWebBrowser1_NewWindow() {
   ErrorsIgnored([&] { Application(process_).StartBrowser(service_); },

@@ -61,6 +61,7 @@ class frmCorvane : public ISpeechNotify,
   void ISpeechNotify_Say(const std::string& Text, const bool& blnUrgent) override;
   void ISpeechNotify_SayThrough(const std::string& Text, Spoken spoken) override;
   void ISpeechNotify_SayBehind(const std::string& Text, Spoken spoken) override;
+  void ISpeechNotify_SayAs(const std::string& Text, Whose whose, Sign sign) override;
   void ISpeechWindow_SetMainApp(std::shared_ptr<corvane::MainApp> service) override;
   void ISpeechWindow_Show() override;
   MenuItem& ISpeechWindow_EnableSpeechItem() override;

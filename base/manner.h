@@ -46,6 +46,9 @@ struct Manner {
   /// What is said is spoken in its language, as its page or its letters tell it.
   /// False: in one voice.
   bool languages = false;
+  /// What the program asks and warns of is spoken by a variant of the voice that no
+  /// page's words have. False: by the same voice.
+  bool own_voice = false;
   /// Passwords are heard as "star" for each character and are written nowhere.
   /// False: they are spoken.
   bool hide_passwords = false;

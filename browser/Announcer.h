@@ -84,7 +84,24 @@ class Announcer {
     ErrorsIgnored([&] { pane_.AddText(line, true, [&] { Say(text, urgent); }); });
   }
 
+  /// The same of what is the program's own, not a page's.
+  void AddAndSayOwn(const std::string& text) { AddAndSayAs(text, Whose::Program, Sign::None); }
+  /// Adds the words to the text pane and speaks them, or lets the sound for them be heard.
+  void AddAndSign(const std::string& words, Sign sign) { AddAndSayAs(words, Whose::Anybody, sign); }
+
  private:
+  void AddAndSayAs(const std::string& text, Whose whose, Sign sign) {
+    const std::string line = language::Unmarked(text) + kLineBreak;
+    ErrorsIgnored([&] {
+      pane_.AddText(line, true, [&] {
+        ++count_;
+        ErrorsShown(box_, "Say Error: ", [&] {
+          if (sink_ != nullptr) sink_->SayAs(text, whose, sign);
+        });
+      });
+    });
+  }
+
   MessageBox& box_;
   ctlText& pane_;
   ISpeechNotify* sink_ = nullptr;

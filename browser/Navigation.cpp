@@ -74,7 +74,7 @@ Navigation::Navigation(PaneContext& pane, PaneSettings& settings)
   connections_ += c.brwWebBrowser->StatusTextChange.Connect(
       [this](const std::string& text) { brwWebBrowser_StatusTextChange(text); });
   connections_ += c.brwWebBrowser->Announcement.Connect(
-      [this](const std::string& text) { pane_.announcer.AddAndSay(text); });
+      [this](const std::string& text) { pane_.announcer.AddAndSayOwn(text); });
   connections_ +=
       pane_.menu.mnuOptions.Click.Connect([this](int index) { mnuOptions_Click(index); });
 }
@@ -297,7 +297,7 @@ void Navigation::cboAddress_KeyPress(int& KeyAscii) {
 void Navigation::brwWebBrowser_DownloadBegin() {
   ErrorsShown(pane_.desktop.GetMessageBox(), "DownloadBegin Error: ", [&] {
     pane_.StartReading();
-    pane_.announcer.AddAndSay(kWorking);
+    pane_.announcer.AddAndSign(kWorking, Sign::Working);
   });
 }
 

@@ -59,7 +59,7 @@ void PageReader::StillLoading() {
   ErrorsIgnored([&] { stop.SetPicture(stopIcon_); });
   if (busyTicks_ >= kTicksBetweenWorking) {
     busyTicks_ = 0;
-    pane_.announcer.AddAndSay(kWorking);
+    pane_.announcer.AddAndSign(kWorking, Sign::Working);
     ErrorsIgnored([&] { pane_.status.Show(kWorking); });
   } else {
     busyTicks_ = number::checked_add(busyTicks_, 1);
@@ -82,7 +82,8 @@ void PageReader::ReadPage() {
   stopIcon_ = kImageStop;
   ErrorsIgnored([&] { c.Toolbar(kStop).SetPicture(stopIcon_); },
                 [&] { KeepAddress(browser.LocationURL()); },
-                [&] { c.ctlText1.AddText(kLineBreak, true); }, [&] { announcer.AddAndSay(kDone); },
+                [&] { c.ctlText1.AddText(kLineBreak, true); },
+                [&] { announcer.AddAndSign(kDone, Sign::Done); },
                 [&] { pane_.status.Show(browser.LocationName()); });
   // What the user is being asked about a download must not be cut off by a page that
   // has been read before.
@@ -113,7 +114,7 @@ void PageReader::ReadOn(const HTMLDocumentPtr& document, const Current& current)
   if (!current()) return;
   ErrorsIgnored([&] { links_.Fill(Required(document), current); });
   if (!current()) return;
-  announcer.AddAndSay(kDone);
+  announcer.AddAndSign(kDone, Sign::Done);
   if (!current()) return;
   // A key that follows the title at once finds the focus where it will be.
   bool led = false;

@@ -24,6 +24,8 @@ enum KeyCodes : int {
   kKeyControl = 17,
   kKeyAlt = 18,
   kKeyEscape = 27,
+  kKeyPageUp = 33,
+  kKeyPageDown = 34,
   kKeyEnd = 35,
   kKeyHome = 36,
   kKeyLeft = 37,

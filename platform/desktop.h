@@ -47,6 +47,7 @@ enum SystemColor : int { kColorButtonFace = 15, kColorButtonText = 18 };
 struct DialogWords {
   std::string text;
   WindowHandle window = 0;  ///< the window that the dialog is, or belongs to; 0: none
+  bool from_page = false;   ///< a page asks or tells, not the program
 };
 
 /// All that the product needs of a desktop: it makes windows and controls and
@@ -76,6 +77,8 @@ class Desktop {
   virtual std::unique_ptr<Agent> CreateAgent() = 0;
   /// The voice that speaks without any character.
   virtual Voice& GetVoice() = 0;
+  /// The voices that there are. Reads files when it is asked first.
+  virtual const InstalledVoices& Voices() = 0;
   /// Who speaks for the desktop's own dialogs, from now on; nobody when empty.
   virtual void SpeakDialogsThrough(std::function<void(const DialogWords&)> speak) = 0;
   virtual std::unique_ptr<ActivationHook> CreateActivationHook() = 0;
@@ -95,7 +98,8 @@ class Desktop {
   virtual Automation& GetAutomation() = 0;
   virtual Accessibility& GetAccessibility() = 0;
 
-  /// The program's own choices, for the dialog of options. Before it is shown.
+  /// The program's own choices, for the dialog of options; each page of them once.
+  /// Before it is shown.
   virtual void OfferOptions(OwnOptions options) = 0;
   /// Shows the options of the program and of its rendering engine; the focus lands
   /// inside the dialog.

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/event.h"
+#include "platform/control.h"
 #include "platform/windows.h"
 
 namespace corvane {
@@ -38,6 +39,7 @@ struct PressedKey {
   /// What the key types in the layout in force without Shift or another modifier;
   /// a dead key has its accent. 0 for a key that types nothing to be seen.
   char32_t character = 0;
+  int shift = 0;  ///< ShiftBits
 };
 
 /// Tells of every key that goes down in any window of the program, the page and

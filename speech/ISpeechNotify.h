@@ -4,6 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "speech/SpeechStyle.h"
+
 namespace corvane {
 
 /// The one way to say something. An ordinary message cuts off what is being
@@ -28,10 +30,16 @@ class ISpeechNotify {
     ISpeechNotify_SayBehind(Text, std::move(spoken));
   }
 
+  /// Says an ordinary message that is `whose`, or by a sound where the user wants those.
+  void SayAs(const std::string& Text, Whose whose, Sign sign) {
+    ISpeechNotify_SayAs(Text, whose, sign);
+  }
+
  private:
   virtual void ISpeechNotify_Say(const std::string& Text, const bool& blnUrgent) = 0;
   virtual void ISpeechNotify_SayThrough(const std::string& Text, Spoken spoken) = 0;
   virtual void ISpeechNotify_SayBehind(const std::string& Text, Spoken spoken) = 0;
+  virtual void ISpeechNotify_SayAs(const std::string& Text, Whose whose, Sign sign) = 0;
 };
 
 }  // namespace corvane

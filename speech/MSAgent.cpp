@@ -205,14 +205,21 @@ void MSAgent::SayBehind(const std::string& Text, ISpeechNotify::Spoken spoken) {
   speech_.order.SayBehind(Text, Style(), std::move(spoken));
 }
 
+void MSAgent::SayAs(const std::string& Text, Whose whose, Sign sign) {
+  Speak({.text = Text, .whose = whose, .sign = sign});
+}
+
 void MSAgent::Speak(Message message) {
   const bool welcoming = state_ == State::Welcoming && manner_.today;
   if (state_ == State::Ready || welcoming) {
     said_while_greeting_ = welcoming;
+    SpeechStyle style = Style();
+    style.whose = message.whose;
+    style.sign = message.sign;
     if (!message.spoken) {
-      speech_.order.Say(message.text, Style(), message.urgency, message.remembered);
+      speech_.order.Say(message.text, style, message.urgency, message.remembered);
     } else {
-      speech_.order.SayThrough(message.text, Style(), std::move(message.spoken));
+      speech_.order.SayThrough(message.text, style, std::move(message.spoken));
     }
     return;
   }
@@ -246,7 +253,7 @@ void MSAgent::Drop(std::optional<Message> message) {
 void MSAgent::WinHook3_KeyDownHook(const PressedKey& key) {
   ErrorsIgnored([&] {
     if (!blnKeyboardEcho || UserWantsSilence()) return;
-    if (speech_.windows.UsersAnswersKey(key.code)) return;
+    if (speech_.windows.UsersAnswersKey(key.code) || ChangesSpeed(key)) return;
     if (manner_.hide_passwords && WinHook3_->IntoPassword() &&
         (key.character != 0 || WritesCharacter(key.code))) {
       return SayInPassing("star", Urgency::Urgent);

@@ -46,6 +46,8 @@ class MSAgent {
   /// Speaks `Text` behind what is being spoken and tells once what became of it;
   /// dropped while the character is not ready.
   void SayBehind(const std::string& Text, ISpeechNotify::Spoken spoken);
+  /// Speaks an ordinary message of the program's own or a page's, or by a sound.
+  void SayAs(const std::string& Text, Whose whose, Sign sign);
 
   /// Says what was said last; asked again, what came before it.
   void SayAgain();
@@ -84,6 +86,8 @@ class MSAgent {
     Urgency urgency = Urgency::Ordinary;
     ISpeechNotify::Spoken spoken = nullptr;
     Remembered remembered = Remembered::Yes;
+    Whose whose = Whose::Anybody;
+    Sign sign = Sign::None;
   };
   void Speak(Message message);
   /// What nobody wants to hear again.

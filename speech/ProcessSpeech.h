@@ -3,7 +3,9 @@
 #include "base/manner.h"
 #include "platform/desktop.h"
 #include "speech/DialogSpeech.h"
+#include "speech/SpeechOptions.h"
 #include "speech/SpeechOrder.h"
+#include "speech/SpeechSettings.h"
 #include "speech/SpeechWindows.h"
 
 namespace corvane {
@@ -15,11 +17,15 @@ struct ProcessSpeech {
       Desktop& desktop, const Manner& how = kEstablishedManner,
       SpeechWindows::All all = [] { return std::vector<std::shared_ptr<ISpeechWindow>>(); })
       : manner(how),
-        order(desktop, how),
+        settings(desktop.GetSettings()),
+        options(desktop, settings),
+        order(desktop, how, settings.Current()),
         windows(desktop, std::move(all)),
-        dialogs(desktop, order, windows) {}
+        dialogs(desktop, order, settings, windows) {}
 
   const Manner& manner;
+  SpeechSettings settings;
+  SpeechOptions options;
   SpeechOrder order;
   SpeechWindows windows;
   DialogSpeech dialogs;

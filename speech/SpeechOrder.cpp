@@ -3,10 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/number.h"
-#include "base/text.h"
-#include "speech/SpokenLanguages.h"
-
 namespace corvane {
 namespace {
 
@@ -26,33 +22,12 @@ void SpeechOrder::CharacterGoes() {
   character_.reset();
 }
 
-// A page's words may look like tags; they are none.
-std::string SpeechOrder::Tagged(const std::string& text) const {
-  const auto harmless = [](std::string words) {
-    return text::replace_all(std::move(words), "\\", "/");
-  };
-  if (!manner_.languages) return harmless(language::Unmarked(text));
-  std::string tagged;
-  std::string_view present = kOwnLanguage;
-  const auto runs = SpokenRuns(text);
-  for (const LanguageRun& run : runs) {
-    if (run.language != present) {
-      tagged += "\\Lng=";
-      if (run.language != kOwnLanguage) tagged += run.language;
-      tagged += "\\";
-    }
-    present = run.language;
-    tagged += harmless(run.text);
-  }
-  return tagged;
-}
-
 AgentRequest SpeechOrder::Speak(const std::string& text, SpeechStyle style, bool urgent,
                                 Remembered remembered) {
   if (remembered == Remembered::Yes) words_.Add(text);
-  return Speaking().Speak("\\Pit=" + number::digits(style.pitch) +
-                              "\\\\Spd=" + number::digits(style.speed) + "\\" + Tagged(text),
-                          urgent);
+  const AgentRequest request = Speaking().Speak(text_.For(text, style), urgent);
+  if (auto told = text_.TakeTold(); !told.empty()) told_[request.id] = std::move(told);
+  return request;
 }
 
 AgentRequest SpeechOrder::Say(const std::string& text, SpeechStyle style, Urgency urgency,
@@ -86,7 +61,7 @@ void SpeechOrder::SayBehind(const std::string& text, SpeechStyle style,
 
 AgentRequest SpeechOrder::Greet(const std::string& text) {
   words_.Add(text);
-  return greeting_ = Speaking().Speak(text, false);
+  return greeting_ = Speaking().Speak(text_.ForGreeting(text), false);
 }
 
 void SpeechOrder::StopSpeak() {
@@ -114,6 +89,9 @@ void SpeechOrder::Ended(const AgentRequest& request, RequestEnd end) {
   if (request.id == 0) return;
   if (request.id == dialog_.id) dialog_ = {};
   if (request.id == greeting_.id) greeting_ = {};
+  if (const auto told = told_.extract(request.id); told && end == RequestEnd::Cut) {
+    text_.TellAgain(told.mapped());
+  }
   const auto behind = std::find_if(behind_.begin(), behind_.end(), [&](const Behind& each) {
     return each.request.id == request.id;
   });

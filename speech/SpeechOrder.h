@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <string>
 #include <utility>
@@ -9,19 +10,11 @@
 #include "platform/desktop.h"
 #include "platform/voice.h"
 #include "speech/ISpeechNotify.h"
+#include "speech/SpeechStyle.h"
+#include "speech/SpokenText.h"
 #include "speech/SpokenWords.h"
 
 namespace corvane {
-
-/// How something is to sound; 0 is the voice's own.
-struct SpeechStyle {
-  int pitch = 0;
-  int speed = 0;  ///< words a minute
-};
-
-/// What the five steps of the rate and pitch menus mean, 0 to 4.
-constexpr int SpeedOf(int rate) { return rate * 50 + 50; }
-constexpr int PitchOf(int pitch) { return pitch * 20 + 50; }
 
 /// How much right a message has to be heard.
 enum class Urgency {
@@ -43,7 +36,9 @@ enum class Remembered { Yes, No };
 /// it. Everything goes through here; nobody else asks a voice to speak or to stop.
 class SpeechOrder {
  public:
-  SpeechOrder(Desktop& desktop, const Manner& manner) : desktop_(desktop), manner_(manner) {}
+  /// All must outlive the order.
+  SpeechOrder(Desktop& desktop, const Manner& manner, const SpeechChoices& choices)
+      : desktop_(desktop), manner_(manner), text_(desktop, manner, choices) {}
   SpeechOrder(const SpeechOrder&) = delete;
   SpeechOrder& operator=(const SpeechOrder&) = delete;
 
@@ -52,7 +47,7 @@ class SpeechOrder {
   /// The character goes: silence, but for what a dialog says.
   void CharacterGoes();
 
-  /// Backslashes in `text` are spoken as slashes, so that it never contains a tag.
+  /// `text` may be marked with languages.
   AgentRequest Say(const std::string& text, SpeechStyle style, Urgency urgency,
                    Remembered remembered = Remembered::Yes);
   /// Says an ordinary message and tells once what became of it: false as soon as
@@ -79,13 +74,14 @@ class SpeechOrder {
  private:
   AgentRequest Speak(const std::string& text, SpeechStyle style, bool urgent,
                      Remembered remembered = Remembered::Yes);
-  std::string Tagged(const std::string& text) const;
   Voice& Speaking() const;
   void NoLongerFollowed();
 
   Desktop& desktop_;
   const Manner& manner_;
   std::shared_ptr<AgentCharacter> character_;
+  SpokenText text_;
+  std::map<int, std::vector<std::string>> told_;  // by request: see SpokenText::TakeTold
   SpokenWords words_;
   int protect_ = 0;      // ordinary messages that still cut nothing off
   AgentRequest dialog_;  // what a dialog says

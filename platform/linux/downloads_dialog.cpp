@@ -37,7 +37,7 @@ DialogQuestion DownloadsDialog::Question() const {
   for (const auto& file : files_) words.push_back(file.words);
   return {.title = "Downloads",
           .text = Files(coming) + " coming, " + Files(files_.size() - coming) + " over.",
-          .fields = {{DialogField::Kind::kChoice, "&File", words.front(), words}},
+          .fields = {{DialogField::Kind::kChoice, "&File", words.front(), words, true}},
           .buttons = {"&Stop", "&Open folder", "&Close"},
           .default_button = kClose,
           .check = [this](const DialogAnswer& answer) { return Check(answer); }};

@@ -7,6 +7,7 @@
 
 #include "base/number.h"
 #include "base/text.h"
+#include "platform/linux/gtk/text.h"
 #include "web/address/OwnAddress.h"
 
 namespace corvane::desktop {
@@ -23,7 +24,7 @@ enum Field : std::size_t {
   kScripts,
   kFirstOwnOption
 };
-enum Button : int { kOk, kClearHistory, kClearCookies, kClearCache, kPermissions, kCancel };
+enum Button : int { kOk, kClearHistory, kClearCookies, kClearCache, kPermissions, kFirstPage };
 
 constexpr const char* kNoLeastSize = "as the page says";
 
@@ -42,12 +43,29 @@ std::vector<std::string> With(std::set<int> values, int present, Words words) {
   return texts;
 }
 
+std::vector<DialogField> FieldsOf(const std::vector<OwnOption>& options) {
+  std::vector<DialogField> fields;
+  for (const OwnOption& option : options) {
+    const Kind kind = option.choices.empty() ? Kind::kCheckBox : Kind::kChoice;
+    fields.push_back({kind, option.label, option.value, option.choices});
+  }
+  return fields;
+}
+
 std::string Flag(bool on) { return on ? "True" : "False"; }
 
 }  // namespace
 
 EngineOptionsDialog::EngineOptionsDialog(SpokenDialogs& dialogs, Engine engine)
     : dialogs_(dialogs), engine_(std::move(engine)) {}
+
+void EngineOptionsDialog::OfferOptions(OwnOptions options) {
+  if (options.page.empty()) {
+    own_ = std::move(options);
+  } else {
+    pages_.push_back(std::move(options));
+  }
+}
 
 void EngineOptionsDialog::Show() {
   if (std::exchange(shown_, true)) return;
@@ -72,19 +90,17 @@ DialogQuestion EngineOptionsDialog::Question(const EngineChoices& choices) {
                   With({0, 10, 12, 14, 16, 18, 20, 24, 28, 32, 40, 48}, size, Pixels)},
                  {Kind::kCheckBox, "Show &images", Flag(present.images)},
                  {Kind::kCheckBox, "Run sc&ripts of pages", Flag(present.scripts)}},
-      .buttons = {"OK", "Clear &history", "Clear &cookies", "Clear c&ache", "Sites' per&missions",
-                  "Cancel"},
+      .buttons = {"OK", "Clear &history", "Clear &cookies", "Clear c&ache", "Sites' per&missions"},
       .check = [this](const DialogAnswer& answer) { return Check(answer); }};
+  for (const OwnOptions& page : pages_) question.buttons.push_back(page.page);
+  question.buttons.emplace_back("Cancel");
   AddOwnOptions(question);
   return question;
 }
 
 void EngineOptionsDialog::AddOwnOptions(DialogQuestion& question) const {
   if (!own_.list) return;
-  for (const OwnOption& option : own_.list()) {
-    const Kind kind = option.choices.empty() ? Kind::kCheckBox : Kind::kChoice;
-    question.fields.push_back({kind, option.label, option.value, option.choices});
-  }
+  for (DialogField& field : FieldsOf(own_.list())) question.fields.push_back(std::move(field));
 }
 
 void EngineOptionsDialog::ApplyOwnOptions(const DialogAnswer& answer) const {
@@ -102,28 +118,49 @@ std::string EngineOptionsDialog::Check(const DialogAnswer& answer) const {
     case kClearCache:
       engine_.clear_cache();
       return "The cache is cleared";
-    case kPermissions:
-      return "";
-    default:
+    case kOk:
       return SearchServiceProblem(std::string(text::trimmed(answer.values.at(kSearchService))));
+    default:
+      return "";
   }
 }
 
 void EngineOptionsDialog::Answered(const DialogAnswer& answer) {
   if (answer.button == kPermissions) return ShowPermissions(answer);
+  const auto page = static_cast<std::size_t>(std::max(answer.button - kFirstPage, 0));
+  if (answer.button >= kFirstPage && page < pages_.size()) return ShowPage(pages_[page], answer);
   shown_ = false;
   if (answer.button == kOk) Apply(answer);
 }
 
 // The user comes back to what was set so far.
 void EngineOptionsDialog::ShowPermissions(const DialogAnswer& answer) {
-  engine_.show_permissions([this, values = answer.values] {
-    DialogQuestion question = Question(engine_.choices());
-    for (std::size_t i = 0; i < question.fields.size(); ++i) {
-      question.fields[i].value = values.at(i);
-    }
-    Ask(std::move(question));
-  });
+  engine_.show_permissions([this, values = answer.values] { ComeBack(values); });
+}
+
+void EngineOptionsDialog::ComeBack(const std::vector<std::string>& values) {
+  DialogQuestion question = Question(engine_.choices());
+  for (std::size_t i = 0; i < question.fields.size(); ++i) question.fields[i].value = values.at(i);
+  Ask(std::move(question));
+}
+
+void EngineOptionsDialog::ShowPage(const OwnOptions& page, const DialogAnswer& answer) {
+  DialogQuestion question = {.title = WithoutMnemonic(page.page), .fields = FieldsOf(page.list())};
+  if (page.try_out) {
+    question.changed = [&page](const DialogAnswer& now, std::size_t field) -> DialogChange {
+      OwnChange change = page.try_out(now.values, field);
+      return {FieldsOf(change.options), change.language, change.example};
+    };
+  }
+  dialogs_.Ask(std::move(question),
+               [this, &page, before = answer.values](const DialogAnswer& chosen) {
+                 if (chosen.button == kOk) {
+                   page.apply(chosen.values);
+                 } else if (page.take_back) {
+                   page.take_back();
+                 }
+                 ComeBack(before);
+               });
 }
 
 void EngineOptionsDialog::Apply(const DialogAnswer& answer) const {

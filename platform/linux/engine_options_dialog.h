@@ -2,7 +2,7 @@
 
 #include <functional>
 #include <string>
-#include <utility>
+#include <vector>
 
 #include "platform/linux/gtk/dialogs/spoken_dialogs.h"
 #include "platform/own_options.h"
@@ -13,7 +13,8 @@ namespace corvane::desktop {
 /// The rendering engine's options as one spoken dialog: start page, search
 /// service, zoom, least font size, pictures, scripts; and buttons that clear the
 /// history, the cookies and the cache at once, and one that leads to the sites'
-/// permissions and back. Behind the options stand the program's own choices.
+/// permissions and back. Behind the options stand the program's own choices; those that
+/// have a page of their own are a dialog that a button leads to and back.
 class EngineOptionsDialog {
  public:
   /// What the dialog works on.
@@ -29,8 +30,8 @@ class EngineOptionsDialog {
 
   EngineOptionsDialog(SpokenDialogs& dialogs, Engine engine);
 
-  /// The program's own choices; none until then.
-  void OfferOptions(OwnOptions options) { own_ = std::move(options); }
+  /// The program's own choices, each page of them once; none until then.
+  void OfferOptions(OwnOptions options);
   /// Shows it; without effect while it is shown.
   void Show();
 
@@ -42,11 +43,14 @@ class EngineOptionsDialog {
   void Answered(const DialogAnswer& answer);
   void Apply(const DialogAnswer& answer) const;
   void ShowPermissions(const DialogAnswer& answer);
+  void ShowPage(const OwnOptions& page, const DialogAnswer& answer);
+  void ComeBack(const std::vector<std::string>& values);
   void Ask(DialogQuestion question);
 
   SpokenDialogs& dialogs_;
   const Engine engine_;
   OwnOptions own_;
+  std::vector<OwnOptions> pages_;
   bool shown_ = false;
 };
 

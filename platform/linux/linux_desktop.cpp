@@ -32,6 +32,8 @@
 #include "platform/linux/gtk/timer.h"
 #include "platform/linux/page_questions.h"
 #include "platform/linux/shell/file_shell.h"
+#include "platform/linux/speech/espeak_synthesizer.h"
+#include "platform/linux/speech/installed_voices.h"
 #include "platform/linux/speech/linux_agent.h"
 #include "platform/linux/store/ini_file.h"
 #include "platform/linux/web/files/downloads.h"
@@ -72,7 +74,7 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
       automation_(SessionBus().get()),
       speech_(MakeSpeechOutput()),
       voice_(*speech_),
-      dialogs_(windows_, SpeakerForDialogs()),
+      dialogs_(windows_, SpeakerForDialogs(), SpeakerForDialogs(Asks::Page)),
       dialog_listener_(SpeakerForDialogs()) {
   WindowTable::Entry root;
   root.class_name = "Root";
@@ -86,7 +88,7 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
   accessibility_ = std::make_unique<LinuxAccessibility>(windows_);
   all_windows_ = std::make_unique<DesktopWindows>(windows_, *accessibility_);
   shell_ = std::make_unique<FileShell>(std::string(g_get_user_data_dir()) + "/corvane");
-  alerts_ = std::make_shared<PageAlerts>(windows_, SpeakerForDialogs());
+  alerts_ = std::make_shared<PageAlerts>(windows_, SpeakerForDialogs(Asks::Page));
   engine_ = std::make_unique<WebEngine>(MakeEngineOptions());
   engine_->SetPreferences(EngineChoices::Read(settings_).preferences);
   MakeOptionsDialog();
@@ -174,9 +176,9 @@ void LinuxDesktop::AskLabel(const std::string& label,
   });
 }
 
-Speaker LinuxDesktop::SpeakerForDialogs() {
-  return [this](const std::string& text, GtkWindow* dialog) {
-    if (speak_dialog_) speak_dialog_({text, windows_.WindowOf(dialog)});
+Speaker LinuxDesktop::SpeakerForDialogs(Asks asks) {
+  return [this, asks](const std::string& text, GtkWindow* dialog) {
+    if (speak_dialog_) speak_dialog_({text, windows_.WindowOf(dialog), asks == Asks::Page});
   };
 }
 
@@ -227,6 +229,11 @@ std::unique_ptr<RebarWindow> LinuxDesktop::CreateRebarWindow(ElasticFrame& paren
 }
 std::unique_ptr<Agent> LinuxDesktop::CreateAgent() {
   return std::make_unique<LinuxAgent>(*speech_);
+}
+// The library's folder is known as soon as its thread has started it.
+const InstalledVoices& LinuxDesktop::Voices() {
+  if (voices_.voices.empty()) voices_ = ReadInstalledVoices(EspeakDataFolder());
+  return voices_;
 }
 std::unique_ptr<ActivationHook> LinuxDesktop::CreateActivationHook() {
   return std::make_unique<TableActivationHook>(windows_);

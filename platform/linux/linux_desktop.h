@@ -60,6 +60,7 @@ class LinuxDesktop : public Desktop {
                                                  int width, int height) override;
   std::unique_ptr<Agent> CreateAgent() override;
   Voice& GetVoice() override { return voice_; }
+  const InstalledVoices& Voices() override;
   void SpeakDialogsThrough(std::function<void(const DialogWords&)> speak) override {
     speak_dialog_ = std::move(speak);
   }
@@ -106,8 +107,9 @@ class LinuxDesktop : public Desktop {
   void AskLabel(const std::string& label,
                 const std::function<void(std::optional<std::string>)>& done);
   void End();
-  /// What dialogs speak with.
-  Speaker SpeakerForDialogs();
+  /// What dialogs speak with: the program's, and those whose words are a page's.
+  enum class Asks { Program, Page };
+  Speaker SpeakerForDialogs(Asks asks = Asks::Program);
   void QuitWhenNothingIsLeft();
   void TellNotices();
 
@@ -124,6 +126,7 @@ class LinuxDesktop : public Desktop {
   std::unique_ptr<Windows> all_windows_;  // those of other programs, too
   std::unique_ptr<SpeechOutput> speech_;
   LinuxVoice voice_;
+  InstalledVoices voices_;  // none: not read yet
   std::function<void(const DialogWords&)> speak_dialog_;
   std::unique_ptr<MessageBoxQueue> message_box_;
   SpokenDialogs dialogs_;  // the program's own questions

@@ -211,7 +211,10 @@ class FakeDesktop : public Desktop {
   FakeAutomation& GetAutomation() override { return automation; }
   FakeAccessibility& GetAccessibility() override { return accessibility; }
 
-  void OfferOptions(OwnOptions options) override { own_options = std::move(options); }
+  const InstalledVoices& Voices() override { return voices; }
+  void OfferOptions(OwnOptions options) override {
+    (options.page.empty() ? own_options : option_pages[options.page]) = std::move(options);
+  }
   void ShowEngineOptions() override { ++engine_options; }
   void ShowDownloads() override { ++downloads; }
   void DoEvents() override {
@@ -238,9 +241,9 @@ class FakeDesktop : public Desktop {
   bool StartedByAutomation() const override { return by_automation; }
 
   /// A key goes down somewhere in the program: all hooks hear of it.
-  void PressKey(int code, char32_t character = 0) {
+  void PressKey(int code, char32_t character = 0, int shift = 0) {
     for (FakeKeyboardHook* each : std::vector(keyboard_hooks)) {
-      if (each->enabled) each->KeyDown.Raise({code, character});
+      if (each->enabled) each->KeyDown.Raise({code, character, shift});
     }
   }
 
@@ -276,6 +279,8 @@ class FakeDesktop : public Desktop {
   std::function<void(const DialogWords&)> speak_dialog;
   FakeFileDialog::Script file_dialogs;
   OwnOptions own_options;
+  std::map<std::string, OwnOptions> option_pages;  ///< by their names
+  InstalledVoices voices;
   int engine_options = 0;          ///< how often they were shown
   int downloads = 0;               ///< how often their list was shown
   std::vector<FakeTimer*> timers;  ///< in the order of their making

@@ -259,6 +259,7 @@ struct ParseString : ::testing::Test {
     std::vector<std::string> said;
     void ISpeechNotify_SayThrough(const std::string& Text, Spoken) override { Say(Text, false); }
     void ISpeechNotify_SayBehind(const std::string& Text, Spoken) override { Say(Text, false); }
+    void ISpeechNotify_SayAs(const std::string&, Whose, Sign) override {}
     void ISpeechNotify_Say(const std::string& Text, const bool&) override { said.push_back(Text); }
   } sink;
 
@@ -318,6 +319,7 @@ TEST_F(ParseString, NothingIsUrgent) {
     std::vector<bool> flags;
     void ISpeechNotify_SayThrough(const std::string& Text, Spoken) override { Say(Text, false); }
     void ISpeechNotify_SayBehind(const std::string& Text, Spoken) override { Say(Text, false); }
+    void ISpeechNotify_SayAs(const std::string&, Whose, Sign) override {}
     void ISpeechNotify_Say(const std::string&, const bool& urgent) override {
       flags.push_back(urgent);
     }

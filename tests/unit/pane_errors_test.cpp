@@ -100,6 +100,7 @@ TEST_F(PaneErrors, ChoiceOutsideItsMenu) {
 
 TEST_F(PaneErrors, SpeechSinkThatFails) {
   struct Failing : ISpeechNotify {
+    void ISpeechNotify_SayAs(const std::string&, Whose, Sign) override {}
     void ISpeechNotify_SayThrough(const std::string& text, Spoken) override { Say(text, false); }
     void ISpeechNotify_SayBehind(const std::string& text, Spoken) override { Say(text, false); }
     void ISpeechNotify_Say(const std::string&, const bool&) override {

@@ -214,6 +214,37 @@ TEST_F(EngineOptionsTest, TheProgramsOwnChoicesFollowAndAreApplied) {
   EXPECT_THAT(own, ElementsAre("new", "True"));
 }
 
+TEST_F(EngineOptionsTest, APageOfItsOwnIsHeardAsItIsChosenAndLeadsBack) {
+  std::vector<std::string> tried;
+  std::vector<std::string> applied;
+  int taken_back = 0;
+  const std::vector<OwnOption> options = {{"Speed", {"slow", "fast"}, "slow"}};
+  dialog_.OfferOptions({.page = "Spe&ech",
+                        .list = [&] { return options; },
+                        .apply = [&](const auto& values) { applied = values; },
+                        .try_out = [&](const auto& values, std::size_t changed) -> OwnChange {
+                          tried.push_back(values.at(changed));
+                          return {options, "", ""};
+                        },
+                        .take_back = [&] { ++taken_back; }});
+  Show();
+  Press({"alt+z"});
+  Press({"Down"});
+  EXPECT_EQ(Press({"alt+e"}), "Speech. Speed, list, slow, 1 of 2");
+  EXPECT_EQ(Press({"Down"}), "fast, 2 of 2");
+  EXPECT_THAT(tried, ElementsAre("fast"));
+  EXPECT_EQ(Press({"Escape"}), "Web options. Start page, edit box, " + std::string(kHomePage));
+  EXPECT_EQ(taken_back, 1);
+  EXPECT_EQ(Press({"alt+z"}), "Page zoom, list, 110 percent, 5 of 11");
+  Press({"alt+e"});
+  Press({"Down"});
+  Press({"Return"});
+  EXPECT_THAT(applied, ElementsAre("fast"));
+  EXPECT_EQ(taken_back, 1);
+  Outside({"xdotool", "key", "Escape"});
+  WaitFor("the end", [&] { return windows_.FindWindow("Web options") == 0; });
+}
+
 TEST_F(EngineOptionsTest, IsOpenOnlyOnceAndCanBeOpenedAgain) {
   Show();
   dialog_.Show();
