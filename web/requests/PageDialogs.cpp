@@ -84,19 +84,21 @@ void PageDialogs::ShowAlert(void* page, const std::string& message, const HeldPt
 
 void PageDialogs::AskToConfirm(const std::string& message, const std::string& site,
                                const HeldPtr& held) {
-  desk_.Ask(QuestionDesk::Asker::Page, {"Question of " + site, message, {}, {"&OK", "&Cancel"}},
+  DialogQuestion question{"Question of " + site, message, {}, {"&OK", "&Cancel"}};
+  question.from_page = true;
+  desk_.Ask(QuestionDesk::Asker::Page, std::move(question),
             [held](const auto& reply) { held->Confirm(reply && reply->button == 0); });
 }
 
 void PageDialogs::AskForText(const std::string& message, const std::string& preset,
                              const std::string& site, const HeldPtr& held) {
-  desk_.Ask(
-      QuestionDesk::Asker::Page,
-      {"Question of " + site, message, {{.label = "Answer", .value = preset}}, {"&OK", "&Cancel"}},
-      [held](const auto& reply) {
-        if (reply && reply->button == 0) return held->Enter(reply->values.at(0));
-        held->Close();
-      });
+  DialogQuestion question{
+      "Question of " + site, message, {{.label = "Answer", .value = preset}}, {"&OK", "&Cancel"}};
+  question.from_page = true;
+  desk_.Ask(QuestionDesk::Asker::Page, std::move(question), [held](const auto& reply) {
+    if (reply && reply->button == 0) return held->Enter(reply->values.at(0));
+    held->Close();
+  });
 }
 
 // The page's own words are not shown: they were used to frighten people into

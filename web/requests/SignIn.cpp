@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/language.h"
 #include "base/safe_name.h"
 
 namespace corvane {
@@ -14,7 +15,7 @@ std::string TextOf(const SignInWish& wish) {
   text += wish.proxy ? "The proxy " : "The server ";
   text += wish.server + " asks for a user name and a password.";
   const std::string realm = Shorten(wish.realm, kLongestRealm);
-  return realm.empty() ? text : text + " It says: " + realm;
+  return realm.empty() ? text : text + " It says: " + language::Marked(realm, language::kOfAPage);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/language.h"
 #include "tests/platform/web/asking.h"
 #include "tests/platform/web/page_harness.h"
 #include "tests/temporary_folder.h"
@@ -18,6 +19,9 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+
+// A name that comes with the file.
+const std::string kDataZip = language::Marked("data.zip", language::kOfAPage);
 
 class DownloadTest : public testing::Test {
  protected:
@@ -78,8 +82,9 @@ TEST_F(DownloadTest, AFileIsAskedSavedAndTold) {
   EXPECT_EQ(asking_->asked.at(0).title, "Download");
   EXPECT_EQ(asking_->asked.at(0).text, "Save a file from 127.0.0.1? Its size is 11 bytes.");
   EXPECT_EQ(asking_->asked.at(0).fields.at(0).value, "data.zip");
-  EXPECT_THAT(view_.Said(), ElementsAre("Download begins: data.zip",
-                                        "Download finished: data.zip is in corvane download test"));
+  EXPECT_THAT(view_.Said(),
+              ElementsAre("Download begins: " + kDataZip,
+                          "Download finished: " + kDataZip + " is in corvane download test"));
   EXPECT_EQ(Content("data.zip"), "PK and more");
   EXPECT_THAT(Files(), ElementsAre("data.zip"));
 }
@@ -179,8 +184,8 @@ TEST_F(DownloadTest, ADownloadThatStopsHalfwayKeepsWhatHasCome) {
   ASSERT_TRUE(WaitForEnd());
   EXPECT_THAT(Files(), ElementsAre("data (not complete).zip"));
   EXPECT_EQ(Content("data (not complete).zip").size(), 100000U);
-  EXPECT_EQ(view_.Said().back(),
-            "Download stopped: data.zip. 100.0 kB came and are kept as data (not complete).zip.");
+  EXPECT_EQ(view_.Said().back(), "Download stopped: " + kDataZip +
+                                     ". 100.0 kB came and are kept as data (not complete).zip.");
 }
 
 TEST_F(DownloadTest, AFolderThatCannotBeWrittenIsTold) {
@@ -188,7 +193,8 @@ TEST_F(DownloadTest, AFolderThatCannotBeWrittenIsTold) {
   server_.Page("/data.zip", "PK", "application/zip");
   view_.Go(server_.Url("/data.zip"));
   ASSERT_TRUE(WaitUntil([&] {
-    return !view_.Said().empty() && view_.Said().back().starts_with("Download failed: data.zip.");
+    return !view_.Said().empty() &&
+           view_.Said().back().starts_with("Download failed: " + kDataZip + ".");
   }));
   ASSERT_TRUE(WaitForEnd());
 }

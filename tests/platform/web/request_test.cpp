@@ -1,6 +1,7 @@
 // What pages want of the user: windows, permissions, passwords, other programs.
 #include <gmock/gmock.h>
 
+#include "base/language.h"
 #include "tests/platform/web/asking.h"
 #include "tests/platform/web/page_harness.h"
 
@@ -243,7 +244,8 @@ TEST_F(LoginTest, NameAndPasswordAreAskedAndSent) {
   ASSERT_EQ(asking_->asked.size(), 1U);
   EXPECT_EQ(asking_->asked[0].title, "Sign in");
   EXPECT_EQ(asking_->asked[0].text, "The server 127.0.0.1:" + std::to_string(server_.Port()) +
-                                        " asks for a user name and a password. It says: The vault");
+                                        " asks for a user name and a password. It says: " +
+                                        language::Marked("The vault", language::kOfAPage));
   EXPECT_EQ(asking_->asked[0].fields.at(0).kind, DialogField::Kind::kText);
   EXPECT_EQ(asking_->asked[0].fields.at(1).kind, DialogField::Kind::kPassword);
 }

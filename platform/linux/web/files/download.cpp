@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <utility>
 
+#include "base/language.h"
 #include "base/safe_name.h"
 #include "web/Problem.h"
 #include "web/address/Address.h"
@@ -108,7 +109,7 @@ void Download::Ask(const std::string& suggested) {
   host_.ask({"Download",
              "Save a file from " + SiteOf(address) + "?" +
                  (size > 0 ? " Its size is " + SizeOf(size) + "." : ""),
-             {{.label = "File name", .value = name_}},
+             {{.label = "File name", .value = name_, .from_page = true}},
              {"&Save", "&Cancel"}},
             [this, here = life_.Look()](const auto& reply) {
               if (!here) return;
@@ -122,11 +123,14 @@ void Download::Save(const std::string& name) {
   name_ = fs::path(path_).filename().string();
   phase_ = Phase::Coming;
   told_at_ = g_get_monotonic_time();
-  Say("Download begins: " + name_);
+  Say("Download begins: " + NameForEars());
   const GText uri(g_filename_to_uri(path_.c_str(), nullptr, nullptr));
   webkit_download_set_allow_overwrite(download_.get(), FALSE);
   webkit_download_set_destination(download_.get(), uri.get());
 }
+
+// Whoever sends a file names it: that is not to sound like the program.
+std::string Download::NameForEars() const { return language::Marked(name_, language::kOfAPage); }
 
 // The engine deletes what has come when a download ends too early. A second name
 // keeps it.
@@ -148,7 +152,7 @@ void Download::Progress() {
   if (percent < told_ + kReportStep || percent >= 100 || now - told_at_ < kBetweenReports) return;
   told_ = percent - percent % kReportStep;
   told_at_ = now;
-  Say(std::to_string(percent) + " percent of " + name_);
+  Say(std::to_string(percent) + " percent of " + NameForEars());
 }
 
 void Download::Failed(const GError& error) {
@@ -156,8 +160,9 @@ void Download::Failed(const GError& error) {
       g_error_matches(&error, WEBKIT_DOWNLOAD_ERROR, WEBKIT_DOWNLOAD_ERROR_CANCELLED_BY_USER);
   phase_ = cancelled ? Phase::Stopped : Phase::Failed;
   if (path_.empty()) return;  // the user did not want it
-  std::string sentence = cancelled ? "Download stopped: " + name_ + "."
-                                   : "Download failed: " + name_ + ". " + Text(error.message) + ".";
+  std::string sentence =
+      cancelled ? "Download stopped: " + NameForEars() + "."
+                : "Download failed: " + NameForEars() + ". " + Text(error.message) + ".";
   std::error_code unknown;  // what the engine has told may lag behind the file
   const guint64 came = kept_.empty() ? 0 : fs::file_size(kept_, unknown);
   if (!unknown && came > 0) {
@@ -173,7 +178,7 @@ void Download::Finished() {
     phase_ = Phase::Finished;
     std::error_code error;
     if (!kept_.empty()) fs::remove(kept_, error);
-    Say("Download finished: " + name_ + " is in " +
+    Say("Download finished: " + NameForEars() + " is in " +
         fs::path(path_).parent_path().filename().string());
   }
   const auto over = host_.over;

@@ -55,6 +55,7 @@ class Download {
   void Progress();
   void Failed(const GError& error);
   void Finished();
+  std::string NameForEars() const;
   void Say(const std::string& sentence) { host_.say(view_, sentence); }
   std::string Part() const;
   void KeepPart();
