@@ -1,6 +1,7 @@
 #include "access/FieldCaret.h"
 
 #include <algorithm>
+#include <cctype>
 
 #include "access/TextChange.h"
 #include "base/language.h"
@@ -17,17 +18,31 @@ std::string Part(const std::string& text, std::size_t from, std::size_t to) {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
-std::string Said(const std::string& characters, const char* what) {
+// What the field holds is in the field's language; the rest is the program's own.
+std::string InIts(const HTMLElement& field, const std::string& words) {
+  return field.facts ? language::Marked(words, field.facts->language) : words;
+}
+
+std::string Said(const HTMLElement& field, const std::string& characters, const char* what) {
   const std::size_t count = text::length(characters);
-  if (count <= kMostSelected) return characters + " " + what;
+  if (count <= kMostSelected) return InIts(field, characters) + " " + what;
   return std::to_string(count) + " characters " + what;
 }
 
-std::string Changed(const TextChange& change, bool removal) {
+std::string Changed(const HTMLElement& field, const TextChange& change, bool removal) {
   const bool removed = removal || change.added.empty();
   const std::string& characters = removed ? change.removed : change.added;
-  if (text::length(characters) <= kMostSelected) return characters;
-  return Said(characters, removed ? "removed" : "inserted");
+  if (text::length(characters) <= kMostSelected) return InIts(field, characters);
+  return Said(field, characters, removed ? "removed" : "inserted");
+}
+
+// A sign is named as everywhere.
+std::string Character(const HTMLElement& field, std::size_t place) {
+  const std::string character = CharacterAt(field.value, place);
+  const auto first = static_cast<unsigned char>(character[0]);
+  const bool is_letter = first >= 0x80 || std::isalpha(first) != 0;
+  const bool is_its = text::mid(field.value, place + 1, 1) == character && is_letter;
+  return is_its ? InIts(field, character) : character;
 }
 
 }  // namespace
@@ -76,9 +91,9 @@ std::string FieldCaret::Selected(const HTMLElement& field, const Place& now) con
            Part(field.value, std::max(whole.start, part.end), whole.end);
   };
   if (const std::string added = outside(now, place_); !added.empty()) {
-    return Said(added, "selected");
+    return Said(field, added, "selected");
   }
-  return Said(outside(place_, now), "unselected");
+  return Said(field, outside(place_, now), "unselected");
 }
 
 std::string FieldCaret::Reached(const HTMLElement& field) {
@@ -88,27 +103,27 @@ std::string FieldCaret::Reached(const HTMLElement& field) {
   if (field.value != value_ && field.caret.edit == ElementCaret::Edit::None) {
     // The page has put it there; what its facts tell has been heard.
     const bool is_told = field.facts && language::Unmarked(field.facts->value) == field.value;
-    if (!is_told) words = field.value;
+    if (!is_told) words = InIts(field, field.value);
     if (field.value.empty()) words = "blank";
   } else if (field.value != value_) {
-    words = Changed(Between(value_, field), field.caret.edit == ElementCaret::Edit::Removed);
+    words = Changed(field, Between(value_, field), field.caret.edit == ElementCaret::Edit::Removed);
   } else if (now.start != now.end || (place_.start != place_.end && field.caret.extends)) {
     if (now != place_) words = Selected(field, now);
   } else if (now != place_) {
     switch (field.caret.step) {
       case Step::Word:
-        words = WordAt(field.value, now.end);
+        words = InIts(field, WordAt(field.value, now.end));
         break;
       case Step::Line:
-        words = field.caret.line.value_or(LineAt(field.value, now.end));
+        words = InIts(field, field.caret.line.value_or(LineAt(field.value, now.end)));
         if (words.empty()) words = "blank";
         break;
       case Step::Paragraph:
-        words = LineAt(field.value, now.end);
+        words = InIts(field, LineAt(field.value, now.end));
         if (words.empty()) words = "blank";
         break;
       case Step::Character:
-        words = CharacterAt(field.value, now.end);
+        words = Character(field, now.end);
         break;
     }
   }

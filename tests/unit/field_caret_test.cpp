@@ -67,6 +67,22 @@ TEST_F(FieldCaretTest, ByWordsItIsTheWord) {
   EXPECT_EQ(MovesTo(13, Step::Word), "three");
 }
 
+TEST_F(FieldCaretTest, WhatTheFieldHoldsIsInItsLanguageAndTheRestOurs) {
+  auto facts = std::make_shared<ElementFacts>();
+  facts->language = "de";
+  field_.facts = facts;
+  const auto german = [](const char* words) { return language::Marked(words, "de"); };
+  Holds("Das Haus.\n", 0);
+  EXPECT_EQ(MovesTo(4, Step::Word), german("Haus."));
+  EXPECT_EQ(MovesTo(5, Step::Character), german("a"));
+  EXPECT_EQ(MovesTo(8, Step::Character), ".");
+  EXPECT_EQ(MovesTo(9, Step::Character), "end of line");
+  EXPECT_EQ(MovesTo(10, Step::Line), "blank");
+  EXPECT_EQ(MovesTo(0, Step::Paragraph), german("Das Haus."));
+  EXPECT_EQ(Selects(0, 3), german("Das") + " selected");
+  EXPECT_EQ(Becomes("Haus.\n", 0, Edit::Removed), german("Das "));
+}
+
 TEST_F(FieldCaretTest, ByLinesItIsTheLineAsItIsShown) {
   Holds("first\n\nthird line", 0);
   EXPECT_EQ(MovesTo(6, Step::Line), "blank");
