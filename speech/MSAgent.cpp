@@ -107,7 +107,9 @@ void MSAgent::Form_Unload() {
 // Their pages take them for shown.
 void MSAgent::HandOverMessages() {
   for (const auto& message : std::exchange(messages_, {})) {
-    if (manner_.today) desktop_.GetMessageBox().Show(message.text, MessageBox::Icon::Exclamation);
+    if (!manner_.today) continue;
+    desktop_.GetMessageBox().Show(language::Marked(message.text, language::kOfAPage),
+                                  MessageBox::Icon::Exclamation);
   }
 }
 

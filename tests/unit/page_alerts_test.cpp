@@ -1,3 +1,4 @@
+#include "base/language.h"
 #include "tests/unit/program.h"
 
 namespace corvane::tests {
@@ -73,7 +74,7 @@ TEST_F(PageAlerts, ThatStillWaitAreShownWhenSpeechGoesOff) {
   p.Inside(0).menu.mnuSpeech(0).Click.Raise();
   p.Inside(1).menu.mnuSpeech(0).Click.Raise();
   EXPECT_EQ(p.desktop.speech.agent, nullptr);
-  EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre("second"));
+  EXPECT_THAT(p.desktop.boxes.Texts(), ElementsAre(language::Marked("second", language::kOfAPage)));
 }
 
 TEST_F(PageAlerts, OfASilentWindowAreShownInSilence) {
