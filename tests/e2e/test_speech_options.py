@@ -46,6 +46,10 @@ class SpeechOptions(TextPaneTest):
         self.assertEqual(self.press("ctrl+alt+Prior")["text"], "Speed 179")
         self.assertEqual(self.press("Tab")["speed"], 179)
         self.hear("Escape")
+        self.hear("alt+f")
+        self.assertEqual(self.press("ctrl+alt+Next")["text"], "Speed 161")
+        self.assertEqual(self.press("Down")["speed"], 161)
+        self.hear("Escape")
 
     def test_a_choice_is_heard_at_once_and_taken_back_by_escape(self):
         self.begin_in_text("/preise.html", "Preise der Woche", "Das Wetter")
