@@ -103,9 +103,9 @@ bool ReadLanguages(std::string_view text, SpeechChoices& choices) {
         read.languages.size() >= kMostLanguages) {
       return false;
     }
-    read.languages.insert_or_assign(
-        std::string(language), LanguageVoice{static_cast<LanguageHeard>(at - kHeard.begin()),
-                                             std::string(voice), std::string(entry)});
+    read.languages.insert_or_assign(std::string(language),
+                                    LanguageVoice{static_cast<LanguageHeard>(at - kHeard.begin()),
+                                                  std::string(voice), std::string(entry)});
   }
   choices.languages = std::move(read.languages);
   return true;
@@ -128,8 +128,7 @@ SpeechChoices ReadFrom(const SettingsStore& store, std::vector<std::string>* unu
   const SpeechChoices usual;
   SpeechChoices choices;
   for (const Row& row : kRows) {
-    const std::string stored =
-        store.GetSetting(kApplication, kSection, row.key, row.text(usual));
+    const std::string stored = store.GetSetting(kApplication, kSection, row.key, row.text(usual));
     if (!row.read(stored, choices) && unusable != nullptr) unusable->emplace_back(row.key);
   }
   return choices;
