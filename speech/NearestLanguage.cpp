@@ -15,16 +15,16 @@ struct Neighbour {
 
 // The nearest first, where a language has several.
 constexpr auto kNeighbours = std::to_array<Neighbour>({
-    {"ast", "es"}, {"ast", "pt"}, {"bar", "de"}, {"be", "ru"},   {"bho", "hi"}, {"bo", "ne"},
-    {"br", "cy"},  {"ckb", "ku"}, {"cnr", "sr"}, {"co", "it"},   {"crh", "tr"}, {"dsb", "cs"},
-    {"fo", "is"},  {"fur", "it"}, {"fy", "nl"},  {"gag", "tr"},  {"gl", "pt"},  {"gl", "es"},
-    {"gsw", "de"}, {"gv", "ga"},  {"hsb", "cs"}, {"jv", "id"},   {"kab", "fr"}, {"kw", "cy"},
-    {"li", "nl"},  {"lmo", "it"}, {"lo", "th"},  {"mad", "id"},  {"mai", "hi"}, {"mg", "id"},
-    {"mn", "ru"},  {"nap", "it"}, {"nds", "de"}, {"nr", "tn"},   {"nso", "tn"}, {"oc", "ca"},
-    {"oc", "fr"},  {"pms", "it"}, {"ps", "fa"},  {"rm", "it"},   {"rue", "uk"}, {"sa", "hi"},
-    {"sah", "tt"}, {"sc", "it"},  {"scn", "it"}, {"sco", "en"},  {"se", "smj"}, {"st", "tn"},
-    {"su", "id"},  {"szl", "pl"}, {"tg", "fa"},  {"tl", "id"},   {"fil", "id"}, {"tyv", "ky"},
-    {"vec", "it"}, {"wa", "fr"},  {"xh", "sw"},  {"yi", "de"},   {"zu", "sw"},
+    {"ast", "es"}, {"ast", "pt"}, {"bar", "de"}, {"be", "ru"},  {"bho", "hi"}, {"bo", "ne"},
+    {"br", "cy"},  {"ckb", "ku"}, {"cnr", "sr"}, {"co", "it"},  {"crh", "tr"}, {"dsb", "cs"},
+    {"fo", "is"},  {"fur", "it"}, {"fy", "nl"},  {"gag", "tr"}, {"gl", "pt"},  {"gl", "es"},
+    {"gsw", "de"}, {"gv", "ga"},  {"hsb", "cs"}, {"jv", "id"},  {"kab", "fr"}, {"kw", "cy"},
+    {"li", "nl"},  {"lmo", "it"}, {"lo", "th"},  {"mad", "id"}, {"mai", "hi"}, {"mg", "id"},
+    {"mn", "ru"},  {"nap", "it"}, {"nds", "de"}, {"nr", "tn"},  {"nso", "tn"}, {"oc", "ca"},
+    {"oc", "fr"},  {"pms", "it"}, {"ps", "fa"},  {"rm", "it"},  {"rue", "uk"}, {"sa", "hi"},
+    {"sah", "tt"}, {"sc", "it"},  {"scn", "it"}, {"sco", "en"}, {"se", "smj"}, {"st", "tn"},
+    {"su", "id"},  {"szl", "pl"}, {"tg", "fa"},  {"tl", "id"},  {"fil", "id"}, {"tyv", "ky"},
+    {"vec", "it"}, {"wa", "fr"},  {"xh", "sw"},  {"yi", "de"},  {"zu", "sw"},
 });
 
 }  // namespace

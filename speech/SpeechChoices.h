@@ -43,7 +43,8 @@ struct SpeechChoices {
 
   /// A step of the rate menu, in words a minute, as it is around the chosen speed.
   int Around(int menu_speed) const {
-    return menu_speed == 0 ? 0 : std::clamp(menu_speed + speed - SpeechChoices().speed, 1, kFastest);
+    return menu_speed == 0 ? 0
+                           : std::clamp(menu_speed + speed - SpeechChoices().speed, 1, kFastest);
   }
   /// The same of the pitch menu, on its scale.
   int AroundPitch(int menu_pitch) const {

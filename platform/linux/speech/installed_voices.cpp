@@ -19,7 +19,8 @@ constexpr std::size_t kMostFiles = 1000;
 
 // "language de 5"
 bool TakeWord(std::string_view& line, std::string_view word) {
-  if (!line.starts_with(word) || line.size() <= word.size() || line[word.size()] != ' ') return false;
+  if (!line.starts_with(word) || line.size() <= word.size() || line[word.size()] != ' ')
+    return false;
   line.remove_prefix(word.size());
   line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
   return true;

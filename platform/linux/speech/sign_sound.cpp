@@ -12,7 +12,8 @@ constexpr int kWorking = 1;
 constexpr double kLoudest = 6000;  // about as loud as speech
 constexpr double kFade = 0.008;    // seconds, so that nothing clicks
 
-void AddTone(std::vector<std::int16_t>& samples, double frequency, double seconds, double loudness) {
+void AddTone(std::vector<std::int16_t>& samples, double frequency, double seconds,
+             double loudness) {
   const auto count = static_cast<int>(seconds * kSampleRate);
   const double fade = kFade * kSampleRate;
   for (int i = 0; i < count; ++i) {
