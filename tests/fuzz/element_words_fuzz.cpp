@@ -44,7 +44,7 @@ void SayLiveWords(const std::string& input) {
   Promise(words->words.size() <= kLongestWords && words->name.size() <= kLongestWords);
   Promise(IsSayable(words->words) && IsSayable(words->name) && words->more >= 0);
   // A page never speaks with the program's own words.
-  Promise(!words->opened);
+  Promise(words->opened == corvane::PageWords::Opened::Nothing);
   Promise(words->more > 0 || !words->words.empty() || !words->dialog.empty());
 }
 

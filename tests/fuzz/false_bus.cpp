@@ -41,7 +41,7 @@ FalseBus::FalseBus() {
   if (socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) std::abort();
   const ObjectPtr<GIOStream> near = StreamOn(ends[0]);
   const ObjectPtr<GIOStream> far = StreamOn(ends[1]);
-  const GText guid(g_dbus_generate_guid());
+  const desktop::GText guid(g_dbus_generate_guid());
   g_dbus_connection_new(
       far.get(), guid.get(),
       static_cast<GDBusConnectionFlags>(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_SERVER |

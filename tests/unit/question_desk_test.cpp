@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/language.h"
 #include "tests/fakes/fake_questions.h"
 #include "tests/temporary_folder.h"
 #include "web/requests/PageNotices.h"
@@ -331,7 +332,8 @@ TEST_F(PageRequestsTest, SigningInIsGivenUpOnceForAServer) {
   ask();
   EXPECT_EQ(asking_->asked.at(0).text,
             "The name or the password was not right. The server example.org:443 asks for a user "
-            "name and a password. It says: Club");
+            "name and a password. It says: " +
+                language::Marked("Club", language::kOfAPage));
   asking_->Answer({0, {"ann", "secret"}});
   ask();
   asking_->Answer({1, {"", ""}});

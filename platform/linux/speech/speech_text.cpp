@@ -66,7 +66,7 @@ bool IsOnlyMarks(std::string_view text) {
 }
 
 bool IsLoneMark(std::string_view text) {
-  if (text.empty() || g_unichar_isalnum(TakeCharacter(text))) return false;
+  if (text.empty() || g_unichar_isalnum(text::take_character(text))) return false;
   return text.empty();
 }
 
@@ -74,10 +74,11 @@ std::string WithLoneDigits(std::string_view text) {
   std::string apart;
   bool digit_before = false;
   while (!text.empty()) {
-    const char32_t c = TakeCharacter(text);
+    const std::string_view here = text;
+    const char32_t c = text::take_character(text);
     const bool is_digit = g_unichar_isdigit(c) != FALSE;
     if (is_digit && digit_before) apart += ' ';
-    AppendCharacter(apart, c);
+    apart += here.substr(0, here.size() - text.size());
     digit_before = is_digit;
   }
   return apart;

@@ -129,11 +129,11 @@ void SpokenDialog::AddFields() {
   grid->set_row_spacing(kGap);
   grid->set_column_spacing(kGap);
   for (std::size_t i = 0; i < question_.fields.size(); ++i) {
-    fields_.push_back(DialogFieldWidget::Create(
-        question_.fields[i], *grid, static_cast<int>(i),
-        [this, i, here = life_.Look()](const std::string& text) {
-          if (here && dialog_) FieldChanged(i, text);
-        }));
+    fields_.push_back(
+        DialogFieldWidget::Create(question_.fields[i], *grid, static_cast<int>(i),
+                                  [this, i, here = life_.Look()](const std::string& text) {
+                                    if (here && dialog_) FieldChanged(i, text);
+                                  }));
   }
   grid->show_all();
   dialog_->get_message_area()->pack_start(*grid);

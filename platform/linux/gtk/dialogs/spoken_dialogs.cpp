@@ -8,9 +8,7 @@
 namespace corvane::desktop {
 
 SpokenDialogs::SpokenDialogs(WindowTable& windows, Speaker speak, Speaker speak_for_pages)
-    : windows_(windows),
-      speak_(std::move(speak)),
-      speak_for_pages_(std::move(speak_for_pages)) {}
+    : windows_(windows), speak_(std::move(speak)), speak_for_pages_(std::move(speak_for_pages)) {}
 
 SpokenDialogs::~SpokenDialogs() { life_.End(); }
 
