@@ -93,9 +93,10 @@ class WebBrowser : public Control {
       std::function<void(const PageTextPtr&)> described) = 0;
   /// What the user does with an element that the page's text holds. Use is a click:
   /// whatever the page makes of it. Enter gives the page the focus, and in it the
-  /// element. Show scrolls the page there and moves no focus. Where it is gone nothing
+  /// element. Follow gives the page the focus where it has the element in focus, which has
+  /// been told of. Show scrolls the page there and moves no focus. Where it is gone nothing
   /// happens but that ElementGone tells of a use or an entering.
-  enum class ElementUse { Use, Enter, Show };
+  enum class ElementUse { Use, Enter, Follow, Show };
   virtual void UseElement(const PageElement& element, ElementUse use) = 0;
   /// Scrolls the page so that the first of these words is seen that stand in the element
   /// or behind it; without an element, behind the page's beginning. Moves no focus, and

@@ -108,7 +108,7 @@ void ActingInText::FocusMoved(const PageElement& element) {
   if (to && IsWrittenIn(*to)) {
     used_.reset();
     pane_.state.entering = true;
-    return ErrorsIgnored([&] { browser.SetFocus(); });
+    return browser.UseElement(element, WebBrowser::ElementUse::Follow);
   }
   to_ = element;
   page_.Refresh();

@@ -52,7 +52,7 @@ class FakeWebBrowser : public FakeControl<WebBrowser> {
     return Connection([mine = describing_text] { *mine = nullptr; });
   }
   void UseElement(const PageElement& element, ElementUse use) override {
-    static constexpr const char* kUses[] = {"Use ", "Enter ", "Show "};
+    static constexpr const char* kUses[] = {"Use ", "Enter ", "Follow ", "Show "};
     Note(kUses[static_cast<int>(use)] + std::to_string(element.number));
   }
   void ShowWords(const PageElement& near, const std::string& words) override {

@@ -463,6 +463,15 @@ void EngineView::MarkVisited(PageText& text) const {
   }
 }
 
+std::function<void()> EngineView::TakeKeys() {
+  return [weak = std::weak_ptr(self_)] {
+    const auto alive = weak.lock();
+    if (!alive) return;
+    gtk_widget_grab_focus(GTK_WIDGET((*alive)->View()));
+    (*alive)->reader_->AskFocus(PageReader::Moved::Here);
+  };
+}
+
 void EngineView::UseElement(const PageElement& element, WebBrowser::ElementUse use) {
   switch (use) {
     case WebBrowser::ElementUse::Use:
@@ -471,12 +480,9 @@ void EngineView::UseElement(const PageElement& element, WebBrowser::ElementUse u
       return text_->Use(element);
     case WebBrowser::ElementUse::Enter:
       watchdog_.WatchSoon();
-      return text_->Focus(element, [weak = std::weak_ptr(self_)] {
-        const auto alive = weak.lock();
-        if (!alive) return;
-        gtk_widget_grab_focus(GTK_WIDGET((*alive)->View()));
-        (*alive)->reader_->AskFocus(PageReader::Moved::Here);
-      });
+      return text_->Focus(element, TakeKeys());
+    case WebBrowser::ElementUse::Follow:
+      return reader_->FollowFocus(TakeKeys());
     case WebBrowser::ElementUse::Show:
       return text_->Show(element);
   }

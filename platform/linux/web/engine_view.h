@@ -138,6 +138,7 @@ class EngineView {
   void StartReading();
   void Settle();
   void ShowSettled();
+  std::function<void()> TakeKeys();
   void FinishReading(HTMLDocumentPtr document);
   void ShowStatus(const std::string& text);
   void MarkVisited(PageText& text) const;

@@ -360,6 +360,13 @@ void PageReader::TellFocus() {
   Evaluate(view_, "corvaneEvents.tellAgain()", nullptr, [](const auto&) {});
 }
 
+void PageReader::FollowFocus(std::function<void()> known) {
+  Evaluate(view_, "corvaneEvents.follow()", nullptr,
+           [known = std::move(known)](const auto& answer) {
+             if (answer == "known") known();
+           });
+}
+
 // The engine gives a page one key at a time: a question may overtake one that waits.
 void PageReader::AskFocus(Moved moved) {
   if (silent_ && document_) AskFocus(moved == Moved::ByKey, 0);

@@ -58,6 +58,9 @@ class PageReader {
   /// event of the element that has it.
   enum class Moved { ByKey, Here };
   void AskFocus(Moved moved);
+  /// The keys are about to come to the element that has the page's focus and has been told
+  /// of: not again. `known` when the page knows.
+  void FollowFocus(std::function<void()> known);
   /// The element that a record of the page holds under that number; null for others.
   HTMLElementPtr Known(const std::string& document, int number) const;
   /// Whether a select that opens a list has the page's focus.

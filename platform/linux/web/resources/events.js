@@ -183,7 +183,7 @@
   // The program leads the user into an element of a page that does not have the keys yet:
   // the element is told of when they come, not twice.
   let entering = false;
-  // And what a page has led its focus to before the keys come has been told.
+  // Where the program follows the page's focus, that has been told.
   let ahead = {element: null, at: -Infinity};
   const AHEAD = 1000;  // milliseconds
   const wasToldAhead = (element) => element === ahead.element && performance.now() - ahead.at < AHEAD;
@@ -211,11 +211,7 @@
       if (isPage(element) && !isEditor(element)) return;
       if (entering && !Document.prototype.hasFocus.call(document)) return;
       entering = false;
-      if (Document.prototype.hasFocus.call(document)) {
-        if (wasToldAhead(element)) return;
-      } else {
-        ahead = {element, at: performance.now()};
-      }
+      if (wasToldAhead(element)) return;
       if (isRadio(element)) arriving = element;
       comeTo(element);
     },
@@ -285,6 +281,17 @@
     while (element?.shadowRoot && activeIn(element.shadowRoot)) element = activeIn(element.shadowRoot);
     return element && (!isPage(element) || isEditor(element)) ? element : null;
   };
+  // The keys are about to come to what has the focus, here or in a frame.
+  const follow = (depth = 0) => {
+    const element = inFocus();
+    if (element instanceof HTMLIFrameElement && depth < 10) {
+      sharedBy(element.contentWindow).follow?.(depth + 1);
+    } else {
+      ahead = {element, at: performance.now()};
+    }
+    return 'known';
+  };
+  share('follow', follow);
   // For who has to ask, since the document runs no scripts.
   const focus = (again) => {
     const element = inFocus();
@@ -303,6 +310,6 @@
     tell('focus', target, {unasked: 1, again: 1});
   };
   Object.defineProperty(globalThis, 'corvaneEvents',
-    {value: Object.freeze({tellAgain, tell, tellFocus, focus, enter, acted})});
+    {value: Object.freeze({tellAgain, tell, tellFocus, focus, enter, follow, acted})});
   share('tellAgain', tellAgain);
 })();
