@@ -232,6 +232,18 @@ TEST_F(ElementEventTest, TheFocusThatAPageHasSetIsToldWhenItIsAskedFor) {
   EXPECT_FALSE(unasked.back()) << "the user has gone there";
 }
 
+TEST_F(ElementEventTest, AMoveThatIsAboutToBeToldIsToldOnceAsTheUsersOwn) {
+  Load("<input name=q><input name=r>");
+  TabTo("q");
+  std::vector<bool> unasked;
+  connections_ += Element(1).onfocus.Connect([&] { unasked.push_back(view_.Document()->unasked); });
+  Evaluate(view_->View(), "(document.forms[0].r.focus(), corvaneEvents.tellAgain(), '')", nullptr,
+           [](const auto&) {});
+  ASSERT_TRUE(WaitFor("focus r"));
+  view_.EvaluateInPage("1");
+  EXPECT_THAT(unasked, ElementsAre(false));
+}
+
 TEST_F(ElementEventTest, AMoveWhileThePageIsReadAgainIsToldToThoseWhoListenAfterwards) {
   Load("<input name=q><input name=r>");
   view_->TellFocus();

@@ -275,6 +275,7 @@
 
   // --- where the focus is ----------------------------------------------------------
 
+  const isFrame = (element) => element instanceof HTMLIFrameElement || element instanceof HTMLFrameElement;
   // The element that has the focus; null for the page as a whole.
   const inFocus = () => {
     let element = activeIn(document);
@@ -284,11 +285,8 @@
   // The keys are about to come to what has the focus, here or in a frame.
   const follow = (depth = 0) => {
     const element = inFocus();
-    if (element instanceof HTMLIFrameElement && depth < 10) {
-      sharedBy(element.contentWindow).follow?.(depth + 1);
-    } else {
-      ahead = {element, at: performance.now()};
-    }
+    if (isFrame(element) && depth < 10) sharedBy(element.contentWindow).follow?.(depth + 1);
+    else ahead = {element, at: performance.now()};
     return 'known';
   };
   share('follow', follow);
@@ -297,12 +295,13 @@
     const element = inFocus();
     return element ? messageOf('focus', element, {again}) ?? '' : '';
   };
-  // Tells once more of the element that has the focus, here or in a frame.
+  // Tells once more of the element that has the focus, here or in a frame. What is about
+  // to be told for the first time is not told before.
   const tellAgain = (depth = 0) => {
-    if (!Document.prototype.hasFocus.call(document) || depth > 10) return;
+    if (!Document.prototype.hasFocus.call(document) || depth > 10 || telling !== null) return;
     const element = inFocus();
     if (!element) return;
-    if (element instanceof HTMLIFrameElement || element instanceof HTMLFrameElement) {
+    if (isFrame(element)) {
       sharedBy(element.contentWindow).tellAgain?.(depth + 1);
       return;
     }
