@@ -76,8 +76,12 @@ bool LiveWords::IsWanted(const PageWords& words) const {
   return heard == LiveWordsHeard::All || (heard == LiveWordsHeard::Important && words.urgent);
 }
 
-bool LiveWords::WasJustSaid(const std::string& sentence) {
+void LiveWords::ForgetOld() {
   std::erase_if(recent_, [](const Said& said) { return !said.timer->Enabled(); });
+}
+
+bool LiveWords::WasJustSaid(const std::string& sentence) {
+  ForgetOld();
   const auto is_same = [&](const Said& said) { return said.sentence == sentence; };
   if (std::any_of(recent_.begin(), recent_.end(), is_same)) return true;
   if (recent_.size() >= kMostRecent) recent_.erase(recent_.begin());
@@ -115,8 +119,8 @@ void LiveWords::Receive(const PageWords& words) {
 void LiveWords::Opened(const PageWords& words) {
   const bool in_region = words.opened == PageWords::Opened::PartOfRegion;
   if (in_region && Heard() != LiveWordsHeard::None) return;
-  const auto is_now = [](const Said& said) { return said.timer->Enabled(); };
-  if (saying_ || std::any_of(recent_.begin(), recent_.end(), is_now)) return Wait(words.words);
+  ForgetOld();
+  if (saying_ || !recent_.empty()) return Wait(words.words);
   pane_.announcer.AddAndSay(words.words);
 }
 

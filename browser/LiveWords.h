@@ -34,6 +34,7 @@ class LiveWords {
   bool IsWanted(const PageWords& words) const;
   PageWords InItsLanguage(PageWords words) const;
   bool PageIsBeingRead() const;
+  void ForgetOld();
   bool WasJustSaid(const std::string& sentence);
 
   /// A sentence that was said, until a second has gone by since.

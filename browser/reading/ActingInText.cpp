@@ -14,6 +14,7 @@ using Kind = PageSpan::Kind;
 
 constexpr const char* kGone = "That is no longer in the page";
 constexpr std::size_t kMostWords = 300;  // characters of what a use has brought
+constexpr int kMostNews = 3;             // of it, from a page that changes without end
 
 /// What Enter and Space do with an element; nothing for what only holds others.
 std::optional<WebBrowser::ElementUse> UseOf(const PageSpan& span) {
@@ -52,15 +53,20 @@ ActingInText::ActingInText(PaneContext& pane, PageInPane& page) : pane_(pane), p
   connections_ += browser.FocusMoved.Connect([this](const PageElement& to) { FocusMoved(to); });
   connections_ += page_.Refreshed.Connect([this](int first_new) { Refreshed(first_new); });
   connections_ += pane_.PageShown.Connect([this] {
-    used_.reset();
     left_.reset();
-    to_.reset();
+    Forget();
   });
-  // Who reads on is not led elsewhere any more.
-  connections_ += pane_.controls.ctlText1.KeyDown.Connect([this](KeyEvent&) {
-    used_.reset();
-    to_.reset();
+  // Who reads on is not led elsewhere any more; who only wants silence is.
+  connections_ += pane_.controls.ctlText1.KeyDown.Connect([this](KeyEvent& key) {
+    if (!IsModifier(key.KeyCode)) Forget();
   });
+}
+
+// The keys have not come to the page, or not where they were to go.
+void ActingInText::Forget() {
+  used_.reset();
+  to_.reset();
+  pane_.state.entering = false;
 }
 
 bool ActingInText::Use() {
@@ -100,12 +106,14 @@ void ActingInText::Lead(const PageElement& element, Then then) {
 
 // --- what the page makes of it ------------------------------------------------------------
 
-// It has been told by the element's event. A field is there to be written in.
+// It has been told by the element's event. A field is there to be written in, but nobody
+// is taken there by what a page does long after.
 void ActingInText::FocusMoved(const PageElement& element) {
   if (!used_ || pane_.state.area != kAreaText) return;
   WebBrowser& browser = *pane_.controls.brwWebBrowser;
   const HTMLElementPtr to = browser.FocusedElement();
-  if (to && IsWrittenIn(*to)) {
+  const HTMLDocumentPtr page = browser.Document();
+  if (to && IsWrittenIn(*to) && !(page && page->unasked)) {
     used_.reset();
     pane_.state.entering = true;
     return browser.UseElement(element, WebBrowser::ElementUse::Follow);
@@ -125,10 +133,10 @@ void ActingInText::Gone() {
 void ActingInText::Left(const PageElement& element) {
   if (!pane_.manner.quick_keys || page_.Map() == nullptr) return;
   left_ = element;
+  page_.Refresh();
   pane_.state.quiet = true;
   ErrorsIgnored([&] { pane_.controls.ctlText1.SetFocus(); });
   pane_.state.quiet = false;
-  page_.Refresh();
 }
 
 void ActingInText::Refreshed(int first_new) {
@@ -143,10 +151,12 @@ void ActingInText::Refreshed(int first_new) {
   // Where nothing else has told what the use has done, its words do, or those that stand
   // in its place.
   const bool gone = !map->Of(used_->element);
-  if (pane_.announcer.Count() == used_->said && (gone || first_new >= 0)) {
+  const bool silent = pane_.announcer.Count() == used_->said && used_->news < kMostNews;
+  if (silent && (gone || first_new >= 0)) {
     if (first_new < 0) page_.GoTo(page_.WordsFrom(page_.Caret()));
     SayLineAt(first_new >= 0 ? first_new : page_.Caret());
     used_->said = pane_.announcer.Count();
+    ++used_->news;
   }
   if (gone) used_.reset();
 }
@@ -162,9 +172,7 @@ void ActingInText::GoToLeft(const PageElement& element) {
 void ActingInText::SayLineAt(int position) {
   const RichTextBox& box = pane_.controls.ctlText1.Text1();
   const int at = pane_.state.page_text + position;
-  const int start = box.LineIndex(box.GetLineFromChar(at));
-  const std::string words = box.GetLine(box.GetLineFromChar(at), box.LineLength(at));
-  pane_.announcer.Say(page_.LineWords(start, text::left(words, kMostWords)));
+  pane_.announcer.Say(page_.LineWordsFrom(box.LineIndex(box.GetLineFromChar(at)), kMostWords));
 }
 
 }  // namespace corvane

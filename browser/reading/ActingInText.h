@@ -33,12 +33,14 @@ class ActingInText {
   void Refreshed(int first_new);
   void GoToLeft(const PageElement& element);
   void SayLineAt(int position);
+  void Forget();
 
   PaneContext& pane_;
   PageInPane& page_;
   struct Used {
     PageElement element;
-    int said;  ///< how often something had been said
+    int said;      ///< how often something had been said
+    int news = 0;  ///< lines that have been said since, as nothing else was
   };
   std::optional<Used> used_;         // and no key has been pressed in the text since
   std::optional<PageElement> left_;  // the element of the page that the user comes from

@@ -180,6 +180,14 @@ std::string PageInPane::LineWords(int start, const std::string& line) const {
   return LineWithKinds(*map_, place, line);
 }
 
+std::string PageInPane::LineWordsFrom(int position, std::size_t most) const {
+  const RichTextBox& box = pane_.controls.ctlText1.Text1();
+  const int line = box.GetLineFromChar(position);
+  const auto column = static_cast<std::size_t>(position - box.LineIndex(line));
+  const std::string words = box.GetLine(line, box.LineLength(position));
+  return LineWords(position, text::left(text::mid(words, column + 1), most));
+}
+
 std::string PageInPane::InLanguageHere(const std::string& words) const {
   return map_ ? language::Marked(words, map_->LanguageAt(Caret())) : words;
 }

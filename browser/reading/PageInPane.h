@@ -50,6 +50,9 @@ class PageInPane {
 
   /// A line of the pane, as it is said when the caret enters it. `start`: in the pane.
   std::string LineWords(int start, const std::string& line) const;
+  /// The same of the line of the pane that the position lies in, from there on; so many
+  /// characters of it at most.
+  std::string LineWordsFrom(int position, std::size_t most = std::string::npos) const;
   /// Words that stand in the pane at the position, marked with their languages where they
   /// are the page's.
   std::string InItsLanguages(int position, const std::string& words) const;

@@ -182,12 +182,7 @@ void QuickKeys::GoBehindLinks(Way way) {
   const auto found = page_.Map()->BehindLinks(way, page_.Caret());
   if (!found) return pane_.announcer.Say(None(way, kTextBehindLinks));
   page_.GoTo(*found);
-  const RichTextBox& box = pane_.controls.ctlText1.Text1();
-  const int line = box.GetLineFromChar(box.SelStart());
-  const int column = box.SelStart() - box.LineIndex(line);
-  const std::string words = box.GetLine(line, box.LineLength(box.SelStart()));
-  pane_.announcer.Say(
-      page_.LineWords(box.SelStart(), text::mid(words, static_cast<std::size_t>(column) + 1)));
+  pane_.announcer.Say(page_.LineWordsFrom(pane_.controls.ctlText1.SelStart()));
 }
 
 void QuickKeys::Act() {

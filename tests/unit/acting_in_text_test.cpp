@@ -78,6 +78,15 @@ TEST_F(ActingInTextTest, WordsThatComeWithoutAnythingSaidAreSaidWithTheirLine) {
   EXPECT_THAT(p.Spoken(), ElementsAre("End 1", "End 12"));
 }
 
+TEST_F(ActingInTextTest, APageThatChangesWithoutEndIsHeardThreeTimes) {
+  Use("Delete");
+  for (int i = 1; i <= 5; ++i) {
+    p.Browser().TextChanged.Raise();
+    p.Browser().TextDescribed(Text("Menu\nDelete\nTick " + std::to_string(i)));
+  }
+  EXPECT_THAT(p.Spoken(), ElementsAre("Tick 1", "Tick 2", "Tick 3"));
+}
+
 TEST_F(ActingInTextTest, WhoIsElsewhereFindsTheChangeWhenHeComesBack) {
   p.Address().SetFocus();
   p.Browser().TextChanged.Raise();
@@ -118,6 +127,31 @@ TEST_F(ActingInTextTest, WhoHasReadOnIsNotLedElsewhere) {
   EXPECT_EQ(p.Browser().describing_text, nullptr);
   Focus(3, "HTMLInputElement");
   EXPECT_THAT(p.Browser().calls, testing::Not(testing::Contains("Follow 3")));
+}
+
+TEST_F(ActingInTextTest, WhoOnlyWantsSilenceIsLedAlong) {
+  Use("Delete");
+  p.TextPane().Press(kKeyControl, kCtrlMask);
+  Focus(3, "HTMLInputElement");
+  EXPECT_THAT(p.Browser().calls, testing::Contains("Follow 3"));
+}
+
+TEST_F(ActingInTextTest, APageThatMovesItsFocusLongAfterTakesNobodyIntoAField) {
+  Use("Delete");
+  p.Browser().document->unasked = true;
+  Focus(3, "HTMLInputElement");
+  EXPECT_THAT(p.Browser().calls, testing::Not(testing::Contains("Follow 3")));
+  p.Browser().TextDescribed(Text("Sure?\nYes\nMenu\nDelete\nEnd"));
+  EXPECT_EQ(AtCaret(), "Yes") << "Enter leads there";
+}
+
+TEST_F(ActingInTextTest, WhoseWayIntoTheFieldCameToNothingHearsThePageAsEver) {
+  Use("Delete");
+  Focus(3, "HTMLInputElement");
+  p.TextPane().Press(kKeyUp);
+  p.Spoken();
+  p.Browser().SetFocus();
+  EXPECT_THAT(p.Spoken(), testing::Contains("WebBrowser"));
 }
 
 TEST_F(ActingInTextTest, AKeyBeforeTheTextHasComeKeepsTheReaderWhereItLed) {

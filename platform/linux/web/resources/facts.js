@@ -14,6 +14,7 @@
   const {numberOf, share, sharedBy} = globalThis.corvane.parts;
   const MOST_GROUPS = 8;
   const ROWS_LOOKED = 20;   // of a table, for where a cell of it lies
+  const MOST_COLUMNS = 500;
 
   const isField = (element) => element instanceof HTMLInputElement ||
     element instanceof HTMLSelectElement || element instanceof HTMLTextAreaElement ||
@@ -253,7 +254,7 @@
     searchIn(element, 'querySelector', 'caption, th, thead, tfoot, colgroup, td[scope], td[headers]') === null &&
     nameOf(element) === '';
   // Columns are counted as in the page's text: what a page hides is none.
-  const cellsOf = (row) => elementsBelow(row).filter((each) =>
+  const cellsOf = (row) => elementsBelow(row).slice(0, MOST_COLUMNS).filter((each) =>
     /^(cell|gridcell|columnheader|rowheader)$/.test(roleOf(each)) && window.getComputedStyle(each).display !== 'none' &&
     !isKeptBack(each));
   const reachesDown = (row) => searchIn(row, 'querySelector', '[rowspan], [aria-rowspan]') !== null;

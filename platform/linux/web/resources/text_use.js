@@ -4,7 +4,7 @@
 (() => {
   if (!globalThis.corvaneText || globalThis.corvaneTextUse) return;
 
-  const {documentId, numberOf, rootOf, share, sharedBy} = globalThis.corvane.parts;
+  const {documentId, numberOf, bodyOf, rootOf, share, sharedBy} = globalThis.corvane.parts;
   const {isElement, elementAbove} = globalThis.corvaneNames;
   const DEPTH = 10;
   const FRAMES = 500;
@@ -145,6 +145,7 @@
   // The element, or what is nearest around it, that stands in the text. It may have come
   // after the text was put together.
   const inText = (element) => {
+    if (element === bodyOf(document) || element === rootOf(document)) return 0;
     if (isElement(element) && globalThis.corvaneText.elementOf(numberOf(element)) !== element) {
       globalThis.corvaneText.walk();
     }
