@@ -10,8 +10,6 @@
 namespace corvane {
 namespace {
 
-bool IsModifier(int code) { return code == kKeyShift || code == kKeyControl || code == kKeyAlt; }
-
 std::string NameOf(const KeyEvent& key) {
   std::string name;
   if (!IsModifier(key.KeyCode)) {

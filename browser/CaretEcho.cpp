@@ -24,11 +24,6 @@ bool SpeaksItself(const KeyEvent& key) {
   return key.KeyCode == kKeyF7 || key.KeyCode == kKeyEscape;
 }
 
-bool IsModifier(const KeyEvent& key) {
-  return key.KeyCode == kKeyShift || key.KeyCode == kKeyControl || key.KeyCode == kKeyAlt ||
-         (key.Shift & kAltMask) != 0;
-}
-
 bool IsBlank(const std::string& line) {
   return text::replace_all(line, "\xC2\xA0", " ").find_first_not_of(" \t") == std::string::npos;
 }
@@ -88,7 +83,8 @@ void CaretEcho::ConnectField(ComboBox& field) {
 void CaretEcho::FieldKeyDown(const ComboBox& field, const KeyEvent& key) {
   chosen_ = false;
   if (!awaited_) Follow(field);
-  if (key.KeyCode != 0 && !IsModifier(key)) awaited_ = true;  // 0: a command has used it
+  const bool moves = !IsModifier(key.KeyCode) && (key.Shift & kAltMask) == 0;
+  if (key.KeyCode != 0 && moves) awaited_ = true;  // 0: a command has used it
   if (!Deletes(key) || deleting_) return;
   const std::string text = field.Text();
   deleting_ = {text, 0, static_cast<int>(text::length(text))};

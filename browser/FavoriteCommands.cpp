@@ -11,8 +11,6 @@ namespace {
 
 enum CommandKeys : int { kKeyD = 68, kKeyI = 73, kKeyF2 = 113 };
 
-bool IsModifier(int code) { return code >= kKeyShift && code <= kKeyControl + 1; }
-
 std::string Pages(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " bookmark" : " bookmarks");
 }

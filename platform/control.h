@@ -44,6 +44,9 @@ enum KeyCodes : int {
   kKeyF12 = 123,
 };
 
+/// Whether a key only changes what others do.
+constexpr bool IsModifier(int key_code) { return key_code >= kKeyShift && key_code <= kKeyAlt; }
+
 /// A key going down or up. A handler that sets KeyCode to 0 keeps the key from
 /// the control.
 struct KeyEvent {

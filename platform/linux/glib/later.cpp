@@ -1,5 +1,6 @@
 #include "platform/linux/glib/later.h"
 
+#include <gio/gio.h>
 #include <glibmm/exceptionhandler.h>
 
 #include "platform/linux/glib/owner.h"
@@ -48,6 +49,17 @@ void PostWhenNothingIsUnderWay(Action action) {
   constexpr guint kAskAgain = 20;  // milliseconds
   g_timeout_add_full(G_PRIORITY_DEFAULT, kAskAgain, &RunWhenNothingIsUnderWay,
                      new Action(std::move(action)), &Forget);
+}
+
+void OnWorker(std::function<void()> work) {
+  using Work = std::function<void()>;
+  const ObjectPtr<GTask> task(g_task_new(nullptr, nullptr, nullptr, nullptr));
+  g_task_set_task_data(task.get(), new Work(std::move(work)),
+                       [](gpointer each) { delete static_cast<Work*>(each); });
+  g_task_run_in_thread(task.get(), [](GTask* running, gpointer, gpointer each, GCancellable*) {
+    (*static_cast<Work*>(each))();
+    g_task_return_boolean(running, TRUE);
+  });
 }
 
 std::shared_ptr<void> After(double seconds, Action action) {

@@ -26,6 +26,9 @@ void PostTo(GMainContext* context, std::function<void()> action);
 /// lets events run in between: for what such a handler may still stand on.
 void PostWhenNothingIsUnderWay(std::function<void()> action);
 
+/// Runs `work` on a thread of its own, from where it may post what has come of it.
+void OnWorker(std::function<void()> work);
+
 /// As the product has it (platform/later.h).
 std::shared_ptr<void> After(double seconds, std::function<void()> action);
 

@@ -45,33 +45,12 @@ void Redescribe(const HTMLElement& now, HTMLElement& element) {
 
 using Records = std::vector<PageRecord>;
 
-struct ParseJob {
-  std::string text;
-  Records records;
-  std::function<void(Records)> parsed;
-};
-
 Records ParseAny(const std::string& text) {
   Records records = ParseRecords(text);
   if (records.empty()) {
     if (auto record = ParseRecord(text)) records.push_back(std::move(*record));
   }
   return records;
-}
-
-void RunJob(GTask* task, gpointer, gpointer data, GCancellable*) {
-  auto* job = static_cast<ParseJob*>(data);
-  job->records = ParseAny(job->text);
-  const bool large = job->text.size() > kLargeText;
-  std::string().swap(job->text);
-  g_task_return_boolean(task, TRUE);
-  // What was made of it lies between the holes of what it was taken apart into.
-  if (large) malloc_trim(0);
-}
-
-void OnJobDone(GObject*, GAsyncResult* result, gpointer) {
-  auto* job = static_cast<ParseJob*>(g_task_get_task_data(G_TASK(result)));
-  job->parsed(std::move(job->records));
 }
 
 HTMLDocumentPtr DocumentOf(const FrameHint& hint) {
@@ -210,14 +189,19 @@ HTMLDocumentPtr PageReader::Described(Records records) const {
 void PageReader::Parse(std::string text, std::function<void(Records)> parsed) {
   if (text.size() > kLongestText) text.clear();
   if (text.size() <= kShortText) return parsed(ParseAny(text));
-  GTask* task = g_task_new(nullptr, nullptr, &OnJobDone, nullptr);
-  auto guarded = [weak = std::weak_ptr(self_), parsed = std::move(parsed)](Records records) {
-    if (!weak.expired()) parsed(std::move(records));
-  };
-  g_task_set_task_data(task, new ParseJob{std::move(text), {}, std::move(guarded)},
-                       [](gpointer job) { delete static_cast<ParseJob*>(job); });
-  g_task_run_in_thread(task, &RunJob);
-  g_object_unref(task);
+  OnWorker(
+      [text = std::move(text), weak = std::weak_ptr(self_), parsed = std::move(parsed)]() mutable {
+        const auto records = std::make_shared<Records>(ParseAny(text));
+        const bool large = text.size() > kLargeText;
+        std::string().swap(text);
+        PostToLoop(
+            [records, weak, parsed] {
+              if (!weak.expired()) parsed(std::move(*records));
+            },
+            Turn::InTurn);
+        // What was made of it lies between the holes of what it was taken apart into.
+        if (large) malloc_trim(0);
+      });
 }
 
 void PageReader::ReceiveCollected(std::string text) {
@@ -439,9 +423,11 @@ void PageReader::Deliver(const ElementEvent& event) {
   if (Introduce(event, element)) page->onelementadded.Raise(element);
   if (page) page->unasked = event.unasked;
   Raise(event, *element);
+  const bool moved = event.kind == ElementEvent::Kind::Focus;
+  if (moved && !self.expired() && page == document_) {
+    FocusMoved.Raise({event.document_id, event.number});
+  }
   if (page) page->unasked = false;
-  if (self.expired() || page != document_ || event.kind != ElementEvent::Kind::Focus) return;
-  FocusMoved.Raise({event.document_id, event.number});
 }
 
 HTMLElementPtr PageReader::Focused() const { return Known(focused_.first, focused_.second); }

@@ -12,17 +12,17 @@ namespace {
 
 using Done = std::function<void(std::optional<std::string>)>;
 
-void Answer(gpointer data, JSCValue* answer) {
-  const std::unique_ptr<Done> done(static_cast<Done*>(data));
+/// The text that an answer is; nothing where it is none.
+std::optional<std::string> TextOf(JSCValue* answer) {
   const ObjectPtr<JSCValue> value(answer);
-  if (!value || !jsc_value_is_string(value.get())) return (*done)(std::nullopt);
-  const GText text(jsc_value_to_string(value.get()));
-  (*done)(Text(text.get()));
+  if (!value || !jsc_value_is_string(value.get())) return std::nullopt;
+  return Taken(jsc_value_to_string(value.get()));
 }
 
-void OnAwaited(GObject* view, GAsyncResult* result, gpointer done) {
-  Answer(done, webkit_web_view_call_async_javascript_function_finish(WEBKIT_WEB_VIEW(view), result,
-                                                                     nullptr));
+void OnAwaited(GObject* view, GAsyncResult* result, gpointer data) {
+  const std::unique_ptr<Done> done(static_cast<Done*>(data));
+  (*done)(TextOf(webkit_web_view_call_async_javascript_function_finish(WEBKIT_WEB_VIEW(view),
+                                                                       result, nullptr)));
 }
 
 struct Act {
@@ -33,12 +33,11 @@ struct Act {
 // A document that runs no scripts is asked by the other way; nothing in it hears of it.
 void OnActed(GObject* view, GAsyncResult* result, gpointer data) {
   const std::unique_ptr<Act> act(static_cast<Act*>(data));
-  auto or_ask = [view = WEBKIT_WEB_VIEW(view), &act](std::optional<std::string> answer) {
-    if (answer) return act->done(std::move(answer));
-    Evaluate(view, "corvane.parts.isSilent() ? " + act->call + " : null", nullptr, act->done);
-  };
-  Answer(new Done(std::move(or_ask)),
-         webkit_web_view_evaluate_javascript_finish(WEBKIT_WEB_VIEW(view), result, nullptr));
+  auto answer =
+      TextOf(webkit_web_view_evaluate_javascript_finish(WEBKIT_WEB_VIEW(view), result, nullptr));
+  if (answer) return act->done(std::move(answer));
+  Evaluate(WEBKIT_WEB_VIEW(view), "corvane.parts.isSilent() ? " + act->call + " : null", nullptr,
+           std::move(act->done));
 }
 
 void OnReplied(GObject* view, GAsyncResult* result, gpointer data) {

@@ -23,23 +23,6 @@ constexpr std::size_t kMostSought = 100;  // characters of words that are to be 
 constexpr double kChangeSeconds = 0.3;
 constexpr double kReadingShare = 10;
 
-struct Job {
-  std::string text;
-  std::shared_ptr<PageText> page;
-  TextReader::Done done;
-};
-
-void RunJob(GTask* task, gpointer, gpointer data, GCancellable*) {
-  auto* job = static_cast<Job*>(data);
-  job->page = ParsePageText(job->text);
-  g_task_return_boolean(task, TRUE);
-}
-
-void OnJobDone(GObject*, GAsyncResult* result, gpointer) {
-  const auto* job = static_cast<Job*>(g_task_get_task_data(G_TASK(result)));
-  job->done(job->page);
-}
-
 std::string Quoted(const std::string& text) { return nlohmann::json(text).dump(); }
 
 std::string Call(const char* function, const PageElement& element, const std::string& more = "") {
@@ -92,14 +75,13 @@ void TextReader::Received(std::string text, const std::weak_ptr<int>& turn, cons
   took_ = static_cast<double>(g_get_monotonic_time() - asked_at_) / G_USEC_PER_SEC;
   if (text.size() > kLongestText) text.clear();
   if (text.size() <= kShortText) return done(ParsePageText(text));
-  const auto guarded = [turn, done](const std::shared_ptr<PageText>& page) {
-    if (!turn.expired()) done(page);
-  };
-  GTask* task = g_task_new(nullptr, nullptr, &OnJobDone, nullptr);
-  g_task_set_task_data(task, new Job{std::move(text), nullptr, guarded},
-                       [](gpointer job) { delete static_cast<Job*>(job); });
-  g_task_run_in_thread(task, &RunJob);
-  g_object_unref(task);
+  OnWorker([text = std::move(text), turn, done] {
+    PostToLoop(
+        [page = ParsePageText(text), turn, done] {
+          if (!turn.expired()) done(page);
+        },
+        Turn::InTurn);
+  });
 }
 
 void TextReader::Use(const PageElement& element) { ActForUser(view_, Call("use", element)); }
