@@ -40,9 +40,21 @@ class Announcer {
     });
   }
 
+  /// A page is being read, whose title comes: what is to be said behind it waits.
+  void ExpectTitle() {
+    title_.reset();
+    after_title_.clear();
+    expected_ = true;
+  }
+  /// The page has been read; a title that has not come will not.
+  void ExpectNoTitle() {
+    if (!std::exchange(expected_, false) || after_title_.empty()) return;
+    Say(std::exchange(after_title_, ""));
+  }
+
   /// Speaks a page's title.
   void SayTitle(const std::string& title) {
-    after_title_.clear();
+    if (!std::exchange(expected_, false)) after_title_.clear();
     title_ = std::make_shared<int>();
     SayThrough(title, [this, mine = std::weak_ptr(title_)](bool to_its_end) {
       if (mine.expired()) return;
@@ -55,13 +67,13 @@ class Announcer {
   /// Speaks as soon as the title has been spoken to its end; not at all when that is
   /// cut off or something else is said.
   void SayAfterTitle(const std::string& text) {
-    if (!title_) return Say(text);
+    if (!title_ && !expected_) return Say(text);
     after_title_ = text;
   }
 
   /// Adds the text as a line to the text pane and speaks it behind the title.
   void AddAndSayAfterTitle(const std::string& text) {
-    if (!title_) return AddAndSay(text);
+    if (!title_ && !expected_) return AddAndSay(text);
     after_title_ = text;
     ErrorsIgnored([&] { pane_.AddText(language::Unmarked(text) + kLineBreak, true); });
   }
@@ -107,6 +119,7 @@ class Announcer {
   ISpeechNotify* sink_ = nullptr;
   int count_ = 0;
   std::shared_ptr<int> title_;  // while it is being spoken
+  bool expected_ = false;       // a title is about to be
   std::string after_title_;
 };
 

@@ -24,6 +24,18 @@ bool SpeaksItself(const KeyEvent& key) {
   return key.KeyCode == kKeyF7 || key.KeyCode == kKeyEscape;
 }
 
+bool Walks(const KeyEvent& key) {
+  return key.KeyCode >= kKeyPageUp && key.KeyCode <= kKeyDown &&
+         (key.Shift & (kShiftMask | kAltMask)) == 0;
+}
+/// Whether a key that walks goes by whole lines, or farther.
+bool GoesByLines(const KeyEvent& key) {
+  const bool in_line = key.KeyCode == kKeyLeft || key.KeyCode == kKeyRight ||
+                       key.KeyCode == kKeyHome || key.KeyCode == kKeyEnd;
+  const bool whole = (key.Shift & kCtrlMask) != 0;
+  return !in_line || (whole && (key.KeyCode == kKeyHome || key.KeyCode == kKeyEnd));
+}
+
 bool IsBlank(const std::string& line) {
   return text::replace_all(line, "\xC2\xA0", " ").find_first_not_of(" \t") == std::string::npos;
 }
@@ -51,8 +63,9 @@ CaretEcho::CaretEcho(PaneContext& pane, PageInPane& page) : pane_(pane), page_(p
 void CaretEcho::ConnectPane() {
   ctlText& box = pane_.controls.ctlText1;
   connections_ += box.Text1().GotFocus.Connect([this] { deleting_.reset(); });
-  connections_ += box.KeyDown.Connect([this](KeyEvent& key) {
+  connections_ += box.KeyDown.Connect([this, &box](KeyEvent& key) {
     if (std::exchange(pane_moved_, false)) Follow();
+    before_key_ = box.SelStart();
     if (Deletes(key) && !deleting_) deleting_ = AroundPaneCaret();
   });
   connections_ += box.KeyUp.Connect([this, &box](KeyEvent& key) {
@@ -61,6 +74,7 @@ void CaretEcho::ConnectPane() {
       Follow();
     } else if (key.KeyCode != kKeyTab && !SpeaksItself(key)) {
       TextBoxPress(box.TextWindow());
+      if (pane_.manner.today && Walks(key) && box.SelStart() == before_key_) SayWhereItStays(key);
     }
   });
 }
@@ -153,6 +167,21 @@ CaretEcho::EditLine CaretEcho::GetEditLine(int line) const {
   const int start = box.LineIndex(line);
   const int length = box.LineLength(start);
   return {start, box.GetLine(line, length + 2)};
+}
+
+// At the ends of the text, or of a line, a key leads nowhere: what is there is heard once
+// more, not silence.
+void CaretEcho::SayWhereItStays(const KeyEvent& key) {
+  ErrorsIgnored([&] {
+    int position = 0;
+    int line = 0;
+    const EditLine edit = PaneLine(position, line);
+    if (GoesByLines(key)) {
+      return SayLine(pane_.manner.text_kinds ? page_.LineWords(edit.start, edit.text) : edit.text);
+    }
+    const std::string here = characters(edit.text, position - edit.start, 1);
+    here.empty() ? pane_.announcer.Say("blank") : SayWords(here == " " ? "space" : here);
+  });
 }
 
 // A deletion takes its characters out of the selection, or of the caret's line and those

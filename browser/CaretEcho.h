@@ -57,6 +57,7 @@ class CaretEcho {
   void SayDeleted(int caret, int length);
   void SayPassed(const std::string& characters);
   void SayLine(const std::string& line);
+  void SayWhereItStays(const KeyEvent& key);
   void SayWords(const std::string& words);
   void SpeakWord();
 
@@ -68,6 +69,7 @@ class CaretEcho {
   std::string strLastLine_;
   std::optional<std::string> line_words_;  // of the line that the caret is compared on
   bool pane_moved_ = false;                // the program has moved the text pane's caret
+  int before_key_ = -1;                    // the text pane's caret when the last key went down
   bool awaited_ = false;                   // a key is down in a field, its release will be echoed
   bool chosen_ = false;                    // it has chosen an entry, which says itself
   std::optional<Before> deleting_;         // a key is down that deletes

@@ -78,6 +78,7 @@ void PageReader::ReadPage() {
   Announcer& announcer = pane_.announcer;
   const PaneMenu& menu = pane_.menu;
 
+  announcer.ExpectNoTitle();  // that of a page whose reading has been left
   c.timTimer->SetEnabled(false);
   stopIcon_ = kImageStop;
   ErrorsIgnored([&] { c.Toolbar(kStop).SetPicture(stopIcon_); },
@@ -105,6 +106,7 @@ void PageReader::ReadPage() {
     if (current()) ReadOn(document, current);
   };
   if (!document) return go_on();
+  announcer.ExpectTitle();
   elements_.Reset(document, go_on);
 }
 
@@ -123,6 +125,7 @@ void PageReader::ReadOn(const HTMLDocumentPtr& document, const Current& current)
   };
   ErrorsIgnored([&] { ReadTitleAndText(Required(document), lead); });
   if (!current()) return;
+  announcer.ExpectNoTitle();
   lead();
   ErrorsIgnored([&] { pane_.controls.brwWebBrowser->TellFocus(); });
 }

@@ -174,6 +174,30 @@ TEST_F(TodaysCaretEcho, AnEmptyLineIsBlank) {
   EXPECT_THAT(p.Spoken(), ElementsAre("blank", "b", "blank", "c"));
 }
 
+TEST_F(TodaysCaretEcho, WhereAKeyLeadsNowhereWhatIsThereIsHeardAgain) {
+  FakeRichTextBox& pane = InTextPane("ab cd\nlast");
+  pane.Press(kKeyUp);
+  pane.Press(kKeyHome, kCtrlMask);
+  pane.Press(kKeyHome);
+  pane.Press(kKeyLeft);
+  EXPECT_THAT(p.Spoken(), ElementsAre("ab cd", "ab cd", "a", "a"));
+  pane.SetSelStart(static_cast<int>(pane.text.size()));
+  p.Spoken();
+  pane.Press(kKeyDown);
+  p.Spoken();
+  pane.Press(kKeyDown);
+  pane.Press(kKeyEnd, kCtrlMask);
+  pane.Press(kKeyEnd);
+  EXPECT_THAT(p.Spoken(), ElementsAre("last", "last", "blank"));
+}
+
+TEST_F(TodaysCaretEcho, WhatSilencesOrSelectsRepeatsNothing) {
+  FakeRichTextBox& pane = InTextPane("ab cd\nlast");
+  pane.Press(kKeyControl);
+  pane.Press(kKeyHome, kShiftMask);
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
 TEST_F(TodaysCaretEcho, WhatIsDeletedInTheTextPaneIsSaid) {
   InTextPane("first\nab cd\\\nlast", 8);
   for (int i = 0; i < 3; ++i) p.TextPane().Press(kKeyBackspace);

@@ -121,6 +121,27 @@ TEST_F(PageElementsOfAProgram, FieldThatThePageFocusesByItselfIsSaidBehindTheTit
   EXPECT_THAT(program.Spoken(), ElementsAre("text, q, "));
 }
 
+TEST_F(PageElementsOfAProgram, FieldThatThePageFocusesWhileItIsReadIsSaidBehindTheTitle) {
+  program.StartTalking();
+  program.Spoken();
+  auto page = MakePage("http://p/", "P", "");
+  const auto field = Input("text", "q");
+  page->forms = {{{field}}};
+  bool focused = false;
+  program.desktop.on_yield = [&] {
+    if (program.TextPane().text.find("Extracting Links") == std::string::npos) return;
+    if (std::exchange(focused, true)) return;
+    page->unasked = true;
+    field->onfocus.Raise();
+    page->unasked = false;
+  };
+  program.Read(page);
+  EXPECT_TRUE(focused);
+  EXPECT_EQ(program.Spoken().back(), "P");
+  program.desktop.speech.agent->CompleteLast();
+  EXPECT_THAT(program.Spoken(), ElementsAre("text, q, "));
+}
+
 TEST_F(PageElementsOfAProgram, HiddenPasswordIsNeverWrittenIntoTheTextPane) {
   program.desktop.settings.Pane("Passwords") = "hidden";
   const auto field = Input("password", "pin");
