@@ -65,7 +65,9 @@ void CaretEcho::ConnectPane() {
   connections_ += box.Text1().GotFocus.Connect([this] { deleting_.reset(); });
   connections_ += box.KeyDown.Connect([this, &box](KeyEvent& key) {
     if (std::exchange(pane_moved_, false)) Follow();
-    before_key_ = box.SelStart();
+    if (!IsModifier(key.KeyCode)) {
+      going_ = Walks(key) ? Going{key.KeyCode, box.SelStart(), GoesByLines(key)} : Going{};
+    }
     if (Deletes(key) && !deleting_) deleting_ = AroundPaneCaret();
   });
   connections_ += box.KeyUp.Connect([this, &box](KeyEvent& key) {
@@ -73,8 +75,11 @@ void CaretEcho::ConnectPane() {
       SayDeleted(box.SelStart(), box.TextLength());
       Follow();
     } else if (key.KeyCode != kKeyTab && !SpeaksItself(key)) {
+      const int said = pane_.announcer.Count();
       TextBoxPress(box.TextWindow());
-      if (pane_.manner.today && Walks(key) && box.SelStart() == before_key_) SayWhereItStays(key);
+      const bool went = std::exchange(going_.key, 0) == key.KeyCode && key.KeyCode != 0;
+      const bool stays = went && box.SelStart() == going_.from;
+      if (pane_.manner.today && stays && pane_.announcer.Count() == said) SayWhereItStays();
     }
   });
 }
@@ -171,12 +176,12 @@ CaretEcho::EditLine CaretEcho::GetEditLine(int line) const {
 
 // At the ends of the text, or of a line, a key leads nowhere: what is there is heard once
 // more, not silence.
-void CaretEcho::SayWhereItStays(const KeyEvent& key) {
+void CaretEcho::SayWhereItStays() {
   ErrorsIgnored([&] {
     int position = 0;
     int line = 0;
     const EditLine edit = PaneLine(position, line);
-    if (GoesByLines(key)) {
+    if (going_.by_lines) {
       return SayLine(pane_.manner.text_kinds ? page_.LineWords(edit.start, edit.text) : edit.text);
     }
     const std::string here = characters(edit.text, position - edit.start, 1);

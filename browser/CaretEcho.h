@@ -43,6 +43,12 @@ class CaretEcho {
     int start = 0;   ///< position of its first character in the field
     int length = 0;  ///< of the whole field
   };
+  /// A key that walks, and where the caret was when it went down.
+  struct Going {
+    int key = 0;  ///< 0: none
+    int from = 0;
+    bool by_lines = false;
+  };
   void ConnectPane();
   void ConnectField(ComboBox& field);
   void FieldKeyDown(const ComboBox& field, const KeyEvent& key);
@@ -57,7 +63,7 @@ class CaretEcho {
   void SayDeleted(int caret, int length);
   void SayPassed(const std::string& characters);
   void SayLine(const std::string& line);
-  void SayWhereItStays(const KeyEvent& key);
+  void SayWhereItStays();
   void SayWords(const std::string& words);
   void SpeakWord();
 
@@ -69,7 +75,7 @@ class CaretEcho {
   std::string strLastLine_;
   std::optional<std::string> line_words_;  // of the line that the caret is compared on
   bool pane_moved_ = false;                // the program has moved the text pane's caret
-  int before_key_ = -1;                    // the text pane's caret when the last key went down
+  Going going_;                            // by the key that is down in the text pane
   bool awaited_ = false;                   // a key is down in a field, its release will be echoed
   bool chosen_ = false;                    // it has chosen an entry, which says itself
   std::optional<Before> deleting_;         // a key is down that deletes

@@ -191,6 +191,15 @@ TEST_F(TodaysCaretEcho, WhereAKeyLeadsNowhereWhatIsThereIsHeardAgain) {
   EXPECT_THAT(p.Spoken(), ElementsAre("last", "last", "blank"));
 }
 
+TEST_F(TodaysCaretEcho, ControlMayBeReleasedBeforeTheKeyThatLeadsNowhere) {
+  FakeRichTextBox& pane = InTextPane("ab cd\nlast");
+  KeyEvent down{kKeyHome, kCtrlMask};
+  pane.KeyDown.Raise(down);
+  KeyEvent up{kKeyHome, 0};
+  pane.KeyUp.Raise(up);
+  EXPECT_THAT(p.Spoken(), ElementsAre("ab cd"));
+}
+
 TEST_F(TodaysCaretEcho, WhatSilencesOrSelectsRepeatsNothing) {
   FakeRichTextBox& pane = InTextPane("ab cd\nlast");
   pane.Press(kKeyControl);
