@@ -96,6 +96,12 @@ std::string FieldCaret::Selected(const HTMLElement& field, const Place& now) con
   return Said(field, outside(place_, now), "unselected");
 }
 
+bool FieldCaret::TypedOverSelection(const HTMLElement& field, const Place& now) const {
+  return field.value != value_ && field.caret.known &&
+         field.caret.edit == ElementCaret::Edit::Typed && place_.start < place_.end &&
+         now.start == now.end && place_.start < now.end && now.end - place_.start <= kMostSelected;
+}
+
 std::string FieldCaret::Reached(const HTMLElement& field) {
   using Step = ElementCaret::Step;
   const Place now = PlaceIn(field);
@@ -105,6 +111,9 @@ std::string FieldCaret::Reached(const HTMLElement& field) {
     const bool is_told = field.facts && language::Unmarked(field.facts->value) == field.value;
     if (!is_told) words = InIts(field, field.value);
     if (field.value.empty()) words = "blank";
+  } else if (TypedOverSelection(field, now)) {
+    // It may read like a part of what it has replaced.
+    words = InIts(field, Part(field.value, place_.start, now.end));
   } else if (field.value != value_) {
     words = Changed(field, Between(value_, field), field.caret.edit == ElementCaret::Edit::Removed);
   } else if (now.start != now.end || (place_.start != place_.end && field.caret.extends)) {

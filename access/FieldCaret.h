@@ -26,6 +26,7 @@ class FieldCaret {
   };
   static Place PlaceIn(const HTMLElement& field);
   std::string Selected(const HTMLElement& field, const Place& now) const;
+  bool TypedOverSelection(const HTMLElement& field, const Place& now) const;
 
   std::string value_;
   Place place_;

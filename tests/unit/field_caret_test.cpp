@@ -106,6 +106,17 @@ TEST_F(FieldCaretTest, WhatIsTypedIsSaid) {
   EXPECT_EQ(Becomes("y", 1, Edit::Typed), "y");
 }
 
+TEST_F(FieldCaretTest, WhatIsTypedOverASelectionIsSaidEvenWhereItReadsLikeAPartOfIt) {
+  Holds("The village", 0);
+  EXPECT_EQ(Selects(0, 11), "The village selected");
+  EXPECT_EQ(Becomes("T", 1, Edit::Typed), "T");
+  Holds("one two", 4);
+  EXPECT_EQ(Selects(4, 7), "two selected");
+  EXPECT_EQ(Becomes("one o", 5, Edit::Typed), "o");
+  EXPECT_EQ(Selects(4, 5), "o selected");
+  EXPECT_EQ(Becomes("one ", 4, Edit::Removed), "o");
+}
+
 TEST_F(FieldCaretTest, WhatIsRemovedIsSaid) {
   Holds("abc", 3);
   EXPECT_EQ(Becomes("ab", 2, Edit::Removed), "c");
