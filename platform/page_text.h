@@ -85,6 +85,7 @@ struct PageText {
   std::vector<std::string> documents;
   std::vector<PageTable> tables;  ///< those inside of others in front of these
   int selected = -1;              ///< where what is selected in the page begins; -1: nothing is
+  int target = -1;                ///< where what the page's address names begins; -1: nothing
 
   PageElement ElementOf(const PageSpan& span) const {
     return {documents[static_cast<std::size_t>(span.document)], span.number};

@@ -17,7 +17,8 @@ namespace {
 
 using Kind = PageSpan::Kind;
 
-constexpr std::size_t kMostPlaces = 200;  // kept of the history
+constexpr std::size_t kMostPlaces = 200;    // kept of the history
+constexpr std::size_t kMostAtTarget = 300;  // characters said of where an address leads
 constexpr std::string_view kBlanks = " \t\n";
 
 /// Where two texts part, in bytes: what both begin with, what both end with.
@@ -127,6 +128,8 @@ int PageInPane::Place(const PageTextPtr& text) {
     Restore(*place);
   } else if (known != places_.end()) {
     Restore(known->second);
+  } else if (pane_.manner.today && text->target >= 0 && Caret() < 0) {
+    BeginAt(text->target);
   }
   return -1;
 }
@@ -304,6 +307,13 @@ void PageInPane::KeepPlace() {
   if (!again_ || address_.empty()) return;
   if (places_.size() >= kMostPlaces) places_.erase(places_.begin());
   places_[address_] = *again_;
+}
+
+// The address leads into the page, and no key has moved the caret yet.
+void PageInPane::BeginAt(int position) {
+  SetCaret(position);
+  if (pane_.state.area != kAreaText) return;
+  pane_.announcer.SayAfterTitle(LineWordsFrom(pane_.state.page_text + position, kMostAtTarget));
 }
 
 // Whoever is in the text hears where that is.

@@ -83,6 +83,7 @@ class PageInPane {
   int Place(const PageTextPtr& text);
   int Replace(const PageText& text);
   void Restore(const Mark& mark);
+  void BeginAt(int position);
   void KeepPlace();
   std::optional<Mark> CaretMark() const;
   int PositionOf(const Mark& mark) const;

@@ -1,5 +1,6 @@
 #include "browser/Places.h"
 
+#include "tests/unit/page_text_maker.h"
 #include "tests/unit/program.h"
 
 namespace corvane::tests {
@@ -91,6 +92,52 @@ TEST(PlaceInAText, BehindItsEndIsNone) {
   EXPECT_EQ(PositionOf({"words", 9}, "abc", 0), std::nullopt);
   EXPECT_EQ(PositionOf({"", 0}, "", 0), std::nullopt);
 }
+
+// An address may lead into the page, "page.html#comments".
+struct AddressWithPlace : ::testing::TestWithParam<const char*> {
+  Program p;
+
+  void SetUp() override {
+    p.desktop.settings.Main("Manner") = GetParam();
+    p.desktop.settings.Pane("Focus") = "5";
+    p.StartTalking();
+    p.Read(MakePage("http://a/#c", "Title", "Post\nComments\nGood"));
+    p.Spoken();
+  }
+  void Describe(int target) {
+    PageTextMaker maker("Post\nComments\nGood");
+    maker.Add(PageSpan::Kind::Heading, "Comments", 2);
+    maker.Page().target = target;
+    p.Browser().TextDescribed(maker.Make());
+  }
+  std::string AtCaret() {
+    return text::mid(p.TextPane().text, static_cast<std::size_t>(p.TextPane().start) + 1, 4);
+  }
+};
+
+TEST_P(AddressWithPlace, TheTextBeginsThereAndSaysWhatIsThereBehindTheTitle) {
+  Describe(5);
+  const bool today = std::string(GetParam()) == "1";
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+  p.desktop.speech.agent->CompleteLast();
+  if (today) {
+    EXPECT_EQ(AtCaret(), "Comm");
+    EXPECT_THAT(p.Spoken(), ElementsAre("heading level 2, Comments"));
+  } else {
+    EXPECT_EQ(AtCaret(), "Titl");
+    EXPECT_THAT(p.Spoken(), IsEmpty());
+  }
+}
+
+TEST_P(AddressWithPlace, WhoHasGoneOnByThenStaysWhereHeIs) {
+  p.TextPane().Press(kKeyDown);
+  p.Spoken();
+  Describe(5);
+  EXPECT_EQ(AtCaret(), "Post");
+  EXPECT_THAT(p.Spoken(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(BothManners, AddressWithPlace, ::testing::Values("0", "1"));
 
 }  // namespace
 }  // namespace corvane::tests

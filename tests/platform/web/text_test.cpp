@@ -311,6 +311,21 @@ TEST_F(TextTest, WhatIsSelectedIsFoundInTheText) {
   EXPECT_EQ(page_->selected, -1);
 }
 
+TEST_F(TextTest, WhatTheAddressNamesIsFoundInTheText) {
+  Load(
+      "<p>One<div id=host>two</div><table><tr><th>a<tr id=row><td>three</table><a "
+      "name=end></a>four");
+  EXPECT_EQ(page_->target, -1);
+  const auto words = [&](const std::string& hash) {
+    InPage("location.hash = '" + hash + "'");
+    Read();
+    return text::left(text::mid(page_->text, static_cast<std::size_t>(page_->target) + 1), 4);
+  };
+  EXPECT_EQ(words("host"), "two\n");
+  EXPECT_EQ(words("row"), "thre");
+  EXPECT_EQ(words("end"), "four");
+}
+
 TEST_F(TextTest, EscapeInAnElementLeadsToIt) {
   Load("<h2>Head</h2><a id=a href=/>link</a><input id=b><div id=c tabindex=0><b>box</b></div>");
   PressEscapeIn("a");

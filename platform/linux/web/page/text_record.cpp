@@ -182,6 +182,7 @@ std::shared_ptr<PageText> ParsePageText(std::string_view text) {
   page->text = *words;
   page->length = static_cast<int>(text::length(page->text));
   page->selected = std::min(NumberOf(Member(json, "selected"), -1), page->length);
+  page->target = std::min(NumberOf(Member(json, "target"), -1), page->length);
   page->documents = DocumentsOf(Member(json, "documents"));
   const Places places = AddSpans(Member(json, "spans"), DetailsOf(Member(json, "details")), *page);
   AddTables(Member(json, "tables"), places, *page);

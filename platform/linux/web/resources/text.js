@@ -125,7 +125,7 @@
       const data = dataOf(node);
       if (node !== this.selected?.node) return this.text(data, style);
       this.text(data.slice(0, this.selected.offset), style);
-      this.out.select();
+      this.out.mark('selected');
       this.text(data.slice(this.selected.offset), style);
     }
     text(data, style) {
@@ -145,6 +145,7 @@
       else out.written(shown);
     }
     element(element, depth) {
+      if (element === this.target) this.out.mark('target');
       const tag = tagOf(element);
       if (UNREAD.has(tag)) return;
       const dressed = Element.prototype.hasAttributes.call(element);
@@ -416,6 +417,7 @@
     const walk = new Walk(out);
     walk.depthOfFrames = depthOfFrames;
     walk.selected = selection();
+    walk.target = depthOfFrames === 0 ? Document.prototype.querySelector.call(document, ':target') : null;
     const body = bodyOf(document);
     const root = rootOf(document);
     const language = root instanceof HTMLElement ? walk.language(root) : -1;

@@ -41,12 +41,13 @@
       this.nodes = 0;
       this.until = performance.now() + LIMIT.seconds * 1000;
       this.gaveUp = false;
-      this.selected = -1;  // where the page's selection begins
-      this.selecting = false;
+      // Where the page's selection begins, and what its address names.
+      this.marks = {selected: -1, target: -1};
+      this.marking = [];
     }
-    // The page's selection begins with the next character.
-    select() {
-      this.selecting = this.selected < 0;
+    // It begins with the next character.
+    mark(name) {
+      if (this.marks[name] < 0) this.marking.push(name);
     }
     // Whether there is more to do; asked once a node.
     goesOn() {
@@ -175,8 +176,7 @@
       this.settle();
       if (this.gap !== '') this.add(this.gap);
       this.gap = '';
-      if (this.selecting) this.selected = this.length;
-      this.selecting = false;
+      for (const name of this.marking.splice(0)) this.marks[name] = this.length;
       for (const at of this.waiting) this.spans[at + 1] = this.length;
       this.waiting.length = 0;
       // A text view lays out one very long line for many seconds.
@@ -224,7 +224,7 @@
         cells.map((number, i) => (i % CELL === 0 ? indexes[number / FIELDS] : number)), headers]);
       return {
         text: this.parts.join(''), documents: this.documents, spans: list, details: this.details, tables,
-        selected: this.selected,
+        ...this.marks,
       };
     }
   }
