@@ -1,5 +1,7 @@
 #include "browser/LinksList.h"
 
+#include <algorithm>
+
 #include "access/AALinkElement.h"
 #include "base/language.h"
 #include "web/library/LinkFile.h"
@@ -23,7 +25,11 @@ LinksList::LinksList(PaneContext& pane, AAFormCollection& announcers)
 std::string LinksList::Words() const {
   const ComboBox& list = *pane_.controls.cmbListLinks;
   const std::string words = list.Text();
-  if (list.ListIndex() > 0) return language::Marked(words, language_);
+  const auto index = static_cast<std::size_t>(std::max(list.ListIndex(), 0));
+  if (index > 0) {
+    const bool has_own = index <= links_.size() && !links_[index - 1]->language.empty();
+    return language::Marked(words, has_own ? links_[index - 1]->language : language_);
+  }
   const std::string name = words.ends_with(name_) ? name_ : "";
   return words.substr(0, words.size() - name.size()) + language::Marked(name, language_);
 }

@@ -96,9 +96,9 @@ bool LiveWords::WasJustSaid(const std::string& sentence) {
 
 PageWords LiveWords::InItsLanguage(PageWords words) const {
   const HTMLDocumentPtr document = pane_.controls.brwWebBrowser->Document();
-  if (!document) return words;
-  words.words = language::Marked(words.words, document->language);
-  words.name = language::Marked(words.name, document->language);
+  if (words.language.empty() && document) words.language = document->language;
+  words.words = language::Marked(words.words, words.language);
+  words.name = language::Marked(words.name, words.language);
   return words;
 }
 

@@ -52,6 +52,7 @@ class HTMLElement {
   /// What its author calls a field (of a link or button without text: what stands for
   /// its text, such as a picture's words).
   std::string label;
+  std::string language;  ///< of a link, where it is not that of the page: "de-at"
   std::string value;
   bool status = false;  ///< a check box or radio button is checked
   int selectedIndex = -1;

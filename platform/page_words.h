@@ -17,7 +17,8 @@ struct PageWords {
   /// A part of the page has opened: `words` are the program's own. In a live region only
   /// those need them to whom the region itself says nothing.
   enum class Opened { Nothing, Part, PartOfRegion } opened = Opened::Nothing;
-  int more = 0;  ///< messages that were left out; nothing else is then set
+  std::string language;  ///< of the part of the page that says them, "de-at"; empty: the page's
+  int more = 0;          ///< messages that were left out; nothing else is then set
 };
 
 }  // namespace corvane

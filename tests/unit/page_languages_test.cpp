@@ -107,6 +107,16 @@ TEST_F(PageLanguages, LinksInTheListAreThePagesAndTheirCountIsOurs) {
   EXPECT_THAT(p.Spoken(), Contains("\\Lng=de\\Mehr"));
 }
 
+TEST_F(PageLanguages, ALinkInTheListMayHaveALanguageOfItsOwn) {
+  const auto page = Page();
+  page->links.at(0)->language = "fr";
+  p.Read(page);
+  p.Spoken();
+  p.Links().SetListIndex(1);
+  p.Links().Click.Raise();
+  EXPECT_THAT(p.Spoken(), Contains("\\Lng=fr\\Mehr"));
+}
+
 TEST_F(PageLanguages, WhatIsReachedIsThePagesAndItsKindOurs) {
   Read();
   p.Spoken();
@@ -162,6 +172,10 @@ TEST_F(PageLanguages, LiveWordsAreThePages) {
   words.urgent = true;
   p.Browser().PageSays.Raise(words);
   EXPECT_THAT(p.Spoken(), Contains("\\Lng=de\\Gespeichert"));
+  words.words = "Saved";
+  words.language = "en-us";
+  p.Browser().PageSays.Raise(words);
+  EXPECT_THAT(p.Spoken(), Contains("\\Lng=en-us\\Saved"));
 }
 
 TEST_F(PageLanguages, WhatIsCopiedHasNoMarks) {

@@ -71,6 +71,22 @@ TEST_F(LiveTest, OnlyWhatIsAddedIsTold) {
       ElementsAre("two cats"));
 }
 
+TEST_F(LiveTest, WhatIsSaidHasTheLanguageOfWhereItStands) {
+  Load(
+      "<div lang=de><ul id=log role=log></ul><p id=s role=status></p></div><p id=o "
+      "role=status></p>");
+  const auto languages = [&](const std::string& script) {
+    After(script);
+    std::vector<std::string> all;
+    for (const auto& each : view_.page_words) all.push_back(each.words + " " + each.language);
+    all.pop_back();
+    return all;
+  };
+  EXPECT_THAT(languages("s.textContent = 'da'; o.textContent = 'there'"),
+              ElementsAre("da de", "there "));
+  EXPECT_THAT(languages("log.innerHTML = '<li lang=FR-ca>ici'"), ElementsAre("ici fr-ca"));
+}
+
 TEST_F(LiveTest, AnAtomicPartIsToldWhole) {
   Load(
       "<div aria-live=polite aria-atomic=true>Basket: <b id=n>1</b> of 5</div>"
@@ -168,6 +184,8 @@ TEST(PageWordsText, OnlyTheRightFormIsTaken) {
   EXPECT_EQ(ParsePageWords(R"({"words": "a", "urgent": true})")->words, "a");
   EXPECT_TRUE(ParsePageWords(R"({"words": "a", "urgent": true})")->urgent);
   EXPECT_EQ(ParsePageWords(R"({"more": 7})")->more, 7);
+  EXPECT_EQ(ParsePageWords(R"({"words": "a", "language": "de_AT"})")->language, "de-at");
+  EXPECT_EQ(ParsePageWords(R"({"words": "a", "language": "no language"})")->language, "");
   EXPECT_EQ(ParsePageWords(R"({"dialog": "dialog", "name": "n", "text": "t"})")->name, "n");
   for (const char* wrong : {"", "[]", "{}", "{\"words\": 7}", "{\"words\": \"\"}", "{\"more\": -1}",
                             "{\"more\": \"x\"}", "{\"dialog\": \"window\"}", "not json"}) {

@@ -305,6 +305,15 @@ TEST_F(RecordTest, DeeplyNestedElements) {
   EXPECT_EQ(Load(page + "deep").body_innerText, "deep");
 }
 
+TEST_F(RecordTest, ALinkHasTheLanguageOfThePartThatItLiesIn) {
+  const auto& document = Load(
+      "<html lang=en><title>A</title><a href=/a>One</a><ul lang=de><li><a href=/b>Zwei</a>"
+      "<li><a href=/c lang=fr-CA>Trois</a></ul>");
+  std::vector<std::string> languages;
+  for (const auto& link : document.links) languages.push_back(link->language);
+  EXPECT_THAT(languages, ElementsAre("", "de", "fr-ca"));
+}
+
 TEST_F(RecordTest, ThePagesLanguageIsWhatItsAuthorSays) {
   const auto language_of = [this](const std::string& page) {
     server_.Page("/", page);

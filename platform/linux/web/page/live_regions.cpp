@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "base/language.h"
 #include "base/text.h"
 
 namespace corvane::desktop {
@@ -35,6 +36,7 @@ std::optional<PageWords> ParsePageWords(std::string_view text) {
     words.more = number > kMostLeftOut ? kMostLeftOut : static_cast<int>(number);
     return words;
   }
+  words.language = language::Tag(TextIn(json, "language"));
   words.dialog = TextIn(json, "dialog");
   words.name = TextIn(json, "name");
   words.words = TextIn(json, words.dialog.empty() ? "words" : "text");

@@ -126,6 +126,14 @@ std::vector<HTMLElementPtr> LinksOf(const Json& json, Elements& elements) {
   return links;
 }
 
+void GiveLanguages(const Json& json, const std::vector<HTMLElementPtr>& links) {
+  if (!json.is_array()) return;
+  for (std::size_t i = 0; i + 2 <= json.size(); i += 2) {
+    const auto place = static_cast<std::size_t>(std::max(NumberOf(json[i], 0), 0));
+    if (place < links.size()) links[place]->language = language::Tag(TextOf(json[i + 1]));
+  }
+}
+
 HTMLElementPtr FieldOf(const Json& json, Elements& elements) {
   auto field = elements.Get(At(json, 0));
   field->type_name = TextOf(At(json, 1));
@@ -187,6 +195,7 @@ std::optional<PageRecord> RecordOf(const Json& json) {
   document->body_innerText = BreakLongLines(TextOf(body));
   Elements elements(record.elements);
   document->links = LinksOf(Member(json, "links"), elements);
+  GiveLanguages(Member(json, "languages"), document->links);
   document->anchors = LinksOf(Member(json, "anchors"), elements);
   document->forms = FormsOf(Member(json, "forms"), elements);
   record.frames = FramesOf(Member(json, "frames"));

@@ -377,5 +377,5 @@
   // The part of it that is quick to find, for many elements at once.
   const briefFactsOf = (element, role, name) => known(ownFacts(element, role, name));
 
-  Object.defineProperty(globalThis, 'corvaneFacts', {value: Object.freeze({factsOf, briefFactsOf, timesOf})});
+  Object.defineProperty(globalThis, 'corvaneFacts', {value: Object.freeze({factsOf, briefFactsOf, timesOf, languageOf})});
 })();

@@ -55,8 +55,9 @@
       if (more > 0) post({more});
     }, 1000);
   };
-  const say = (words, level) => {
-    if (words !== '') post({words, urgent: level === 'assertive'});
+  const languageAt = (element) => globalThis.corvaneFacts?.languageOf(element) ?? '';
+  const say = (words, level, element) => {
+    if (words !== '') post({words, urgent: level === 'assertive', language: languageAt(element)});
   };
 
   // --- regions -----------------------------------------------------------------------
@@ -103,9 +104,10 @@
     known.set(region, '');
     return true;
   };
-  const tell = (region, words) => {
+  // The words stand at the element, or all over the region.
+  const tell = (region, words, element = region) => {
     known.set(region, wordsOf(region));
-    if (ownLevel(region) !== 'off') say(words, ownLevel(region));
+    if (ownLevel(region) !== 'off') say(words, ownLevel(region), element);
   };
   const progressed = (bar) => {
     if (!isShown(bar)) return;
@@ -119,7 +121,7 @@
     if (before === undefined || before === tenth) return;
     const value = short(attribute(bar, 'aria-valuetext')) || `${Math.round(now * 100)} percent`;
     const name = nameOf(bar);
-    say(name ? `${name}, ${value}` : value, 'polite');
+    say(name ? `${name}, ${value}` : value, 'polite', bar);
   };
 
   // --- dialogs -----------------------------------------------------------------------
@@ -138,7 +140,8 @@
     if (first) return HTMLElement.prototype.focus.call(first);
     Selection.prototype.collapse.call(document.getSelection(), dialog, 0);
     const name = nameOf(dialog);
-    post({dialog: roleOf(dialog), name, text: short(wordsOf(dialog).slice(0, DIALOG_WORDS))});
+    post({dialog: roleOf(dialog), name, text: short(wordsOf(dialog).slice(0, DIALOG_WORDS)),
+      language: languageAt(dialog)});
   };
   const enter = (depth = 0) => {
     for (const dialog of unentered.splice(0).reverse()) {
@@ -163,7 +166,7 @@
       const name = nameOf(dialog);
       const text = descriptionOf(dialog, name) || wordsOf(dialog);
       post({dialog: roleOf(dialog), name, text: short(text.slice(0, DIALOG_WORDS)),
-        urgent: roleOf(dialog) === 'alertdialog'});
+        urgent: roleOf(dialog) === 'alertdialog', language: languageAt(dialog)});
     }, FOCUS_TIME);
   };
 
@@ -229,6 +232,13 @@
   // The name that a part says before its words; its words are no name of it.
   const titleOf = (part) => (has(part, 'aria-label') || has(part, 'aria-labelledby') ? nameOf(part) : '');
 
+  // The element that a change brings, or that it happens in.
+  const placeOf = (change) => {
+    const [node] = change.addedNodes;
+    if (change.addedNodes.length === 1 && isElement(node)) return node;
+    return isElement(change.target) ? change.target : parentOf(change.target);
+  };
+
   // A part of a region that was there and is shown only now.
   const revealed = (part, told) => {
     const region = regionOf(part);
@@ -237,7 +247,7 @@
     const title = titleOf(part);
     // In the words of the region a part with a title is that alone.
     if (words === '' || known.get(region).includes(title || words)) return;
-    const before = told.get(region) ?? {words: [], whole: null};
+    const before = told.get(region) ?? {words: [], whole: null, at: part};
     const text = short([title, words].filter((each) => each).join(' '));
     before.whole ??= atomicAround(part, region);
     if (!before.words.includes(text)) before.words.push(text);
@@ -286,15 +296,15 @@
       }
       if (!isShown(region)) continue;
       const atomic = atomicAround(target, region);
-      const before = told.get(region) ?? {words: [], whole: null};
+      const before = told.get(region) ?? {words: [], whole: null, at: placeOf(change)};
       if (atomic) before.whole = atomic;
       else before.words.push(newWords(change, region));
       told.set(region, before);
     }
-    for (const [region, {words, whole}] of told) {
+    for (const [region, {words, whole, at}] of told) {
       shownAnew.delete(region);
       const parts = whole ? [titleOf(whole), wordsOf(whole)] : words;
-      tell(region, short(parts.filter((each) => each).join(' ')));
+      tell(region, short(parts.filter((each) => each).join(' ')), whole ?? at ?? region);
     }
     for (const element of shownAnew) if (element.isConnected) appeared(element);
     // Where it follows what the user has done, what that has done is told first.

@@ -246,6 +246,20 @@
     return list;
   };
 
+  // [place, language] of each link that lies in a part of the page with a language of its
+  // own, in one flat list.
+  const languagesOf = (links, limit) => {
+    const list = [];
+    if (Document.prototype.querySelector.call(document, 'body [lang]') === null) return list;
+    const root = rootOf(document);
+    const count = Math.min(links.length, limit);
+    for (let i = 0; i < count; i++) {
+      const part = Element.prototype.closest.call(links[i], '[lang]');
+      if (part && part !== root) list.push(i, clean(attribute(part, 'lang'), LIMIT.language));
+    }
+    return list;
+  };
+
   // What counts as a form's element. Kinds that came later than the others, such
   // as outputs and elements that the page defines itself, are ordinary content.
   const isListed = (element) => isField(element) || element instanceof HTMLFieldSetElement ||
@@ -345,6 +359,7 @@
     const url = addressOf(document);
     const title = collapsed(titleOf(document));
     const ancestors = location.ancestorOrigins;
+    const links = all('a[href], area[href]');
     return {
       id: documentId,
       place: placeOf(),
@@ -356,7 +371,8 @@
       language: languageOf(),
       url: address(url),
       body: bodyText(),
-      links: describeLinks(all('a[href], area[href]'), LIMIT.links, remember),
+      links: describeLinks(links, LIMIT.links, remember),
+      languages: languagesOf(links, LIMIT.links),
       anchors: describeLinks(all('a[name]'), LIMIT.anchors, remember),
       forms: describeForms(remember),
       frames: describeFrames(),
