@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cstdlib>
 #include <utility>
 
@@ -20,10 +21,15 @@ struct SpeechOutput::Request {
   Begun begun;
   Ended ended;
   std::atomic<bool> cut = false;
-  bool has_begun = false;  ///< only the worker looks at it
+  // Only the worker looks at these.
+  bool has_begun = false;
+  bool by_server = false;  ///< a speech server speaks it
 };
 
 namespace {
+
+/// How often a server that starts is asked whether it can speak.
+constexpr std::chrono::milliseconds kAskServerAgain{100};
 
 std::string Environment(const char* name) {
   const char* value = std::getenv(name);
@@ -102,6 +108,7 @@ void SpeechOutput::Stop(const std::vector<int>& kept) {
   if (current_ && !current_->cut && !stays(current_)) {
     current_->cut = true;
     audio_->Stop();
+    if (server_) server_->Wake();
     FinishLocked(*current_, SpeechEnd::kCut);
   }
   std::erase_if(waiting_, [&](const auto& request) {
@@ -122,29 +129,74 @@ void SpeechOutput::FinishLocked(Request& request, SpeechEnd end) {
   }
 }
 
-void SpeechOutput::Run() {
-  std::unique_ptr<Synthesizer> synthesizer;
-  try {
-    synthesizer = make_synthesizer_();
-  } catch (const RunTimeError& error) {
-    synthesizer = std::make_unique<SilentSynthesizer>();
-    loop_.Post([this, text = error.Description()] { Notified.Raise(text); });
+void SpeechOutput::SpeakThrough(std::unique_ptr<SpeechServer> server) {
+  {
+    const std::lock_guard lock(mutex_);
+    next_server_ = std::move(server);
+    other_server_ = true;
   }
-  std::unique_lock lock(mutex_);
+  wake_.notify_one();
+}
+
+std::unique_ptr<Synthesizer> SpeechOutput::MakeSynthesizer() {
+  try {
+    return make_synthesizer_();
+  } catch (const RunTimeError& error) {
+    loop_.Post([this, text = error.Description()] { Notified.Raise(text); });
+    return std::make_unique<SilentSynthesizer>();
+  }
+}
+
+void SpeechOutput::Run() {
+  const std::unique_ptr<Synthesizer> synthesizer = MakeSynthesizer();
   for (;;) {
-    wake_.wait(lock, [this] { return closing_ || !waiting_.empty(); });
+    std::unique_lock lock(mutex_);
+    const auto woken = [this] { return closing_ || other_server_ || !waiting_.empty(); };
+    if (server_state_ == SpeechServer::State::kStarting) {
+      wake_.wait_for(lock, kAskServerAgain, woken);
+    } else {
+      wake_.wait(lock, woken);
+    }
     if (closing_) return;
+    if (other_server_) TakeServer();
+    lock.unlock();
+    const bool by_server = PrepareServer();
+    lock.lock();
+    if (waiting_.empty() || closing_) continue;
     current_ = std::move(waiting_.front());
     waiting_.pop_front();
     audio_->Begin();  // under the lock: a Stop comes before or after it, never between
     const std::shared_ptr<Request> request = current_;
+    request->by_server = by_server;
     lock.unlock();
-    const bool spoken = Render(*synthesizer, *request) && audio_->Drain();
+    const bool spoken = Render(*synthesizer, *request) && (request->by_server || audio_->Drain());
     lock.lock();
     // Not spoken and not cut happens only while an output gives up: over, all the same.
     if (!request->cut) FinishLocked(*request, spoken ? SpeechEnd::kSpoken : SpeechEnd::kCut);
     current_ = nullptr;
   }
+}
+
+// The lock is held.
+void SpeechOutput::TakeServer() {
+  other_server_ = false;
+  server_ = next_server_;
+  server_state_ = server_ ? SpeechServer::State::kStarting : SpeechServer::State::kLost;
+}
+
+bool SpeechOutput::PrepareServer() {
+  if (server_state_ == SpeechServer::State::kStarting) ServerBecomes(server_->Prepare());
+  return server_state_ == SpeechServer::State::kReady;
+}
+
+void SpeechOutput::ServerBecomes(SpeechServer::State state) {
+  if (state == server_state_) return;
+  server_state_ = state;
+  loop_.Post([this, server = std::weak_ptr(server_), state] {
+    // What is told of one that has been given up concerns nobody any more.
+    const std::shared_ptr<SpeechServer> told = server.lock();
+    if (told && told == next_server_) ServerIs.Raise(state);
+  });
 }
 
 bool SpeechOutput::Render(Synthesizer& synthesizer, Request& request) {
@@ -154,14 +206,18 @@ bool SpeechOutput::Render(Synthesizer& synthesizer, Request& request) {
     return whole;
   };
   const Utterance& asked = request.utterance;
-  VoiceStyle style = StyleOf(asked);
   if (asked.sound != 0) {
+    request.by_server = false;
     PlaySound(asked.sound, asked.manner.volume, sink);
     return whole && !request.cut;
   }
-  if (asked.runs.empty()) synthesizer.Synthesize(asked.text, style, sink);
-  for (const SpokenRun& run : asked.runs) {
-    if (!whole) break;
+  std::vector<SpokenRun> runs = asked.runs;
+  if (runs.empty()) runs.push_back({asked.text});
+  for (SpokenRun& run : runs) {
+    if (!whole || request.cut) return false;
+    if (request.by_server && RenderThroughServer(request, run)) continue;
+    if (request.by_server) return false;
+    VoiceStyle style = StyleOf(asked);
     style.language = run.language;
     style.chosen = run.voice;
     synthesizer.Synthesize(run.text, style, sink);
@@ -169,19 +225,43 @@ bool SpeechOutput::Render(Synthesizer& synthesizer, Request& request) {
   return whole && !request.cut;
 }
 
+// False when it is not said to its end; the run is then what is left for the synthesizer,
+// if it is the synthesizer's now.
+bool SpeechOutput::RenderThroughServer(Request& request, SpokenRun& run) {
+  VoiceStyle style = StyleOf(request.utterance);
+  style.language = run.language;
+  style.chosen = run.voice;
+  SpeechServer::Result result = server_->Speak(
+      run.text, style, [&] { TellBegun(request); }, [&] { return request.cut.load(); });
+  if (result.outcome != SpeechServer::Outcome::kLost) {
+    return result.outcome == SpeechServer::Outcome::kSpoken;
+  }
+  ServerBecomes(SpeechServer::State::kLost);
+  request.by_server = false;
+  run.text = std::move(result.rest);
+  const std::lock_guard lock(mutex_);
+  if (!request.cut) transcript_->Rest(request.id, run.text);
+  return false;
+}
+
 bool SpeechOutput::Hand(std::span<const std::int16_t> samples, Request& request) {
   while (!samples.empty()) {
     const std::size_t taken = request.cut ? 0 : audio_->Write(samples);
     if (taken == 0) return false;
     samples = samples.subspan(taken);
-    if (request.has_begun) continue;
-    request.has_begun = true;
-    const std::lock_guard lock(mutex_);
+    TellBegun(request);
     if (request.cut) return false;
-    transcript_->Begin(request.id);
-    if (request.begun) loop_.Post(std::move(request.begun));
   }
   return true;
+}
+
+void SpeechOutput::TellBegun(Request& request) {
+  if (request.has_begun) return;
+  request.has_begun = true;
+  const std::lock_guard lock(mutex_);
+  if (request.cut) return;
+  transcript_->Begin(request.id, request.by_server);
+  if (request.begun) loop_.Post(std::move(request.begun));
 }
 
 std::unique_ptr<SpeechOutput> MakeSpeechOutput() {

@@ -12,6 +12,7 @@
 #include "base/event.h"
 #include "platform/linux/speech/audio_output.h"
 #include "platform/linux/speech/loop_queue.h"
+#include "platform/linux/speech/speech_server.h"
 #include "platform/linux/speech/synthesizer.h"
 #include "platform/linux/speech/transcript.h"
 #include "platform/linux/speech/utterance.h"
@@ -51,6 +52,13 @@ class SpeechOutput {
   /// silence at once, or the first of these.
   void Stop(const std::vector<int>& kept = {});
 
+  /// From now on a speech server speaks, with its own sound; without one the synthesizer
+  /// does, as it does while the server starts, and when it is lost: then it goes on with
+  /// the words that have not been said. Returns at once.
+  void SpeakThrough(std::unique_ptr<SpeechServer> server);
+
+  /// How the present speech server is, when that changes. Raised from the main loop.
+  Event<SpeechServer::State> ServerIs;
   /// Something the user should be told once, in a sentence (no sound server, no
   /// synthesizer): for the log and the status bar.
   Event<const std::string&> Notified;
@@ -59,7 +67,13 @@ class SpeechOutput {
   struct Request;
 
   void Run();
+  std::unique_ptr<Synthesizer> MakeSynthesizer();
+  void TakeServer();
+  bool PrepareServer();
+  void ServerBecomes(SpeechServer::State state);
   bool Render(Synthesizer& synthesizer, Request& request);
+  bool RenderThroughServer(Request& request, SpokenRun& run);
+  void TellBegun(Request& request);
   bool Hand(std::span<const std::int16_t> samples, Request& request);
   void FinishLocked(Request& request, SpeechEnd end);
 
@@ -68,6 +82,12 @@ class SpeechOutput {
   bool closing_ = false;
   std::deque<std::shared_ptr<Request>> waiting_;
   std::shared_ptr<Request> current_;
+  std::shared_ptr<SpeechServer> next_server_;  // who is to speak; null: the synthesizer
+  bool other_server_ = false;                  // the worker does not know of it yet
+
+  // The worker's, but for Wake.
+  std::shared_ptr<SpeechServer> server_;
+  SpeechServer::State server_state_ = SpeechServer::State::kLost;
 
   int last_request_ = 0;
   SynthesizerMaker make_synthesizer_;

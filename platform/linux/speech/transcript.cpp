@@ -91,7 +91,12 @@ void Transcript::Speak(int id, const Utterance& utterance, const std::string& ow
                 Manner(utterance));
 }
 
-void Transcript::Begin(int id) { WriteLine("begin", id, ""); }
+void Transcript::Begin(int id, bool by_server) {
+  WriteLine("begin", id, by_server ? Member("by", Quoted("server")) : "");
+}
+void Transcript::Rest(int id, const std::string& text) {
+  WriteLine("rest", id, Member("text", Quoted(text)));
+}
 void Transcript::End(int id) { WriteLine("end", id, ""); }
 void Transcript::Cut(int id) { WriteLine("cut", id, ""); }
 

@@ -25,9 +25,12 @@ class Transcript {
   /// The request was accepted; pitch and speed as they were asked for. What says no
   /// language is in the voice's `own`.
   void Speak(int id, const Utterance& utterance, const std::string& own = "");
-  void Begin(int id);  ///< its first samples were handed to the device
-  void End(int id);    ///< spoken to its end
-  void Cut(int id);    ///< stopped before its end
+  /// Its first samples were handed to the device, or a speech server has begun with it.
+  void Begin(int id, bool by_server = false);
+  /// The speech server was lost and has not said this; it is said now.
+  void Rest(int id, const std::string& text);
+  void End(int id);  ///< spoken to its end
+  void Cut(int id);  ///< stopped before its end
 
  private:
   void WriteLine(const char* event, int id, const std::string& rest);
