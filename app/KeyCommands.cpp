@@ -78,6 +78,8 @@ constexpr std::array kCommands = {
                [](Target t) { t.pane.ShowDownloads(); }},
     KeyCommand{'L', kCtrlMask, "Ctrl+L", "goes to the address box",
                [](Target t) { t.pane.cmdAction(ctlWebBrowser::kFocusAddress); }},
+    KeyCommand{'M', kCtrlMask, "Ctrl+M", "mutes the page, and lets it sound again",
+               Do<Page::Mute>},
     KeyCommand{'N', kCtrlMask, "Ctrl+N", "opens a new window",
                [](Target t) { t.commands.mnuFileItem_Click(kFileNewWindow); }},
     KeyCommand{'O', kCtrlMask, "Ctrl+O", "opens a file",

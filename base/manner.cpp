@@ -62,6 +62,9 @@ constexpr std::array kChoices = {
     Choice<&Manner::own_voice>(kWindow, "OwnVoice",
                                "Questions and warnings of the program have a voice of their own",
                                kSwitch, 0, 1),
+    Choice<&Manner::hold_sound>(kWindow, "HoldSound",
+                                "Pages begin no sound by themselves, and are low behind speech",
+                                kSwitch, 0, 1),
     Choice<&Manner::hide_passwords>(kPane, "Passwords", "Passwords are", kPasswords, 0, 0),
     Choice<&Manner::whole_screen>(
         kWindow, "WholeScreen", "Windows fill the screen while no place is stored", kSwitch, 0, 1),

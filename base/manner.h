@@ -49,6 +49,9 @@ struct Manner {
   /// What the program asks and warns of is spoken by a variant of the voice that no
   /// page's words have. False: by the same voice.
   bool own_voice = false;
+  /// Pages make no sound before the user has done something there, and are low while
+  /// something is said. False: they sound as they like.
+  bool hold_sound = false;
   /// Passwords are heard as "star" for each character and are written nowhere.
   /// False: they are spoken.
   bool hide_passwords = false;

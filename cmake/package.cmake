@@ -77,6 +77,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
     "espeak-ng-data, at-spi2-core, default-dbus-session-bus | dbus-session-bus, glib-networking, adwaita-icon-theme")
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "pipewire-pulse | pulseaudio, fonts-dejavu-core, poppler-data")
+# Who wants another synthesizer has it speak through Speech Dispatcher.
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS speech-dispatcher)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_EXTRA ${package_data}/conffiles)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/package)

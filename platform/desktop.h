@@ -25,6 +25,7 @@
 #include "platform/text_box.h"
 #include "platform/timer.h"
 #include "platform/tree_view.h"
+#include "platform/voice.h"
 #include "platform/web_browser.h"
 #include "platform/windows.h"
 
@@ -37,8 +38,8 @@ class Image;
 class ImageList;
 class Line;
 class ListView;
+class PageSound;
 class Shell;
-class Voice;
 
 /// Indexes of the desktop's own colours, as its colour query numbers them.
 enum SystemColor : int { kColorButtonFace = 15, kColorButtonText = 18 };
@@ -77,7 +78,14 @@ class Desktop {
   virtual std::unique_ptr<Agent> CreateAgent() = 0;
   /// The voice that speaks without any character.
   virtual Voice& GetVoice() = 0;
-  /// The voices that there are. Reads files when it is asked first.
+  /// Has another one make the sound, from now on; one that has been lost is tried again
+  /// when another one has been asked for meanwhile. Returns at once; until it is there, and
+  /// when it is lost, the built in one speaks.
+  virtual void SpeakThrough(SpeechMaker maker) = 0;
+  /// Who makes the sound at present.
+  virtual SpeechMaker SpeaksThrough() const = 0;
+  /// The voices that there are of who makes the sound, as far as they are known. Reads
+  /// files when it is asked first.
   virtual const InstalledVoices& Voices() = 0;
   /// Who speaks for the desktop's own dialogs, from now on; nobody when empty.
   virtual void SpeakDialogsThrough(std::function<void(const DialogWords&)> speak) = 0;
@@ -97,6 +105,7 @@ class Desktop {
   virtual Shell& GetShell() = 0;
   virtual Automation& GetAutomation() = 0;
   virtual Accessibility& GetAccessibility() = 0;
+  virtual PageSound& GetPageSound() = 0;
 
   /// The program's own choices, for the dialog of options; each page of them once.
   /// Before it is shown.
@@ -129,6 +138,11 @@ class Desktop {
   /// Something about the desktop that the user should see once, in a sentence:
   /// that there is no sound device, say. Raised from the event loop.
   Event<const std::string&> Notice;
+  /// Whether anything is being said, when that changes. Raised from the event loop.
+  Event<bool> Speaking;
+  /// Who was to make the sound cannot, and the built in one has taken over. Raised from the
+  /// event loop.
+  Event<SpeechMaker> SpeechMakerLost;
   /// The user's session ends: every window must close now, without a question.
   Event<> Ending;
 };

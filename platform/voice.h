@@ -10,6 +10,12 @@ struct AgentRequest {
   int id = 0;  ///< unique in the process; 0 is no request
 };
 
+/// Who makes the sound of what is said.
+enum class SpeechMaker {
+  BuiltIn,
+  SpeechDispatcher,  ///< the desktop's speech server, with whatever synthesizers it has
+};
+
 /// A voice that is there.
 struct InstalledVoice {
   std::string name;      ///< what asks for it

@@ -34,10 +34,11 @@ class WebBrowser : public Control {
   enum Command : int { OLECMDID_SAVEAS = 4, OLECMDID_PRINT = 6 };
   enum CommandOption : int { OLECMDEXECOPT_PROMPTUSER = 1, OLECMDEXECOPT_DONTPROMPTUSER = 2 };
 
-  /// What a user does with the page shown. The result is announced.
+  /// What a user does with the page shown. The result is announced. Mute takes all sound
+  /// from the pages of this control, and gives it back.
   /// ReadAgain makes a new Document of the page as it is now and tells of it as of
   /// a navigation, but loads nothing.
-  enum class PageCommand { Find, FindNext, FindPrevious, ZoomIn, ZoomOut, ZoomReset, ReadAgain };
+  enum class PageCommand { Find, FindNext, FindPrevious, ZoomIn, ZoomOut, ZoomReset, ReadAgain, Mute };
 
   /// Goes to what a person typed: an address with or without scheme, a host with
   /// or without port, a file's path. Nothing usable leads to an error page.

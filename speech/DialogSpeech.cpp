@@ -3,16 +3,9 @@
 #include <string>
 
 #include "base/handling.h"
-#include "base/number.h"
-#include "speech/StoredChoice.h"
+#include "speech/StoredStyle.h"
 
 namespace corvane {
-namespace {
-
-constexpr int kMiddle = 2;  // of the five steps of the rate and pitch menus
-constexpr int kLast = 4;
-
-}  // namespace
 
 bool ChangesSpeed(const PressedKey& key) {
   return key.shift == (kCtrlMask | kAltMask) &&
@@ -36,7 +29,7 @@ DialogSpeech::~DialogSpeech() { desktop_.SpeakDialogsThrough(nullptr); }
 void DialogSpeech::Say(const DialogWords& words) {
   ErrorsIgnored([&] {
     if (!windows_.Speaks(words.window)) return;
-    SpeechStyle style = StoredStyle();
+    SpeechStyle style = StoredStyle(desktop_);
     if (!words.from_page) style.whose = Whose::Program;
     order_.Say(words.text, style, Urgency::Dialog);
   });
@@ -59,20 +52,7 @@ void DialogSpeech::ChangeSpeed(const PressedKey& key) {
   const WindowHandle active = desktop_.GetWindows().Active();
   if (!windows_.Speaks(active) || windows_.UsersAnswersKey(key.code)) return;
   const int speed = settings_.ChangeSpeed(key.code == kKeyPageUp);
-  order_.Say("Speed " + std::to_string(speed), StoredStyle(), Urgency::Ordinary, Remembered::No);
-}
-
-// There may be no character that knows how the user wants it to sound.
-SpeechStyle DialogSpeech::StoredStyle() const {
-  const auto step = [this](const char* key) {
-    int chosen = kMiddle;
-    ErrorsIgnored([&] {
-      chosen =
-          number::to_integer(StoredChoice(desktop_.GetSettings(), key, std::to_string(kMiddle)));
-    });
-    return chosen >= 0 && chosen <= kLast ? chosen : kMiddle;
-  };
-  return {PitchOf(step("Pitch")), SpeedOf(step("Rate"))};
+  order_.Say("Speed " + std::to_string(speed), StoredStyle(desktop_), Urgency::Ordinary, Remembered::No);
 }
 
 }  // namespace corvane

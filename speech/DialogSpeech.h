@@ -29,7 +29,6 @@ class DialogSpeech {
   void Say(const DialogWords& words);
   void KeyDown(const PressedKey& key);
   void ChangeSpeed(const PressedKey& key);
-  SpeechStyle StoredStyle() const;
 
   Desktop& desktop_;
   SpeechOrder& order_;

@@ -2,7 +2,9 @@
 
 #include "base/manner.h"
 #include "platform/desktop.h"
+#include "speech/ChosenMaker.h"
 #include "speech/DialogSpeech.h"
+#include "speech/PageHush.h"
 #include "speech/SpeechOptions.h"
 #include "speech/SpeechOrder.h"
 #include "speech/SpeechSettings.h"
@@ -21,7 +23,9 @@ struct ProcessSpeech {
         options(desktop, settings),
         order(desktop, how, settings.Current()),
         windows(desktop, std::move(all)),
-        dialogs(desktop, order, settings, windows) {}
+        dialogs(desktop, order, settings, windows),
+        maker(desktop, order, settings, windows),
+        hush(desktop, how, settings.Current()) {}
 
   const Manner& manner;
   SpeechSettings settings;
@@ -29,6 +33,8 @@ struct ProcessSpeech {
   SpeechOrder order;
   SpeechWindows windows;
   DialogSpeech dialogs;
+  ChosenMaker maker;
+  PageHush hush;
 };
 
 }  // namespace corvane

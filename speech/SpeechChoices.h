@@ -4,6 +4,8 @@
 #include <map>
 #include <string>
 
+#include "platform/voice.h"
+
 namespace corvane {
 
 /// Which marks of a text are named. A mark that is said alone is named always.
@@ -20,6 +22,12 @@ struct LanguageVoice {
   LanguageHeard heard = LanguageHeard::AsThePageSays;
   std::string voice = {};    ///< as InstalledVoice has it; empty: the usual one
   std::string variant = {};  ///< empty: the usual one
+  std::string server_voice = {};  ///< the speech server's, in the same way
+
+  /// The one of who makes the sound.
+  std::string& VoiceOf(SpeechMaker maker) {
+    return maker == SpeechMaker::BuiltIn ? voice : server_voice;
+  }
 
   bool operator==(const LanguageVoice&) const = default;
 };
@@ -38,6 +46,8 @@ struct SpeechChoices {
   Punctuation punctuation = Punctuation::Some;
   Capitals capitals = Capitals::Not;
   bool digits = false;  ///< one by one
+  int page_level = 20;  ///< percent: how loud pages are while something is said, 0 to 100
+  SpeechMaker maker = SpeechMaker::BuiltIn;
   bool sounds = false;  ///< in place of the words for that a page is on its way, and has come
   std::map<std::string, LanguageVoice, std::less<>> languages = {};  ///< by language::Primary
 

@@ -22,6 +22,8 @@ enum Option : std::size_t {
   kCapitals,
   kDigits,
   kSounds,
+  kPageLevel,
+  kMaker,
   kLanguage,
   kHeard,
   kVoice,
@@ -33,6 +35,7 @@ using Words = std::vector<std::string>;
 const Words kPunctuationWords = {"none", "some", "most", "all"};
 const Words kCapitalWords = {"as small ones", "by a higher pitch", "by the word capital"};
 const Words kHeardWords = {"as the page says", "in the program's own voice", "not"};
+const Words kMakerWords = {"built in", "Speech Dispatcher"};
 constexpr const char* kUsual = "the usual one";
 constexpr int kWideSteps = 450;  // words a minute, where the steps between speeds widen
 
@@ -105,7 +108,7 @@ std::vector<OwnOption> SpeechOptions::List() {
   variants.insert(variants.end(), installed.begin(), installed.end());
   const auto& voices = desktop_.Voices().voices;
   const auto chosen = std::find_if(voices.begin(), voices.end(), [&](const InstalledVoice& each) {
-    return each.name == voice.voice && language::Primary(each.language) == language_;
+    return each.name == OwnVoice() && language::Primary(each.language) == language_;
   });
   return {
       {"Speed, words a minute", Speeds(trying_.speed), std::to_string(trying_.speed)},
@@ -117,6 +120,9 @@ std::vector<OwnOption> SpeechOptions::List() {
       {"Capital letters", kCapitalWords, kCapitalWords[static_cast<std::size_t>(trying_.capitals)]},
       {"Digits one by one", {}, Flag(trying_.digits)},
       {"Sounds in place of \"Working...\" and \"Done\"", {}, Flag(trying_.sounds)},
+      {"Sound of pages behind speech, percent", Numbers(0, 100, 10, trying_.page_level),
+       std::to_string(trying_.page_level)},
+      {"Output", kMakerWords, kMakerWords[static_cast<std::size_t>(trying_.maker)]},
       {"Language", languages, language::Name(language_)},
       {"Words in it are heard", heard, kHeardWords[static_cast<std::size_t>(voice.heard)]},
       {"Its voice", labels, chosen == voices.end() ? kUsual : chosen->label},
@@ -136,6 +142,11 @@ std::vector<std::string> SpeechOptions::Languages() const {
   std::vector<std::string> languages = {std::string(kOwnLanguage)};
   for (const auto& [name, tag] : others) languages.push_back(tag);
   return languages;
+}
+
+std::string SpeechOptions::OwnVoice() const {
+  LanguageVoice voice = trying_.Of(language_);
+  return voice.VoiceOf(desktop_.SpeaksThrough());
 }
 
 Words SpeechOptions::VoiceLabels() const {
@@ -174,6 +185,12 @@ void SpeechOptions::Take(std::size_t option, const std::string& value) {
     case kSounds:
       trying_.sounds = value == "True";
       break;
+    case kPageLevel:
+      trying_.page_level = std::clamp(number(), 0, 100);
+      break;
+    case kMaker:
+      trying_.maker = static_cast<SpeechMaker>(IndexOf(kMakerWords, value));
+      break;
     case kLanguage:
       for (const std::string& each : Languages()) {
         if (language::Name(each) == value) language_ = each;
@@ -183,10 +200,11 @@ void SpeechOptions::Take(std::size_t option, const std::string& value) {
       voice.heard = static_cast<LanguageHeard>(IndexOf(kHeardWords, value));
       break;
     case kVoice: {
-      voice.voice.clear();
+      std::string& name = voice.VoiceOf(desktop_.SpeaksThrough());
+      name.clear();
       for (const InstalledVoice& each : desktop_.Voices().voices) {
         const bool is_its = language::Primary(each.language) == language_;
-        if (is_its && each.label == value) voice.voice = each.name;
+        if (is_its && each.label == value) name = each.name;
       }
       break;
     }
@@ -207,7 +225,7 @@ OwnChange SpeechOptions::Try(const Words& values, std::size_t changed) {
 
 // The dialog's own voice is not the one that is being chosen.
 std::string SpeechOptions::SampleLanguage(std::size_t changed) const {
-  if (changed < kSounds) return std::string(language::kOfAPage);
+  if (changed < kSounds || changed == kMaker) return std::string(language::kOfAPage);
   if (changed != kVoice && changed != kVariant) return "";
   if (trying_.Of(language_).heard != LanguageHeard::AsThePageSays) return "";
   return language_ == kOwnLanguage ? std::string(language::kOfAPage) : language_;

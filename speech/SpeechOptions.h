@@ -28,6 +28,7 @@ class SpeechOptions {
   std::string SampleLanguage(std::size_t changed) const;
   std::vector<std::string> Languages() const;
   std::vector<std::string> VoiceLabels() const;
+  std::string OwnVoice() const;
 
   Desktop& desktop_;
   SpeechSettings& settings_;

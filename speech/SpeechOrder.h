@@ -44,6 +44,8 @@ class SpeechOrder {
 
   /// From now on the character speaks. Without one the desktop's own voice does.
   void SpeakWith(std::shared_ptr<AgentCharacter> character) { character_ = std::move(character); }
+  /// Who hears when something has been said to its end.
+  bool HasCharacter() const { return character_ != nullptr; }
   /// The character goes: silence, but for what a dialog says.
   void CharacterGoes();
 

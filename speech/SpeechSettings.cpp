@@ -45,6 +45,7 @@ constexpr Row Number(const char* key) {
 constexpr std::array<std::string_view, 4> kPunctuation = {"none", "some", "most", "all"};
 constexpr std::array<std::string_view, 3> kCapitals = {"not", "pitch", "word"};
 constexpr std::array<std::string_view, 3> kHeard = {"page", "own", "not"};
+constexpr std::array<std::string_view, 2> kMakers = {"builtin", "dispatcher"};
 constexpr std::array<std::string_view, 2> kSwitch = {"False", "True"};
 
 template <auto member, const auto& names>
@@ -66,7 +67,8 @@ constexpr Row Choice(const char* key) {
 bool MayBeAName(std::string_view name) {
   constexpr std::string_view kAllowed =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_";
-  return name.size() <= 64 && name.find_first_not_of(kAllowed) == std::string_view::npos;
+  constexpr std::size_t kMost = 200;
+  return name.size() <= kMost && name.find_first_not_of(kAllowed) == std::string_view::npos;
 }
 
 std::string_view TakeUpTo(std::string_view& rest, char end) {
@@ -76,16 +78,17 @@ std::string_view TakeUpTo(std::string_view& rest, char end) {
   return taken;
 }
 
-// "de:page:de+Annie fr:own"
+// "de:page:de+Annie fr:own es:page::Spanish_20_28Spain_29"
 std::string LanguagesText(const SpeechChoices& choices) {
   std::string text;
   for (const auto& [language, voice] : choices.languages) {
     if (voice == LanguageVoice()) continue;
     if (!text.empty()) text += " ";
     text += language + ":" + std::string(kHeard[static_cast<std::size_t>(voice.heard)]);
-    if (voice.voice.empty() && voice.variant.empty()) continue;
+    if (voice.voice.empty() && voice.variant.empty() && voice.server_voice.empty()) continue;
     text += ":" + voice.voice;
     if (!voice.variant.empty()) text += "+" + voice.variant;
+    if (!voice.server_voice.empty()) text += ":" + voice.server_voice;
   }
   return text;
 }
@@ -96,16 +99,19 @@ bool ReadLanguages(std::string_view text, SpeechChoices& choices) {
     std::string_view entry = TakeUpTo(text, ' ');
     const std::string_view language = TakeUpTo(entry, ':');
     const std::string_view heard = TakeUpTo(entry, ':');
-    const std::string_view voice = TakeUpTo(entry, '+');
+    std::string_view variant = TakeUpTo(entry, ':');
+    const std::string_view voice = TakeUpTo(variant, '+');
     const auto* const at = std::find(kHeard.begin(), kHeard.end(), heard);
     if (language::Tag(language) != language || language::Primary(language) != language ||
-        language.empty() || at == kHeard.end() || !MayBeAName(voice) || !MayBeAName(entry) ||
+        language.empty() || at == kHeard.end() || !MayBeAName(voice) ||
+        !MayBeAName(variant) || !MayBeAName(entry) ||
         read.languages.size() >= kMostLanguages) {
       return false;
     }
     read.languages.insert_or_assign(std::string(language),
                                     LanguageVoice{static_cast<LanguageHeard>(at - kHeard.begin()),
-                                                  std::string(voice), std::string(entry)});
+                                                  std::string(voice), std::string(variant),
+                                                  std::string(entry)});
   }
   choices.languages = std::move(read.languages);
   return true;
@@ -121,6 +127,8 @@ constexpr std::array kRows = {
     Choice<&SpeechChoices::capitals, kCapitals>("Capitals"),
     Choice<&SpeechChoices::digits, kSwitch>("Digits"),
     Choice<&SpeechChoices::sounds, kSwitch>("Sounds"),
+    Number<&SpeechChoices::page_level, 0, 100>("PageLevel"),
+    Choice<&SpeechChoices::maker, kMakers>("SpeechOutput"),
     Row{kLanguageVoices, &LanguagesText, &ReadLanguages},
 };
 
@@ -138,12 +146,17 @@ SpeechChoices ReadFrom(const SettingsStore& store, std::vector<std::string>* unu
 
 std::vector<std::string> SpeechSettings::Read() {
   std::vector<std::string> unusable;
-  choices_ = ReadFrom(store_, &unusable);
+  Try(ReadFrom(store_, &unusable));
   return unusable;
 }
 
+void SpeechSettings::Try(SpeechChoices choices) {
+  choices_ = std::move(choices);
+  Changed.Raise();
+}
+
 void SpeechSettings::Keep(const SpeechChoices& choices) {
-  choices_ = choices;
+  Try(choices);
   const SpeechChoices stored = ReadFrom(store_, nullptr);
   for (const Row& row : kRows) {
     const std::string text = row.text(choices);

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "base/event.h"
 #include "platform/settings_store.h"
 #include "speech/SpeechChoices.h"
 
@@ -19,11 +20,14 @@ class SpeechSettings {
   /// none of theirs; they count as not stored.
   std::vector<std::string> Read();
   /// From now on, but not for good: while the user tries what he likes.
-  void Try(SpeechChoices choices) { choices_ = std::move(choices); }
+  void Try(SpeechChoices choices);
   /// For good: stores those that are not as they are stored.
   void Keep(const SpeechChoices& choices);
   /// Makes speech a tenth faster or slower, for good; returns the words a minute.
   int ChangeSpeed(bool faster);
+
+  /// Others may be in force now.
+  Event<> Changed;
 
  private:
   std::string Stored(const std::string& key) const;

@@ -80,7 +80,7 @@ std::string SpokenText::For(const std::string& text, SpeechStyle style) {
   if (choices_.sounds && style.sign != Sign::None) {
     tags += NumberTag("Snd", static_cast<int>(style.sign));
   }
-  const LanguageVoice usual = choices_.Of(kOwnLanguage);
+  const LanguageVoice usual = ChosenFor(kOwnLanguage);
   LanguageVoice own = usual;
   if (style.whose == Whose::Program && manner_.own_voice) own.variant = ProgramsVariant();
   TaggedWords words;
@@ -115,7 +115,7 @@ void SpokenText::TellAgain(const std::vector<std::string>& languages) {
 // Empty where a voice speaks it, and where that none does has been told.
 std::string SpokenText::NoteOn(const LanguageRun& run) {
   const std::string primary(language::Primary(run.language));
-  const LanguageVoice& voice = choices_.Of(primary);
+  const LanguageVoice voice = ChosenFor(primary);
   if (primary == kOwnLanguage || primary == language::kOfAPage || !voice.voice.empty() ||
       voice.heard != LanguageHeard::AsThePageSays) {
     return "";
@@ -132,21 +132,31 @@ std::string SpokenText::NoteOn(const LanguageRun& run) {
 // What a page has in a language of its own it has also within a question of the program's:
 // never that one's voice.
 void SpokenText::AddForeign(TaggedWords& words, LanguageRun run, std::string_view primary) const {
-  const LanguageVoice& voice = choices_.Of(primary);
+  const LanguageVoice voice = ChosenFor(primary);
   if (voice.heard == LanguageHeard::Not) {
-    return words.Add(kOwnLanguage, VoiceTag(choices_.Of(kOwnLanguage)),
+    return words.Add(kOwnLanguage, VoiceTag(ChosenFor(kOwnLanguage)),
                      InPlaceOf(run.text, language::Name(primary) + " text"));
   }
   LanguageVoice speaker = voice;
   const std::vector<InstalledVoice>& installed = desktop_.Voices().voices;
   if (voice.voice.empty() && !installed.empty() && !HasVoice(installed, primary)) {
     if (const auto near = NearestLanguage(installed, primary); !near.empty()) {
-      speaker = choices_.Of(near);
+      speaker = ChosenFor(near);
       if (speaker.voice.empty()) speaker.voice = VoiceOf(installed, near);
       if (!voice.variant.empty()) speaker.variant = voice.variant;
     }
   }
   words.Add(run.language, VoiceTag(speaker), std::move(run.text));
+}
+
+// A speech server has its own voices, and no variants of them.
+LanguageVoice SpokenText::ChosenFor(std::string_view language) const {
+  LanguageVoice voice = choices_.Of(language);
+  if (desktop_.SpeaksThrough() != SpeechMaker::BuiltIn) {
+    voice.voice = voice.server_voice;
+    voice.variant.clear();
+  }
+  return voice;
 }
 
 std::string SpokenText::ProgramsVariant() const {
@@ -161,7 +171,7 @@ std::string SpokenText::ProgramsVariant() const {
 std::string SpokenText::ForGreeting(const std::string& text) const {
   if (choices_ == SpeechChoices()) return text;
   TaggedWords words;
-  words.Add(kOwnLanguage, VoiceTag(choices_.Of(kOwnLanguage)), text);
+  words.Add(kOwnLanguage, VoiceTag(ChosenFor(kOwnLanguage)), text);
   return NumberTag("Spd", choices_.speed) + Sound() + words.Take();
 }
 

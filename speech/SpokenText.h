@@ -38,6 +38,7 @@ class SpokenText {
 
  private:
   std::string Sound() const;
+  LanguageVoice ChosenFor(std::string_view language) const;
   std::string ProgramsVariant() const;
   std::string NoteOn(const LanguageRun& run);
   void AddForeign(TaggedWords& words, LanguageRun run, std::string_view primary) const;

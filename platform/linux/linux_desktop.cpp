@@ -32,8 +32,6 @@
 #include "platform/linux/gtk/timer.h"
 #include "platform/linux/page_questions.h"
 #include "platform/linux/shell/file_shell.h"
-#include "platform/linux/speech/espeak_synthesizer.h"
-#include "platform/linux/speech/installed_voices.h"
 #include "platform/linux/speech/linux_agent.h"
 #include "platform/linux/store/ini_file.h"
 #include "platform/linux/web/files/downloads.h"
@@ -74,6 +72,7 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
       automation_(SessionBus().get()),
       speech_(MakeSpeechOutput()),
       voice_(*speech_),
+      makers_(*speech_),
       dialogs_(windows_, SpeakerForDialogs(), SpeakerForDialogs(Asks::Page)),
       dialog_listener_(SpeakerForDialogs()) {
   WindowTable::Entry root;
@@ -98,6 +97,8 @@ LinuxDesktop::LinuxDesktop(StartedBy started_by)
     notices_.push_back(text);
     TellNotices();
   });
+  connections_ += speech_->Speaking.Connect([this](bool speaks) { Speaking.Raise(speaks); });
+  connections_ += makers_.Lost.Connect([this](SpeechMaker maker) { SpeechMakerLost.Raise(maker); });
   connections_ += windows_.TopLevelGone.Connect([this] { QuitWhenNothingIsLeft(); });
   connections_ += message_box_->LastClosed.Connect([this] { QuitWhenNothingIsLeft(); });
 }
@@ -115,6 +116,8 @@ EngineOptions LinuxDesktop::MakeEngineOptions() {
   options.look_at_focus = [this](GtkWidget* view, std::function<void(const FieldFocus&)> seen) {
     accessibility_->ReadFocus(view, std::move(seen));
   };
+  options.holds_back_sound = [this] { return page_sound_.HoldsBack(); };
+  options.page_sounds = [this] { page_sound_.PageSounds(); };
   options.questions = std::make_shared<PageQuestions>(dialogs_);
   const std::string data = DataFolder();
   const std::string history = data + kHistory;
@@ -229,11 +232,6 @@ std::unique_ptr<RebarWindow> LinuxDesktop::CreateRebarWindow(ElasticFrame& paren
 }
 std::unique_ptr<Agent> LinuxDesktop::CreateAgent() {
   return std::make_unique<LinuxAgent>(*speech_);
-}
-// The library's folder is known as soon as its thread has started it.
-const InstalledVoices& LinuxDesktop::Voices() {
-  if (voices_.voices.empty()) voices_ = ReadInstalledVoices(EspeakDataFolder());
-  return voices_;
 }
 std::unique_ptr<ActivationHook> LinuxDesktop::CreateActivationHook() {
   return std::make_unique<TableActivationHook>(windows_);

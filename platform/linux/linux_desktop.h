@@ -23,6 +23,8 @@
 #include "platform/linux/permissions_dialog.h"
 #include "platform/linux/session_end.h"
 #include "platform/linux/speech/linux_voice.h"
+#include "platform/linux/speech/pulse_page_sound.h"
+#include "platform/linux/speech/speech_makers.h"
 #include "platform/linux/speech/speech_output.h"
 #include "platform/linux/stall_meter.h"
 #include "platform/linux/store/engine_registry.h"
@@ -60,7 +62,9 @@ class LinuxDesktop : public Desktop {
                                                  int width, int height) override;
   std::unique_ptr<Agent> CreateAgent() override;
   Voice& GetVoice() override { return voice_; }
-  const InstalledVoices& Voices() override;
+  const InstalledVoices& Voices() override { return makers_.Voices(); }
+  void SpeakThrough(SpeechMaker maker) override { makers_.SpeakThrough(maker); }
+  SpeechMaker SpeaksThrough() const override { return makers_.InUse(); }
   void SpeakDialogsThrough(std::function<void(const DialogWords&)> speak) override {
     speak_dialog_ = std::move(speak);
   }
@@ -77,6 +81,7 @@ class LinuxDesktop : public Desktop {
   Shell& GetShell() override;
   Automation& GetAutomation() override { return automation_; }
   Accessibility& GetAccessibility() override;
+  PageSound& GetPageSound() override { return page_sound_; }
 
   std::unique_ptr<FileDialog> CreateFileDialog() override;
   std::unique_ptr<Image> CreateImage(const std::string& name) override;
@@ -124,9 +129,10 @@ class LinuxDesktop : public Desktop {
   BusAutomation automation_;
   std::unique_ptr<LinuxAccessibility> accessibility_;
   std::unique_ptr<Windows> all_windows_;  // those of other programs, too
+  PulsePageSound page_sound_;  // before there are threads: it changes the environment
   std::unique_ptr<SpeechOutput> speech_;
   LinuxVoice voice_;
-  InstalledVoices voices_;  // none: not read yet
+  SpeechMakers makers_;
   std::function<void(const DialogWords&)> speak_dialog_;
   std::unique_ptr<MessageBoxQueue> message_box_;
   SpokenDialogs dialogs_;  // the program's own questions

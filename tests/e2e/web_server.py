@@ -1,8 +1,12 @@
 """A web server on the loopback interface with the project's own pages, kind and
 ugly ones alike. Nothing here leaves the machine."""
 import http.server
+import io
+import math
 import pathlib
+import struct
 import threading
+import wave
 
 PAGES = pathlib.Path(__file__).resolve().parent / "pages"
 PATTERNS = pathlib.Path(__file__).resolve().parent / "patterns"
@@ -52,6 +56,16 @@ class Handler(http.server.BaseHTTPRequestHandler):
     def page_page(self, path):
         number = path.rsplit("/", 1)[-1]
         self.reply(f"<title>Page {number}</title><p>This is page {number}. <a href='/start.html'>Back to the start</a>")
+
+    def page_tone(self, path):
+        """Half a minute of one tone, 9,000 hertz, where speech has next to nothing."""
+        second = b"".join(struct.pack("<h", round(6000 * math.sin(2 * math.pi * 9000 * i / 44100)))
+                          for i in range(44100))
+        sound = io.BytesIO()
+        with wave.open(sound, "wb") as file:
+            file.setparams((1, 2, 44100, 0, "NONE", ""))
+            file.writeframes(second * 30)
+        self.reply(sound.getvalue(), "audio/wav")
 
     def page_patterns(self, path):
         file = PATTERNS / path.rsplit("/", 1)[-1]

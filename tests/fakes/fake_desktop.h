@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/page_sound.h"
 #include "tests/fakes/fake_accessible.h"
 #include "tests/fakes/fake_agent.h"
 #include "tests/fakes/fake_automation.h"
@@ -156,6 +157,16 @@ class FakeRebarWindow : public RebarWindow {
   WindowHandle handle_;
 };
 
+/// The sound of pages: what it was told.
+class FakePageSound : public PageSound {
+ public:
+  void HoldBackWhile(std::function<bool()> asked) override { held = std::move(asked); }
+  void SetLevel(int percent) override { levels.push_back(percent); }
+
+  std::function<bool()> held;
+  std::vector<int> levels;
+};
+
 /// A desktop without a screen: instant, scripted, recording. Controls are found
 /// by their names while they live.
 class FakeDesktop : public Desktop {
@@ -187,6 +198,9 @@ class FakeDesktop : public Desktop {
     return std::make_unique<FakeAgent>(speech);
   }
   FakeVoice& GetVoice() override { return voice; }
+  FakePageSound& GetPageSound() override { return page_sound; }
+  void SpeakThrough(SpeechMaker asked) override { asked_maker = asked; }
+  SpeechMaker SpeaksThrough() const override { return maker; }
   void SpeakDialogsThrough(std::function<void(const DialogWords&)> speak) override {
     speak_dialog = std::move(speak);
   }
@@ -280,7 +294,10 @@ class FakeDesktop : public Desktop {
   FakeFileDialog::Script file_dialogs;
   OwnOptions own_options;
   std::map<std::string, OwnOptions> option_pages;  ///< by their names
+  FakePageSound page_sound;
   InstalledVoices voices;
+  SpeechMaker asked_maker = SpeechMaker::BuiltIn;  ///< the last one that was asked for
+  SpeechMaker maker = SpeechMaker::BuiltIn;        ///< who makes the sound
   int engine_options = 0;          ///< how often they were shown
   int downloads = 0;               ///< how often their list was shown
   std::vector<FakeTimer*> timers;  ///< in the order of their making

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "base/error.h"
+#include "base/language.h"
 #include "base/text.h"
 
 namespace corvane::desktop {
@@ -16,6 +17,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view kSignature = "Corvane character 1";
 constexpr std::size_t kMostBytes = std::size_t{64} * 1024;
 constexpr std::size_t kMostName = 64;
+constexpr std::size_t kMostLanguages = 200;
 constexpr int kMostPitchShift = 80;
 constexpr int kMostSpeedShift = 200;
 
@@ -87,10 +89,21 @@ class Reader {
       if (key == "Voice") result_.voice = Voice(value);
       if (key == "PitchShift") result_.pitch_shift = Number(value, kMostPitchShift);
       if (key == "SpeedShift") result_.speed_shift = Number(value, kMostSpeedShift);
+    } else if (section_ == "[Languages]") {
+      if (result_.languages.size() >= kMostLanguages) Reject("there are too many languages.");
+      result_.languages[Language(key)] = Voice(value);
     } else if (section_ == "[Pictures]") {
       if (key == "Idle") result_.idle = Picture(value);
       if (key == "Speaking") result_.speaking = Picture(value);
     }
+  }
+
+  std::string Language(std::string_view key) const {
+    const std::string language = language::Tag(key);
+    if (language.empty() || language::Primary(language) != language) {
+      Reject("a language is named like de.");
+    }
+    return language;
   }
 
   std::string Name(std::string_view value) const {

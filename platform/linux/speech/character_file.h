@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 
 namespace corvane::desktop {
@@ -8,6 +9,8 @@ namespace corvane::desktop {
 struct CharacterFile {
   std::string name;
   std::string voice;     ///< the synthesizer's name for it
+  /// The same of other languages, by language::Primary.
+  std::map<std::string, std::string> languages;
   int pitch_shift = 0;   ///< added to every pitch asked for, -80..80
   int speed_shift = 0;   ///< words a minute, added to every speed, -200..200
   std::string idle;      ///< path of the picture while silent; may be empty

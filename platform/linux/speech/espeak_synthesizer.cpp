@@ -101,11 +101,8 @@ void EspeakSynthesizer::UseVoice(const std::string& voice, const std::string& la
   const bool is_own = language.empty() || language::Primary(language) == language::Primary(own);
 
   std::vector<std::string> names;
-  if (!named.empty()) {
-    names = {named};
-  } else if (!is_own) {
-    names = VoicesOf(language);
-  }
+  if (!is_own) names = VoicesOf(language);
+  if (!named.empty()) names.insert(names.begin(), named);
   names.push_back(voice.substr(0, voice.find('+')));
   // An unknown voice must not silence anybody: the default one speaks instead.
   names.emplace_back(kDefaultVoice);

@@ -90,4 +90,17 @@ InstalledVoices ReadInstalledVoices(const std::string& data_folder) {
   return installed;
 }
 
+bool HasVoiceFile(const std::string& data_folder, const std::string& name) {
+  const std::string wanted = language::Tag(name);
+  for (const char* folder : {"lang", "voices"}) {
+    for (const fs::path& file : FilesIn(fs::path(data_folder) / folder)) {
+      if (file.parent_path().filename() == "!v") continue;
+      if (file.filename() == name || language::Tag(file.filename().string()) == wanted) return true;
+    }
+  }
+  const std::vector<InstalledVoice> installed = ReadInstalledVoices(data_folder).voices;
+  return std::any_of(installed.begin(), installed.end(),
+                     [&](const InstalledVoice& voice) { return voice.name == wanted; });
+}
+
 }  // namespace corvane::desktop

@@ -11,4 +11,7 @@ namespace corvane::desktop {
 /// files, a few milliseconds.
 InstalledVoices ReadInstalledVoices(const std::string& data_folder);
 
+/// Whether there is a voice that espeak-ng would find under this name, variants left aside.
+bool HasVoiceFile(const std::string& data_folder, const std::string& name);
+
 }  // namespace corvane::desktop

@@ -5,7 +5,9 @@
 #include "base/error.h"
 #include "platform/linux/speech/character_file.h"
 #include "platform/linux/speech/character_window.h"
+#include "platform/linux/speech/espeak_synthesizer.h"
 #include "platform/linux/speech/linux_voice.h"
+#include "platform/linux/speech/missing_voices.h"
 
 namespace corvane::desktop {
 
@@ -37,6 +39,7 @@ class LinuxAgent::SpeakingCharacter : public AgentCharacter,
     if (agent_ == nullptr) return {};
     Utterance utterance = UtteranceOf(text, urgent);
     utterance.voice = file_.voice;
+    utterance.voices = file_.languages;
     utterance.pitch_shift = file_.pitch_shift;
     utterance.speed_shift = file_.speed_shift;
     const auto request = std::make_shared<AgentRequest>();
@@ -59,6 +62,7 @@ class LinuxAgent::SpeakingCharacter : public AgentCharacter,
 
  private:
   void Begun(AgentRequest request, const std::string& text) {
+    TellMissingVoices();
     speaking_ = request.id;
     if (window_) window_->ShowSpeaking(text);
   }
@@ -70,9 +74,18 @@ class LinuxAgent::SpeakingCharacter : public AgentCharacter,
                                   end == SpeechEnd::kSpoken ? RequestEnd::Done : RequestEnd::Cut);
   }
 
+  // Once the library runs it is known where its voices are.
+  void TellMissingVoices() {
+    if (agent_ == nullptr || std::exchange(voices_looked_for_, true)) return;
+    for (const std::string& sentence : MissingVoices(file_, EspeakDataFolder())) {
+      agent_->speech_.Notified.Raise(sentence);
+    }
+  }
+
   LinuxAgent* agent_;
   CharacterFile file_;
   std::unique_ptr<CharacterWindow> window_;
+  bool voices_looked_for_ = false;
   int speaking_ = 0;  ///< the request whose text stands in the balloon
 };
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/linux/speech/main_loop_lock.h"
 #include "platform/linux/speech/silent_output.h"
 
 namespace corvane::desktop {
@@ -17,20 +18,6 @@ constexpr std::uint32_t kRefillBytes = kSampleRate / 200 * kBytesPerSample;
 
 /// A server that has not answered after so long is treated as missing.
 constexpr pa_usec_t kConnectLimit = 2 * PA_USEC_PER_SEC;
-
-/// Holds the lock of libpulse's thread.
-class MainLoopLock {
- public:
-  explicit MainLoopLock(pa_threaded_mainloop* loop) : loop_(loop) {
-    pa_threaded_mainloop_lock(loop_);
-  }
-  ~MainLoopLock() { pa_threaded_mainloop_unlock(loop_); }
-  MainLoopLock(const MainLoopLock&) = delete;
-  MainLoopLock& operator=(const MainLoopLock&) = delete;
-
- private:
-  pa_threaded_mainloop* loop_;
-};
 
 }  // namespace
 
@@ -101,6 +88,8 @@ void PulseOutput::Link::Connect() {
   pa_proplist* about = pa_proplist_new();
   pa_proplist_sets(about, PA_PROP_APPLICATION_NAME, "Corvane");
   pa_proplist_sets(about, PA_PROP_APPLICATION_ID, "org.corvane.Corvane");
+  // Not as loud as the pages were last (PulsePageSound), but as this kind of stream was.
+  pa_proplist_sets(about, "module-stream-restore.id", "sink-input-by-media-role:a11y");
   context_ = pa_context_new_with_proplist(api, nullptr, about);
   pa_proplist_free(about);
   pa_context_set_state_callback(

@@ -4,6 +4,7 @@
 /// of its own.
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <cmath>
@@ -23,6 +24,7 @@ namespace {
 
 constexpr int kRuns = 200;
 constexpr int kHeardRuns = 40;
+constexpr double kTwentyASecond = 50;  // milliseconds
 const std::string kKey = "a";
 const std::string kLong =
     "A long text that goes on being read while the next key is pressed, again and again.";
@@ -82,11 +84,12 @@ class TimedSpeech {
   SpeechOutput& Output() { return speech_; }
 
   /// Speaks and waits for the first samples; the time they took.
-  double SpeakAndTime(const std::string& text, bool stop_before) {
+  double SpeakAndTime(const std::string& text, bool stop_before, const std::string& language = "") {
     bool begun = false;
     ended_ = false;
     Utterance utterance;
     utterance.text = text;
+    if (!language.empty()) utterance.runs = {{text, language}};
     utterance.speed = 450;
     const double start = Now();
     if (stop_before) speech_.Stop();
@@ -141,6 +144,38 @@ void MeasureSpeech(const char* name, const OutputMaker& make_output) {
   Print("Speak to first samples, from silence", name, idle);
   Print("Stop and Speak to first samples, while speaking", name, interrupting);
   Print("Stop, the call", name, stopping);
+}
+
+/// Each text in another language than the one before, and twenty changes a second: what
+/// they take beside texts in one language.
+void MeasureLanguages() {
+  constexpr std::array kLanguages = {"de", "fr", "es", "ru", "it"};
+  TimedSpeech speech([] { return std::make_unique<EspeakSynthesizer>(); },
+                     [] { return std::make_unique<SilentOutput>(); });
+  for (const char* language : kLanguages) {  // read from the disk
+    speech.SpeakAndTime(kKey, false, language);
+    speech.WaitForEnd();
+  }
+  std::vector<double> same;
+  std::vector<double> changed;
+  std::vector<double> quick;
+  for (int i = 0; i < kRuns; ++i) {
+    const std::string language = kLanguages.at(static_cast<std::size_t>(i) % kLanguages.size());
+    changed.push_back(speech.SpeakAndTime(kKey, false, language));
+    speech.WaitForEnd();
+    same.push_back(speech.SpeakAndTime(kKey, false, language));
+    speech.WaitForEnd();
+  }
+  Print("Speak to first samples, in the language of the text before", "silent clock", same);
+  Print("Speak to first samples, in another language", "silent clock", changed);
+  const double begin = Now();
+  for (int i = 0; i < kRuns; ++i) {
+    const double next = begin + i * kTwentyASecond;
+    RunLoopUntil([&] { return Now() >= next; });
+    const std::string language = kLanguages.at(static_cast<std::size_t>(i) % kLanguages.size());
+    quick.push_back(speech.SpeakAndTime(kLong, true, language));
+  }
+  Print("Stop and Speak to first samples, twenty languages a second", "silent clock", quick);
 }
 
 /// What the sink plays: when it became loud and when it was last loud.
@@ -216,6 +251,7 @@ void MeasureHeard(const std::string& server) {
 int Main() {
   MeasureSynthesizer();
   MeasureSpeech("silent clock", [] { return std::make_unique<SilentOutput>(); });
+  MeasureLanguages();
   PrivateSoundServer server;
   if (!server.Start()) {
     std::fprintf(stderr, "no sound server:\n%s\n", server.Log().c_str());

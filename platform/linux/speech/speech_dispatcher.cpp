@@ -19,14 +19,15 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// All together they stay below a second.
-constexpr milliseconds kReplyLimit{400};
-constexpr milliseconds kAskAgain{250};    // how often it is asked whether it is there
-constexpr milliseconds kBeginLimit{800};  // from a text to its sound
+// Together below a second: a server that does not answer is lost.
+constexpr milliseconds kReplyLimit{700};
+constexpr milliseconds kAskAgain{250};
 constexpr std::chrono::seconds kStartLimit{10};
-// A server that answers may still have a module that hangs. So long nothing may be heard of
-// a word beyond what it takes, and of the last one, which ends only when its sound has; the
-// latter holds for a text, too, where words are not told.
+// A server that answers may still have a module that hangs, or be busy with another program's
+// words. So long nothing may be heard of a text; of a word beyond what it takes; and of the
+// last one, which ends only when its sound has. The latter holds for a text, too, where words
+// are not told.
+constexpr milliseconds kBeginLimit{3000};
 constexpr milliseconds kWordLimit{1500};
 constexpr milliseconds kLastWordLimit{3000};
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/error.h"
+#include "base/language.h"
 #include "platform/linux/speech/espeak_synthesizer.h"
 #include "platform/linux/speech/sign_sound.h"
 #include "platform/linux/speech/silent_output.h"
@@ -41,6 +42,12 @@ VoiceStyle StyleOf(const Utterance& utterance) {
           .pitch = utterance.pitch + utterance.pitch_shift,
           .speed = utterance.speed + utterance.speed_shift,
           .manner = utterance.manner};
+}
+
+/// The one that the speaker has for the run's language; empty where it has none.
+std::string UsualVoiceOf(const SpokenRun& run, const Utterance& utterance) {
+  const auto at = utterance.voices.find(std::string(language::Primary(run.language)));
+  return at == utterance.voices.end() ? std::string() : at->second;
 }
 
 std::string OwnLanguageOf(const Utterance& utterance) {
@@ -95,6 +102,7 @@ int SpeechOutput::Speak(Utterance utterance, Begun begun, Ended ended) {
       FinishLocked(*waiting_.front(), SpeechEnd::kCut);
       waiting_.pop_front();
     }
+    SpeakingLocked(true);
   }
   wake_.notify_one();
   return request->id;
@@ -116,6 +124,12 @@ void SpeechOutput::Stop(const std::vector<int>& kept) {
     FinishLocked(*request, SpeechEnd::kCut);
     return true;
   });
+  if (!current_ && waiting_.empty()) SpeakingLocked(false);
+}
+
+void SpeechOutput::SpeakingLocked(bool speaking) {
+  if (speaking == std::exchange(speaking_, speaking)) return;
+  loop_.Post([this, speaking] { Speaking.Raise(speaking); });
 }
 
 void SpeechOutput::FinishLocked(Request& request, SpeechEnd end) {
@@ -174,6 +188,7 @@ void SpeechOutput::Run() {
     // Not spoken and not cut happens only while an output gives up: over, all the same.
     if (!request->cut) FinishLocked(*request, spoken ? SpeechEnd::kSpoken : SpeechEnd::kCut);
     current_ = nullptr;
+    if (waiting_.empty()) SpeakingLocked(false);
   }
 }
 
@@ -219,7 +234,7 @@ bool SpeechOutput::Render(Synthesizer& synthesizer, Request& request) {
     if (request.by_server) return false;
     VoiceStyle style = StyleOf(asked);
     style.language = run.language;
-    style.chosen = run.voice;
+    style.chosen = run.voice.empty() ? UsualVoiceOf(run, asked) : run.voice;
     synthesizer.Synthesize(run.text, style, sink);
   }
   return whole && !request.cut;

@@ -57,6 +57,8 @@ class SpeechOutput {
   /// the words that have not been said. Returns at once.
   void SpeakThrough(std::unique_ptr<SpeechServer> server);
 
+  /// Whether anything is being said, when that changes. Raised from the main loop.
+  Event<bool> Speaking;
   /// How the present speech server is, when that changes. Raised from the main loop.
   Event<SpeechServer::State> ServerIs;
   /// Something the user should be told once, in a sentence (no sound server, no
@@ -75,6 +77,7 @@ class SpeechOutput {
   bool RenderThroughServer(Request& request, SpokenRun& run);
   void TellBegun(Request& request);
   bool Hand(std::span<const std::int16_t> samples, Request& request);
+  void SpeakingLocked(bool speaking);
   void FinishLocked(Request& request, SpeechEnd end);
 
   std::mutex mutex_;
@@ -82,6 +85,7 @@ class SpeechOutput {
   bool closing_ = false;
   std::deque<std::shared_ptr<Request>> waiting_;
   std::shared_ptr<Request> current_;
+  bool speaking_ = false;  // as it was told last
   std::shared_ptr<SpeechServer> next_server_;  // who is to speak; null: the synthesizer
   bool other_server_ = false;                  // the worker does not know of it yet
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,8 @@ struct Utterance {
   int speed = kSpeedDefault;
   bool urgent = false;     ///< only noted in the transcript
   std::string voice = {};  ///< the synthesizer's name for it; empty for its default
+  /// The same for runs in other languages that ask for none, by language::Primary.
+  std::map<std::string, std::string> voices = {};
   int pitch_shift = 0;     ///< the character's own, added to what was asked
   int speed_shift = 0;     ///< words a minute, added to what was asked
 };

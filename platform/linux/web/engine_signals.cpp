@@ -122,6 +122,7 @@ void EngineView::OnLoadChanged(WebKitLoadEvent event) {
       requests_->PageChanged();
       find_->PageChanged();
       live_->PageChanged();
+      media_->PageChanged();
       closing_.PageChanged();
       document_is_present_ = false;
       problem_ = std::exchange(coming_problem_, std::nullopt);
@@ -209,7 +210,11 @@ bool EngineView::OnPolicy(WebKitPolicyDecision* decision, WebKitPolicyDecisionTy
                         verdict.kind == Verdict::Kind::Use && !verdict.from_history &&
                         !IsSearch(requested) && !engine_.SearchAddress(verdict.address).empty();
   const std::string saved = verdict.kind == Verdict::Kind::Use ? SavedFile(verdict.address) : "";
-  if (verdict.kind == Verdict::Kind::Use && !searches && saved.empty()) return false;
+  if (verdict.kind == Verdict::Kind::Use && !searches && saved.empty()) {
+    if (type != WEBKIT_POLICY_DECISION_TYPE_NAVIGATION_ACTION) return false;
+    media_->Use(decision);
+    return true;
+  }
   if (verdict.kind == Verdict::Kind::Download) {
     webkit_policy_decision_download(decision);
     return true;

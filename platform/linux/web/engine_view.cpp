@@ -105,6 +105,10 @@ EngineView::EngineView(WebEngine& engine, Listener listener, EngineView* opener)
                             [this](const PagePlace& place) { listener_.place(place); }})),
       live_(std::make_unique<LiveRegions>(
           view_.get(), [this](const PageWords& words) { listener_.page_says(words); })),
+      media_(std::make_unique<PageMedia>(
+          view_.get(), requests_->Notices(),
+          PageMedia::Host{engine.Options().holds_back_sound, engine.Options().page_sounds,
+                          [this](const std::string& text) { listener_.say(text); }})),
       text_(std::make_unique<TextReader>(
           view_.get(),
           TextReader::Host{[this](const PageElement& element) { listener_.left(element); },
@@ -585,6 +589,8 @@ void EngineView::Do(WebBrowser::PageCommand command) {
       return SayZoom(engine_.ZoomBy(-1));
     case WebBrowser::PageCommand::ZoomReset:
       return SayZoom(engine_.ZoomReset());
+    case WebBrowser::PageCommand::Mute:
+      return media_->SwitchMuted();
     case WebBrowser::PageCommand::ReadAgain:
       again_ = !Busy();
       return ReadAgain();

@@ -16,6 +16,7 @@
 #include "platform/linux/web/page/find_in_page.h"
 #include "platform/linux/web/page/live_regions.h"
 #include "platform/linux/web/page/page_changes.h"
+#include "platform/linux/web/page/page_media.h"
 #include "platform/linux/web/page/page_reader.h"
 #include "platform/linux/web/page/text_reader.h"
 #include "platform/linux/web/page_keys.h"
@@ -158,6 +159,7 @@ class EngineView {
   std::unique_ptr<FindInPage> find_;
   std::unique_ptr<PageChanges> changes_;
   std::unique_ptr<LiveRegions> live_;
+  std::unique_ptr<PageMedia> media_;
   std::unique_ptr<TextReader> text_;
   std::unique_ptr<PageKeys> keys_;
   std::unique_ptr<OptionList> list_;

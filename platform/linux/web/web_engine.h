@@ -61,6 +61,11 @@ struct EngineOptions {
   /// Sees what a page's scripts cannot tell of the field that has the focus; without it
   /// that stays unknown.
   LookAtFocus look_at_focus;
+  /// Whether a page that is loaded now may not begin to sound by itself; without it each
+  /// may.
+  std::function<bool()> holds_back_sound;
+  /// A page begins to sound.
+  std::function<void()> page_sounds;
   Watchdog::Limits hang;
 };
 

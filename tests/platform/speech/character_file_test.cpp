@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include "base/error.h"
+#include "platform/linux/speech/missing_voices.h"
 #include "tests/temporary_folder.h"
 
 namespace corvane::desktop {
@@ -49,6 +50,39 @@ TEST_F(CharacterFileTest, HoldsNameVoiceAdjustmentsAndPictures) {
   EXPECT_EQ(character.speed_shift, 20);
   EXPECT_EQ(character.idle, folder_ / "idle.svg");
   EXPECT_EQ(character.speaking, folder_ / "speaking.svg");
+}
+
+TEST_F(CharacterFileTest, LanguagesHaveVoicesOfTheirOwn) {
+  const CharacterFile character = Read(kWhole + "[Languages]\nde=de+Annie\npt = pt-br\n");
+  EXPECT_THAT(character.languages,
+              testing::ElementsAre(testing::Pair("de", "de+Annie"), testing::Pair("pt", "pt-br")));
+  EXPECT_THAT(Read(kWhole).languages, testing::IsEmpty());
+}
+
+TEST_F(CharacterFileTest, WhatIsNoLanguageOrNoVoiceIsRefused) {
+  EXPECT_THAT(Failure(kWhole + "[Languages]\n../x=de\n").Description(), HasSubstr("line 10"));
+  EXPECT_THAT(Failure(kWhole + "[Languages]\npt-br=pt\n").Description(), HasSubstr("language"));
+  EXPECT_THAT(Failure(kWhole + "[Languages]\nde=../../x\n").Description(), HasSubstr("voice"));
+}
+
+TEST_F(CharacterFileTest, AMissingVoiceIsToldWithItsPackage) {
+  folder_.Write("data/lang/gmw/de", "name German\nlanguage de\n");
+  folder_.Write("data/lang/gmw/en", "name English\nlanguage en-gb 2\n");
+  folder_.Write("data/voices/mb/mb-de2", "name german-mbrola-2\nlanguage de\n");
+  CharacterFile character;
+  character.voice = "en-gb+f2";
+  character.languages = {{"de", "de+Annie"}};
+  EXPECT_THAT(MissingVoices(character, folder_ / "data", folder_ / "mbrola"), testing::IsEmpty());
+  EXPECT_THAT(MissingVoices(character, "", folder_ / "mbrola"), testing::IsEmpty());
+  character.languages = {{"de", "mb-de2"}, {"fr", "fr"}};
+  EXPECT_THAT(
+      MissingVoices(character, folder_ / "data", folder_ / "mbrola"),
+      testing::ElementsAre(
+          "The voice mb-de2 for German is not installed. Its package is mbrola-de2.",
+          "The voice fr for French is not installed. Its package is espeak-ng-data."));
+  folder_.Write("mbrola/de2/de2", "");
+  character.languages = {{"de", "mb-de2"}};
+  EXPECT_THAT(MissingVoices(character, folder_ / "data", folder_ / "mbrola"), testing::IsEmpty());
 }
 
 TEST_F(CharacterFileTest, PicturesAndAdjustmentsMayBeLeftOut) {

@@ -19,7 +19,6 @@ namespace corvane::desktop {
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 constexpr const char* kLong =
