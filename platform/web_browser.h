@@ -38,7 +38,16 @@ class WebBrowser : public Control {
   /// from the pages of this control, and gives it back.
   /// ReadAgain makes a new Document of the page as it is now and tells of it as of
   /// a navigation, but loads nothing.
-  enum class PageCommand { Find, FindNext, FindPrevious, ZoomIn, ZoomOut, ZoomReset, ReadAgain, Mute };
+  enum class PageCommand {
+    Find,
+    FindNext,
+    FindPrevious,
+    ZoomIn,
+    ZoomOut,
+    ZoomReset,
+    ReadAgain,
+    Mute
+  };
 
   /// Goes to what a person typed: an address with or without scheme, a host with
   /// or without port, a file's path. Nothing usable leads to an error page.

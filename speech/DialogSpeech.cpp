@@ -52,7 +52,8 @@ void DialogSpeech::ChangeSpeed(const PressedKey& key) {
   const WindowHandle active = desktop_.GetWindows().Active();
   if (!windows_.Speaks(active) || windows_.UsersAnswersKey(key.code)) return;
   const int speed = settings_.ChangeSpeed(key.code == kKeyPageUp);
-  order_.Say("Speed " + std::to_string(speed), StoredStyle(desktop_), Urgency::Ordinary, Remembered::No);
+  order_.Say("Speed " + std::to_string(speed), StoredStyle(desktop_), Urgency::Ordinary,
+             Remembered::No);
 }
 
 }  // namespace corvane

@@ -20,8 +20,8 @@ enum class LanguageHeard { AsThePageSays, InOwnVoice, Not };
 /// What the user has chosen for one language.
 struct LanguageVoice {
   LanguageHeard heard = LanguageHeard::AsThePageSays;
-  std::string voice = {};    ///< as InstalledVoice has it; empty: the usual one
-  std::string variant = {};  ///< empty: the usual one
+  std::string voice = {};         ///< as InstalledVoice has it; empty: the usual one
+  std::string variant = {};       ///< empty: the usual one
   std::string server_voice = {};  ///< the speech server's, in the same way
 
   /// The one of who makes the sound.

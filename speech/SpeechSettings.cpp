@@ -103,15 +103,14 @@ bool ReadLanguages(std::string_view text, SpeechChoices& choices) {
     const std::string_view voice = TakeUpTo(variant, '+');
     const auto* const at = std::find(kHeard.begin(), kHeard.end(), heard);
     if (language::Tag(language) != language || language::Primary(language) != language ||
-        language.empty() || at == kHeard.end() || !MayBeAName(voice) ||
-        !MayBeAName(variant) || !MayBeAName(entry) ||
-        read.languages.size() >= kMostLanguages) {
+        language.empty() || at == kHeard.end() || !MayBeAName(voice) || !MayBeAName(variant) ||
+        !MayBeAName(entry) || read.languages.size() >= kMostLanguages) {
       return false;
     }
-    read.languages.insert_or_assign(std::string(language),
-                                    LanguageVoice{static_cast<LanguageHeard>(at - kHeard.begin()),
-                                                  std::string(voice), std::string(variant),
-                                                  std::string(entry)});
+    read.languages.insert_or_assign(
+        std::string(language),
+        LanguageVoice{static_cast<LanguageHeard>(at - kHeard.begin()), std::string(voice),
+                      std::string(variant), std::string(entry)});
   }
   choices.languages = std::move(read.languages);
   return true;

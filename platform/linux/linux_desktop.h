@@ -129,7 +129,7 @@ class LinuxDesktop : public Desktop {
   BusAutomation automation_;
   std::unique_ptr<LinuxAccessibility> accessibility_;
   std::unique_ptr<Windows> all_windows_;  // those of other programs, too
-  PulsePageSound page_sound_;  // before there are threads: it changes the environment
+  PulsePageSound page_sound_;             // before there are threads: it changes the environment
   std::unique_ptr<SpeechOutput> speech_;
   LinuxVoice voice_;
   SpeechMakers makers_;

@@ -298,9 +298,9 @@ class FakeDesktop : public Desktop {
   InstalledVoices voices;
   SpeechMaker asked_maker = SpeechMaker::BuiltIn;  ///< the last one that was asked for
   SpeechMaker maker = SpeechMaker::BuiltIn;        ///< who makes the sound
-  int engine_options = 0;          ///< how often they were shown
-  int downloads = 0;               ///< how often their list was shown
-  std::vector<FakeTimer*> timers;  ///< in the order of their making
+  int engine_options = 0;                          ///< how often they were shown
+  int downloads = 0;                               ///< how often their list was shown
+  std::vector<FakeTimer*> timers;                  ///< in the order of their making
   FakeActivationHook* hook = nullptr;
   FakeHook<KeyboardHook>* keyboard_hook = nullptr;  ///< the one made last
   std::vector<FakeKeyboardHook*> keyboard_hooks;    ///< all that live

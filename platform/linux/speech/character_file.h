@@ -8,7 +8,7 @@ namespace corvane::desktop {
 /// A speaking character as its file describes it (docs/talker-format.md).
 struct CharacterFile {
   std::string name;
-  std::string voice;     ///< the synthesizer's name for it
+  std::string voice;  ///< the synthesizer's name for it
   /// The same of other languages, by language::Primary.
   std::map<std::string, std::string> languages;
   int pitch_shift = 0;   ///< added to every pitch asked for, -80..80

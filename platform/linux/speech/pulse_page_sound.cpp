@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 #include <map>
 #include <string_view>
 #include <utility>
@@ -49,15 +50,21 @@ class PulsePageSound::Link {
   /// A stream of a page.
   struct Stream {
     pa_cvolume full{};  ///< as loud as it is by itself
-    bool is_set = false;
+    double level = 1;   ///< the part of that at which it is
+    bool is_known = false;
   };
 
   void Disconnect();
   void OnState();
-  void OnStream(const pa_sink_input_info& info);
+  /// Whether a stream sounded already when it was heard of.
+  enum class Seen { kSounding, kNew };
+  void OnStream(const pa_sink_input_info& info, Seen seen);
+  void AskForAll();
   void Ask(std::uint32_t index);
-  void Ramp();
-  void Apply(std::uint32_t index, const Stream& stream);
+  void Step();
+  void StepSoon();
+  pa_operation* Apply(std::uint32_t index, const Stream& stream,
+                      pa_context_success_cb_t done = nullptr);
   static void Forget(pa_operation* operation) {
     if (operation != nullptr) pa_operation_unref(operation);
   }
@@ -67,13 +74,13 @@ class PulsePageSound::Link {
   pa_threaded_mainloop* loop_ = pa_threaded_mainloop_new();
   pa_context* context_ = nullptr;
   pa_time_event* next_ = nullptr;
+  bool steps_ = false;  // it is on its way to the target
   double target_;
-  double level_;
   std::map<std::uint32_t, Stream> streams_;
 };
 
 PulsePageSound::Link::Link(const std::string& server, int level)
-    : server_(server), target_(level / 100.0), level_(target_) {
+    : server_(server), target_(level / 100.0) {
   pa_threaded_mainloop_set_name(loop_, "page-sound");
   pa_threaded_mainloop_start(loop_);
   Connect();
@@ -95,13 +102,12 @@ void PulsePageSound::Link::Connect() {
   pa_proplist* about = pa_proplist_new();
   pa_proplist_sets(about, PA_PROP_APPLICATION_NAME, "Corvane");
   pa_proplist_sets(about, PA_PROP_APPLICATION_ID, "org.corvane.Corvane");
-  context_ =
-      pa_context_new_with_proplist(pa_threaded_mainloop_get_api(loop_), "Page sound", about);
+  context_ = pa_context_new_with_proplist(pa_threaded_mainloop_get_api(loop_), "Page sound", about);
   pa_proplist_free(about);
   pa_context_set_state_callback(
       context_, [](pa_context*, void* self) { static_cast<Link*>(self)->OnState(); }, this);
-  pa_context_connect(context_, server_.empty() ? nullptr : server_.c_str(),
-                     PA_CONTEXT_NOAUTOSPAWN, nullptr);
+  pa_context_connect(context_, server_.empty() ? nullptr : server_.c_str(), PA_CONTEXT_NOAUTOSPAWN,
+                     nullptr);
 }
 
 void PulsePageSound::Link::Disconnect() {
@@ -109,6 +115,7 @@ void PulsePageSound::Link::Disconnect() {
     pa_threaded_mainloop_get_api(loop_)->time_free(std::exchange(next_, nullptr));
   }
   streams_.clear();
+  steps_ = false;
   if (context_ == nullptr) return;
   pa_context_set_state_callback(context_, nullptr, nullptr);
   pa_context_set_subscribe_callback(context_, nullptr, nullptr);
@@ -130,32 +137,42 @@ void PulsePageSound::Link::OnState() {
       },
       this);
   Forget(pa_context_subscribe(context_, PA_SUBSCRIPTION_MASK_SINK_INPUT, nullptr, nullptr));
-  Ask(PA_INVALID_INDEX);
+  AskForAll();
 }
 
-// Of one stream, or of all.
+void PulsePageSound::Link::AskForAll() {
+  Forget(pa_context_get_sink_input_info_list(
+      context_,
+      [](pa_context*, const pa_sink_input_info* info, int end, void* self) {
+        if (end == 0 && info != nullptr) static_cast<Link*>(self)->OnStream(*info, Seen::kSounding);
+      },
+      this));
+}
+
 void PulsePageSound::Link::Ask(std::uint32_t index) {
-  const auto told = [](pa_context*, const pa_sink_input_info* info, int end, void* self) {
-    if (end == 0 && info != nullptr) static_cast<Link*>(self)->OnStream(*info);
-  };
-  Forget(index == PA_INVALID_INDEX
-             ? pa_context_get_sink_input_info_list(context_, told, this)
-             : pa_context_get_sink_input_info(context_, index, told, this));
+  Forget(pa_context_get_sink_input_info(
+      context_, index,
+      [](pa_context*, const pa_sink_input_info* info, int end, void* self) {
+        if (end == 0 && info != nullptr) static_cast<Link*>(self)->OnStream(*info, Seen::kNew);
+      },
+      this));
 }
 
-void PulsePageSound::Link::OnStream(const pa_sink_input_info& info) {
+void PulsePageSound::Link::OnStream(const pa_sink_input_info& info, Seen seen) {
   const char* mark = pa_proplist_gets(info.proplist, kMark);
   const char* program = pa_proplist_gets(info.proplist, PA_PROP_APPLICATION_PROCESS_BINARY);
   // All processes of this one have the mark, also itself.
   if (mark == nullptr || mark_ != mark || program == nullptr) return;
   if (!std::string_view(program).starts_with(kPageProcess)) return;
   Stream& stream = streams_[info.index];
-  if (!stream.is_set) {
+  if (!stream.is_known) {
     // What the server remembers may be a level of ours.
     pa_cvolume_set(&stream.full, info.volume.channels, PA_VOLUME_NORM);
-    stream.is_set = true;
-    Apply(info.index, stream);
-  } else if (level_ >= 1 && target_ >= 1) {
+    stream.is_known = true;
+    if (seen == Seen::kNew) stream.level = target_;
+    Forget(Apply(info.index, stream));
+    if (!steps_) Step();
+  } else if (stream.level >= 1 && target_ >= 1) {
     stream.full = info.volume;  // as the user wants it
   }
 }
@@ -163,31 +180,44 @@ void PulsePageSound::Link::OnStream(const pa_sink_input_info& info) {
 void PulsePageSound::Link::SetLevel(int percent) {
   const MainLoopLock lock(loop_);
   target_ = percent / 100.0;
-  if (next_ == nullptr) Ramp();
+  if (!steps_) Step();
 }
 
-void PulsePageSound::Link::Ramp() {
-  if (level_ == target_) return;
-  level_ = level_ < target_ ? std::min(level_ + kStep, target_) : std::max(level_ - kStep, target_);
-  if (streams_.empty()) level_ = target_;
-  for (const auto& [index, stream] : streams_) Apply(index, stream);
-  if (level_ == target_ || context_ == nullptr) return;
+// A server that is behind must not make one large step of several: each waits until the one
+// before has been carried out.
+void PulsePageSound::Link::Step() {
+  pa_operation* applied = nullptr;
+  for (auto& [index, stream] : streams_) {
+    if (stream.level == target_) continue;
+    stream.level = stream.level < target_ ? std::min(stream.level + kStep, target_)
+                                          : std::max(stream.level - kStep, target_);
+    Forget(std::exchange(applied, Apply(index, stream, [](pa_context*, int, void* self) {
+                           static_cast<Link*>(self)->StepSoon();
+                         })));
+  }
+  steps_ = applied != nullptr;
+  Forget(applied);
+}
+
+void PulsePageSound::Link::StepSoon() {
+  if (next_ != nullptr) return;
   next_ = pa_context_rttime_new(
       context_, pa_rtclock_now() + kStepTime,
       [](pa_mainloop_api* api, pa_time_event* event, const timeval*, void* self) {
         auto* link = static_cast<Link*>(self);
         api->time_free(event);
         link->next_ = nullptr;
-        link->Ramp();
+        link->Step();
       },
       this);
 }
 
-void PulsePageSound::Link::Apply(std::uint32_t index, const Stream& stream) {
-  if (context_ == nullptr || pa_context_get_state(context_) != PA_CONTEXT_READY) return;
+pa_operation* PulsePageSound::Link::Apply(std::uint32_t index, const Stream& stream,
+                                          pa_context_success_cb_t done) {
+  if (context_ == nullptr || pa_context_get_state(context_) != PA_CONTEXT_READY) return nullptr;
   pa_cvolume volume = stream.full;
-  pa_sw_cvolume_multiply_scalar(&volume, &stream.full, pa_sw_volume_from_linear(level_));
-  Forget(pa_context_set_sink_input_volume(context_, index, &volume, nullptr, nullptr));
+  pa_sw_cvolume_multiply_scalar(&volume, &stream.full, pa_sw_volume_from_linear(stream.level));
+  return pa_context_set_sink_input_volume(context_, index, &volume, done, this);
 }
 
 PulsePageSound::PulsePageSound(const std::string& server) : server_(server) { MarkPages(); }

@@ -107,8 +107,8 @@ SpeechServer::State SpeechDispatcher::Start() {
   if (place_.command.empty() || place_.socket.empty()) return State::kLost;
   if (started_) return Clock::now() - *started_ < kStartLimit ? State::kStarting : State::kLost;
   started_ = Clock::now();
-  std::array<std::string, 6> words = {place_.command,  "--spawn",       "--communication-method",
-                                      "unix_socket",   "--socket-path", place_.socket};
+  std::array<std::string, 6> words = {place_.command, "--spawn",       "--communication-method",
+                                      "unix_socket",  "--socket-path", place_.socket};
   std::array<char*, 7> arguments{};
   std::transform(words.begin(), words.end(), arguments.begin(),
                  [](std::string& word) { return word.data(); });

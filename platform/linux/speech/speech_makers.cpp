@@ -11,8 +11,8 @@ namespace corvane::desktop {
 
 SpeechMakers::SpeechMakers(SpeechOutput& speech)
     : speech_(speech),
-      connection_(speech.ServerIs.Connect(
-          [this](SpeechServer::State state) { DispatcherIs(state); })) {}
+      connection_(
+          speech.ServerIs.Connect([this](SpeechServer::State state) { DispatcherIs(state); })) {}
 
 void SpeechMakers::SpeakThrough(SpeechMaker maker) {
   if (maker == std::exchange(asked_, maker)) return;

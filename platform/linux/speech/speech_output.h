@@ -85,7 +85,7 @@ class SpeechOutput {
   bool closing_ = false;
   std::deque<std::shared_ptr<Request>> waiting_;
   std::shared_ptr<Request> current_;
-  bool speaking_ = false;  // as it was told last
+  bool speaking_ = false;                      // as it was told last
   std::shared_ptr<SpeechServer> next_server_;  // who is to speak; null: the synthesizer
   bool other_server_ = false;                  // the worker does not know of it yet
 

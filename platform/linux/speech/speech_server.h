@@ -27,8 +27,8 @@ class SpeechServer {
   /// Finds out whether it can speak, in less than a second.
   virtual State Prepare() = 0;
   /// Speaks a text and returns when it is over, or when the server has been lost; that it
-  /// is gone or does not answer is known within a second. `begun` is called at its first sound; `cut` is asked after
-  /// each Wake, and silences it.
+  /// is gone or does not answer is known within a second. `begun` is called at its first sound;
+  /// `cut` is asked after each Wake, and silences it.
   virtual Result Speak(const std::string& text, const VoiceStyle& style,
                        const std::function<void()>& begun, const std::function<bool()>& cut) = 0;
   /// What `cut` says may have changed.

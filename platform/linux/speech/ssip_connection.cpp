@@ -15,9 +15,9 @@
 namespace corvane::desktop {
 namespace {
 
-constexpr std::size_t kNumber = 3;                       // digits in front of each line
+constexpr std::size_t kNumber = 3;                           // digits in front of each line
 constexpr std::size_t kMostUnread = std::size_t{64} * 1024;  // of one line
-constexpr std::size_t kMostLines = 50'000;               // of one answer
+constexpr std::size_t kMostLines = 50'000;                   // of one answer
 constexpr std::size_t kMostEvents = 10'000;
 constexpr int kFirstEvent = 700;
 constexpr int kLastEvent = 799;
@@ -115,8 +115,8 @@ bool SsipConnection::Read() {
     taken = end + 1;
   }
   unread_.erase(0, taken);
-  gone_ = unread_.size() > kMostUnread || lines_.size() > kMostLines ||
-          told_.size() > kMostLines || events_.size() > kMostEvents;
+  gone_ = unread_.size() > kMostUnread || lines_.size() > kMostLines || told_.size() > kMostLines ||
+          events_.size() > kMostEvents;
   return !gone_;
 }
 

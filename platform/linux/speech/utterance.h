@@ -21,8 +21,8 @@ struct Utterance {
   std::string voice = {};  ///< the synthesizer's name for it; empty for its default
   /// The same for runs in other languages that ask for none, by language::Primary.
   std::map<std::string, std::string> voices = {};
-  int pitch_shift = 0;     ///< the character's own, added to what was asked
-  int speed_shift = 0;     ///< words a minute, added to what was asked
+  int pitch_shift = 0;  ///< the character's own, added to what was asked
+  int speed_shift = 0;  ///< words a minute, added to what was asked
 };
 
 }  // namespace corvane::desktop

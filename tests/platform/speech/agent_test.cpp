@@ -48,8 +48,8 @@ TEST_F(AgentTest, WordsInALanguageHaveTheVoiceThatTheFileNamesForIt) {
                         "Corvane character 1\n[Character]\nName=Genie\nVoice=en-gb\n"
                         "[Languages]\nde=de+Annie\n");
   const auto character = LoadGenie();
-  ASSERT_TRUE(WaitFor(character->Speak(
-      "One \\Lng=de-at\\zwei \\Vce=de+f2\\drei \\Vce=\\\\Lng=fr\\quatre", false)));
+  ASSERT_TRUE(WaitFor(
+      character->Speak("One \\Lng=de-at\\zwei \\Vce=de+f2\\drei \\Vce=\\\\Lng=fr\\quatre", false)));
   std::vector<std::string> chosen;
   for (const auto& entry : spoken_->Entries()) chosen.push_back(entry.style.chosen);
   EXPECT_THAT(chosen, ElementsAre("", "de+Annie", "de+f2", ""));

@@ -75,11 +75,10 @@ TEST_F(CharacterFileTest, AMissingVoiceIsToldWithItsPackage) {
   EXPECT_THAT(MissingVoices(character, folder_ / "data", folder_ / "mbrola"), testing::IsEmpty());
   EXPECT_THAT(MissingVoices(character, "", folder_ / "mbrola"), testing::IsEmpty());
   character.languages = {{"de", "mb-de2"}, {"fr", "fr"}};
-  EXPECT_THAT(
-      MissingVoices(character, folder_ / "data", folder_ / "mbrola"),
-      testing::ElementsAre(
-          "The voice mb-de2 for German is not installed. Its package is mbrola-de2.",
-          "The voice fr for French is not installed. Its package is espeak-ng-data."));
+  EXPECT_THAT(MissingVoices(character, folder_ / "data", folder_ / "mbrola"),
+              testing::ElementsAre(
+                  "The voice mb-de2 for German is not installed. Its package is mbrola-de2.",
+                  "The voice fr for French is not installed. Its package is espeak-ng-data."));
   folder_.Write("mbrola/de2/de2", "");
   character.languages = {{"de", "mb-de2"}};
   EXPECT_THAT(MissingVoices(character, folder_ / "data", folder_ / "mbrola"), testing::IsEmpty());

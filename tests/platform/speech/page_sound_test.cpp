@@ -17,6 +17,8 @@ namespace corvane::desktop {
 namespace {
 
 constexpr int kLoud = 8000;
+// Most pages' sound has it, too; other rates are made into it by the server.
+constexpr int kSinkRate = 44100;
 constexpr std::size_t kSettled = kSampleRate / 20;  // samples in a row
 
 /// What the sink plays: how many samples in a row lie around a value, and the largest step
@@ -26,7 +28,8 @@ class Level {
   void Add(const std::vector<std::int16_t>& samples) {
     const std::lock_guard lock(mutex_);
     for (const int sample : samples) {
-      if (sample != 0 && last_ != 0) largest_step_ = std::max(largest_step_, std::abs(sample - last_));
+      if (sample != 0 && last_ != 0)
+        largest_step_ = std::max(largest_step_, std::abs(sample - last_));
       last_ = sample;
       near_ = std::abs(sample - wanted_) <= kLoud / 50 ? near_ + 1 : 0;
     }
@@ -63,16 +66,23 @@ class Player {
   Player(const PrivateSoundServer& server, const test::TemporaryFolder& folder,
          const std::string& about) {
     const std::string sound = folder / "sound";
-    std::vector<std::int16_t> samples(std::size_t{60} * kSampleRate, kLoud);
+    std::vector<std::int16_t> samples(std::size_t{60} * kSinkRate, kLoud);
     std::ofstream(sound, std::ios::binary)
         .write(reinterpret_cast<const char*>(samples.data()),
                static_cast<std::streamsize>(samples.size() * sizeof samples[0]));
-    std::vector<std::string> words = {"pacat", "--raw", "--format=s16le", "--channels=1",
-                                      "--rate=" + std::to_string(kSampleRate),
-                                      "--latency-msec=20", sound};
-    std::vector<std::string> settings = {"PATH=/usr/bin:/bin", "LC_ALL=C",
-                                         "HOME=" + folder.Path(), "XDG_RUNTIME_DIR=" + folder.Path(),
-                                         "PULSE_SERVER=" + server.Address(), "PULSE_PROP=" + about};
+    std::vector<std::string> words = {"pacat",
+                                      "--raw",
+                                      "--format=s16le",
+                                      "--channels=1",
+                                      "--rate=" + std::to_string(kSinkRate),
+                                      "--latency-msec=500",
+                                      sound};
+    std::vector<std::string> settings = {"PATH=/usr/bin:/bin",
+                                         "LC_ALL=C",
+                                         "HOME=" + folder.Path(),
+                                         "XDG_RUNTIME_DIR=" + folder.Path(),
+                                         "PULSE_SERVER=" + server.Address(),
+                                         "PULSE_PROP=" + about};
     const auto pointers = [](std::vector<std::string>& all) {
       std::vector<char*> list;
       for (std::string& one : all) list.push_back(one.data());
@@ -99,15 +109,15 @@ class PageSoundTest : public testing::Test {
   void SetUp() override {
     if (!server_.Start()) GTEST_SKIP() << "PulseAudio does not run here: " << server_.Log();
     listener_ = std::make_unique<SinkListener>(
-        server_.Address(), [this](const std::vector<std::int16_t>& samples) { heard_.Add(samples); });
+        server_.Address(),
+        [this](const std::vector<std::int16_t>& samples) { heard_.Add(samples); });
     ASSERT_TRUE(listener_->WaitReady());
   }
   /// A process as the engine starts it for pages of the program with a process number.
   std::unique_ptr<Player> Page(pid_t program) {
-    return std::make_unique<Player>(
-        server_, folder_,
-        "corvane.pages-of=" + std::to_string(program) +
-            " application.process.binary=WebKitWebProcess");
+    return std::make_unique<Player>(server_, folder_,
+                                    "corvane.pages-of=" + std::to_string(program) +
+                                        " application.process.binary=WebKitWebProcess");
   }
 
   test::TemporaryFolder folder_;
@@ -120,12 +130,14 @@ TEST_F(PageSoundTest, APageSinksAndRisesWithoutCrackling) {
   const auto page = Page(getpid());
   ASSERT_TRUE(heard_.WaitFor(kLoud));
   PulsePageSound sound(server_.Address());
-  sound.PageSounds();
   heard_.ForgetSteps();
-  sound.SetLevel(20);
-  ASSERT_TRUE(heard_.WaitFor(kLoud / 5));
-  sound.SetLevel(100);
-  ASSERT_TRUE(heard_.WaitFor(kLoud));
+  sound.PageSounds();
+  for (int i = 0; i < 2; ++i) {
+    sound.SetLevel(20);
+    ASSERT_TRUE(heard_.WaitFor(kLoud / 5));
+    sound.SetLevel(100);
+    ASSERT_TRUE(heard_.WaitFor(kLoud));
+  }
   EXPECT_LT(heard_.LargestStep(), kLoud / 10);
 }
 

@@ -22,8 +22,7 @@ bool Answers(const std::string& path) {
   address.sun_family = AF_UNIX;
   path.copy(address.sun_path, sizeof address.sun_path - 1);
   const int number = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  const bool answers =
-      connect(number, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+  const bool answers = connect(number, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
   close(number);
   return answers;
 }

@@ -96,7 +96,8 @@ class RealServer : public ServerSpeech {
   void WaitForWords() {
     ASSERT_TRUE(WaitForEvents(1));
     const auto since = std::chrono::steady_clock::now();
-    RunLoopUntil([&] { return std::chrono::steady_clock::now() - since > std::chrono::seconds(2); });
+    RunLoopUntil(
+        [&] { return std::chrono::steady_clock::now() - since > std::chrono::seconds(2); });
   }
   /// The synthesizer has said the end of the text from the beginning of a word on.
   void ExpectTheRest(const std::string& text) {

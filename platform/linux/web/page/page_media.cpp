@@ -10,8 +10,7 @@ PageMedia::PageMedia(WebKitWebView* view, PageNotices& notices, Host host)
       notices_(notices),
       host_(std::move(host)),
       script_(webkit_web_view_get_user_content_manager(view), std::vector{"media.js"},
-              "corvaneMedia",
-              [this](const std::string&, const std::string&) { TellHeldBack(); }) {
+              "corvaneMedia", [this](const std::string&, const std::string&) { TellHeldBack(); }) {
   g_signal_connect(view_, "notify::is-playing-audio",
                    G_CALLBACK(+[](WebKitWebView* page, GParamSpec*, gpointer self) {
                      const auto& sounds = static_cast<PageMedia*>(self)->host_.sounds;
