@@ -3,12 +3,11 @@
 #include "access/FocusWords.h"
 #include "access/FullSentence.h"
 #include "base/text.h"
-#include "platform/linux/web/page/live_regions.h"
-#include "platform/linux/web/page/page_record.h"
 #include "tests/fuzz/fuzz.h"
+#include "web/page/ElementEvent.h"
+#include "web/page/WordsRecord.h"
 
 using namespace corvane;
-using namespace corvane::desktop;
 
 namespace {
 

@@ -1,10 +1,10 @@
-#include "platform/linux/web/page/page_record.h"
+#include "web/page/PageRecord.h"
 
-#include "platform/linux/web/page/text_record.h"
 #include "tests/fuzz/fuzz.h"
+#include "web/page/ElementEvent.h"
+#include "web/page/TextRecord.h"
 
 using namespace corvane;
-using namespace corvane::desktop;
 
 // What a page process sends, which a hostile page may have taken over.
 void FuzzOne(const std::string& input) {

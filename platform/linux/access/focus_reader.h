@@ -2,8 +2,8 @@
 
 #include <functional>
 
+#include "platform/field_focus.h"
 #include "platform/linux/access/access_bus.h"
-#include "platform/linux/web/page/field_focus.h"
 
 namespace corvane::desktop::reader {
 

@@ -3,7 +3,6 @@
 
 #include "platform/linux/web/engine_view.h"
 #include "platform/linux/web/load_failure.h"
-#include "platform/linux/web/web_text.h"
 #include "web/address/OwnAddress.h"
 
 namespace corvane::desktop {

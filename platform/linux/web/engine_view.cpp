@@ -3,16 +3,17 @@
 #include <gtk/gtk.h>
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <utility>
 
+#include "base/safe_name.h"
 #include "platform/linux/web/files/print_page.h"
 #include "platform/linux/web/files/save_page.h"
-#include "platform/linux/web/web_text.h"
+#include "platform/linux/web/web_resource.h"
 #include "web/OwnPages.h"
 #include "web/address/Address.h"
 #include "web/address/OwnAddress.h"
 #include "web/address/TypedAddress.h"
+#include "web/page/RecordJson.h"
 
 namespace corvane::desktop {
 namespace {
@@ -251,7 +252,7 @@ void EngineView::Navigate(const std::string& typed) {
   // A link that runs a script of its page is followed there; typed out of the
   // blue, the same text is refused.
   if (IsScript(typed) && document_is_present_ && HasLink(*document_, typed)) {
-    const std::string call = "corvane.follow(" + nlohmann::json(typed).dump() + ")";
+    const std::string call = "corvane.follow(" + record::Quoted(typed) + ")";
     return ActForUser(view_.get(), call);
   }
   const TypedAddress target = ResolveTyped(typed, engine_.Options().home_directory);

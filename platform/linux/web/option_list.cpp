@@ -6,7 +6,7 @@
 #include <array>
 #include <utility>
 
-#include "platform/linux/web/web_text.h"
+#include "base/safe_name.h"
 
 namespace corvane::desktop {
 namespace {

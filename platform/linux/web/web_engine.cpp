@@ -9,7 +9,7 @@
 #include "platform/linux/web/engine_view.h"
 #include "platform/linux/web/files/downloads.h"
 #include "platform/linux/web/requests/desktop_programs.h"
-#include "platform/linux/web/web_text.h"
+#include "platform/linux/web/web_resource.h"
 #include "web/address/OwnAddress.h"
 
 namespace corvane::desktop {

@@ -1,7 +1,6 @@
 // Elements that the page record does not hold, against the real engine.
 #include <gmock/gmock.h>
 
-#include "platform/linux/web/page/page_record.h"
 #include "tests/platform/web/page_harness.h"
 
 namespace corvane::desktop {
@@ -275,14 +274,6 @@ TEST_F(LateElementTest, AValueOfAMegabyteIsToldWhole) {
   Tab();
   ASSERT_TRUE(Heard("focus HTMLTextAreaElement textarea t"));
   EXPECT_EQ(added_.at(0)->value.size(), 1024U * 1024U);
-}
-
-TEST_F(LateElementTest, BrokenEventsOfAHostileProcessAreLeftOut) {
-  EXPECT_FALSE(ParseElementEvent(R"({"kind":"focus","field":)"));
-  const auto event =
-      ParseElementEvent(R"({"kind":"focus","document":"d","number":1,"field":{},"link":[1]})");
-  ASSERT_TRUE(event);
-  EXPECT_EQ(event->described, nullptr);
 }
 
 }  // namespace

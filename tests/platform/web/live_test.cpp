@@ -1,7 +1,6 @@
 // What pages say by themselves, against the real engine.
 #include <gmock/gmock.h>
 
-#include "platform/linux/web/page/live_regions.h"
 #include "tests/platform/web/page_harness.h"
 
 namespace corvane::desktop {
@@ -73,8 +72,7 @@ TEST_F(LiveTest, OnlyWhatIsAddedIsTold) {
 
 TEST_F(LiveTest, WhatIsSaidHasTheLanguageOfWhereItStands) {
   Load(
-      "<div lang=de><ul id=log role=log></ul><p id=s role=status></p></div><p id=o "
-      "role=status></p>");
+      "<div lang=de><ul id=log role=log></ul><p id=s role=status></p></div><p id=o role=status></p>");
   const auto languages = [&](const std::string& script) {
     After(script);
     std::vector<std::string> all;
@@ -178,20 +176,6 @@ TEST_F(LiveTest, AFloodEndsInANumber) {
   const auto counted = [&] { return view_.page_words.empty() ? 0 : view_.page_words.back().more; };
   ASSERT_TRUE(WaitUntil([&] { return counted() > 0; })) << "nothing was left out";
   EXPECT_LE(view_.page_words.size(), 11U);
-}
-
-TEST(PageWordsText, OnlyTheRightFormIsTaken) {
-  EXPECT_EQ(ParsePageWords(R"({"words": "a", "urgent": true})")->words, "a");
-  EXPECT_TRUE(ParsePageWords(R"({"words": "a", "urgent": true})")->urgent);
-  EXPECT_EQ(ParsePageWords(R"({"more": 7})")->more, 7);
-  EXPECT_EQ(ParsePageWords(R"({"words": "a", "language": "de_AT"})")->language, "de-at");
-  EXPECT_EQ(ParsePageWords(R"({"words": "a", "language": "no language"})")->language, "");
-  EXPECT_EQ(ParsePageWords(R"({"dialog": "dialog", "name": "n", "text": "t"})")->name, "n");
-  for (const char* wrong : {"", "[]", "{}", "{\"words\": 7}", "{\"words\": \"\"}", "{\"more\": -1}",
-                            "{\"more\": \"x\"}", "{\"dialog\": \"window\"}", "not json"}) {
-    EXPECT_FALSE(ParsePageWords(wrong).has_value()) << wrong;
-  }
-  EXPECT_FALSE(ParsePageWords("{\"words\": \"" + std::string(5000, 'x') + "\"}").has_value());
 }
 
 TEST_F(LiveTest, TheUserIsLedIntoADialogThatHasNotTakenTheFocus) {

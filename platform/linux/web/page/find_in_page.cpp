@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "base/safe_name.h"
 #include "platform/linux/glib/owner.h"
 #include "platform/linux/web/page/page_script.h"
-#include "platform/linux/web/web_text.h"
 
 namespace corvane::desktop {
 namespace {

@@ -4,18 +4,13 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
-#include <string_view>
+#include <string>
 
 #include "platform/linux/web/page/page_script.h"
 #include "platform/page_words.h"
 #include "web/requests/Allowance.h"
 
 namespace corvane::desktop {
-
-/// Reads what the page script found. Nothing when it does not have the right form:
-/// it comes from a process that a hostile page may have taken over.
-std::optional<PageWords> ParsePageWords(std::string_view json);
 
 /// Tells what the pages of a view say by themselves.
 class LiveRegions {

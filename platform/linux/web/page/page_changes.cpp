@@ -1,11 +1,11 @@
 #include "platform/linux/web/page/page_changes.h"
 
 #include <charconv>
-#include <nlohmann/json.hpp>
 #include <utility>
 
 #include "access/ElementWords.h"
-#include "platform/linux/web/web_text.h"
+#include "base/safe_name.h"
+#include "web/page/RecordJson.h"
 
 namespace corvane::desktop {
 namespace {
@@ -37,7 +37,7 @@ PageChanges::PageChanges(WebKitWebView* view, PageNotices& notices, Host host)
               [this](const std::string& kind, const std::string& text) { Receive(kind, text); }) {}
 
 void PageChanges::Jump(const std::string& address, std::function<void()> refused) {
-  const std::string call = "corvaneChanges.jump(" + nlohmann::json(address).dump() + ")";
+  const std::string call = "corvaneChanges.jump(" + record::Quoted(address) + ")";
   Evaluate(view_, call, nullptr, [refused = std::move(refused)](const auto& done) {
     if (!done) refused();
   });

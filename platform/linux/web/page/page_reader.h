@@ -17,9 +17,10 @@
 #include "platform/linux/glib/later.h"
 #include "platform/linux/glib/owner.h"
 #include "platform/linux/web/page/field_focus.h"
-#include "platform/linux/web/page/page_record.h"
 #include "platform/linux/web/page/page_script.h"
 #include "platform/page_text.h"
+#include "web/page/ElementEvent.h"
+#include "web/page/PageRecord.h"
 
 namespace corvane::desktop {
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/linux/web/web_text.h"
+#include "platform/linux/web/web_resource.h"
 
 namespace corvane::desktop {
 namespace {

@@ -3,12 +3,12 @@
 #include <gio/gio.h>
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <utility>
 
 #include "base/text.h"
-#include "platform/linux/web/page/text_record.h"
+#include "web/page/RecordJson.h"
+#include "web/page/TextRecord.h"
 
 namespace corvane::desktop {
 namespace {
@@ -23,7 +23,7 @@ constexpr std::size_t kMostSought = 100;  // characters of words that are to be 
 constexpr double kChangeSeconds = 0.3;
 constexpr double kReadingShare = 10;
 
-std::string Quoted(const std::string& text) { return nlohmann::json(text).dump(); }
+using record::Quoted;
 
 std::string Call(const char* function, const PageElement& element, const std::string& more = "") {
   return std::string("corvaneTextUse.") + function + "(" + Quoted(element.document) + ", " +

@@ -1,11 +1,8 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
-#include "base/safe_name.h"
-
-namespace corvane::desktop {
+namespace corvane {
 
 /// The longest line, in characters, that page text may have.
 inline constexpr int kLongestLine = 4000;
@@ -16,7 +13,4 @@ inline constexpr int kLongestLine = 4000;
 /// many seconds, so such a paragraph never leaves this folder.
 std::string BreakLongLines(std::string text, int longest = kLongestLine);
 
-/// The file of that name that is built into the program.
-std::string WebResource(const std::string& name);
-
-}  // namespace corvane::desktop
+}  // namespace corvane

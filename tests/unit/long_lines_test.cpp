@@ -1,9 +1,9 @@
-// Line breaking and built-in files.
-#include "platform/linux/web/web_text.h"
+// Breaking the lines of page texts.
+#include "web/page/LongLines.h"
 
 #include <gtest/gtest.h>
 
-namespace corvane::desktop {
+namespace corvane {
 namespace {
 
 TEST(BreakLongLines, LeavesShortLinesAlone) {
@@ -41,7 +41,5 @@ TEST(BreakLongLines, TwoMegabytesInOneLine) {
 
 TEST(BreakLongLines, EmptyText) { EXPECT_EQ(BreakLongLines(""), ""); }
 
-TEST(WebResource, UnknownFileIsAMistake) { EXPECT_ANY_THROW(WebResource("none.html")); }
-
 }  // namespace
-}  // namespace corvane::desktop
+}  // namespace corvane

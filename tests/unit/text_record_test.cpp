@@ -1,11 +1,11 @@
 // Reading a page's text with its elements, also as nobody in his right mind sends it.
-#include "platform/linux/web/page/text_record.h"
+#include "web/page/TextRecord.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-namespace corvane::desktop {
+namespace corvane {
 namespace {
 
 std::string Record(const std::string& text, const std::string& spans,
@@ -109,4 +109,4 @@ TEST(ParsePageElement, ReadsOneElement) {
 }
 
 }  // namespace
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -6,14 +6,13 @@
 
 #include "platform/page_text.h"
 
-namespace corvane::desktop {
+namespace corvane {
 
-/// Reads what the page script wrote of a page's text; null where there is none. As of
-/// records: hostile, nothing is thrown, safe on any thread. No line is longer than a
-/// text view can show.
+/// Reads what the page script wrote of a page's text; null where there is none; see
+/// RecordJson.h. No line is longer than a text view can show.
 std::shared_ptr<PageText> ParsePageText(std::string_view json);
 
 /// The element that a page script names: [document, number].
 std::optional<PageElement> ParsePageElement(std::string_view json);
 
-}  // namespace corvane::desktop
+}  // namespace corvane

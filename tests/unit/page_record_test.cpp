@@ -1,9 +1,11 @@
 // Reading records and events, also those that nobody in his right mind sends.
-#include "platform/linux/web/page/page_record.h"
+#include "web/page/PageRecord.h"
 
 #include <gtest/gtest.h>
 
-namespace corvane::desktop {
+#include "web/page/ElementEvent.h"
+
+namespace corvane {
 namespace {
 
 TEST(ParseRecord, ReadsAWholeRecord) {
@@ -121,5 +123,13 @@ TEST(ParseElementEvent, ALinksEventChangesNothing) {
   EXPECT_EQ(element.value, "kept");
 }
 
+TEST(ParseElementEvent, BrokenElementsAreLeftOut) {
+  EXPECT_FALSE(ParseElementEvent(R"({"kind":"focus","field":)"));
+  const auto event =
+      ParseElementEvent(R"({"kind":"focus","document":"d","number":1,"field":{},"link":[1]})");
+  ASSERT_TRUE(event);
+  EXPECT_EQ(event->described, nullptr);
+}
+
 }  // namespace
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -1,19 +1,19 @@
-#include "platform/linux/web/page/text_record.h"
+#include "web/page/TextRecord.h"
 
 #include <algorithm>
 #include <limits>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <utility>
 
 #include "base/text.h"
-#include "platform/linux/web/page/facts_record.h"
-#include "platform/linux/web/web_text.h"
+#include "web/page/FactsRecord.h"
+#include "web/page/LongLines.h"
+#include "web/page/RecordJson.h"
 
-namespace corvane::desktop {
+namespace corvane {
 namespace {
 
-using Json = nlohmann::json;
+using namespace record;
 
 constexpr std::size_t kMostSpans = 200'000;
 constexpr std::size_t kMostDocuments = 1000;
@@ -27,19 +27,6 @@ constexpr int kHeadsRows = 2;
 
 /// Where what a record calls number so and so stands here.
 using Places = std::vector<std::optional<std::size_t>>;
-
-const Json& Member(const Json& object, const char* name) {
-  static const Json kNothing;
-  const auto found = object.find(name);
-  return found == object.end() ? kNothing : *found;
-}
-
-int NumberOf(const Json& json, int otherwise) {
-  if (!json.is_number_integer()) return otherwise;
-  const auto number = json.get<std::int64_t>();
-  if (number < 0 || number > std::numeric_limits<int>::max()) return otherwise;
-  return static_cast<int>(number);
-}
 
 std::vector<std::string> DocumentsOf(const Json& json) {
   std::vector<std::string> documents;
@@ -170,7 +157,7 @@ void AddTables(const Json& tables, const Places& places, PageText& page) {
 }  // namespace
 
 std::shared_ptr<PageText> ParsePageText(std::string_view text) {
-  const Json json = Json::parse(text, nullptr, /*allow_exceptions=*/false);
+  const Json json = Parse(text);
   if (!json.is_object()) return nullptr;
   const auto* words = Member(json, "text").get_ptr<const Json::string_t*>();
   // What would not stand in a text view as it is came from no script of the program.
@@ -190,11 +177,11 @@ std::shared_ptr<PageText> ParsePageText(std::string_view text) {
 }
 
 std::optional<PageElement> ParsePageElement(std::string_view text) {
-  const Json json = Json::parse(text, nullptr, /*allow_exceptions=*/false);
+  const Json json = Parse(text);
   if (!json.is_array() || json.size() != 2) return std::nullopt;
   const auto* document = json[0].get_ptr<const Json::string_t*>();
   if (document == nullptr || document->size() > kLongestName) return std::nullopt;
   return PageElement{*document, NumberOf(json[1], 0)};
 }
 
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -1,43 +1,26 @@
-#include "platform/linux/web/page/facts_record.h"
+#include "web/page/FactsRecord.h"
 
-#include <limits>
-#include <nlohmann/json.hpp>
 #include <string>
 
 #include "base/language.h"
-#include "base/text.h"
+#include "web/page/RecordJson.h"
 
-namespace corvane::desktop {
+namespace corvane {
 namespace {
 
-using Json = nlohmann::json;
+using namespace record;
 
 constexpr std::size_t kLongestText = 4000;  // bytes; the script allows 1,000 characters
 constexpr std::size_t kMostGroups = 20;
 
-std::string Text(const Json& json) {
-  const auto* text = json.get_ptr<const Json::string_t*>();
-  if (text == nullptr || text->size() > kLongestText) return {};
-  return text::replace_all(*text, std::string(1, '\0'), "\xEF\xBF\xBD");
-}
-
-int Number(const Json& json) {
-  if (!json.is_number_integer()) return 0;
-  const auto number = json.get<std::int64_t>();
-  return number < 0 || number > std::numeric_limits<int>::max() ? 0 : static_cast<int>(number);
-}
+std::string Text(const Json& json) { return TextOf(json, kLongestText); }
+int Number(const Json& json) { return NumberOf(json, 0); }
 
 Tri State(const Json& json) {
   const std::string word = Text(json);
   if (word == "true") return Tri::Yes;
   if (word == "false") return Tri::No;
   return word == "mixed" ? Tri::Mixed : Tri::None;
-}
-
-const Json kNothing;
-
-const Json& At(const Json& list, std::size_t index) {
-  return list.is_array() && index < list.size() ? list[index] : kNothing;
 }
 
 std::vector<ElementGroup> Groups(const Json& json) {
@@ -70,12 +53,9 @@ void MarkLanguage(ElementFacts& facts, const std::string& tag) {
 
 }  // namespace
 
-ElementFactsPtr FactsOf(const Json& json) {
+ElementFactsPtr FactsOf(const nlohmann::json& json) {
   if (!json.is_object()) return nullptr;
-  const auto member = [&](const char* name) -> const Json& {
-    const auto found = json.find(name);
-    return found == json.end() ? kNothing : *found;
-  };
+  const auto member = [&](const char* name) -> const Json& { return Member(json, name); };
   const auto flag = [&](const char* name) { return member(name) == true; };
   auto facts = std::make_shared<ElementFacts>();
   facts->number = Number(member("number"));
@@ -114,4 +94,4 @@ ElementFactsPtr FactsOf(const Json& json) {
   return facts;
 }
 
-}  // namespace corvane::desktop
+}  // namespace corvane

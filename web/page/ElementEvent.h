@@ -1,39 +1,15 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
+#include "platform/element_facts.h"
+#include "platform/field_focus.h"
 #include "platform/html_document.h"
 
-namespace corvane::desktop {
-
-/// Where a frame lies: its index in its parent, the parent's in its own, from
-/// the top. The page itself has an empty place.
-using FramePlace = std::vector<int>;
-
-/// What a document says of a frame in it, for frames that say nothing
-/// themselves.
-struct FrameHint {
-  std::string title;
-  std::string address;
-  bool silent = false;  ///< runs no scripts: its own record will not come
-};
-
-/// One document as its record described it.
-struct PageRecord {
-  std::string document_id;
-  FramePlace place;
-  std::string origin;      ///< of the document
-  std::string top_origin;  ///< of the whole page
-  bool silent = false;     ///< the document runs no scripts, so it never tells anything unasked
-  HTMLDocumentPtr document;
-  std::unordered_map<int, HTMLElementPtr> elements;  ///< by the number that events name
-  std::vector<FrameHint> frames;
-};
+namespace corvane {
 
 /// What an element's event brings.
 struct ElementEvent {
@@ -62,14 +38,13 @@ struct ElementEvent {
   HTMLElementPtr described;  ///< the element itself, where no record holds it
 };
 
-/// Reads what the page script wrote. The text comes from a process that a
-/// hostile page may have taken over: whatever does not have the right form is
-/// left out, and nothing is ever thrown. Safe on any thread.
-std::vector<PageRecord> ParseRecords(std::string_view json);
-std::optional<PageRecord> ParseRecord(std::string_view json);
+/// Reads what the page script wrote; see RecordJson.h.
 std::optional<ElementEvent> ParseElementEvent(std::string_view json);
+
+/// Completes what the page told with what was seen.
+void Complete(ElementEvent& event, const FieldFocus& focus);
 
 /// Takes over into the element what the event brought.
 void Apply(const ElementEvent& event, HTMLElement& element);
 
-}  // namespace corvane::desktop
+}  // namespace corvane
