@@ -23,12 +23,49 @@ struct PagePlace {
 /// no address.
 inline constexpr const char* kProblemAddress = "about:problem";
 
+/// What happens to the pages of a browser control.
+struct WebEvents {
+  Event<> DownloadBegin;
+  Event<> DownloadComplete;
+  /// What a status bar shows: the link under pointer or focus, loading, whether
+  /// the connection is secure.
+  Event<const std::string&> StatusTextChange;
+  /// A sentence of the program's own about the page that the user is to hear now.
+  /// However often pages give cause for it, it does not come often.
+  Event<const std::string&> Announcement;
+  /// The user has been led to another place in the page, also by a link in it.
+  Event<const PagePlace&> PlaceReached;
+  /// What the user looked for in the page has been found, and told; it is selected.
+  Event<> Found;
+  /// The user has pressed Escape in an element of the page (number 0: in none), and the
+  /// page had no use for it.
+  Event<const PageElement&> LeftElement;
+  /// What the user wanted to use or to enter is in the page no more.
+  Event<> ElementGone;
+  /// The page's focus has come to an element, and the element's own event has told of it.
+  Event<const PageElement&> FocusMoved;
+  /// What DescribeText has handed on last is no longer how the page is. Once for each text,
+  /// when the page stands still or has not for a while.
+  Event<> TextChanged;
+  /// The page says something by itself. Only while the user is in its window.
+  Event<const PageWords&> PageSays;
+  /// A page, and with it the user, opens a window. The next control that is made
+  /// while this is raised shows the page; without one it never appears.
+  Event<> NewWindow;
+  /// The page that opened this control is done with it, or agrees to be closed:
+  /// the window may close. Not raised from inside a call of the control.
+  Event<> WindowClosing;
+  /// The page, or saving it, wants files. The user is asked for them; without a
+  /// listener none is chosen.
+  Event<const FileRequest&> FilesWanted;
+};
+
 /// The control that renders pages. One navigation raises, in this order,
 /// DownloadBegin, any number of StatusTextChange, DownloadComplete. A failed
 /// load ends in a readable page of the program's own that is read like any
 /// other; a page process that crashes or hangs does too, and Refresh then loads
 /// the page again.
-class WebBrowser : public Control {
+class WebBrowser : public Control, public WebEvents {
  public:
   /// Command identifiers and options of ExecWB.
   enum Command : int { OLECMDID_SAVEAS = 4, OLECMDID_PRINT = 6 };
@@ -128,40 +165,6 @@ class WebBrowser : public Control {
   /// hold the user: the next call is answered with yes, unless the user has gone
   /// on working in the page.
   virtual bool MayClose() = 0;
-
-  Event<> DownloadBegin;
-  Event<> DownloadComplete;
-  /// What a status bar shows: the link under pointer or focus, loading, whether
-  /// the connection is secure.
-  Event<const std::string&> StatusTextChange;
-  /// A sentence of the program's own about the page that the user is to hear now.
-  /// However often pages give cause for it, it does not come often.
-  Event<const std::string&> Announcement;
-  /// The user has been led to another place in the page, also by a link in it.
-  Event<const PagePlace&> PlaceReached;
-  /// What the user looked for in the page has been found, and told; it is selected.
-  Event<> Found;
-  /// The user has pressed Escape in an element of the page (number 0: in none), and the
-  /// page had no use for it.
-  Event<const PageElement&> LeftElement;
-  /// What the user wanted to use or to enter is in the page no more.
-  Event<> ElementGone;
-  /// The page's focus has come to an element, and the element's own event has told of it.
-  Event<const PageElement&> FocusMoved;
-  /// What DescribeText has handed on last is no longer how the page is. Once for each text,
-  /// when the page stands still or has not for a while.
-  Event<> TextChanged;
-  /// The page says something by itself. Only while the user is in its window.
-  Event<const PageWords&> PageSays;
-  /// A page, and with it the user, opens a window. The next control that is made
-  /// while this is raised shows the page; without one it never appears.
-  Event<> NewWindow;
-  /// The page that opened this control is done with it, or agrees to be closed:
-  /// the window may close. Not raised from inside a call of the control.
-  Event<> WindowClosing;
-  /// The page, or saving it, wants files. The user is asked for them; without a
-  /// listener none is chosen.
-  Event<const FileRequest&> FilesWanted;
 };
 
 }  // namespace corvane

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/engine.h"
+
 namespace corvane {
 
 /// What becomes of something a page, or the program, wants to load.
@@ -25,24 +27,6 @@ struct PolicyContext {
   std::string requested;  ///< address that the program itself asked for and waits for
   /// Address under which the engine knows the page shown, where that is of a document.
   std::string document = {};
-};
-
-/// Something that is to be loaded.
-struct LoadWish {
-  enum class Way { Ahead, History, Reload };
-  std::string address;
-  Way way = Way::Ahead;
-  bool redirect = false;      ///< a server leads there
-  bool user_gesture = false;  ///< as Verdict's
-};
-
-/// What a server answers with.
-struct LoadAnswer {
-  std::string address;
-  std::string mime_type = {};
-  bool can_be_shown = false;  ///< the engine has a way to show that kind
-  bool is_page = false;       ///< and not a part of one
-  bool to_be_saved = false;   ///< the server wants it saved
 };
 
 /// Judges what is to be loaded in place. Pages of the network never lead to files or to

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "platform/load_failure.h"
+
 namespace corvane {
 
 /// Why there is no page, in words for people: shown as a page of the program's
@@ -12,28 +14,6 @@ struct Problem {
   std::string advice;    ///< what to do now
   std::string address;   ///< what could not be shown; an address or what was typed
 };
-
-/// Why something could not be loaded.
-struct LoadFailure {
-  enum class Kind {
-    NoHost,         ///< nobody knows a server of that name
-    NoConnection,   ///< there is none, or it broke at once
-    Refused,        ///< the server takes no connections there
-    TimedOut,       ///< no answer in time
-    GivenUp,        ///< by the engine
-    NoFile,         ///< on this computer
-    ForbiddenFile,  ///< not to be read by this user
-    NotSecure,      ///< no secure connection could be made
-    ForbiddenPort,  ///< the port is none for pages
-    NotShown,       ///< the engine opens nothing of that kind
-    Other,
-  };
-  Kind kind = Kind::Other;
-  std::string words;  ///< of whoever reported it
-};
-
-/// What is wrong with a server's certificate.
-enum class CertificateFault { Unknown, Issuer, Site, Expired, NotYetValid, Withdrawn };
 
 /// A load that failed.
 Problem LoadProblem(const std::string& address, const LoadFailure& failure);

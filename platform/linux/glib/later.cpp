@@ -2,6 +2,7 @@
 
 #include <gio/gio.h>
 #include <glibmm/exceptionhandler.h>
+#include <malloc.h>
 
 #include "platform/linux/glib/owner.h"
 
@@ -66,6 +67,20 @@ std::shared_ptr<void> After(double seconds, Action action) {
   auto delay = std::make_shared<Delay>();
   delay->Start(seconds, std::move(action));
   return delay;
+}
+
+void DoAside(Weight weight, std::function<Action()> work) {
+  OnWorker([weight, work = std::move(work)]() mutable {
+    PostToLoop(work(), Turn::InTurn);
+    work = nullptr;
+    // What was made lies between the holes of what it was made from.
+    if (weight == Weight::Heavy) malloc_trim(0);
+  });
+}
+
+Schedule LoopSchedule() {
+  return {&After, &DoAside,
+          [] { return static_cast<double>(g_get_monotonic_time()) / G_USEC_PER_SEC; }};
 }
 
 void Delay::Start(double seconds, Action run) {

@@ -6,6 +6,8 @@
 #include <memory>
 #include <utility>
 
+#include "platform/later.h"
+
 namespace corvane::desktop {
 
 /// When the loop runs what is posted.
@@ -29,8 +31,10 @@ void PostWhenNothingIsUnderWay(std::function<void()> action);
 /// Runs `work` on a thread of its own, from where it may post what has come of it.
 void OnWorker(std::function<void()> work);
 
-/// As the product has it (platform/later.h).
+/// As the product has them (platform/later.h).
 std::shared_ptr<void> After(double seconds, std::function<void()> action);
+void DoAside(Weight weight, std::function<std::function<void()>()> work);
+Schedule LoopSchedule();
 
 /// Runs something once, later, on the main loop. Starting it again or letting go
 /// of it forgets what was to run.

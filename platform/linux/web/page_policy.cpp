@@ -20,15 +20,6 @@ bool IsAttachment(WebKitURIResponse* response) {
   return text::same_ignoring_case(Taken(disposition), "attachment");
 }
 
-LoadAnswer AnswerOf(WebKitResponsePolicyDecision* decision) {
-  WebKitURIResponse* response = webkit_response_policy_decision_get_response(decision);
-  return {Text(webkit_uri_response_get_uri(response)),
-          Text(webkit_uri_response_get_mime_type(response)),
-          webkit_response_policy_decision_is_mime_type_supported(decision) != FALSE,
-          webkit_response_policy_decision_is_main_frame_main_resource(decision) != FALSE,
-          IsAttachment(response)};
-}
-
 LoadWish::Way WayOf(WebKitNavigationType type) {
   if (type == WEBKIT_NAVIGATION_TYPE_BACK_FORWARD) return LoadWish::Way::History;
   if (type == WEBKIT_NAVIGATION_TYPE_RELOAD) return LoadWish::Way::Reload;
@@ -41,18 +32,16 @@ LoadWish WishOf(WebKitNavigationAction* action) {
   return {Text(webkit_uri_request_get_uri(webkit_navigation_action_get_request(action))),
           WayOf(webkit_navigation_action_get_navigation_type(action)),
           webkit_navigation_action_is_redirect(action) != FALSE,
-          webkit_navigation_action_is_user_gesture(action) != FALSE};
+          webkit_navigation_action_is_user_gesture(action) != FALSE, LoadWish::Where::InPlace};
 }
 
-Verdict Judge(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type,
-              const PolicyContext& context) {
-  if (type == WEBKIT_POLICY_DECISION_TYPE_RESPONSE) {
-    return corvane::Judge(AnswerOf(WEBKIT_RESPONSE_POLICY_DECISION(decision)));
-  }
-  const LoadWish wish = WishOf(webkit_navigation_policy_decision_get_navigation_action(
-      WEBKIT_NAVIGATION_POLICY_DECISION(decision)));
-  return type == WEBKIT_POLICY_DECISION_TYPE_NEW_WINDOW_ACTION ? JudgeNewWindow(wish, context)
-                                                               : corvane::Judge(wish, context);
+LoadAnswer AnswerOf(WebKitResponsePolicyDecision* decision) {
+  WebKitURIResponse* response = webkit_response_policy_decision_get_response(decision);
+  return {Text(webkit_uri_response_get_uri(response)),
+          Text(webkit_uri_response_get_mime_type(response)),
+          webkit_response_policy_decision_is_mime_type_supported(decision) != FALSE,
+          webkit_response_policy_decision_is_main_frame_main_resource(decision) != FALSE,
+          IsAttachment(response)};
 }
 
 }  // namespace corvane::desktop

@@ -2,14 +2,13 @@
 
 #include <webkit2/webkit2.h>
 
-#include "web/Policy.h"
+#include "platform/engine.h"
 
 namespace corvane::desktop {
 
-/// Judges a navigation, a new window or an answer.
-Verdict Judge(WebKitPolicyDecision* decision, WebKitPolicyDecisionType type,
-              const PolicyContext& context);
 /// What is to be loaded, as the engine has it.
 LoadWish WishOf(WebKitNavigationAction* action);
+/// What has come.
+LoadAnswer AnswerOf(WebKitResponsePolicyDecision* decision);
 
 }  // namespace corvane::desktop

@@ -1,7 +1,5 @@
 #include "platform/linux/web/web_engine.h"
 
-#include <algorithm>
-#include <cmath>
 #include <filesystem>
 #include <utility>
 
@@ -14,9 +12,6 @@
 
 namespace corvane::desktop {
 namespace {
-
-constexpr double kLeastZoom = 0.3;
-constexpr double kMostZoom = 3;
 
 std::string ProgramFolder() {
   std::error_code error;
@@ -54,8 +49,7 @@ void FillDefaults(EngineOptions& options) {
   }
   if (!options.programs) options.programs = std::make_shared<DesktopPrograms>();
   if (options.home_directory.empty()) options.home_directory = Text(g_get_home_dir());
-  if (!options.start_page) options.start_page = [] { return std::string(kHomePage); };
-  if (!options.search_service) options.search_service = [] { return std::string(); };
+  if (options.problem_page.empty()) options.problem_page = WebResource("problem.html");
   if (!options.find_matches) {
     options.find_matches = [](const std::string&) { return std::vector<SearchMatch>(); };
   }
@@ -72,7 +66,10 @@ ObjectPtr<WebKitWebsiteDataManager> MakeDataManager(const EngineOptions& options
 
 }  // namespace
 
-WebEngine::WebEngine(EngineOptions options) : options_(std::move(options)) {
+WebEngine::WebEngine(EngineOptions options)
+    : options_(std::move(options)),
+      preferences_(options_.zoom_changed),
+      preferences_changed_(preferences_.Changed.Connect([this] { ApplyPreferences(); })) {
   FillDefaults(options_);
   permissions_ = std::make_unique<PermissionBook>(options_.permissions_file, &ReplaceFile);
   downloads_ =
@@ -127,24 +124,14 @@ WebEngine::~WebEngine() {
   g_signal_handlers_disconnect_by_data(context_.get(), this);
 }
 
-void WebEngine::SetPreferences(const EnginePreferences& preferences) {
-  preferences_ = preferences;
+void WebEngine::ApplyPreferences() {
+  const EnginePreferences& preferences = preferences_.Now();
   WebKitSettings* settings = settings_.get();
   webkit_settings_set_minimum_font_size(settings,
                                         static_cast<guint32>(preferences.minimum_font_size));
   webkit_settings_set_auto_load_images(settings, preferences.images);
   // Not enable-javascript: the page script must go on working.
   webkit_settings_set_enable_javascript_markup(settings, preferences.scripts);
-  PreferencesChanged.Raise();
-}
-
-int WebEngine::Zoom(double zoom) {
-  EnginePreferences preferences = preferences_;
-  const int percent = static_cast<int>(std::lround(std::clamp(zoom, kLeastZoom, kMostZoom) * 100));
-  preferences.zoom = percent / 100.0;
-  SetPreferences(preferences);
-  if (options_.zoom_changed) options_.zoom_changed(percent);
-  return percent;
 }
 
 void WebEngine::ClearSiteData() {
@@ -163,11 +150,6 @@ void WebEngine::ClearCache() {
       WEBKIT_WEBSITE_DATA_OFFLINE_APPLICATION_CACHE | WEBKIT_WEBSITE_DATA_DOM_CACHE);
   webkit_website_data_manager_clear(webkit_web_context_get_website_data_manager(context_.get()),
                                     types, 0, nullptr, nullptr, nullptr);
-}
-
-std::string WebEngine::SearchAddress(const std::string& address) const {
-  if (!IsSearch(address)) return {};
-  return ServiceAddress(options_.search_service(), SearchedWords(address));
 }
 
 void WebEngine::OnDownload(WebKitWebContext*, WebKitDownload* download, gpointer self) {
@@ -189,7 +171,7 @@ void WebEngine::OnCorvaneRequest(WebKitURISchemeRequest* request, gpointer self)
   } else if (IsSearch(address)) {
     const std::string words = SearchedWords(address);
     page = RenderSearch(WebResource("search.html"), words, engine.options_.find_matches(words),
-                        !engine.SearchAddress(address).empty());
+                        !engine.options_.SearchAddress(address).empty());
   } else {
     const ErrorPtr error(g_error_new_literal(
         WEBKIT_NETWORK_ERROR, WEBKIT_NETWORK_ERROR_FILE_DOES_NOT_EXIST, "no such page"));

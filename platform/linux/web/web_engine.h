@@ -8,12 +8,13 @@
 #include <vector>
 
 #include "base/event.h"
+#include "platform/linux/glib/later.h"
 #include "platform/linux/glib/owner.h"
 #include "platform/linux/web/page/field_focus.h"
-#include "web/EngineChoices.h"
+#include "web/Browser.h"
+#include "web/BrowserOptions.h"
 #include "web/OwnPages.h"
-#include "web/Watchdog.h"
-#include "web/requests/PageRequests.h"
+#include "web/Preferences.h"
 
 namespace corvane::desktop {
 
@@ -22,7 +23,7 @@ class EngineView;
 
 /// How the engine works together with the rest of the program. Whatever is left
 /// empty has a sensible default.
-struct EngineOptions {
+struct EngineOptions : BrowserOptions {
   /// Keeps nothing on disk: no cookies, no cache.
   bool ephemeral = false;
   /// Default: "corvane" in the user's data and cache folders.
@@ -32,12 +33,6 @@ struct EngineOptions {
   std::string extension_directory;
   /// The program that makes pages of documents; default: beside the program.
   std::string document_program;
-  /// The user's home folder, for "~" in typed paths.
-  std::string home_directory;
-  /// Where GoHome goes; default: the program's home page.
-  std::function<std::string()> start_page;
-  /// The web search service's address with "%s" for the words; empty: none.
-  std::function<std::string()> search_service;
   /// Favourites and pages of the history that fit words searched.
   std::function<std::vector<SearchMatch>(const std::string& words)> find_matches;
   /// Shows alerts of pages; without it they only go to the status text.
@@ -45,28 +40,15 @@ struct EngineOptions {
   /// Shows questions; without it none is asked, and what a page wants to be
   /// allowed is refused.
   std::shared_ptr<Questions> questions;
-  /// Open the addresses that are none of pages; default: the desktop's.
-  std::shared_ptr<OtherPrograms> programs;
   /// Where files from the network go; default: the user's download folder.
   std::string download_folder;
   /// Where the permissions of sites are kept; default: in the data folder.
   std::string permissions_file;
-  /// Called for each page that was loaded, for the history; not for problems.
-  std::function<void(const std::string& address, const std::string& title)> page_visited;
-  /// Whether the page with that address has been loaded before; without it that is
-  /// not known of any.
-  std::function<bool(const std::string& address)> was_visited;
   /// The user has changed the zoom, in percent; to store it.
   std::function<void(int percent)> zoom_changed;
   /// Sees what a page's scripts cannot tell of the field that has the focus; without it
   /// that stays unknown.
   LookAtFocus look_at_focus;
-  /// Whether a page that is loaded now may not begin to sound by itself; without it each
-  /// may.
-  std::function<bool()> holds_back_sound;
-  /// A page begins to sound.
-  std::function<void()> page_sounds;
-  Watchdog::Limits hang;
 };
 
 /// The rendering engine: one for all browser controls of the program. Must
@@ -82,14 +64,8 @@ class WebEngine {
   WebKitWebContext* Context() const { return context_.get(); }
   WebKitSettings* Settings() const { return settings_.get(); }
 
-  const EnginePreferences& Preferences() const { return preferences_; }
   /// Takes effect at once; scripts and images with the next page.
-  void SetPreferences(const EnginePreferences& preferences);
-  Event<> PreferencesChanged;
-  /// Shows all pages larger by that many steps of 10 percent (smaller when negative),
-  /// or in their own size; returns the size that is kept from now on, in percent.
-  int ZoomBy(int steps) { return Zoom(preferences_.zoom + steps / 10.0); }
-  int ZoomReset() { return Zoom(1); }
+  void SetPreferences(const EnginePreferences& preferences) { preferences_.Set(preferences); }
 
   /// Files that are coming.
   Downloads& GetDownloads() { return *downloads_; }
@@ -105,9 +81,12 @@ class WebEngine {
 
   /// What sites are allowed for good.
   PermissionBook& Permissions() { return *permissions_; }
-  /// Whom the pages' wishes are put to.
-  PageRequests::Desks Desks() {
-    return {options_.questions, options_.dialogs, options_.programs, *permissions_};
+  /// What all browsers share.
+  Browser::Shared ForBrowsers() {
+    return {options_,
+            preferences_,
+            LoopSchedule(),
+            {options_.questions, options_.dialogs, options_.programs, *permissions_}};
   }
 
   /// A view that a page has opened waits here until a control takes it.
@@ -119,17 +98,14 @@ class WebEngine {
   void ClearSiteData();
   void ClearCache();
 
-  /// The address at the web search service for a search of the fixed form; empty
-  /// for other addresses and without a service.
-  std::string SearchAddress(const std::string& address) const;
-
  private:
-  int Zoom(double zoom);
+  void ApplyPreferences();
   static void OnDownload(WebKitWebContext*, WebKitDownload* download, gpointer self);
   static void OnCorvaneRequest(WebKitURISchemeRequest* request, gpointer self);
 
   EngineOptions options_;
-  EnginePreferences preferences_;
+  Preferences preferences_;
+  Connection preferences_changed_;
   std::unique_ptr<PermissionBook> permissions_;
   std::unique_ptr<Downloads> downloads_;
   std::unique_ptr<EngineView> offered_;

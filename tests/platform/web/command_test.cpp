@@ -111,7 +111,7 @@ TEST_F(CommandTest, ZoomIsToldStoredAndBounded) {
   view_->Do(Command::ZoomOut);
   EXPECT_THAT(view_.Said(), ElementsAre("110 percent", "120 percent", "110 percent"));
   EXPECT_THAT(zooms_, ElementsAre(110, 120, 110));
-  EXPECT_DOUBLE_EQ(webkit_web_view_get_zoom_level(view_->View()), 1.1);
+  EXPECT_DOUBLE_EQ(webkit_web_view_get_zoom_level(view_.View()), 1.1);
   for (int i = 0; i < 100; ++i) view_->Do(Command::ZoomOut);
   EXPECT_EQ(view_.Said().back(), "30 percent");
   for (int i = 0; i < 100; ++i) view_->Do(Command::ZoomIn);

@@ -59,7 +59,7 @@ class DocumentTest : public testing::Test {
   std::string Address(const std::string& name) { return server_.Url("/" + name + ".pdf"); }
 
   /// Goes back or forward, or loads again, and waits for what comes.
-  void Do(void (EngineView::*what)()) {
+  void Do(void (Browser::*what)()) {
     (*view_.operator->().*what)();
     view_.WaitIdle();
   }
@@ -68,7 +68,7 @@ class DocumentTest : public testing::Test {
   bool Awaits(const std::string& address) {
     view_->Navigate(address);
     return WaitUntil(
-        [&] { return webkit_web_view_get_uri(view_->View()) == DocumentPage(address); });
+        [&] { return webkit_web_view_get_uri(view_.View()) == DocumentPage(address); });
   }
 
   const test::TemporaryFolder root_;
@@ -126,34 +126,34 @@ TEST_F(DocumentTest, BackAndForwardFindTheDocumentInTheHistory) {
   view_.Go(server_.Url());
   view_.Go(Address("tagged"));
   view_.Go(server_.Url("/c"));
-  Do(&EngineView::GoBack);
+  Do(&Browser::GoBack);
   EXPECT_EQ(Title(), "Opening hours & more");
   EXPECT_EQ(view_->LocationURL(), Address("tagged"));
-  Do(&EngineView::GoBack);
+  Do(&Browser::GoBack);
   EXPECT_EQ(Title(), "A");
-  EXPECT_FALSE(webkit_web_view_can_go_back(view_->View()));
-  Do(&EngineView::GoForward);
+  EXPECT_FALSE(webkit_web_view_can_go_back(view_.View()));
+  Do(&Browser::GoForward);
   EXPECT_EQ(Title(), "Opening hours & more");
-  Do(&EngineView::GoForward);
+  Do(&Browser::GoForward);
   EXPECT_EQ(Title(), "C");
-  EXPECT_FALSE(webkit_web_view_can_go_forward(view_->View()));
+  EXPECT_FALSE(webkit_web_view_can_go_forward(view_.View()));
 }
 
 TEST_F(DocumentTest, RefreshFetchesItAgain) {
   view_.Go(server_.Url());
   view_.Go(Address("tagged"));
   server_.Page("/tagged.pdf", DocumentOf("by_hand"), kPdf);
-  Do(&EngineView::Refresh);
+  Do(&Browser::Refresh);
   EXPECT_EQ(Title(), "Bericht");
   EXPECT_EQ(view_->LocationURL(), Address("tagged"));
-  Do(&EngineView::GoBack);
+  Do(&Browser::GoBack);
   EXPECT_EQ(Title(), "A");
 }
 
 TEST_F(DocumentTest, WhatHasBecomeAnOrdinaryPageIsShownAsOne) {
   view_.Go(Address("tagged"));
   server_.Page("/tagged.pdf", "<title>Moved</title>");
-  Do(&EngineView::Refresh);
+  Do(&Browser::Refresh);
   EXPECT_EQ(Title(), "Moved");
   EXPECT_EQ(view_->LocationURL(), Address("tagged"));
 }
@@ -207,7 +207,7 @@ TEST_F(DocumentTest, ADocumentOfTheDiskOpensToo) {
   EXPECT_THAT(view_.Body(), HasSubstr("Page 1 is a picture without text."));
   EXPECT_THAT(view_.Body(), HasSubstr("Words after all."));
   EXPECT_EQ(view_->LocationURL(), "file://" + std::string(CORVANE_DOCUMENTS) + "/scanned.pdf");
-  Do(&EngineView::Refresh);
+  Do(&Browser::Refresh);
   EXPECT_THAT(view_.Body(), HasSubstr("Words after all."));
 }
 
@@ -228,10 +228,10 @@ TEST_F(DocumentTest, WithoutThePasswordAPageSaysSo) {
   view_.Go(Address("locked"));
   EXPECT_EQ(Title(), "The document is locked: locked.pdf");
   EXPECT_EQ(view_->LocationURL(), Address("locked"));
-  Do(&EngineView::GoBack);
+  Do(&Browser::GoBack);
   EXPECT_EQ(Title(), "A");
   asking_->replies = {{0, {"open sesame"}}};
-  Do(&EngineView::GoForward);
+  Do(&Browser::GoForward);
   EXPECT_EQ(Title(), "Yearly report");
 }
 
@@ -241,9 +241,9 @@ TEST_F(DocumentTest, ABrokenDocumentIsAProblemPage) {
   EXPECT_EQ(Title(), "The document cannot be read: broken.pdf");
   EXPECT_THAT(view_.Body(), HasSubstr("is damaged, or it is no PDF document."));
   server_.Page("/broken.pdf", DocumentOf("tagged"), kPdf);
-  Do(&EngineView::Refresh);
+  Do(&Browser::Refresh);
   EXPECT_EQ(Title(), "Opening hours & more");
-  Do(&EngineView::GoBack);
+  Do(&Browser::GoBack);
   EXPECT_EQ(Title(), "A");
 }
 
@@ -253,7 +253,7 @@ TEST_F(DocumentTest, StopEndsTheWaitForADocument) {
   ASSERT_TRUE(Awaits(server_.Url("/slow.pdf")));
   EXPECT_TRUE(view_->Busy());
   ASSERT_TRUE(WaitUntil([] { return !PrivateFolders().empty(); }));
-  Do(&EngineView::Stop);
+  Do(&Browser::Stop);
   EXPECT_EQ(Title(), "A");
   EXPECT_EQ(view_->LocationURL(), server_.Url());
   EXPECT_TRUE(WaitUntil([] { return PrivateFolders().empty(); }));

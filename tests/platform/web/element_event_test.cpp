@@ -237,7 +237,7 @@ TEST_F(ElementEventTest, AMoveThatIsAboutToBeToldIsToldOnceAsTheUsersOwn) {
   TabTo("q");
   std::vector<bool> unasked;
   connections_ += Element(1).onfocus.Connect([&] { unasked.push_back(view_.Document()->unasked); });
-  Evaluate(view_->View(), "(document.forms[0].r.focus(), corvaneEvents.tellAgain(), '')", nullptr,
+  Evaluate(view_.View(), "(document.forms[0].r.focus(), corvaneEvents.tellAgain(), '')",
            [](const auto&) {});
   ASSERT_TRUE(WaitFor("focus r"));
   view_.EvaluateInPage("1");

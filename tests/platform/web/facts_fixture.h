@@ -21,7 +21,7 @@ class FactsTest : public PageTest {
   /// What an expression in the page scripts' world gives; "?" when it fails.
   std::string Asked(const std::string& expression) {
     std::optional<std::optional<std::string>> answer;
-    Evaluate(view_->View(), expression, nullptr, [&](auto text) { answer = std::move(text); });
+    Evaluate(view_.View(), expression, [&](auto text) { answer = std::move(text); });
     EXPECT_TRUE(WaitUntil([&] { return answer.has_value(); }));
     return answer.value_or(std::nullopt).value_or("?");
   }

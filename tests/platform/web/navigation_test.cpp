@@ -124,7 +124,7 @@ TEST_F(NavigationTest, BackWithinThePageEnds) {
   view_.Go(server_.Url());
   view_->Navigate(server_.Url("/#x"));
   ASSERT_TRUE(WaitUntil([&] {
-    return webkit_web_view_can_go_back(view_->View()) && view_->LocationURL() == server_.Url("/#x");
+    return webkit_web_view_can_go_back(view_.View()) && view_->LocationURL() == server_.Url("/#x");
   }));
   view_->GoBack();
   view_.WaitIdle();

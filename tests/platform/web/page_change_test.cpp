@@ -1,7 +1,6 @@
 // Pages whose scripts change them in place, against the real engine.
 #include <gmock/gmock.h>
 
-#include "platform/linux/web/page/page_changes.h"
 #include "tests/platform/web/page_harness.h"
 
 namespace corvane::desktop {

@@ -114,49 +114,58 @@ void SendTestKey(GtkWidget* widget, guint keyval, guint modifiers) {
   SendKey(widget, GDK_KEY_RELEASE, keyval, modifiers);
 }
 
-EngineView::Listener TestView::Listener() {
-  return {[this] { log.push_back("begin"); },
-          [this] { log.push_back("complete"); },
-          [this](const std::string& text) { log.push_back("status " + text); },
-          [this](const std::string& text) { log.push_back("say " + text); },
-          [this] { new_window(); },
-          [this] { log.push_back("close"); },
-          [this](const FileRequest& request) { files(request); },
-          [this](const PagePlace& place) {
-            places.push_back(place);
-            if (!place.words.empty()) log.push_back("say " + place.words);
-          },
-          [this](const PageWords& words) {
-            if (words.opened == PageWords::Opened::Part)
-              log.push_back("say " + words.words);
-            else
-              page_words.push_back(words);
-          },
-          [this](const PageElement& element) { left.push_back(element); },
-          [this] { log.push_back("found"); },
-          [this] { log.push_back("gone"); },
-          [this](const PageElement& element) { focused.push_back(element); },
-          [this] { ++text_changes; }};
+void TestView::Listen() {
+  const auto note = [this](const std::string& entry) {
+    return [this, entry] { log.push_back(entry); };
+  };
+  const auto note_text = [this](const std::string& kind) {
+    return [this, kind](const std::string& text) { log.push_back(kind + " " + text); };
+  };
+  connections_ += events_.DownloadBegin.Connect(note("begin"));
+  connections_ += events_.DownloadComplete.Connect(note("complete"));
+  connections_ += events_.StatusTextChange.Connect(note_text("status"));
+  connections_ += events_.Announcement.Connect(note_text("say"));
+  connections_ += events_.NewWindow.Connect([this] { new_window(); });
+  connections_ += events_.WindowClosing.Connect(note("close"));
+  connections_ +=
+      events_.FilesWanted.Connect([this](const FileRequest& request) { files(request); });
+  connections_ += events_.PlaceReached.Connect([this](const PagePlace& place) {
+    places.push_back(place);
+    if (!place.words.empty()) log.push_back("say " + place.words);
+  });
+  connections_ += events_.PageSays.Connect([this](const PageWords& words) {
+    if (words.opened == PageWords::Opened::Part)
+      log.push_back("say " + words.words);
+    else
+      page_words.push_back(words);
+  });
+  connections_ +=
+      events_.LeftElement.Connect([this](const PageElement& element) { left.push_back(element); });
+  connections_ += events_.Found.Connect(note("found"));
+  connections_ += events_.ElementGone.Connect(note("gone"));
+  connections_ += events_.FocusMoved.Connect(
+      [this](const PageElement& element) { focused.push_back(element); });
+  connections_ += events_.TextChanged.Connect([this] { ++text_changes; });
 }
 
 void TestView::Show() {
   window_ = gtk_window_new(GTK_WINDOW_TOPLEVEL);
   gtk_window_set_default_size(GTK_WINDOW(window_), 800, 600);
-  gtk_container_add(GTK_CONTAINER(window_), GTK_WIDGET(view_->View()));
+  gtk_container_add(GTK_CONTAINER(window_), GTK_WIDGET(View()));
   gtk_widget_show_all(window_);
 }
 
-TestView::TestView(WebEngine& engine) : view_(std::make_unique<EngineView>(engine, Listener())) {
+TestView::TestView(std::unique_ptr<EngineView> view) : view_(std::move(view)) {
+  Listen();
   Show();
+  view_->Page().TellTo(events_);
 }
 
+TestView::TestView(WebEngine& engine) : TestView(std::make_unique<EngineView>(engine)) {}
+
 std::unique_ptr<TestView> TestView::TakeOpened(WebEngine& engine) {
-  std::unique_ptr<TestView> opened(new TestView());
-  opened->view_ = engine.TakeOffered();
-  if (!opened->view_) return nullptr;
-  opened->Show();
-  opened->view_->TakeOver(opened->Listener());
-  return opened;
+  auto opened = engine.TakeOffered();
+  return opened ? std::unique_ptr<TestView>(new TestView(std::move(opened))) : nullptr;
 }
 
 TestView::~TestView() {
@@ -165,11 +174,11 @@ TestView::~TestView() {
 }
 
 void TestView::WaitIdle() {
-  ASSERT_TRUE(WaitUntil([this] { return !view_->Busy(); })) << "still busy";
+  ASSERT_TRUE(WaitUntil([this] { return !view_->Page().Busy(); })) << "still busy";
 }
 
 void TestView::Go(const std::string& address) {
-  view_->Navigate(address);
+  view_->Page().Navigate(address);
   WaitIdle();
 }
 
@@ -201,17 +210,17 @@ int TestView::Count(const std::string& entry) const {
 
 void TestView::Focus() {
   gtk_window_present(GTK_WINDOW(window_));
-  gtk_widget_grab_focus(GTK_WIDGET(view_->View()));
-  ASSERT_TRUE(WaitUntil([this] { return gtk_widget_has_focus(GTK_WIDGET(view_->View())); }));
+  gtk_widget_grab_focus(GTK_WIDGET(View()));
+  ASSERT_TRUE(WaitUntil([this] { return gtk_widget_has_focus(GTK_WIDGET(View())); }));
 }
 
 void TestView::Key(guint keyval, guint modifiers) {
-  SendTestKey(GTK_WIDGET(view_->View()), keyval, modifiers);
+  SendTestKey(GTK_WIDGET(View()), keyval, modifiers);
 }
 
 void TestView::Click(double x, double y) {
-  SendButton(GTK_WIDGET(view_->View()), GDK_BUTTON_PRESS, x, y);
-  SendButton(GTK_WIDGET(view_->View()), GDK_BUTTON_RELEASE, x, y);
+  SendButton(GTK_WIDGET(View()), GDK_BUTTON_PRESS, x, y);
+  SendButton(GTK_WIDGET(View()), GDK_BUTTON_RELEASE, x, y);
 }
 
 void TestView::KillPageProcesses() {
@@ -220,14 +229,14 @@ void TestView::KillPageProcesses() {
 
 std::string TestView::EvaluateInPage(const std::string& script) {
   std::optional<std::string> result;
-  webkit_web_view_evaluate_javascript(view_->View(), script.c_str(), -1, nullptr, nullptr, nullptr,
+  webkit_web_view_evaluate_javascript(View(), script.c_str(), -1, nullptr, nullptr, nullptr,
                                       &OnPageScript, &result);
   EXPECT_TRUE(WaitUntil([&] { return result.has_value(); })) << "the script never returned";
   return result.value_or("");
 }
 
 void TestView::RunInPage(const std::string& script) {
-  webkit_web_view_evaluate_javascript(view_->View(), script.c_str(), -1, nullptr, nullptr, nullptr,
+  webkit_web_view_evaluate_javascript(View(), script.c_str(), -1, nullptr, nullptr, nullptr,
                                       nullptr, nullptr);
 }
 

@@ -33,15 +33,16 @@ class TestView {
   TestView(const TestView&) = delete;
   TestView& operator=(const TestView&) = delete;
 
-  EngineView& operator*() { return *view_; }
-  EngineView* operator->() { return view_.get(); }
+  Browser& operator*() { return view_->Page(); }
+  Browser* operator->() { return &view_->Page(); }
+  WebKitWebView* View() const { return view_->View(); }
 
   /// Goes there and waits until the page has been read.
   void Go(const std::string& address);
   /// Waits until nothing is loading; fails the test when that never comes.
   void WaitIdle();
-  HTMLDocumentPtr Document() { return view_->Document(); }
-  std::string Body() { return view_->Document() ? view_->Document()->body_innerText : ""; }
+  HTMLDocumentPtr Document() { return view_->Page().Document(); }
+  std::string Body() { return Document() ? Document()->body_innerText : ""; }
 
   /// Called when the page opens a window.
   std::function<void()> new_window = [] {};
@@ -79,11 +80,13 @@ class TestView {
   std::string EvaluateInPage(const std::string& script);
 
  private:
-  TestView() = default;
-  EngineView::Listener Listener();
+  explicit TestView(std::unique_ptr<EngineView> view);
+  void Listen();
   void Show();
 
   GtkWidget* window_ = nullptr;
+  WebEvents events_;
+  Connections connections_;
   std::unique_ptr<EngineView> view_;
 };
 

@@ -244,7 +244,7 @@ TEST_F(TextTest, EnteringAFieldGivesItTheFocus) {
   Load("<p>text<p><input aria-label=Name>");
   Use(Kind::Edit, WebBrowser::ElementUse::Enter);
   EXPECT_TRUE(Becomes("document.activeElement.localName", "input"));
-  EXPECT_TRUE(WaitUntil([&] { return gtk_widget_has_focus(GTK_WIDGET(view_->View())); }));
+  EXPECT_TRUE(WaitUntil([&] { return gtk_widget_has_focus(GTK_WIDGET(view_.View())); }));
 }
 
 TEST_F(TextTest, WhatIsGoneIsToldAndTakesNoKeys) {
@@ -252,11 +252,11 @@ TEST_F(TextTest, WhatIsGoneIsToldAndTakesNoKeys) {
   InPage("document.body.innerHTML = '<button>Do</button><input aria-label=Name>'");
   Use(Kind::Button);
   EXPECT_TRUE(WaitUntil([&] { return view_.Count("gone") == 1; }));
-  const bool had_focus = gtk_widget_has_focus(GTK_WIDGET(view_->View()));
+  const bool had_focus = gtk_widget_has_focus(GTK_WIDGET(view_.View()));
   Use(Kind::Edit, WebBrowser::ElementUse::Enter);
   EXPECT_TRUE(WaitUntil([&] { return view_.Count("gone") == 2; }));
   InPage("1");
-  EXPECT_EQ(gtk_widget_has_focus(GTK_WIDGET(view_->View())), had_focus);
+  EXPECT_EQ(gtk_widget_has_focus(GTK_WIDGET(view_.View())), had_focus);
 }
 
 TEST_F(TextTest, ThePageScrollsToWhatIsRead) {

@@ -52,7 +52,7 @@ void MeasurePage(const char* name, const std::string& page) {
   server.Page("/", page);
   TestView view(SharedEngine());
   double finished = 0;
-  g_signal_connect(view->View(), "load-changed",
+  g_signal_connect(view.View(), "load-changed",
                    G_CALLBACK(+[](WebKitWebView*, WebKitLoadEvent event, gpointer data) {
                      if (event == WEBKIT_LOAD_FINISHED) *static_cast<double*>(data) = Now();
                    }),
@@ -67,10 +67,8 @@ void MeasurePage(const char* name, const std::string& page) {
 
   const double asked = Now();
   meter.Reset();
-  bool read = false;
-  PageReader reader(view->View(), [](const std::string&) {});
-  reader.Read([&](const HTMLDocumentPtr&) { read = true; });
-  WaitUntil([&] { return read; });
+  view->Do(WebBrowser::PageCommand::ReadAgain);
+  WaitUntil([&] { return !view->Busy(); });
   const double again = Now();
   const double text_asked = Now();
   meter.Reset();
@@ -106,7 +104,7 @@ void MeasureFacts(const char* name, const std::string& page, const char* selecto
       "; i++) corvaneFacts.factsOf(all[i * 7919 % all.length]); return String((performance.now() "
       "- begun) / " +
       kRounds + "); })()";
-  Evaluate(view->View(), script, nullptr, [&](auto text) { answer = text.value_or("-1"); });
+  Evaluate(view.View(), script, [&](auto text) { answer = text.value_or("-1"); });
   WaitUntil([&] { return !answer.empty(); });
   std::printf("{\"facts\": \"%s\", \"facts_ms\": %.3f}\n", name, std::atof(answer.c_str()));
   std::fflush(stdout);
@@ -125,7 +123,7 @@ void MeasureCrash() {
   view->Navigate(server.Url());
   WaitUntil([&] { return !view->Busy(); });
   double told = 0;
-  g_signal_connect(view->View(), "web-process-terminated",
+  g_signal_connect(view.View(), "web-process-terminated",
                    G_CALLBACK(+[](WebKitWebView*, WebKitWebProcessTerminationReason,
                                   gpointer data) { *static_cast<double*>(data) = Now(); }),
                    &told);

@@ -36,7 +36,7 @@ void OnActed(GObject* view, GAsyncResult* result, gpointer data) {
   auto answer =
       TextOf(webkit_web_view_evaluate_javascript_finish(WEBKIT_WEB_VIEW(view), result, nullptr));
   if (answer) return act->done(std::move(answer));
-  Evaluate(WEBKIT_WEB_VIEW(view), "corvane.parts.isSilent() ? " + act->call + " : null", nullptr,
+  Evaluate(WEBKIT_WEB_VIEW(view), "corvane.parts.isSilent() ? " + act->call + " : null",
            std::move(act->done));
 }
 
@@ -56,11 +56,10 @@ void OnReplied(GObject* view, GAsyncResult* result, gpointer data) {
 
 }  // namespace
 
-void Evaluate(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,
-              Done done) {
+void Evaluate(WebKitWebView* view, const std::string& expression, Done done) {
   webkit_web_view_send_message_to_page(
-      view, webkit_user_message_new("evaluate", g_variant_new_string(expression.c_str())),
-      cancellable, &OnReplied, new Done(std::move(done)));
+      view, webkit_user_message_new("evaluate", g_variant_new_string(expression.c_str())), nullptr,
+      &OnReplied, new Done(std::move(done)));
 }
 
 void ActForUser(WebKitWebView* view, const std::string& call, Done done) {
@@ -69,12 +68,11 @@ void ActForUser(WebKitWebView* view, const std::string& call, Done done) {
                                       new Act{call, std::move(done)});
 }
 
-void Await(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,
-           Done done) {
+void Await(WebKitWebView* view, const std::string& expression, Done done) {
   const std::string body = "return await " + expression;
   webkit_web_view_call_async_javascript_function(
-      view, body.c_str(), static_cast<gssize>(body.size()), nullptr, kScriptWorld, nullptr,
-      cancellable, &OnAwaited, new Done(std::move(done)));
+      view, body.c_str(), static_cast<gssize>(body.size()), nullptr, kScriptWorld, nullptr, nullptr,
+      &OnAwaited, new Done(std::move(done)));
 }
 
 PageScript::PageScript(WebKitUserContentManager* manager, const std::vector<const char*>& parts,

@@ -21,7 +21,7 @@ inline constexpr const char* kScriptWorld = "corvane";
 /// scripts, too; there the record's part of the page scripts is all there is. The
 /// page is not given, and does not lose, the rights that follow a user's key or click.
 /// Never calls back before it returns.
-void Evaluate(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,
+void Evaluate(WebKitWebView* view, const std::string& expression,
               std::function<void(std::optional<std::string>)> done);
 
 /// Runs a call in the same place as something that the user does: what follows in
@@ -33,7 +33,7 @@ void ActForUser(
 /// Evaluates an expression that promises its text and waits for it. Not for ever; the
 /// promise must keep itself. None in documents that run no scripts, and rights that
 /// the page has from a key end: for pages that are only just coming.
-void Await(WebKitWebView* view, const std::string& expression, GCancellable* cancellable,
+void Await(WebKitWebView* view, const std::string& expression,
            std::function<void(std::optional<std::string>)> done);
 
 /// Installs scripts of the program in every frame and hands on each message that they

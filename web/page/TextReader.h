@@ -1,16 +1,16 @@
 #pragma once
 
-#include <webkit2/webkit2.h>
-
 #include <functional>
 #include <memory>
 #include <string>
 
-#include "platform/linux/glib/later.h"
-#include "platform/linux/web/page/page_script.h"
+#include "base/event.h"
+#include "base/life.h"
+#include "platform/engine.h"
+#include "platform/later.h"
 #include "platform/page_text.h"
 
-namespace corvane::desktop {
+namespace corvane {
 
 /// Asks the page that a view shows for its text with its elements, and for what is done
 /// with one of them.
@@ -26,7 +26,7 @@ class TextReader {
     std::function<void()> gone;
     std::function<void()> changed;
   };
-  TextReader(WebKitWebView* view, Host host);
+  TextReader(Engine& engine, Schedule schedule, Host host);
   TextReader(const TextReader&) = delete;
   TextReader& operator=(const TextReader&) = delete;
 
@@ -48,16 +48,17 @@ class TextReader {
 
  private:
   void Receive(const std::string& kind, const std::string& text);
-  void Received(std::string text, const std::weak_ptr<int>& turn, const Done& done);
+  void Received(std::string text, Life::Watch wanted, const Done& done);
   void Changed();
 
-  WebKitWebView* view_;
+  Engine& engine_;
+  Schedule schedule_;
   Host host_;
-  PageScript script_;
-  std::shared_ptr<int> turn_;  // the reading under way; alive only while it is wanted
-  gint64 asked_at_ = 0;        // microseconds
-  double took_ = -1;           // the last reading, in seconds; below 0: there was none
-  Delay change_;               // until a change of the page is told
+  Life reading_;         // the last one, while it is wanted
+  double asked_at_ = 0;  // as Schedule::now
+  double took_ = -1;     // the last reading, in seconds; below 0: there was none
+  Pending change_;       // until a change of the page is told
+  Connection messages_;
 };
 
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -1,17 +1,16 @@
 #pragma once
 
-#include <webkit2/webkit2.h>
-
 #include <functional>
 #include <string>
 
-#include "platform/linux/web/page/page_script.h"
+#include "base/event.h"
+#include "platform/engine.h"
 #include "platform/page_words.h"
 #include "platform/web_browser.h"
 #include "web/requests/Allowance.h"
 #include "web/requests/PageNotices.h"
 
-namespace corvane::desktop {
+namespace corvane {
 
 /// What a page's scripts make of the page without loading anything, as far as it
 /// follows something that the user did in the page: another page under another
@@ -30,7 +29,7 @@ class PageChanges {
     std::function<void(const PagePlace&)> place;
   };
   /// `notices`: of the view; for what any page could bring about at any time.
-  PageChanges(WebKitWebView* view, PageNotices& notices, Host host);
+  PageChanges(Engine& engine, PageNotices& notices, Host host);
 
   /// Goes to a place in the page as the link with that address would, and tells of it.
   /// `refused` is called instead where the page runs no scripts.
@@ -44,11 +43,11 @@ class PageChanges {
   static constexpr int kMost = 40;
   static constexpr int kSeconds = 60;
 
-  WebKitWebView* view_;
+  Engine& engine_;
   PageNotices& notices_;
   Host host_;
   Allowance allowance_{kMost, kSeconds};
-  PageScript script_;
+  Connection messages_;
 };
 
-}  // namespace corvane::desktop
+}  // namespace corvane

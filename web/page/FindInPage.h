@@ -1,23 +1,22 @@
 #pragma once
 
-#include <webkit2/webkit2.h>
-
 #include <functional>
-#include <memory>
 #include <string>
 
+#include "base/event.h"
+#include "base/life.h"
+#include "platform/engine.h"
 #include "web/requests/QuestionDesk.h"
 
-namespace corvane::desktop {
+namespace corvane {
 
 /// Finds words in the page that a view shows, tells which of how many places it
 /// is at and what stands there, and selects it, so that Tab goes on from there.
 class FindInPage {
  public:
   /// `say`: what has come of it. `found`: something is selected, and has just been said.
-  FindInPage(WebKitWebView* view, QuestionDesk& desk, std::function<void(const std::string&)> say,
+  FindInPage(Engine& engine, QuestionDesk& desk, std::function<void(const std::string&)> say,
              std::function<void()> found);
-  ~FindInPage();
   FindInPage(const FindInPage&) = delete;
   FindInPage& operator=(const FindInPage&) = delete;
 
@@ -31,18 +30,19 @@ class FindInPage {
  private:
   void Start();
   void Found(unsigned counted);
+  void Failed();
   void Tell(const std::string& where);
 
-  WebKitWebView* view_;
-  WebKitFindController* finder_;
+  Engine& engine_;
   QuestionDesk& desk_;
   std::function<void(const std::string&)> say_;
   std::function<void()> found_;
-  std::shared_ptr<FindInPage*> self_;  // answers that come later find it gone
   std::string words_;
   unsigned place_ = 0;  // 0: not looked for in this page
   unsigned count_ = 0;  // places in this page
   enum class Going { Nowhere, Start, Forward, Back } going_ = Going::Nowhere;
+  Connection searches_;
+  Life life_;
 };
 
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -1,6 +1,4 @@
-#include "platform/linux/web/page/text_reader.h"
-
-#include <gio/gio.h>
+#include "web/page/TextReader.h"
 
 #include <algorithm>
 #include <optional>
@@ -10,7 +8,7 @@
 #include "web/page/RecordJson.h"
 #include "web/page/TextRecord.h"
 
-namespace corvane::desktop {
+namespace corvane {
 namespace {
 
 /// Nothing that a page sends may be longer.
@@ -32,13 +30,15 @@ std::string Call(const char* function, const PageElement& element, const std::st
 
 }  // namespace
 
-TextReader::TextReader(WebKitWebView* view, Host host)
-    : view_(view),
+TextReader::TextReader(Engine& engine, Schedule schedule, Host host)
+    : engine_(engine),
+      schedule_(std::move(schedule)),
       host_(std::move(host)),
-      script_(webkit_web_view_get_user_content_manager(view),
-              std::vector{"text_writer.js", "text_tables.js", "text.js", "text_use.js"},
-              "corvaneText",
-              [this](const std::string& kind, const std::string& text) { Receive(kind, text); }) {}
+      change_(schedule_.later),
+      messages_(engine.Message.Connect(
+          [this](const auto& channel, const auto& kind, const std::string& text) {
+            if (channel == "corvaneText") Receive(kind, text);
+          })) {}
 
 void TextReader::Receive(const std::string& kind, const std::string& text) {
   if (kind == "gone") return host_.gone();
@@ -55,50 +55,49 @@ void TextReader::Changed() {
 }
 
 void TextReader::Forget() {
-  turn_.reset();
+  reading_.End();
   change_.Cancel();
   took_ = -1;
 }
 
 void TextReader::Read(Done done) {
-  turn_ = std::make_shared<int>();
   change_.Cancel();
-  asked_at_ = g_get_monotonic_time();
-  Evaluate(
-      view_, "corvaneText.describe()", nullptr,
-      [this, turn = std::weak_ptr(turn_), done = std::move(done)](std::optional<std::string> text) {
-        if (!turn.expired()) Received(std::move(text).value_or(""), turn, done);
-      });
+  asked_at_ = schedule_.now();
+  engine_.Evaluate("corvaneText.describe()",
+                   [this, wanted = reading_.Renew(), done = std::move(done)](auto text) {
+                     if (wanted) Received(std::move(text).value_or(""), wanted, done);
+                   });
 }
 
-void TextReader::Received(std::string text, const std::weak_ptr<int>& turn, const Done& done) {
-  took_ = static_cast<double>(g_get_monotonic_time() - asked_at_) / G_USEC_PER_SEC;
+void TextReader::Received(std::string text, Life::Watch wanted, const Done& done) {
+  took_ = schedule_.now() - asked_at_;
   if (text.size() > kLongestText) text.clear();
   if (text.size() <= kShortText) return done(ParsePageText(text));
-  OnWorker([text = std::move(text), turn, done] {
-    PostToLoop(
-        [page = ParsePageText(text), turn, done] {
-          if (!turn.expired()) done(page);
-        },
-        Turn::InTurn);
+  const auto whole = std::make_shared<const std::string>(std::move(text));
+  schedule_.aside(Weight::Light, [whole, wanted, done] {
+    return [page = ParsePageText(*whole), wanted, done] {
+      if (wanted) done(page);
+    };
   });
 }
 
-void TextReader::Use(const PageElement& element) { ActForUser(view_, Call("use", element)); }
+void TextReader::Use(const PageElement& element) {
+  engine_.Act(Call("use", element), [](const auto&) {});
+}
 
 void TextReader::Focus(const PageElement& element, std::function<void()> done) {
-  ActForUser(view_, Call("focus", element), [done = std::move(done)](const auto& there) {
+  engine_.Act(Call("focus", element), [done = std::move(done)](const auto& there) {
     if (there == "true") done();
   });
 }
 
 void TextReader::ShowWords(const PageElement& near, const std::string& words) {
   const std::string sought = ", " + Quoted(text::left(words, kMostSought));
-  Evaluate(view_, Call("showWords", near, sought), nullptr, [](const auto&) {});
+  engine_.Evaluate(Call("showWords", near, sought), [](const auto&) {});
 }
 
 void TextReader::Show(const PageElement& element) {
-  Evaluate(view_, Call("show", element), nullptr, [](const auto&) {});
+  engine_.Evaluate(Call("show", element), [](const auto&) {});
 }
 
-}  // namespace corvane::desktop
+}  // namespace corvane

@@ -1,4 +1,4 @@
-#include "platform/linux/web/page/page_changes.h"
+#include "web/page/PageChanges.h"
 
 #include <charconv>
 #include <utility>
@@ -7,7 +7,7 @@
 #include "base/safe_name.h"
 #include "web/page/RecordJson.h"
 
-namespace corvane::desktop {
+namespace corvane {
 namespace {
 
 constexpr std::size_t kLongestPlace = 200;
@@ -28,19 +28,20 @@ std::string WordsOf(const std::string& state) {
 
 }  // namespace
 
-PageChanges::PageChanges(WebKitWebView* view, PageNotices& notices, Host host)
-    : view_(view),
+PageChanges::PageChanges(Engine& engine, PageNotices& notices, Host host)
+    : engine_(engine),
       notices_(notices),
       host_(std::move(host)),
-      script_(webkit_web_view_get_user_content_manager(view), std::vector{"changes.js"},
-              "corvaneChanges",
-              [this](const std::string& kind, const std::string& text) { Receive(kind, text); }) {}
+      messages_(engine.Message.Connect(
+          [this](const auto& channel, const auto& kind, const std::string& text) {
+            if (channel == "corvaneChanges") Receive(kind, text);
+          })) {}
 
 void PageChanges::Jump(const std::string& address, std::function<void()> refused) {
-  const std::string call = "corvaneChanges.jump(" + record::Quoted(address) + ")";
-  Evaluate(view_, call, nullptr, [refused = std::move(refused)](const auto& done) {
-    if (!done) refused();
-  });
+  engine_.Evaluate("corvaneChanges.jump(" + record::Quoted(address) + ")",
+                   [refused = std::move(refused)](const auto& done) {
+                     if (!done) refused();
+                   });
 }
 
 // "COUNT\nWORDS"
@@ -71,4 +72,4 @@ void PageChanges::Receive(const std::string& kind, const std::string& text) {
   if (!words.empty()) host_.say(words);
 }
 
-}  // namespace corvane::desktop
+}  // namespace corvane

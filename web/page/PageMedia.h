@@ -1,14 +1,13 @@
 #pragma once
 
-#include <webkit2/webkit2.h>
-
 #include <functional>
 #include <string>
 
-#include "platform/linux/web/page/page_script.h"
+#include "base/event.h"
+#include "platform/engine.h"
 #include "web/requests/PageNotices.h"
 
-namespace corvane::desktop {
+namespace corvane {
 
 /// The sound of a view's pages: whether they may begin with it by themselves, and whether
 /// they are heard at all.
@@ -23,13 +22,8 @@ class PageMedia {
     std::function<void(const std::string&)> say;
   };
   /// All must outlive this object.
-  PageMedia(WebKitWebView* view, PageNotices& notices, Host host);
-  ~PageMedia();
-  PageMedia(const PageMedia&) = delete;
-  PageMedia& operator=(const PageMedia&) = delete;
+  PageMedia(Engine& engine, PageNotices& notices, Host host);
 
-  /// Lets a page be loaded, with what its sound may do.
-  void Use(WebKitPolicyDecision* navigation);
   /// Another page is shown.
   void PageChanged() { told_ = false; }
   /// Takes the sound from the view's pages, or gives it back, and says so.
@@ -38,12 +32,12 @@ class PageMedia {
  private:
   void TellHeldBack();
 
-  WebKitWebView* view_;
+  Engine& engine_;
   PageNotices& notices_;
   Host host_;
   bool held_ = false;  // of the page that was loaded last
   bool told_ = false;  // of this page
-  PageScript script_;
+  Connections connections_;
 };
 
-}  // namespace corvane::desktop
+}  // namespace corvane
