@@ -39,7 +39,7 @@ struct LoadDecision {
     Document,  ///< is one that a page is made of; that page is loaded next
   };
   Kind kind = Kind::Use;
-  bool holds_back_sound = false;  ///< the page does not sound before the user does something
+  bool holds_back_sound = false;         ///< the page does not sound before the user does something
   std::function<void()> then = nullptr;  ///< done when the engine has been told
 };
 

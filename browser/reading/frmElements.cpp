@@ -67,10 +67,11 @@ void frmElements::Lay() {
 }
 
 void frmElements::ShowModal(Form& owner, ElementList list, int position) {
-  list_ = list;
+  wanted_ = list;
   position_ = position;
+  list_ = WithElements(list);
   FillKinds();
-  ShowKind(list);
+  ShowKind(list_);
   form_->SetLeft(owner.Left() + (owner.Width() - kWidth) / 2);
   form_->SetTop(owner.Top() + (owner.Height() - kHeight) / 2);
   form_->ShowModal(&owner);
@@ -89,8 +90,19 @@ void frmElements::FillKinds() {
   }
 }
 
+// A page that has none of the kind that is wanted is listed by one that it has.
+ElementList frmElements::WithElements(ElementList wanted) const {
+  if (!Listed(map_, wanted).empty()) return wanted;
+  for (int i = 0; i < kElementLists; ++i) {
+    const auto list = static_cast<ElementList>(i);
+    if (!Listed(map_, list).empty()) return list;
+  }
+  return wanted;
+}
+
 void frmElements::KindChosen(const TreeNode& node) {
-  ShowKind(static_cast<ElementList>(number::leading(node.Tag())));
+  wanted_ = static_cast<ElementList>(number::leading(node.Tag()));
+  ShowKind(wanted_);
   pane_.announcer.Say(NameOf(list_) + ", " + std::to_string(rows_.size()));
 }
 

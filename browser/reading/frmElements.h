@@ -28,13 +28,14 @@ class frmElements {
   frmElements(const frmElements&) = delete;
   frmElements& operator=(const frmElements&) = delete;
 
-  /// Shows the list over `owner`, on the element nearest to the position in the text.
+  /// Shows the list over `owner`, on the element nearest to the position in the text; that
+  /// of another kind where the page has none of this.
   void ShowModal(Form& owner, ElementList list, int position);
   /// Closes it without a choice.
   void Close();
 
-  /// The kind that is shown.
-  ElementList List() const { return list_; }
+  /// The kind that the user wants: the one that it was shown with, or has been chosen since.
+  ElementList List() const { return wanted_; }
   /// The dialog has been closed, with a choice or none; it may be destroyed from here.
   std::function<void(const std::optional<Choice>&)> closed;
 
@@ -47,6 +48,7 @@ class frmElements {
   void Narrow(const std::string& typed);
   void KeyDown(KeyEvent& key);
   void KeyPress(int& character);
+  ElementList WithElements(ElementList wanted) const;
   void KindChosen(const TreeNode& node);
   void ShowKind(ElementList list);
   void Choose(bool act);
@@ -57,7 +59,8 @@ class frmElements {
 
   PaneContext& pane_;
   const TextMap& map_;
-  ElementList list_ = ElementList::Headings;
+  ElementList list_ = ElementList::Headings;    // that is shown
+  ElementList wanted_ = ElementList::Headings;  // unless there is none of it
   int position_ = 0;
   std::string typed_;
   std::vector<ListedElement> elements_;  // of the kind

@@ -196,6 +196,20 @@ TEST_F(ElementListsTest, TheKindIsKeptForTheNextTime) {
   EXPECT_THAT(p.Spoken(), ElementsAre("Links, Menu, 1 of 2"));
 }
 
+TEST_F(ElementListsTest, APageWithoutTheKindIsListedByOneThatItHas) {
+  p.Read(MakePage("http://b/", "T", kText));
+  p.Browser().TextDescribed(PageTextMaker(kText).Add(Kind::Link, "Menu").Make());
+  p.TextPane().SetFocus();
+  p.Spoken();
+  Open();
+  EXPECT_THAT(p.Spoken(), ElementsAre("Links, Menu, 1 of 1"));
+  EXPECT_EQ(Kinds().SelectedItem()->Text(), "Links");
+  PressKey(kKeyEscape);
+  Read("http://a/");
+  Open();
+  EXPECT_THAT(p.Spoken(), ElementsAre("Headings, Prices, level 1, 1 of 3")) << "is still wanted";
+}
+
 TEST_F(ElementListsTest, LeavingItChangesNothing) {
   p.TextPane().Press('H', 0, 'h');
   p.Browser().calls.clear();

@@ -12,8 +12,8 @@ PageMedia::PageMedia(Engine& engine, PageNotices& notices, Host host)
     held_ = host_.holds_back && host_.holds_back();
     decision.holds_back_sound = held_;
   });
-  connections_ += engine.Message.Connect(
-      [this](const std::string& channel, const auto&, const auto&) {
+  connections_ +=
+      engine.Message.Connect([this](const std::string& channel, const auto&, const auto&) {
         if (channel == "corvaneMedia") TellHeldBack();
       });
   connections_ += engine.SoundBegins.Connect([this] {

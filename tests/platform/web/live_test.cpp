@@ -72,7 +72,8 @@ TEST_F(LiveTest, OnlyWhatIsAddedIsTold) {
 
 TEST_F(LiveTest, WhatIsSaidHasTheLanguageOfWhereItStands) {
   Load(
-      "<div lang=de><ul id=log role=log></ul><p id=s role=status></p></div><p id=o role=status></p>");
+      "<div lang=de><ul id=log role=log></ul><p id=s role=status></p></div><p id=o "
+      "role=status></p>");
   const auto languages = [&](const std::string& script) {
     After(script);
     std::vector<std::string> all;
