@@ -19,11 +19,13 @@ class PageHush {
 
  private:
   void Speaks(bool speaks);
+  void MakeTimer();
 
+  Desktop& desktop_;
   PageSound& pages_;
   const Manner& manner_;
   const SpeechChoices& choices_;
-  std::unique_ptr<Timer> silence_;
+  std::unique_ptr<Timer> silence_;  // none: nothing has been said yet
   Connections connections_;
 };
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <charconv>
 #include <cstdint>
 #include <cstdlib>
@@ -30,6 +31,13 @@ constexpr std::chrono::seconds kStartLimit{10};
 constexpr milliseconds kBeginLimit{3000};
 constexpr milliseconds kWordLimit{1500};
 constexpr milliseconds kLastWordLimit{3000};
+
+// While it makes the list of its voices it answers nobody, which takes a second when the
+// machine is busy.
+constexpr std::chrono::seconds kListLimit{3};
+std::atomic<int> lists_made{0};
+
+milliseconds ReplyLimit() { return lists_made > 0 ? milliseconds(kListLimit) : kReplyLimit; }
 
 std::string Environment(const char* name) {
   const char* value = std::getenv(name);
@@ -80,7 +88,9 @@ DispatcherPlace UsualDispatcherPlace() {
 InstalledVoices DispatcherVoices(const std::string& socket) {
   const auto server = SsipConnection::Open(socket);
   if (!server) return {};
-  const auto list = server->Ask("LIST SYNTHESIS_VOICES", std::chrono::seconds(1));
+  ++lists_made;
+  const auto list = server->Ask("LIST SYNTHESIS_VOICES", kListLimit);
+  --lists_made;
   return list && list->Good() ? VoicesOfList(list->lines) : InstalledVoices();
 }
 
@@ -124,7 +134,7 @@ bool SpeechDispatcher::Introduce() {
       "SET self CLIENT_NAME " + std::string(g_get_user_name()) + ":corvane:main",
       "SET self NOTIFICATION ALL ON", "SET self SSML_MODE ON", "SET self PRIORITY MESSAGE"};
   for (const std::string& command : commands) {
-    const auto reply = server_->Ask(command, kReplyLimit);
+    const auto reply = server_->Ask(command, ReplyLimit());
     if (!reply || !reply->Good()) return false;
   }
   return true;
@@ -164,7 +174,7 @@ bool SpeechDispatcher::Set(const VoiceStyle& style, const std::string& text) {
     std::string& present = set_[setting.name];
     if (present == setting.value) continue;
     // A module may refuse what it cannot do; it speaks all the same.
-    if (!server_->Ask("SET self " + setting.name + " " + setting.value, kReplyLimit)) return false;
+    if (!server_->Ask("SET self " + setting.name + " " + setting.value, ReplyLimit())) return false;
     present = setting.value;
     // Another language has a voice of its own.
     if (setting.name == "LANGUAGE") set_.erase("SYNTHESIS_VOICE");
@@ -173,9 +183,9 @@ bool SpeechDispatcher::Set(const VoiceStyle& style, const std::string& text) {
 }
 
 std::optional<int> SpeechDispatcher::Queue(const std::string& text) {
-  const auto ready = server_->Ask("SPEAK", kReplyLimit);
+  const auto ready = server_->Ask("SPEAK", ReplyLimit());
   if (!ready || !ready->Good()) return std::nullopt;
-  const auto queued = server_->Ask(SsipText(text) + "\r\n.", kReplyLimit);
+  const auto queued = server_->Ask(SsipText(text) + "\r\n.", ReplyLimit());
   if (!queued || !queued->Good() || queued->lines.empty()) return std::nullopt;
   int number = 0;
   const std::string& told = queued->lines.front();
@@ -247,8 +257,8 @@ SpeechDispatcher::Clock::duration SpeechDispatcher::Patience(const Message& mess
          TimeOf(rest.substr(0, next), message.speed);
 }
 
-bool SpeechDispatcher::IsAlive() { return server_->Ask("GET RATE", kReplyLimit).has_value(); }
+bool SpeechDispatcher::IsAlive() { return server_->Ask("GET RATE", ReplyLimit()).has_value(); }
 
-bool SpeechDispatcher::Cancel() { return server_->Ask("CANCEL self", kReplyLimit).has_value(); }
+bool SpeechDispatcher::Cancel() { return server_->Ask("CANCEL self", ReplyLimit()).has_value(); }
 
 }  // namespace corvane::desktop

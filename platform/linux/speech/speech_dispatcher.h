@@ -22,8 +22,8 @@ struct DispatcherPlace {
 /// place.
 DispatcherPlace UsualDispatcherPlace();
 
-/// The voices that it has; none when it does not answer. Takes up to a second, so on a
-/// thread of its own.
+/// The voices that it has; none when it does not answer. Takes up to three seconds,
+/// in which it may say nothing new, so on a thread of its own and not without need.
 InstalledVoices DispatcherVoices(const std::string& socket);
 
 /// Speech Dispatcher, over its socket. It tells with each word that it comes to it; one

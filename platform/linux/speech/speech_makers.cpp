@@ -17,6 +17,7 @@ SpeechMakers::SpeechMakers(SpeechOutput& speech)
 void SpeechMakers::SpeakThrough(SpeechMaker maker) {
   if (maker == std::exchange(asked_, maker)) return;
   in_use_ = SpeechMaker::BuiltIn;
+  asked_for_voices_ = false;
   std::unique_ptr<SpeechServer> server;
   if (maker == SpeechMaker::SpeechDispatcher) {
     server = std::make_unique<SpeechDispatcher>(UsualDispatcherPlace());
@@ -27,7 +28,6 @@ void SpeechMakers::SpeakThrough(SpeechMaker maker) {
 void SpeechMakers::DispatcherIs(SpeechServer::State state) {
   if (state == SpeechServer::State::kReady) {
     in_use_ = SpeechMaker::SpeechDispatcher;
-    AskForVoices();
   } else if (state == SpeechServer::State::kLost) {
     in_use_ = SpeechMaker::BuiltIn;
     Lost.Raise(SpeechMaker::SpeechDispatcher);
@@ -46,8 +46,9 @@ void SpeechMakers::AskForVoices() {
 
 // The library's folder is known as soon as its thread has started it.
 const InstalledVoices& SpeechMakers::Voices() {
-  if (in_use_ == SpeechMaker::SpeechDispatcher && !dispatchers_.voices.empty()) {
-    return dispatchers_;
+  if (in_use_ == SpeechMaker::SpeechDispatcher) {
+    if (!std::exchange(asked_for_voices_, true)) AskForVoices();
+    if (!dispatchers_.voices.empty()) return dispatchers_;
   }
   if (own_.voices.empty()) own_ = ReadInstalledVoices(EspeakDataFolder());
   return own_;

@@ -27,8 +27,9 @@ class SpeechMakers {
   SpeechOutput& speech_;
   SpeechMaker asked_ = SpeechMaker::BuiltIn;
   SpeechMaker in_use_ = SpeechMaker::BuiltIn;
-  InstalledVoices own_;  // none: not read yet
-  InstalledVoices dispatchers_;
+  InstalledVoices own_;          // none: not read yet
+  InstalledVoices dispatchers_;  // none: not known yet
+  bool asked_for_voices_ = false;
   std::shared_ptr<bool> lives_ = std::make_shared<bool>(true);
   Connection connection_;
 };

@@ -59,7 +59,7 @@ bool PrivateSpeechServer::Start() {
 
 std::string PrivateSpeechServer::Starter() {
   if (!Configure()) return "";
-  const std::string path = folder_ / "start";
+  std::string path = folder_ / "start";
   std::ofstream(path) << "#!/bin/sh\n" << CommandLine();
   fs::permissions(path, fs::perms::owner_all);
   return path;
