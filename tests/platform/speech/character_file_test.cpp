@@ -60,7 +60,7 @@ TEST_F(CharacterFileTest, LanguagesHaveVoicesOfTheirOwn) {
 }
 
 TEST_F(CharacterFileTest, WhatIsNoLanguageOrNoVoiceIsRefused) {
-  EXPECT_THAT(Failure(kWhole + "[Languages]\n../x=de\n").Description(), HasSubstr("line 10"));
+  EXPECT_THAT(Failure(kWhole + "[Languages]\n../x=de\n").Description(), HasSubstr("line 11"));
   EXPECT_THAT(Failure(kWhole + "[Languages]\npt-br=pt\n").Description(), HasSubstr("language"));
   EXPECT_THAT(Failure(kWhole + "[Languages]\nde=../../x\n").Description(), HasSubstr("voice"));
 }
