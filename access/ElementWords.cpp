@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include "base/count.h"
 
 namespace corvane {
 namespace {
@@ -159,15 +160,11 @@ std::string Joined(const Words& words) {
   return sentence;
 }
 
-std::string Count(int number, const char* one, const char* many) {
-  return std::to_string(number) + " " + (number == 1 ? one : many);
-}
-
 std::string TimeWords(int seconds) {
   std::string words;
   const auto add = [&words](int number, const char* one, const char* many) {
     if (!words.empty()) words += ' ';
-    words += Count(number, one, many);
+    words += Counted(number, one, many);
   };
   if (seconds >= 3600) add(seconds / 3600, "hour", "hours");
   if (seconds % 3600 >= 60) add(seconds % 3600 / 60, "minute", "minutes");
@@ -240,8 +237,8 @@ Words MoreWords(const ElementFacts& facts, bool with_checked) {
 
 std::string GroupWords(const ElementGroup& group) {
   Words words = {group.name, RoleWords(group)};
-  if (group.rows > 0) words.push_back(Count(group.rows, "row", "rows"));
-  if (group.columns > 0) words.push_back(Count(group.columns, "column", "columns"));
+  if (group.rows > 0) words.push_back(Counted(group.rows, "row", "rows"));
+  if (group.columns > 0) words.push_back(Counted(group.columns, "column", "columns"));
   words.push_back(group.description);
   return Joined(words);
 }
@@ -285,7 +282,7 @@ std::string ChangeWords(const ElementFacts& before, const ElementFacts& now) {
   if (now.volume >= 0 && now.volume != before.volume) words.push_back(VolumeWords(now.volume));
   if (now.suggestions >= 0 && now.suggestions != before.suggestions) {
     words.push_back(now.suggestions == 0 ? "no suggestions"
-                                         : Count(now.suggestions, "suggestion", "suggestions"));
+                                         : Counted(now.suggestions, "suggestion", "suggestions"));
   }
   if (now.suggestion != before.suggestion && !now.suggestion.empty()) {
     words.push_back(now.suggestion);

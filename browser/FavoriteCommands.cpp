@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/count.h"
 #include "base/text.h"
 #include "explorer/CDirectory.h"
 #include "web/library/LinkFile.h"
@@ -11,9 +12,7 @@ namespace {
 
 enum CommandKeys : int { kKeyD = 68, kKeyI = 73, kKeyF2 = 113 };
 
-std::string Pages(std::size_t count) {
-  return std::to_string(count) + (count == 1 ? " bookmark" : " bookmarks");
-}
+std::string Pages(std::size_t count) { return Counted(count, "bookmark", "bookmarks"); }
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "access/ElementWords.h"
+#include "base/count.h"
 #include "base/language.h"
 #include "platform/element_facts.h"
 
@@ -18,9 +19,7 @@ constexpr int kLookAgain = 200;  // milliseconds, whether the page has been read
 constexpr std::array kChoiceWords = {"Live words: all", "Live words: important",
                                      "Live words: none"};
 
-std::string MoreWordsOf(int count) {
-  return std::to_string(count) + (count == 1 ? " more message" : " more messages");
-}
+std::string MoreWordsOf(int count) { return Counted(count, "more message", "more messages"); }
 
 std::string SentenceOf(const PageWords& words) {
   if (words.more > 0) return MoreWordsOf(words.more);

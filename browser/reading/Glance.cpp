@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "access/ElementWords.h"
+#include "base/count.h"
 
 namespace corvane {
 namespace {
@@ -20,7 +21,7 @@ std::string Joined(const std::vector<std::string>& words) {
 
 std::string Count(std::size_t number, const std::string& one) {
   if (number == 0) return {};
-  return std::to_string(number) + " " + one + (number == 1 ? "" : "s");
+  return Counted(number, one, one + "s");
 }
 
 }  // namespace

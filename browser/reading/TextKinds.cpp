@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "access/ElementWords.h"
+#include "base/count.h"
 #include "base/language.h"
 #include "base/text.h"
 
@@ -13,10 +14,6 @@ namespace {
 using Kind = PageSpan::Kind;
 
 constexpr int kLongestWords = 1000;  // characters of what is reached
-
-std::string Count(int number, const char* one, const char* many) {
-  return std::to_string(number) + " " + (number == 1 ? one : many);
-}
 
 std::string Joined(const std::vector<std::string>& words) {
   std::string all;
@@ -29,8 +26,8 @@ std::string Joined(const std::vector<std::string>& words) {
 }
 
 std::string SizeWords(const PageSpan& table) {
-  return Joined({table.level > 0 ? Count(table.level, "row", "rows") : "",
-                 table.more > 0 ? Count(table.more, "column", "columns") : ""});
+  return Joined({table.level > 0 ? Counted(table.level, "row", "rows") : "",
+                 table.more > 0 ? Counted(table.more, "column", "columns") : ""});
 }
 
 std::string RoleOr(const PageSpan& span, const char* otherwise) {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/handling.h"
+#include "base/count.h"
 #include "base/number.h"
 #include "base/text.h"
 
@@ -169,8 +169,7 @@ void frmElements::SayAll() {
 void frmElements::SayHowMany() {
   timTyped_->SetEnabled(false);
   if (rows_.empty()) return;  // that has been said
-  pane_.announcer.SayBehind(rows_.size() == 1 ? "1 remains"
-                                              : std::to_string(rows_.size()) + " remain");
+  pane_.announcer.SayBehind(Counted(rows_.size(), "remains", "remain"));
 }
 
 // --- keys ------------------------------------------------------------------------------

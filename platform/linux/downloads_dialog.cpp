@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <utility>
+#include "base/count.h"
 
 namespace corvane::desktop {
 namespace {
@@ -10,9 +11,7 @@ enum Button : int { kStop, kOpenFolder, kClose };
 
 using Phase = DownloadState::Phase;
 
-std::string Files(std::size_t count) {
-  return count == 1 ? "1 file is" : std::to_string(count) + " files are";
-}
+std::string Files(std::size_t count) { return Counted(count, "file is", "files are"); }
 
 }  // namespace
 

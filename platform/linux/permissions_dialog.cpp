@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/count.h"
 #include "base/safe_name.h"
 
 namespace corvane::desktop {
@@ -26,7 +27,7 @@ std::string Words(const PermissionBook::Decision& decision) {
 
 std::string Decisions(std::size_t count) {
   if (count == 0) return "No site is allowed or refused anything for good.";
-  return count == 1 ? "1 decision is kept." : std::to_string(count) + " decisions are kept.";
+  return Counted(count, "decision is kept.", "decisions are kept.");
 }
 
 }  // namespace
