@@ -6,7 +6,8 @@
 #include "access/AALinkElement.h"
 #include "access/AASelectElement.h"
 #include "access/AATextAreaElement.h"
-#include "base/handling.h"
+#include "base/error.h"
+#include "platform/errors_shown.h"
 
 namespace corvane {
 namespace {

@@ -5,8 +5,8 @@
 #include "access/AAFormCollection.h"
 #include "access/FieldKinds.h"
 #include "access/Sentence.h"
-#include "base/handling.h"
 #include "base/text.h"
+#include "platform/errors_shown.h"
 
 namespace corvane {
 namespace {

@@ -1,7 +1,7 @@
 #include "access/AALinkElement.h"
 
 #include "access/AAFormCollection.h"
-#include "base/handling.h"
+#include "platform/errors_shown.h"
 
 namespace corvane {
 

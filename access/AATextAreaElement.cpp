@@ -3,7 +3,7 @@
 #include "access/AAFormCollection.h"
 #include "access/FieldKinds.h"
 #include "access/Sentence.h"
-#include "base/handling.h"
+#include "platform/errors_shown.h"
 
 namespace corvane {
 

@@ -5,8 +5,9 @@
 
 #include "app/AutomationEntry.h"
 #include "app/frmCorvane.h"
-#include "base/handling.h"
+#include "base/error.h"
 #include "platform/automation.h"
+#include "platform/errors_shown.h"
 #include "speech/MainApp.h"
 
 namespace corvane {

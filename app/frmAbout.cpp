@@ -3,6 +3,7 @@
 #include "app/Version.h"
 #include "base/handling.h"
 #include "base/text.h"
+#include "platform/errors_shown.h"
 #include "platform/image.h"
 #include "platform/line.h"
 #include "speech/MainApp.h"

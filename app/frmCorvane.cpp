@@ -6,6 +6,7 @@
 #include "app/Multithread.h"
 #include "base/handling.h"
 #include "base/number.h"
+#include "platform/errors_shown.h"
 #include "speech/MSAgent.h"
 #include "speech/MainApp.h"
 

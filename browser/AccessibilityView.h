@@ -3,9 +3,9 @@
 #include <memory>
 
 #include "access/CIAccessible.h"
-#include "base/handling.h"
 #include "browser/PaneContext.h"
 #include "explorer/CExplorer.h"
+#include "platform/errors_shown.h"
 
 namespace corvane {
 

@@ -7,6 +7,7 @@
 #include "base/handling.h"
 #include "base/language.h"
 #include "controls/ctlText.h"
+#include "platform/errors_shown.h"
 #include "speech/ISpeechNotify.h"
 
 namespace corvane {

@@ -6,6 +6,7 @@
 #include "base/language.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "platform/errors_shown.h"
 
 namespace corvane {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "platform/errors_shown.h"
 
 namespace corvane {
 namespace {

@@ -3,7 +3,9 @@
 #include <algorithm>
 
 #include "access/AALinkElement.h"
+#include "base/error.h"
 #include "base/language.h"
+#include "platform/errors_shown.h"
 #include "web/library/LinkFile.h"
 
 namespace corvane {

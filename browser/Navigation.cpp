@@ -4,6 +4,7 @@
 
 #include "base/text.h"
 #include "browser/Addresses.h"
+#include "platform/errors_shown.h"
 
 namespace corvane {
 namespace {

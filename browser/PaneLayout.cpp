@@ -2,8 +2,10 @@
 
 #include <string>
 
+#include "base/error.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "platform/errors_shown.h"
 
 namespace corvane {
 namespace {

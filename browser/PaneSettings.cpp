@@ -1,6 +1,7 @@
 #include "browser/PaneSettings.h"
 
 #include "base/number.h"
+#include "platform/errors_shown.h"
 
 namespace corvane {
 namespace {

@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "base/handling.h"
 #include "base/text.h"
 
 namespace corvane {

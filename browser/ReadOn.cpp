@@ -4,7 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "base/handling.h"
 #include "base/text.h"
 
 namespace corvane {

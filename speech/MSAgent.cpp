@@ -6,6 +6,7 @@
 #include "base/language.h"
 #include "base/text.h"
 #include "platform/image.h"
+#include "platform/message_box.h"
 #include "speech/KeyName.h"
 #include "speech/KeyWords.h"
 #include "speech/MenuWords.h"

@@ -5,6 +5,7 @@
 
 #include "base/handling.h"
 #include "base/number.h"
+#include "platform/errors_shown.h"
 #include "speech/MSAgent.h"
 
 namespace corvane {

@@ -5,7 +5,6 @@
 #include <set>
 #include <utility>
 
-#include "base/handling.h"
 #include "base/language.h"
 #include "base/number.h"
 #include "speech/SpokenLanguages.h"
