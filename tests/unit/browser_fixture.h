@@ -73,7 +73,8 @@ class BrowserTest : public testing::Test {
   std::shared_ptr<fakes::FakeQuestions> questions_ = std::make_shared<fakes::FakeQuestions>();
   PermissionBook book_{"", nullptr};
   BrowserOptions options_;
-  Preferences preferences_;
+  std::vector<int> zooms_;  // stored
+  Preferences preferences_{[this](int percent) { zooms_.push_back(percent); }};
   WebEvents events_;
   std::vector<std::string> log_;   // "begin", "end", "close", "window"
   std::vector<std::string> said_;  // by the program

@@ -1,5 +1,7 @@
 // How pages come and why they do not, over an engine that does what the test says.
 #include "tests/unit/browser_fixture.h"
+#include "web/address/OwnAddress.h"
+#include "web/address/TypedAddress.h"
 
 namespace corvane::tests {
 namespace {
@@ -12,6 +14,20 @@ constexpr const char* kPage = "https://example.org/";
 constexpr const char* kOther = "https://other.example/";
 
 using Loading = BrowserTest;
+
+TEST_F(Loading, NothingIsShownBeforeTheFirstPage) {
+  EXPECT_FALSE(browser_->Busy());
+  EXPECT_EQ(browser_->LocationURL(), "");
+  EXPECT_EQ(browser_->Document(), nullptr);
+  bool described = false;
+  const Connection wanted = browser_->Describe([&](const HTMLDocumentPtr& document) {
+    EXPECT_EQ(document, nullptr);
+    described = true;
+  });
+  EXPECT_TRUE(described) << "at once";
+  browser_->Save();
+  EXPECT_THAT(files_, IsEmpty());
+}
 
 TEST_F(Loading, APageIsThereWhenItHasBeenRead) {
   browser_->Navigate(kPage);
@@ -27,6 +43,14 @@ TEST_F(Loading, APageIsThereWhenItHasBeenRead) {
   EXPECT_EQ(browser_->LocationName(), "Title");
   EXPECT_EQ(status_, "Done");
   EXPECT_THAT(visited_, ElementsAre(kPage));
+}
+
+TEST_F(Loading, APageWithoutATitleIsCalledByItsAddress) {
+  engine_.answers["corvane.collect()"] = fakes::FakeEngine::Record("", "Some text of this page");
+  Visit(kPage);
+  EXPECT_EQ(browser_->LocationName(), kPage);
+  engine_.title = "Engine's";
+  EXPECT_EQ(browser_->LocationName(), "Engine's");
 }
 
 TEST_F(Loading, AServerMayLeadElsewhere) {
@@ -126,6 +150,58 @@ TEST_F(Loading, WhatIsNoAddressIsTold) {
   EXPECT_TRUE(browser_->Busy());
 }
 
+TEST_F(Loading, RefreshOfWhatIsNoAddressTellsItAgain) {
+  browser_->Navigate("no such thing");
+  EXPECT_THAT(engine_.problem_page, testing::StartsWith("Not an address"));
+  engine_.Bring(kProblemAddress);
+  Settle();
+  engine_.TakeCalls();
+  engine_.problem_page.clear();
+  browser_->Refresh();
+  EXPECT_THAT(engine_.TakeCalls(), ElementsAre("show problem"));
+  EXPECT_THAT(engine_.problem_page, testing::StartsWith("Not an address"));
+}
+
+TEST_F(Loading, AMegabyteThatIsTypedIsToldInBounds) {
+  browser_->Navigate(std::string(1'000'000, 'a'));
+  EXPECT_THAT(engine_.problem_page, testing::StartsWith("Address too long"));
+  EXPECT_LT(engine_.problem_page.size(), 2000U);
+}
+
+TEST_F(Loading, AScriptIsRefusedThatIsNoLinkOfThePage) {
+  const std::string script = "javascript:follow()";
+  Visit(kPage);
+  browser_->Navigate(script);
+  EXPECT_THAT(engine_.problem_page, testing::StartsWith("Address refused"));
+  engine_.answers["corvane.collect()"] = fakes::FakeEngine::Record(
+      "T", "A link", R"-(,"links":[1,0,"A link","javascript:follow()","",""])-");
+  Visit(kPage);
+  browser_->Navigate(script);
+  EXPECT_THAT(engine_.TakeCalls(), ElementsAre("act corvane.follow(\"javascript:follow()\")"));
+}
+
+TEST_F(Loading, AHostIsTriedAnotherWayWhereThereIsNoConnection) {
+  const TypedAddress target = ResolveTyped("  example.org ", "");
+  ASSERT_FALSE(target.fallback.empty());
+  browser_->Navigate("  example.org ");
+  EXPECT_THAT(engine_.TakeCalls(), ElementsAre("load " + target.uri));
+  engine_.Begin(target.uri);
+  engine_.Fail(LoadFailure::Kind::Refused);
+  EXPECT_THAT(engine_.TakeCalls(), ElementsAre("load " + target.fallback));
+  engine_.Begin(target.fallback);
+  engine_.Fail(LoadFailure::Kind::Refused);
+  EXPECT_THAT(engine_.TakeCalls(), ElementsAre("show problem"));
+  EXPECT_THAT(log_, ElementsAre("begin")) << "all one navigation";
+}
+
+TEST_F(Loading, StopDoesNothingWhereNothingLoads) {
+  Visit(kPage);
+  browser_->Stop();
+  Settle();
+  EXPECT_FALSE(browser_->Busy());
+  EXPECT_THAT(log_, IsEmpty());
+}
+
 TEST_F(Loading, AfterStopTheUserIsWhereHeWas) {
   Visit(kPage);
   browser_->Navigate(kOther);
@@ -197,14 +273,22 @@ TEST_F(Loading, ASearchGoesToTheServiceAndIsAnsweredHereWhereItCannotBeReached) 
   EXPECT_THAT(engine_.TakeCalls(), ElementsAre("load " + search));
 }
 
-TEST_F(Loading, TheSizeThatTheUserHasSetHoldsForEachView) {
+TEST_F(Loading, TheSizeOfPagesIsToldStoredAndBounded) {
   EnginePreferences preferences;
-  preferences.zoom = 1.3;
+  preferences.zoom = 1.1;
   preferences_.Set(preferences);
-  EXPECT_DOUBLE_EQ(engine_.zoom, 1.3);
-  browser_->Do(WebBrowser::PageCommand::ZoomIn);
-  EXPECT_DOUBLE_EQ(engine_.zoom, 1.4);
-  EXPECT_THAT(said_, ElementsAre("140 percent"));
+  EXPECT_DOUBLE_EQ(engine_.zoom, 1.1);
+  EXPECT_THAT(zooms_, IsEmpty()) << "it comes from the store";
+  const auto zoom = [this](WebBrowser::PageCommand command, int times) {
+    for (int i = 0; i < times; ++i) browser_->Do(command);
+    return said_.back();
+  };
+  EXPECT_EQ(zoom(WebBrowser::PageCommand::ZoomIn, 1), "120 percent");
+  EXPECT_DOUBLE_EQ(engine_.zoom, 1.2);
+  EXPECT_THAT(zooms_, ElementsAre(120));
+  EXPECT_EQ(zoom(WebBrowser::PageCommand::ZoomOut, 100), "30 percent");
+  EXPECT_EQ(zoom(WebBrowser::PageCommand::ZoomIn, 100), "300 percent");
+  EXPECT_EQ(zoom(WebBrowser::PageCommand::ZoomReset, 1), "100 percent");
 }
 
 // --- what may be loaded --------------------------------------------------------------

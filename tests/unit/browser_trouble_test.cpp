@@ -81,6 +81,32 @@ TEST_F(Trouble, APageThatHangsCannotHoldWhoeverLeaves) {
       << "no problem is told";
 }
 
+TEST_F(Trouble, NeitherBackNorRefreshWaitsForAPageThatHangs) {
+  engine_.has_back = true;
+  for (const bool back : {true, false}) {
+    engine_.hangs = false;
+    Visit(kPage);
+    engine_.hangs = true;
+    engine_.Used.Raise(Engine::Input::Key);
+    time_.Pass(options_.hang.warn);
+    back ? browser_->GoBack() : browser_->Refresh();
+    EXPECT_THAT(engine_.TakeCalls(), ElementsAre("end process"));
+    engine_.Die(Engine::End::Ended);
+    EXPECT_THAT(engine_.TakeCalls(), ElementsAre(back ? "back" : "reload"));
+  }
+}
+
+TEST_F(Trouble, WhatIsNoAddressIsToldAlsoOverAPageThatHangs) {
+  Visit(kPage);
+  engine_.hangs = true;
+  engine_.Used.Raise(Engine::Input::Key);
+  time_.Pass(options_.hang.warn);
+  browser_->Navigate("javascript:alert(1)");
+  EXPECT_THAT(engine_.TakeCalls(), ElementsAre("end process"));
+  engine_.Die(Engine::End::Ended);
+  EXPECT_THAT(engine_.problem_page, testing::StartsWith("Address refused"));
+}
+
 TEST_F(Trouble, WhoLeavesAPageThatOnlyBeginsToHangWaitsNoLongerThanForTheWarning) {
   Visit(kPage);
   engine_.hangs = true;

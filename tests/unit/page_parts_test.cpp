@@ -88,6 +88,14 @@ TEST_F(PageParts, FindNextAsksWhereNothingWasLookedForAndStartsAnewInAnotherPage
   EXPECT_THAT(engine_.TakeCalls(), ElementsAre("search cat"));
 }
 
+TEST_F(PageParts, AFindThatIsCancelledDoesNothing) {
+  browser_->Do(WebBrowser::PageCommand::Find);
+  questions_->Answer({1, {"cat"}});
+  Settle();
+  EXPECT_THAT(engine_.TakeCalls(), IsEmpty());
+  EXPECT_THAT(said_, IsEmpty());
+}
+
 // --- what the page does ---------------------------------------------------------------
 
 TEST_F(PageParts, AnotherPageInPlaceIsReadAsOne) {

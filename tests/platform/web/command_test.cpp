@@ -22,7 +22,6 @@ class CommandTest : public testing::Test {
   EngineOptions Options() {
     EngineOptions options = TestOptions();
     options.questions = asking_;
-    options.zoom_changed = [this](int percent) { zooms_.push_back(percent); };
     return options;
   }
   CommandTest() {
@@ -41,7 +40,6 @@ class CommandTest : public testing::Test {
   const test::TemporaryFolder folder_;
   std::string file_ = folder_ / "saved.mhtml";
   std::size_t heard_ = 0;
-  std::vector<int> zooms_;
   std::shared_ptr<Asking> asking_ = std::make_shared<Asking>();
   WebEngine engine_{Options()};
   TestServer server_;
@@ -71,28 +69,6 @@ TEST_F(CommandTest, WhatIsNotThereIsSaidToBeNotThere) {
   EXPECT_EQ(Heard(), "Not found: dog");
 }
 
-TEST_F(CommandTest, FindNextAsksFirstAndRemembersOnTheNextPage) {
-  server_.Page("/", "<title>A</title><p>One cat.");
-  server_.Page("/b", "<title>B</title><p>Two cats.<p>Three cats.");
-  view_.Go(server_.Url());
-  asking_->replies = {{0, {"cat"}}};
-  view_->Do(Command::FindNext);
-  EXPECT_EQ(Heard(), "1 of 1: One cat.");
-  view_.Go(server_.Url("/b"));
-  view_->Do(Command::FindNext);
-  EXPECT_EQ(Heard(), "1 of 2: Two cats.");
-}
-
-TEST_F(CommandTest, AFindThatIsCancelledDoesNothing) {
-  server_.Page("/", "<title>A</title><p>One cat.");
-  view_.Go(server_.Url());
-  asking_->replies = {{1, {"cat"}}};
-  view_->Do(Command::Find);
-  ASSERT_TRUE(WaitUntil([&] { return !asking_->open; }));
-  view_->Do(Command::ZoomReset);
-  EXPECT_EQ(Heard(), "100 percent");
-}
-
 TEST_F(CommandTest, ALongParagraphIsToldInPart) {
   server_.Page("/",
                "<title>A</title><p>" + std::string(5000, 'x') + " cat " + std::string(5000, 'y'));
@@ -101,23 +77,6 @@ TEST_F(CommandTest, ALongParagraphIsToldInPart) {
   const std::string heard = Heard();
   EXPECT_LE(heard.size(), 250U);
   EXPECT_THAT(heard, HasSubstr("x cat y"));
-}
-
-TEST_F(CommandTest, ZoomIsToldStoredAndBounded) {
-  server_.Page("/", "<title>A</title>");
-  view_.Go(server_.Url());
-  view_->Do(Command::ZoomIn);
-  view_->Do(Command::ZoomIn);
-  view_->Do(Command::ZoomOut);
-  EXPECT_THAT(view_.Said(), ElementsAre("110 percent", "120 percent", "110 percent"));
-  EXPECT_THAT(zooms_, ElementsAre(110, 120, 110));
-  EXPECT_DOUBLE_EQ(webkit_web_view_get_zoom_level(view_.View()), 1.1);
-  for (int i = 0; i < 100; ++i) view_->Do(Command::ZoomOut);
-  EXPECT_EQ(view_.Said().back(), "30 percent");
-  for (int i = 0; i < 100; ++i) view_->Do(Command::ZoomIn);
-  EXPECT_EQ(view_.Said().back(), "300 percent");
-  view_->Do(Command::ZoomReset);
-  EXPECT_EQ(view_.Said().back(), "100 percent");
 }
 
 TEST_F(CommandTest, APageThatWantsToBePrintedIsAskedAboutFirst) {

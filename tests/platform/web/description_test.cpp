@@ -79,17 +79,6 @@ TEST_F(DescriptionTest, PageThatRunsNoScriptsIsDescribedToo) {
   EXPECT_EQ(now->links[0]->href, server_.Url("/x"));
 }
 
-TEST_F(DescriptionTest, BeforeTheFirstPageThereIsNothingToDescribe) {
-  bool called = false;
-  HTMLDocumentPtr described = std::make_shared<HTMLDocument>();
-  const auto describing = view_->Describe([&](const HTMLDocumentPtr& document) {
-    described = document;
-    called = true;
-  });
-  EXPECT_TRUE(called);
-  EXPECT_EQ(described, nullptr);
-}
-
 TEST_F(DescriptionTest, PageThatIsLeftIsNotDescribedAnyMore) {
   server_.Page("/", "<title>A</title>");
   server_.Page("/next", "<title>B</title>");

@@ -13,19 +13,6 @@ using testing::HasSubstr;
 
 using NavigationTest = PageTest;
 
-TEST_F(NavigationTest, NothingIsShownBeforeTheFirstPage) {
-  EXPECT_FALSE(view_->Busy());
-  EXPECT_EQ(view_->LocationURL(), "");
-  EXPECT_EQ(view_.Document(), nullptr);
-}
-
-TEST_F(NavigationTest, IsBusyAtOnce) {
-  server_.Page("/", "<title>A</title>");
-  view_->Navigate(server_.Url());
-  EXPECT_TRUE(view_->Busy());
-  view_.WaitIdle();
-}
-
 TEST_F(NavigationTest, RaisesBeginStatusCompleteInOrder) {
   server_.Page("/", "<title>A</title>text");
   view_.Go(server_.Url());
@@ -48,12 +35,6 @@ TEST_F(NavigationTest, DocumentIsThereWhenNoLongerBusy) {
   EXPECT_EQ(view_.Body(), "Some text");
   EXPECT_EQ(view_->LocationURL(), server_.Url("/x.html"));
   EXPECT_EQ(view_->LocationName(), "The title");
-}
-
-TEST_F(NavigationTest, LocationNameWithoutTitleIsTheAddress) {
-  server_.Page("/x.html", "text");
-  view_.Go(server_.Url("/x.html"));
-  EXPECT_EQ(view_->LocationName(), server_.Url("/x.html"));
 }
 
 TEST_F(NavigationTest, RedirectEndsAtItsTarget) {
@@ -132,15 +113,6 @@ TEST_F(NavigationTest, BackWithinThePageEnds) {
   EXPECT_EQ(view_.Document()->Title, "A");
 }
 
-TEST_F(NavigationTest, NothingToGoBackTo) {
-  server_.Page("/", "<title>A</title>");
-  view_.Go(server_.Url());
-  view_->GoBack();
-  EXPECT_FALSE(view_->Busy());
-  view_->GoForward();
-  EXPECT_FALSE(view_->Busy());
-}
-
 TEST_F(NavigationTest, RefreshLoadsAgain) {
   server_.Page("/", "<title>A</title>");
   view_.Go(server_.Url());
@@ -149,11 +121,6 @@ TEST_F(NavigationTest, RefreshLoadsAgain) {
   view_.WaitIdle();
   EXPECT_EQ(view_.Document()->Title, "B");
   EXPECT_EQ(server_.Requests("/"), 2);
-}
-
-TEST_F(NavigationTest, RefreshBeforeTheFirstPageDoesNothing) {
-  view_->Refresh();
-  EXPECT_FALSE(view_->Busy());
 }
 
 TEST_F(NavigationTest, AnotherAddressWhileLoading) {
@@ -246,15 +213,6 @@ TEST_F(NavigationTest, StopReadsWhatHasCome) {
   EXPECT_THAT(view_.Body(), HasSubstr("The first half."));
 }
 
-TEST_F(NavigationTest, StopWhenIdleDoesNothing) {
-  server_.Page("/", "<title>A</title>");
-  view_.Go(server_.Url());
-  view_.log.clear();
-  view_->Stop();
-  EXPECT_FALSE(view_->Busy());
-  EXPECT_TRUE(view_.log.empty());
-}
-
 TEST_F(NavigationTest, NoContentKeepsThePageAndEnds) {
   server_.Page("/", "<title>A</title>");
   server_.Handle("/none", [](SoupServerMessage* message) {
@@ -275,12 +233,6 @@ TEST_F(NavigationTest, AViewMayGoWhileItsPageLoads) {
   server_.Page("/", "<title>A</title>");
   view_.Go(server_.Url());
   EXPECT_EQ(view_.Document()->Title, "A");
-}
-
-TEST_F(NavigationTest, TypedAddressWithoutSchemeAndWithPort) {
-  server_.Page("/", "<title>A</title>");
-  view_.Go("  127.0.0.1:" + std::to_string(server_.Port()) + " ");
-  EXPECT_EQ(view_->LocationURL(), server_.Url());
 }
 
 TEST_F(NavigationTest, TypedPathOfAFile) {

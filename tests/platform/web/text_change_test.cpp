@@ -43,14 +43,6 @@ TEST_F(TextChangeTest, WhatThePageDoesByItselfIsToldOnce) {
   ASSERT_TRUE(IsTold());
 }
 
-TEST_F(TextChangeTest, NothingIsToldOfAPageThatNobodyReads) {
-  server_.Page("/", "<!doctype html><p id=out>1</p>");
-  view_.Go(server_.Url());
-  InPage("out.textContent = 2; setTimeout(() => { document.title = 'later' }, 1000)");
-  ASSERT_TRUE(Becomes("document.title", "later"));
-  EXPECT_EQ(view_.text_changes, 0);
-}
-
 TEST_F(TextChangeTest, WhatChangesInAShadowTreeIsTold) {
   Load("<div id=host></div>");
   InPage("host.attachShadow({mode: 'open'}).innerHTML = '<p>Old</p>'; host.title = 'x'");
