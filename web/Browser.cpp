@@ -248,9 +248,10 @@ Connection Browser::Describe(std::function<void(const HTMLDocumentPtr&)> describ
     return {};
   }
   auto wanted = std::make_shared<bool>(true);
-  reader_.Describe([this, wanted, described](const HTMLDocumentPtr& document) {
-    if (*wanted) described(document ? document : read_.document);
-  });
+  reader_.Describe(
+      [this, wanted, described = std::move(described)](const HTMLDocumentPtr& document) {
+        if (*wanted) described(document ? document : read_.document);
+      });
   return Connection([wanted] { *wanted = false; });
 }
 

@@ -143,7 +143,7 @@ void DocumentReader::Finish() {
   End(documents_.PutTogether());
 }
 
-void DocumentReader::End(HTMLDocumentPtr document) {
+void DocumentReader::End(const HTMLDocumentPtr& document) {
   const Done done = std::move(done_);
   Cancel();
   done(document);

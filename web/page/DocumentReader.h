@@ -69,7 +69,7 @@ class DocumentReader {
   void Parse(std::string text, std::function<void(Records)> parsed);
   void FinishIfComplete();
   void Finish();
-  void End(HTMLDocumentPtr document);
+  void End(const HTMLDocumentPtr& document);
   HTMLDocumentPtr MinimalDocument() const;
   void AskFocusInTurn(bool again, std::size_t turn);
 

@@ -69,7 +69,7 @@ void TextReader::Read(Done done) {
                    });
 }
 
-void TextReader::Received(std::string text, Life::Watch wanted, const Done& done) {
+void TextReader::Received(std::string text, const Life::Watch& wanted, const Done& done) {
   took_ = schedule_.now() - asked_at_;
   if (text.size() > kLongestText) text.clear();
   if (text.size() <= kShortText) return done(ParsePageText(text));

@@ -48,7 +48,7 @@ class TextReader {
 
  private:
   void Receive(const std::string& kind, const std::string& text);
-  void Received(std::string text, Life::Watch wanted, const Done& done);
+  void Received(std::string text, const Life::Watch& wanted, const Done& done);
   void Changed();
 
   Engine& engine_;
