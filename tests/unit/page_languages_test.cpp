@@ -172,10 +172,10 @@ TEST_F(PageLanguages, LiveWordsAreThePages) {
   words.urgent = true;
   p.Browser().PageSays.Raise(words);
   EXPECT_THAT(p.Spoken(), Contains("\\Lng=de\\Gespeichert"));
-  words.words = "Saved";
-  words.language = "en-us";
+  words.words = "Fini";
+  words.language = "fr-ca";
   p.Browser().PageSays.Raise(words);
-  EXPECT_THAT(p.Spoken(), Contains("\\Lng=en-us\\Saved"));
+  EXPECT_THAT(p.Spoken(), Contains("\\Lng=fr-ca\\Fini"));
 }
 
 TEST_F(PageLanguages, WhatIsCopiedHasNoMarks) {
