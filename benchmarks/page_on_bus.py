@@ -10,24 +10,27 @@ from gi.repository import Atspi, GLib  # noqa: E402
 MOST = 3000  # elements looked at in a page
 
 # How each role may be said: what the bus calls it, and the words. The engine calls each
-# button that has a menu or list a combo box, a switch a toggle button and a field for a
-# number an entry.
+# button that has a menu or list a combo box, a switch a toggle button, a field for a
+# number or a week an entry, a field for a file or a colour a push button, the parts of a
+# date and a time spin buttons, and a link that is an item of a tree a link.
+PARTS_OF_TIME = ["day", "month", "year", "hour", "minute"]
 ROLES = {
-    "push button": ["button", "submit", "reset"], "toggle button": ["button", "switch"],
+    "push button": ["button", "submit", "reset", "file", "color"], "toggle button": ["button", "switch"],
     "check box": ["check box", "checkbox"],
-    "radio button": ["radio"], "link": ["link", "http", "address"], "page tab": ["tab"], "menu item": ["menu item"],
+    "radio button": ["radio"], "link": ["link", "http", "address", "tree item"], "page tab": ["tab"], "menu item": ["menu item"],
     "check menu item": ["check menu item"], "radio menu item": ["radio menu item"],
     "combo box": ["combo box", "select", "list box", "button"], "list box": ["list box", "select"],
     "slider": ["slider"],
-    "spin button": ["spin button", "number", "text"], "tree item": ["tree item"], "table cell": ["cell", "row"],
+    "spin button": ["spin button", "number", "text", *PARTS_OF_TIME], "tree item": ["tree item"], "table cell": ["cell", "row"],
     "column header": ["column header"], "row header": ["row header"], "progress bar": ["progress bar"],
-    "entry": ["spin button", "text", "edit", "search", "textarea", "combo box", "field"],
+    "entry": ["spin button", "text", "edit", "search", "textarea", "combo box", "field", "week"],
     "password text": ["password"],
     "dialog": ["dialog"], "alert": ["alert"], "heading": ["heading"], "tool bar": ["tool bar"],
     "image": ["picture"], "switch": ["switch"], "document frame": [], "document web": [],
 }
 # The engine calls a field invalid also where nobody has filled it in yet, which is no
-# listener's fault: that state is left out.
+# listener's fault: that state is left out. Of a slider with suggested values it says that
+# something pops up, which nothing does.
 STATES = {
     Atspi.StateType.CHECKED: ["checked", "on", "selected", "pressed"], Atspi.StateType.PRESSED: ["pressed"],
     Atspi.StateType.EXPANDED: ["expanded"], Atspi.StateType.REQUIRED: ["required"],
@@ -99,7 +102,7 @@ class PageOnBus:
             yield "role", role, ROLES[role]
         states = node.get_state_set()
         for state, words in STATES.items():
-            if states.contains(state):
+            if states.contains(state) and not (state == Atspi.StateType.HAS_POPUP and role == "slider"):
                 yield "state", state.value_nick, words
         if not states.contains(Atspi.StateType.SENSITIVE):
             yield "state", "insensitive", ["unavailable"]
