@@ -176,7 +176,9 @@
       this.settle();
       if (this.gap !== '') this.add(this.gap);
       this.gap = '';
-      for (const name of this.marking.splice(0)) this.marks[name] = this.length;
+      if (this.marking.length > 0) {
+        for (const name of this.marking.splice(0)) this.marks[name] = this.length;
+      }
       for (const at of this.waiting) this.spans[at + 1] = this.length;
       this.waiting.length = 0;
       // A text view lays out one very long line for many seconds.
