@@ -63,6 +63,28 @@ TEST_F(TextFrameTest, AFrameThatRunsNoScriptsHasItsName) {
   EXPECT_EQ(page_->text, "outer\nMap");
 }
 
+TEST_F(TextFrameTest, EscapeOutOfAFrameWithNothingInItLeadsToTheFrame) {
+  other_.Page("/empty", "<!doctype html><body></body>");
+  Load("<p>before" + Foreign("/empty", "title=Form") + "after");
+  view_.Focus();
+  Use(Kind::Frame, WebBrowser::ElementUse::Enter);
+  ASSERT_TRUE(Becomes("document.activeElement.tagName", "IFRAME"));
+  view_.Key(GDK_KEY_Escape);
+  ASSERT_TRUE(WaitUntil([&] { return !view_.left.empty(); }));
+  EXPECT_THAT(view_.left, ElementsAre(The(Kind::Frame)));
+}
+
+TEST_F(TextFrameTest, EscapeOutOfAPageThatIsWrittenInLeadsToItsText) {
+  other_.Page("/editor", "<!doctype html><body contenteditable>Dear Ada</body>");
+  Load("<p>before" + Foreign("/editor", "title=Letter") + "after");
+  view_.Focus();
+  Use(Kind::Edit, WebBrowser::ElementUse::Enter);
+  ASSERT_TRUE(Becomes("document.activeElement.tagName", "IFRAME"));
+  view_.Key(GDK_KEY_Escape);
+  ASSERT_TRUE(WaitUntil([&] { return !view_.left.empty(); }));
+  EXPECT_THAT(view_.left, ElementsAre(The(Kind::Edit)));
+}
+
 TEST_F(TextFrameTest, OfAFrameThatHasMovedOnTheNewPageIsRead) {
   other_.Page("/first", "<!doctype html><p>first");
   other_.Page("/second", "<!doctype html><p>second");

@@ -145,15 +145,26 @@
   // The element, or what is nearest around it, that stands in the text. It may have come
   // after the text was put together.
   const inText = (element) => {
-    if (element === bodyOf(document) || element === rootOf(document)) return 0;
-    if (isElement(element) && globalThis.corvaneText.elementOf(numberOf(element)) !== element) {
+    const isPage = element === bodyOf(document) || element === rootOf(document);
+    if (isElement(element) && !isPage && globalThis.corvaneText.elementOf(numberOf(element)) !== element) {
       globalThis.corvaneText.walk();
     }
     for (let at = element, i = 0; isElement(at) && i < 300; at = elementAbove(at), i++) {
       const number = numberOf(at);
       if (at !== rootOf(document) && globalThis.corvaneText.elementOf(number) === at) return number;
     }
-    return isElement(element) ? numberOf(element) : 0;
+    return isElement(element) && !isPage ? numberOf(element) : 0;
+  };
+  // A frame with nothing in it that could stand there is what its page has of it.
+  share('placeOfFrame', (view) => {
+    const frames = Document.prototype.querySelectorAll.call(document, 'iframe, frame, object');
+    const frame = Array.prototype.find.call(frames, (each) => each.contentWindow === view);
+    return frame ? [documentId, inText(frame)] : null;
+  });
+  const placeOf = (element) => {
+    const number = inText(element);
+    const isFrame = number === 0 && window !== window.parent;
+    return (isFrame ? sharedBy(window.parent).placeOfFrame?.(window) : null) ?? [documentId, number];
   };
 
   // The page has the key first. It has used it when it says so, keeps it from others, or
@@ -174,7 +185,7 @@
       // The engine closes a dialog a moment later.
       setTimeout(() => {
         if (signs().some((each, i) => each !== before[i])) return;
-        channel?.postMessage(`escape\n${JSON.stringify([documentId, inText(before[0])])}`);
+        channel?.postMessage(`escape\n${JSON.stringify(placeOf(before[0]))}`);
       }, CLOSES);
     }, 0);
   }, {capture: true, passive: true});
