@@ -78,7 +78,8 @@ void CaretEcho::ConnectPane() {
     } else if (key.KeyCode != kKeyTab && !SpeaksItself(key)) {
       const int said = pane_.announcer.Count();
       TextBoxPress(box.TextWindow());
-      const bool went = std::exchange(going_.key, 0) == key.KeyCode && key.KeyCode != 0;
+      const bool went = key.KeyCode != 0 && key.KeyCode == going_.key;
+      if (went) going_.key = 0;
       const bool stays = went && box.SelStart() == going_.from;
       if (pane_.manner.today && stays && pane_.announcer.Count() == said) SayWhereItStays();
     }

@@ -78,7 +78,6 @@ void PageReader::ReadPage() {
   Announcer& announcer = pane_.announcer;
   const PaneMenu& menu = pane_.menu;
 
-  announcer.ExpectNoTitle();  // that of a page whose reading has been left
   c.timTimer->SetEnabled(false);
   stopIcon_ = kImageStop;
   ErrorsIgnored([&] { c.Toolbar(kStop).SetPicture(stopIcon_); },
@@ -88,7 +87,8 @@ void PageReader::ReadPage() {
                 [&] { pane_.status.Show(browser.LocationName()); });
   // What the user is being asked about a download must not be cut off by a page that
   // has been read before.
-  if (!current() || browser.StayedOnPage()) return;
+  if (!current()) return;
+  if (browser.StayedOnPage()) return announcer.ExpectNoTitle();
   const HTMLDocumentPtr document = browser.Document();
 
   if (menu.mnuSideBarContent(kSideBarPageStructure).Checked()) {

@@ -92,10 +92,14 @@ void frmElements::FillKinds() {
 
 // A page that has none of the kind that is wanted is listed by one that it has.
 ElementList frmElements::WithElements(ElementList wanted) const {
-  if (!Listed(map_, wanted).empty()) return wanted;
+  const auto has = [this](ElementList list) {
+    const auto& spans = map_.Page().spans;
+    return std::any_of(spans.begin(), spans.end(),
+                       [list](const PageSpan& span) { return BelongsTo(list, span); });
+  };
+  if (has(wanted)) return wanted;
   for (int i = 0; i < kElementLists; ++i) {
-    const auto list = static_cast<ElementList>(i);
-    if (!Listed(map_, list).empty()) return list;
+    if (has(static_cast<ElementList>(i))) return static_cast<ElementList>(i);
   }
   return wanted;
 }
