@@ -9,22 +9,12 @@
 #include <vector>
 
 #include "tests/fakes/fake_engine.h"
+#include "tests/fakes/fake_programs.h"
 #include "tests/fakes/fake_questions.h"
 #include "tests/fakes/fake_time.h"
 #include "web/Browser.h"
 
 namespace corvane::tests {
-
-/// Programs of the desktop for addresses of mails.
-class FakePrograms : public OtherPrograms {
- public:
-  bool CanOpen(const std::string& scheme) const override { return scheme == "mailto"; }
-  void Open(const std::string& address, std::function<void(const std::string&)> done) override {
-    opened.push_back(address);
-    done("");
-  }
-  std::vector<std::string> opened;
-};
 
 /// A browser over an engine that does what the test says, with a log of what it reports.
 class BrowserTest : public testing::Test {
@@ -69,7 +59,7 @@ class BrowserTest : public testing::Test {
 
   fakes::FakeTime time_;
   fakes::FakeEngine engine_{time_.AsLater()};
-  std::shared_ptr<FakePrograms> programs_ = std::make_shared<FakePrograms>();
+  std::shared_ptr<fakes::FakePrograms> programs_ = std::make_shared<fakes::FakePrograms>();
   std::shared_ptr<fakes::FakeQuestions> questions_ = std::make_shared<fakes::FakeQuestions>();
   PermissionBook book_{"", nullptr};
   BrowserOptions options_;

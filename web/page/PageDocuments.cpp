@@ -33,6 +33,11 @@ HTMLDocumentPtr DocumentOf(const FrameHint& hint) {
   return document;
 }
 
+FramePlace Inner(FramePlace outer, std::size_t index) {
+  outer.push_back(static_cast<int>(index));
+  return outer;
+}
+
 using RecordsByPlace = std::map<FramePlace, PageRecord>;
 
 // The documents of fresh records put together. A frame that has none is as it
@@ -43,8 +48,7 @@ HTMLDocumentPtr Renewed(RecordsByPlace& records, const FramePlace& place,
   auto& frames = record.document->frames;
   frames.clear();
   for (std::size_t i = 0; i < record.frames.size(); ++i) {
-    FramePlace inner = place;
-    inner.push_back(static_cast<int>(i));
+    const FramePlace inner = Inner(place, i);
     const auto known = before != nullptr && i < before->frames.size()
                            ? before->frames[i]
                            : DocumentOf(record.frames[i]);
@@ -55,11 +59,6 @@ HTMLDocumentPtr Renewed(RecordsByPlace& records, const FramePlace& place,
 
 bool IsInside(const FramePlace& place, const FramePlace& outer) {
   return place.size() >= outer.size() && std::equal(outer.begin(), outer.end(), place.begin());
-}
-
-FramePlace Inner(FramePlace outer, std::size_t index) {
-  outer.push_back(static_cast<int>(index));
-  return outer;
 }
 
 }  // namespace

@@ -54,12 +54,6 @@ void TextReader::Changed() {
   change_.Start(std::max(kChangeSeconds, kReadingShare * took_), [this] { host_.changed(); });
 }
 
-void TextReader::Forget() {
-  reading_.End();
-  change_.Cancel();
-  took_ = -1;
-}
-
 void TextReader::Read(Done done) {
   change_.Cancel();
   asked_at_ = schedule_.now();

@@ -34,8 +34,6 @@ class TextReader {
   /// never will. Null where there is no such text: a document that runs no scripts, a
   /// page that is more than can be put together. A page that hangs never answers.
   void Read(Done done);
-  /// The page is left: what is asked for never comes.
-  void Forget();
 
   /// Uses the element as a click of the user would.
   void Use(const PageElement& element);

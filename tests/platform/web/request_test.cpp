@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "base/language.h"
+#include "tests/fakes/fake_programs.h"
 #include "tests/platform/web/asking.h"
 #include "tests/platform/web/page_harness.h"
 
@@ -10,17 +11,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// A desktop with a program for mailto: addresses only.
-class MailOnly : public OtherPrograms {
- public:
-  bool CanOpen(const std::string& scheme) const override { return scheme == "mailto"; }
-  void Open(const std::string& address, std::function<void(const std::string&)> done) override {
-    opened.push_back(address);
-    done("");
-  }
-  std::vector<std::string> opened;
-};
 
 class RequestTest : public testing::Test {
  protected:
@@ -45,7 +35,7 @@ class RequestTest : public testing::Test {
   }
 
   std::shared_ptr<Asking> asking_ = std::make_shared<Asking>();
-  std::shared_ptr<MailOnly> programs_ = std::make_shared<MailOnly>();
+  std::shared_ptr<fakes::FakePrograms> programs_ = std::make_shared<fakes::FakePrograms>();
   WebEngine engine_{Options()};
   TestServer server_;
   TestView view_{engine_};
